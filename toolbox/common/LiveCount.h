@@ -1,0 +1,22 @@
+// Counts what is alive, by kind. An object of a counted kind has one of these as a member.
+
+#ifndef TOOLBOX_COMMON_LIVECOUNT_H
+#define TOOLBOX_COMMON_LIVECOUNT_H
+
+namespace Toolbox {
+
+/// One more of `kind` for as long as this lives. `kind` is a literal, in the words of CountLiveObjects.
+class LiveCount {
+public:
+    explicit LiveCount(const char* kind);
+    ~LiveCount();
+    LiveCount(const LiveCount&) = delete;
+    LiveCount& operator=(const LiveCount&) = delete;
+
+private:
+    const char* const m_kind;
+};
+
+}  // namespace Toolbox
+
+#endif

@@ -1,0 +1,78 @@
+// The trace point. Each public function begins with a TracedCall of its name and arguments, and hands what it returns
+// through gives(). With tracing off that is a test of one flag.
+
+#ifndef TOOLBOX_COMMON_TRACEDCALL_H
+#define TOOLBOX_COMMON_TRACEDCALL_H
+
+#include <string>
+#include <type_traits>
+
+namespace Toolbox {
+
+/// One call of a public function, reported when it ends, unless it was made from inside another.
+class TracedCall {
+public:
+    template <typename... Arguments>
+    explicit TracedCall(const char* function, const Arguments&... arguments)
+        : m_reported(enter())
+    {
+        if (!m_reported)
+            return;
+        m_line = function;
+        m_line += '(';
+        const char* separator = "";
+        ((m_line += separator, m_line += describe(arguments), separator = ", "), ...);
+        m_line += ')';
+    }
+
+    ~TracedCall() { leave(m_reported ? &m_line : nullptr); }
+    TracedCall(const TracedCall&) = delete;
+    TracedCall& operator=(const TracedCall&) = delete;
+
+    /// Notes `result` as what the call returns, and returns it.
+    template <typename Result> Result gives(Result result)
+    {
+        if (m_reported)
+            m_line += " = " + describe(result);
+        return result;
+    }
+
+private:
+    static bool enter();
+    static void leave(const std::string* line);
+
+    static std::string describeNumber(long long number);
+    static std::string describePointer(const void* pointer);
+
+    template <typename Value> static std::string describe(const Value& value)
+    {
+        if constexpr (std::is_function_v<std::remove_pointer_t<Value>>)
+            return value == nullptr ? "null" : "procedure";
+        else if constexpr (std::is_pointer_v<Value>)
+            return describePointer(value);
+        else if constexpr (std::is_integral_v<Value>)
+            return describeNumber(static_cast<long long>(value));
+        else
+            return "...";  // a structure passed by value
+    }
+
+    const bool m_reported;
+    std::string m_line;
+};
+
+/// While this lives, code that is not the toolbox's runs inside one of its calls, and its calls are reported again:
+/// stands around every call of a handler.
+class ForeignCode {
+public:
+    ForeignCode();
+    ~ForeignCode();
+    ForeignCode(const ForeignCode&) = delete;
+    ForeignCode& operator=(const ForeignCode&) = delete;
+
+private:
+    const int m_depth;
+};
+
+}  // namespace Toolbox
+
+#endif

@@ -1,0 +1,35 @@
+// What a display is to the toolbox: something that lets a person, or a list of answers, work in a window or answer an
+// alert. It knows commands, item numbers and buttons, and nothing of languages.
+
+#ifndef TOOLBOX_DISPLAYS_DISPLAY_H
+#define TOOLBOX_DISPLAYS_DISPLAY_H
+
+#include "toolbox/alerts/Alert.h"
+#include "toolbox/windows/Window.h"
+
+#include <memory>
+
+namespace Toolbox {
+
+class Display {
+public:
+    virtual ~Display() = default;
+
+    /// Has somebody work in `window` until modalLoopEnded(). True then; false, with the reason in `*problem`, when it
+    /// cannot go on: a closed terminal, or a window that nothing could ever end.
+    virtual bool runWindow(Window& window, QString* problem) = 0;
+
+    /// Has somebody answer `alert`; returns the number of the button. It always ends: what can no longer be answered
+    /// takes the default button.
+    virtual SInt16 runAlert(const Alert& alert) = 0;
+};
+
+/// The display that was chosen; an unattended one without answers until then.
+Display& currentDisplay();
+
+/// Shows everything on `display` from now on.
+void setCurrentDisplay(std::unique_ptr<Display> display);
+
+}  // namespace Toolbox
+
+#endif

@@ -1,0 +1,19 @@
+// Tells the toolbox what on the Mac the system knows by itself: where the running application and the system's
+// frameworks are. Nothing of this is ever taken from the environment or the working directory.
+
+#ifndef TOOLBOX_APPLICATION_H
+#define TOOLBOX_APPLICATION_H
+
+#include <string>
+
+namespace Toolbox {
+
+/// Makes the bundle in `folder` the main bundle, in place of one named before. False when there is no such folder.
+bool SetMainBundle(const std::string& folder);
+
+/// Makes `folder` the system's frameworks folder. It need not exist: FSFindFolder looks when it is asked.
+void SetFrameworksFolder(const std::string& folder);
+
+}  // namespace Toolbox
+
+#endif

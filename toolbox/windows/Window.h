@@ -1,0 +1,38 @@
+// A window as the nib describes it and as a display shows it.
+
+#ifndef TOOLBOX_WINDOWS_WINDOW_H
+#define TOOLBOX_WINDOWS_WINDOW_H
+
+#include "toolbox/controls/Control.h"
+#include "toolbox/events/EventTarget.h"
+
+#include <memory>
+#include <vector>
+
+namespace Toolbox {
+
+/// A window with its controls and the handlers installed on it.
+class Window : public Referenced<Window, WindowRef> {
+public:
+    static constexpr const char* KIND = "window";
+
+    /// All controls, each before those inside it, in the nib's order; the root comes first.
+    std::vector<Control*> controls() const;
+
+    /// The control with this signature and number, or null.
+    Control* findControl(const ControlID& id) const;
+
+    /// The button that Return presses, or that Escape presses; null if there is none.
+    Control* buttonOfRole(ButtonRole role) const;
+
+    QString title;
+    Rect content{};  // where the content lies on the screen; its size is the window's
+    UInt32 windowClass = 6;
+    bool visible = false;
+    std::unique_ptr<Control> root;
+    EventTarget target;
+};
+
+}  // namespace Toolbox
+
+#endif
