@@ -49,19 +49,30 @@ class Control : public Referenced<Control, ControlRef> {
 public:
     static constexpr const char* KIND = "control";
 
-    Control(Window& owner, ControlKind controlKind)
+    Control(Window& owner, ControlKind controlKind, const Control* itsContainer = nullptr)
         : window(owner)
         , kind(controlKind)
+        , container(itsContainer)
     {
     }
 
     /// Takes `wanted`, or the nearer end of minimum to maximum.
     void setValue(SInt32 wanted);
 
+    /// Whether a person can see it: it is not hidden, nor is anything that it lies in.
+    bool shown() const;
+
+    /// Whether a person can work it: it is shown and enabled, and so is everything that it lies in.
+    bool usable() const;
+
+    /// Whether `item`, from 1, can be chosen: it is there, enabled and no separator.
+    bool offers(SInt32 item) const;
+
     Window& window;
     const ControlKind kind;
-    Rect bounds{};  // in the coordinates of the window's content, also when it lies in another control
-    QString title;  // of a pop-up: the label at its left
+    const Control* const container;  // the control that it lies in; null for the root
+    Rect bounds{};                   // in the coordinates of the window's content, also when it lies in another control
+    QString title;                   // of a pop-up: the label at its left
     ControlID id{};
     MenuCommand command = 0;
     bool enabled = true;
@@ -71,6 +82,7 @@ public:
     SInt32 value = 0;
     SInt32 minimum = 0;
     SInt32 maximum = 0;
+    bool autoToggle = true;       // a check box or radio button that takes its next state when it is pressed
     QString text;                 // of an editable text
     bool secret = false;          // an editable text that shows no characters
     std::vector<MenuItem> items;  // of a pop-up; its value counts them from 1

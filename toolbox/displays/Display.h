@@ -15,8 +15,9 @@ class Display {
 public:
     virtual ~Display() = default;
 
-    /// Has somebody work in `window` until modalLoopEnded(). True then; false, with the reason in `*problem`, when it
-    /// cannot go on: a closed terminal, or a window that nothing could ever end.
+    /// Has somebody work in `window`, whose modal loop has begun, until modalLoopEnded(); the window may be gone by
+    /// then. True then; false, with the reason in `*problem`, when it cannot go on: a closed terminal, or a window that
+    /// nothing could ever end.
     virtual bool runWindow(Window& window, QString* problem) = 0;
 
     /// Has somebody answer `alert`; returns the number of the button. It always ends: what can no longer be answered
@@ -24,11 +25,15 @@ public:
     virtual SInt16 runAlert(const Alert& alert) = 0;
 };
 
-/// The display that was chosen; an unattended one without answers until then.
-Display& currentDisplay();
+/// The display that was chosen; an unattended one without answers until then. Whoever runs something on it keeps it
+/// alive until that has ended, also when a handler chooses another.
+std::shared_ptr<Display> currentDisplay();
 
 /// Shows everything on `display` from now on.
 void setCurrentDisplay(std::unique_ptr<Display> display);
+
+/// Keeps `problem` for DisplayProblem, until another display is chosen.
+void noteDisplayProblem(const QString& problem);
 
 }  // namespace Toolbox
 

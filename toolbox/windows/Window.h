@@ -22,12 +22,13 @@ public:
     /// The control with this signature and number, or null.
     Control* findControl(const ControlID& id) const;
 
-    /// The button that Return presses, or that Escape presses; null if there is none.
+    /// The button that Return presses, or that Escape presses, usable or not; null if there is none.
     Control* buttonOfRole(ButtonRole role) const;
 
     QString title;
-    Rect content{};  // where the content lies on the screen; its size is the window's
-    UInt32 windowClass = 6;
+    Rect content{};             // where the content lies on the screen; its size is the window's
+    UInt32 windowClass = 6;     // 1 alert, 2 movable alert, 3 modal, 4 movable modal, 6 document
+    UInt32 windowPosition = 0;  // how it is placed: 0 where `content` says, 1 centered, 7 in alert position
     bool visible = false;
     std::unique_ptr<Control> root;
     EventTarget target;

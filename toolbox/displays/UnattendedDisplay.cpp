@@ -1,0 +1,179 @@
+#include "toolbox/displays/UnattendedDisplay.h"
+
+#include "toolbox/events/Commands.h"
+#include "toolbox/windows/ModalLoop.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace Toolbox {
+
+namespace {
+
+bool answerWasUnfit = false;
+
+// ---- Windows
+
+template <typename Condition> Control* firstUsable(const Window& window, Condition fits)
+{
+    const std::vector<Control*> all = window.controls();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&fits](const Control* each) { return each->usable() && fits(*each); });
+    return found == all.end() ? nullptr : *found;
+}
+
+Control* usableButton(const Window& window, ButtonRole role)
+{
+    Control* const button = window.buttonOfRole(role);
+    return button != nullptr && button->usable() ? button : nullptr;
+}
+
+Control* controlOfCommand(const Window& window, MenuCommand command)
+{
+    if (command == 0)  // what carries no command answers to none
+        return nullptr;
+    return firstUsable(window, [command](const Control& each) { return each.command == command; });
+}
+
+// The control that stands for `command`: the one that carries it, else for OK and Cancel the button of Return or
+// Escape.
+Control* controlFor(const Window& window, MenuCommand command)
+{
+    Control* const control = controlOfCommand(window, command);
+    if (control != nullptr)
+        return control;
+    if (command == kHICommandOK)
+        return usableButton(window, ButtonRole::Default);
+    if (command == kHICommandCancel)
+        return usableButton(window, ButtonRole::Cancel);
+    return nullptr;
+}
+
+// Each of these returns whether there was something to do it with.
+
+bool press(Control* control)
+{
+    if (control != nullptr)
+        pressControl(*control);
+    return control != nullptr;
+}
+
+bool chooseItem(const Window& window, UInt32 item)
+{
+    Control* const popUp =
+        firstUsable(window, [](const Control& each) { return each.kind == ControlKind::PopupButton; });
+    const SInt32 wanted = static_cast<SInt32>(std::min(item, UInt32{0x7FFFFFFF}));
+    if (popUp == nullptr || !popUp->offers(wanted))
+        return false;
+    chooseMenuItem(*popUp, wanted);
+    return true;
+}
+
+bool give(const Answer& answer, const Window& window)
+{
+    switch (answer.kind) {
+    case Answer::Kind::Command:
+        return press(controlFor(window, answer.value));
+    case Answer::Kind::Item:
+        return chooseItem(window, answer.value);
+    case Answer::Kind::Button:
+        break;  // for an alert, and there is none
+    }
+    return false;
+}
+
+bool confirm(const Window& window)
+{
+    Control* const button = usableButton(window, ButtonRole::Default);
+    return press(button != nullptr ? button : controlOfCommand(window, kHICommandOK));
+}
+
+void cancel(Window& window)
+{
+    if (!press(usableButton(window, ButtonRole::Cancel)))
+        sendWindowCommand(window, kHICommandCancel);
+}
+
+// ---- Alerts
+
+bool hasButton(const Alert& alert, SInt16 number)
+{
+    return std::any_of(alert.buttons.begin(), alert.buttons.end(),
+        [number](const AlertButton& each) { return each.number == number && each.enabled; });
+}
+
+SInt16 defaultButton(const Alert& alert)
+{
+    if (hasButton(alert, alert.defaultButton))
+        return alert.defaultButton;
+    const auto first =
+        std::find_if(alert.buttons.begin(), alert.buttons.end(), [](const AlertButton& each) { return each.enabled; });
+    return first == alert.buttons.end() ? alert.defaultButton : first->number;
+}
+
+bool isForAlerts(const Answer& answer)
+{
+    return answer.kind == Answer::Kind::Button
+        || (answer.kind == Answer::Kind::Command && (answer.value == kHICommandOK || answer.value == kHICommandCancel));
+}
+
+// The number of the button that `answer` means, which the alert need not have.
+UInt32 buttonOf(const Alert& alert, const Answer& answer)
+{
+    if (answer.kind == Answer::Kind::Button)
+        return answer.value;
+    return answer.value == kHICommandOK ? UInt32{kAlertStdAlertOKButton} : static_cast<UInt16>(alert.cancelButton);
+}
+
+}  // namespace
+
+UnattendedDisplay::UnattendedDisplay(const std::vector<Answer>& answers)
+    : m_answers(answers.begin(), answers.end())
+{
+}
+
+bool UnattendedDisplay::runWindow(Window& window, QString* problem)
+{
+    const WindowRef ref = window.ref();
+    while (!modalLoopEnded(ref)) {
+        if (m_answers.empty()) {
+            confirm(window);
+            *problem = QStringLiteral("no answer is left, and confirming the window does not end it");
+            return modalLoopEnded(ref);
+        }
+        const Answer answer = m_answers.front();
+        m_answers.pop_front();
+        if (!give(answer, window)) {
+            answerWasUnfit = true;
+            cancel(window);
+            *problem = QStringLiteral("an answer fits nothing in the window, and cancelling does not end it");
+            return modalLoopEnded(ref);
+        }
+    }
+    return true;
+}
+
+SInt16 UnattendedDisplay::runAlert(const Alert& alert)
+{
+    if (m_answers.empty() || !isForAlerts(m_answers.front()))
+        return defaultButton(alert);
+    const UInt32 wanted = buttonOf(alert, m_answers.front());
+    m_answers.pop_front();
+    if (wanted <= 0x7FFF && hasButton(alert, static_cast<SInt16>(wanted)))
+        return static_cast<SInt16>(wanted);
+    answerWasUnfit = true;
+    return defaultButton(alert);
+}
+
+void UseUnattendedDisplay(const std::vector<Answer>& answers)
+{
+    answerWasUnfit = false;
+    setCurrentDisplay(std::make_unique<UnattendedDisplay>(answers));
+}
+
+bool AnswerWasUnfit()
+{
+    return answerWasUnfit;
+}
+
+}  // namespace Toolbox
