@@ -1,0 +1,124 @@
+#include "VISEX_Plugins/LanguageSelector/AuthorizationGate.h"
+
+#include <Carbon/Carbon.h>
+#include <Security/Authorization.h>
+
+namespace {
+
+const ResType FLAG_RESOURCE_TYPE = 'CALL';
+const SInt16 FLAG_RESOURCE_ID = 1000;
+const int FLAG_POSITION = 401;  // of the byte whose most significant bit is the flag
+
+// Where the system's frameworks are looked for. The headers call this number kOnAppropriateDisk; it is given here as a
+// number because that, and not the name, is what the Folder Manager goes by.
+const SInt16 FRAMEWORKS_DOMAIN = -32767;
+
+// The right that is asked for comes first. The other two are the names under which a user's name and password would be
+// handed over in an authorization environment; none is, since nobody is asked.
+const AuthorizationItem AUTHORIZATION_ITEMS[] = {
+    {"system.privilege.admin", 0, nullptr, 0},
+    {"username", 0, nullptr, 0},
+    {"password", 0, nullptr, 0},
+};
+
+using AuthorizationCreateProcPtr = decltype(&AuthorizationCreate);
+using AuthorizationCopyRightsProcPtr = decltype(&AuthorizationCopyRights);
+
+// Whether the installer's resource demands the right. Without the resource it does not.
+bool rightIsDemanded()
+{
+    const Handle resource = GetResource(FLAG_RESOURCE_TYPE, FLAG_RESOURCE_ID);
+    if (resource == nullptr)
+        return false;
+
+    HLock(resource);
+    UInt8 flagByte = 0;
+    BlockMoveData(*resource + FLAG_POSITION, &flagByte, sizeof flagByte);
+    const bool demanded = BitTst(&flagByte, 0) != 0;
+    HUnlock(resource);
+    ReleaseResource(resource);
+    return demanded;
+}
+
+// The bundle at `url` with its code loaded, the caller's; null if there is none or its code cannot be loaded.
+CFBundleRef createLoadedBundle(CFURLRef url)
+{
+    const CFBundleRef bundle = CFBundleCreate(kCFAllocatorSystemDefault, url);
+    if (bundle == nullptr || CFBundleLoadExecutable(bundle))
+        return bundle;
+    CFRelease(bundle);
+    return nullptr;
+}
+
+// The bundle `name` in `folder` with its code loaded, the caller's; null if it cannot be reached or loaded.
+CFBundleRef createLoadedBundle(const FSRef& folder, CFStringRef name)
+{
+    const CFURLRef folderURL = CFURLCreateFromFSRef(kCFAllocatorSystemDefault, &folder);
+    if (folderURL == nullptr)
+        return nullptr;
+
+    CFBundleRef bundle = nullptr;
+    const CFURLRef bundleURL = CFURLCreateCopyAppendingPathComponent(kCFAllocatorSystemDefault, folderURL, name, false);
+    if (bundleURL != nullptr) {
+        bundle = createLoadedBundle(bundleURL);
+        CFRelease(bundleURL);
+    }
+    CFRelease(folderURL);
+    return bundle;
+}
+
+// Loads Security.framework. Returns noErr, with `*framework` the caller's; the Folder Manager's error;
+// coreFoundationUnknownErr.
+OSStatus loadSecurityFramework(CFBundleRef* framework)
+{
+    FSRef folder;
+    const OSErr found = FSFindFolder(FRAMEWORKS_DOMAIN, kFrameworksFolderType, kCreateFolder, &folder);
+    if (found != noErr)
+        return found;
+    *framework = createLoadedBundle(folder, CFSTR("Security.framework"));
+    if (*framework == nullptr)
+        return coreFoundationUnknownErr;
+    return noErr;
+}
+
+// Asks for the administrator's right. Returns noErr when it is granted; cfragNoSymbolErr when the framework lacks a
+// function; what the function returned. The low 16 bits of that decide: both count as functions of a 16-bit result, so
+// that a status with none of these bits set is a success.
+OSStatus requestAdministratorRight(CFBundleRef framework)
+{
+    const auto create = reinterpret_cast<AuthorizationCreateProcPtr>(
+        CFBundleGetFunctionPointerForName(framework, CFSTR("AuthorizationCreate")));
+    if (create == nullptr)
+        return cfragNoSymbolErr;
+    AuthorizationRef authorization = nullptr;
+    const SInt16 created = static_cast<SInt16>(create(nullptr, nullptr, kAuthorizationFlagDefaults, &authorization));
+
+    const auto copyRights = reinterpret_cast<AuthorizationCopyRightsProcPtr>(
+        CFBundleGetFunctionPointerForName(framework, CFSTR("AuthorizationCopyRights")));
+    if (copyRights == nullptr)
+        return cfragNoSymbolErr;
+    if (created != noErr)
+        return created;
+
+    AuthorizationItem item = AUTHORIZATION_ITEMS[0];
+    const AuthorizationRights rights = {1, &item};
+
+    // Default flags: no question to the user, no extension of his rights.
+    return static_cast<SInt16>(copyRights(authorization, &rights, nullptr, kAuthorizationFlagDefaults, nullptr));
+}
+
+}  // namespace
+
+bool passAuthorizationGate()
+{
+    if (!rightIsDemanded())
+        return true;
+
+    // Neither the framework nor the authorization is given back, whatever the outcome: code that has been loaded stays
+    // loaded for the life of the process.
+    CFBundleRef framework = nullptr;
+    OSStatus status = loadSecurityFramework(&framework);
+    if (status == noErr)
+        status = requestAdministratorRight(framework);
+    return status == noErr;
+}

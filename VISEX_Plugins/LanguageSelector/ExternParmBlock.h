@@ -1,0 +1,41 @@
+// The record that the installer passes to its externals: 614 bytes, big-endian on every machine.
+//
+// The external reads the message and the current language, and writes the result flags or the chosen language. All
+// other bytes are the installer's and are neither read nor written.
+
+#ifndef VISEX_PLUGINS_LANGUAGESELECTOR_EXTERNPARMBLOCK_H
+#define VISEX_PLUGINS_LANGUAGESELECTOR_EXTERNPARMBLOCK_H
+
+#include <Carbon/Carbon.h>
+
+#include <cstddef>
+
+#include "VISEX_Plugins/LanguageSelector/BigEndian.h"
+
+/// Languages are Mac OS language codes: 0 English, 1 French, 2 German, 3 Italian, 6 Spanish, 11 Japanese.
+/// The current one is a 32-bit number and the chosen one a 16-bit number, at places of their own: the installer gives
+/// and takes them so.
+struct ExternParmBlock {
+    BigEndian<SInt16> message;  // what the installer asks for: MESSAGE_SELECT_LANGUAGE
+    UInt8 hostBytes2[6];
+    BigEndian<UInt32> resultFlags;  // RESULT_FLAG_UNKNOWN_MESSAGE; the other bits are the installer's
+    UInt8 hostBytes12[570];
+    BigEndian<UInt16> chosenLanguage;
+    UInt8 hostBytes584[26];
+    BigEndian<UInt32> currentLanguage;
+};
+
+/// The one message that the external serves.
+const SInt16 MESSAGE_SELECT_LANGUAGE = 1000;
+
+/// The flag of `resultFlags` that is set for any other message.
+const UInt32 RESULT_FLAG_UNKNOWN_MESSAGE = 1;
+
+static_assert(offsetof(ExternParmBlock, message) == 0, "16 bits at 0");
+static_assert(offsetof(ExternParmBlock, resultFlags) == 8, "32 bits at 8");
+static_assert(offsetof(ExternParmBlock, chosenLanguage) == 582, "16 bits at 582");
+static_assert(offsetof(ExternParmBlock, currentLanguage) == 610, "32 bits at 610");
+static_assert(sizeof(ExternParmBlock) == 614, "the last field ends the record");
+static_assert(alignof(ExternParmBlock) == 1, "the record may lie anywhere");
+
+#endif

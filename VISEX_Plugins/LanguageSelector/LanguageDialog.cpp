@@ -1,0 +1,138 @@
+#include "VISEX_Plugins/LanguageSelector/LanguageDialog.h"
+
+#include <Carbon/Carbon.h>
+
+#include <cstddef>
+
+#include "UI/MessageBox.h"
+
+namespace {
+
+// What the dialog and its handler share, for as long as the modal loop runs.
+struct LanguageDialogState {
+    WindowRef window;
+    UInt32 accepted;       // 1 after OK, 0 after Cancel
+    UInt32 selectedIndex;  // of the pop-up's item, from 0
+};
+
+static_assert(offsetof(LanguageDialogState, window) == 0, "word 1");
+static_assert(offsetof(LanguageDialogState, accepted) == sizeof(void*), "word 2");
+static_assert(offsetof(LanguageDialogState, selectedIndex) == sizeof(void*) + 4, "word 3");
+static_assert(sizeof(LanguageDialogState) == sizeof(void*) + 8, "three words");
+
+// The Mac OS language code of each item of the pop-up, in menu order. Both directions are looked up here; what is not
+// here is English, in both.
+constexpr UInt16 MENU_LANGUAGES[] = {
+    0,   // English
+    11,  // Japanese
+    2,   // German
+    1,   // French
+    3,   // Italian
+    6,   // Spanish
+};
+constexpr UInt32 MENU_LANGUAGE_COUNT = sizeof MENU_LANGUAGES / sizeof MENU_LANGUAGES[0];
+
+const OSType POPUP_SIGNATURE = 'lsel';
+const unsigned POPUP_ID = 1;
+
+// How much of the command parameter is asked for: the size of HICommand on the target. The command's ID lies within it
+// where HICommand is larger.
+const UInt32 COMMAND_SIZE = 14;
+static_assert(COMMAND_SIZE <= sizeof(HICommand), "what is asked for fits");
+static_assert(offsetof(HICommand, commandID) + sizeof(UInt32) <= COMMAND_SIZE, "the command's ID is part of it");
+
+UInt32 indexOfLanguage(UInt32 code)
+{
+    for (UInt32 index = 0; index < MENU_LANGUAGE_COUNT; ++index) {
+        if (MENU_LANGUAGES[index] == code)
+            return index;
+    }
+    return 0;
+}
+
+UInt16 languageAtIndex(UInt32 index)
+{
+    return index < MENU_LANGUAGE_COUNT ? MENU_LANGUAGES[index] : MENU_LANGUAGES[0];
+}
+
+// The control of `window` with this signature and number; null if there is none.
+ControlRef getNativeDialogControlRef(WindowRef window, OSType signature, unsigned id)
+{
+    const ControlID controlID = {signature, static_cast<SInt32>(id)};
+    ControlRef control = nullptr;
+    return GetControlByID(window, &controlID, &control) == noErr ? control : nullptr;
+}
+
+// Takes the commands of the two buttons, in the modal loop; `userData` is the dialog's state. Everything else is passed
+// on.
+OSStatus dialogEventProcessor(EventHandlerCallRef, EventRef event, void* userData)
+{
+    if (userData == nullptr)
+        return eventNotHandledErr;
+    if (GetEventClass(event) != kEventClassCommand || GetEventKind(event) != kEventCommandProcess)
+        return eventNotHandledErr;
+
+    HICommand command = {};
+    if (GetEventParameter(event, kEventParamDirectObject, typeHICommand, nullptr, COMMAND_SIZE, nullptr, &command)
+        != noErr)
+        return eventNotHandledErr;
+    if (command.commandID != kHICommandOK && command.commandID != kHICommandCancel)
+        return eventNotHandledErr;
+
+    LanguageDialogState& state = *static_cast<LanguageDialogState*>(userData);
+    const bool accepted = command.commandID == kHICommandOK;
+    state.accepted = accepted ? 1 : 0;
+    if (accepted) {
+        const SInt32 item = GetControl32BitValue(getNativeDialogControlRef(state.window, POPUP_SIGNATURE, POPUP_ID));
+        if (item > 0)
+            state.selectedIndex = static_cast<UInt32>(item - 1);
+    }
+    QuitAppModalLoopForWindow(state.window);
+    return noErr;
+}
+
+void showError(const char* message)
+{
+    UI::MessageOK(nullptr, String("Language Selector Error"), String(message), false);
+}
+
+}  // namespace
+
+void executeSelectLanguage(ExternParmBlock* block)
+{
+    // Looked for in the main bundle, the installer's, which carries the nib.
+    IBNibRef nib = nullptr;
+    if (CreateNibReference(CFSTR("LanguageSelector"), &nib) != noErr) {
+        showError("Can't find Nib Reference");
+        return;
+    }
+    WindowRef window = nullptr;
+    if (CreateWindowFromNib(nib, CFSTR("Language_Selector"), &window) != noErr || window == nullptr) {
+        showError("Can't create windows from Nib");
+        return;
+    }
+    DisposeNibReference(nib);
+
+    // The pop-up's items count from 1. Without a pop-up this sets the value of no control, which does nothing.
+    const UInt32 index = indexOfLanguage(block->currentLanguage);
+    SetControl32BitValue(getNativeDialogControlRef(window, POPUP_SIGNATURE, POPUP_ID), static_cast<SInt32>(index + 1));
+
+    LanguageDialogState state = {window, 0, index};
+    const EventHandlerUPP handler = NewEventHandlerUPP(dialogEventProcessor);
+    const EventTypeSpec commands = {kEventClassCommand, kEventCommandProcess};
+    if (InstallEventHandler(GetWindowEventTarget(window), handler, 1, &commands, &state, nullptr) != noErr) {
+        showError("Can't install window event handler");
+        return;
+    }
+    ShowWindow(window);
+    if (RunAppModalLoopForWindow(window) != noErr) {
+        showError("Can't run modal loop for window");
+        return;
+    }
+    HideWindow(window);
+    DisposeWindow(window);
+    DisposeEventHandlerUPP(handler);
+
+    if (state.accepted != 0)
+        block->chosenLanguage = languageAtIndex(state.selectedIndex);
+}
