@@ -20,7 +20,7 @@ public:
             return;
         m_line = function;
         m_line += '(';
-        const char* separator = "";
+        [[maybe_unused]] const char* separator = "";
         ((m_line += separator, m_line += describe(arguments), separator = ", "), ...);
         m_line += ')';
     }

@@ -21,6 +21,7 @@ enum {
     nsvErr = -35,               // no such volume or domain
     ioErr = -36,                // the file could not be read
     eofErr = -39,               // the file ends too early
+    tmfoErr = -42,              // too many files are open
     fnfErr = -43,               // no such file or folder
     permErr = -54,              // no permission to read it
     errFSBadFSRef = -1401,      // not a reference that the File Manager gave

@@ -14,12 +14,19 @@ enum {
     CantDecompress = -186,  // the resource is compressed
 };
 
+enum {
+    kResFileNotOpened = -1,  // the reference number of no file
+};
+
 /// Opens a fork of `file` as a resource file, puts it at the top of the chain and makes it current.
 /// `forkNameLength` 0 and a null `forkName` name the data fork, "RESOURCE_FORK" the resource fork, which is read from
 /// the AppleDouble file beside it ("._NAME"). A data fork that is itself AppleDouble or AppleSingle is read as such.
-/// `*refNum` is then the caller's, to be given to CloseResFile. Files are only ever read.
-/// Returns noErr, errFSBadFSRef, fnfErr, permErr, ioErr, eofErr (shorter than a header), errFSBadForkName,
-/// errFSForkNotFound, mapReadErr, paramErr for a null `refNum`.
+/// Files are only ever read, so `permissions` is fsRdPerm or fsCurPerm. Each opening of a file is one of its own.
+/// `*refNum` is then the caller's, to be given to CloseResFile; it is kResFileNotOpened after a failure.
+/// Returns noErr; paramErr for a null `file` or `refNum`; errFSBadFSRef; errFSBadForkName; permErr when the file may
+/// not be read or other permissions are asked for; tmfoErr when 256 files are open; fnfErr; ioErr, also for what is no
+/// regular file; errFSForkNotFound when there is no resource fork or it is empty; eofErr when the fork is shorter than
+/// a header; mapReadErr for a corrupt fork, and for one larger than the format can be, which is not read; memFullErr.
 OSErr FSOpenResourceFile(
     const FSRef* file, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum);
 
@@ -32,8 +39,9 @@ OSErr ResError(void);
 
 /// The handle of the resource: from the current file, then from those opened before it. The same handle for the same
 /// resource until it is released. Null if it is not found; ResError is then resNotFound when some file has the type,
-/// but noErr when none has, so test the handle. It is the Resource Manager's: give it back with ReleaseResource.
-/// Bytes past the resource's end can be read as zeros up to a slack of 1,024, as a caller that trusts a layout may do.
+/// but noErr when none has, so test the handle; CantDecompress for a compressed one; memFullErr. The handle is the
+/// Resource Manager's: give it back with ReleaseResource. Bytes past the resource's end can be read as zeros up to a
+/// slack of 1,024, as a caller that trusts a layout may do.
 Handle GetResource(ResType type, SInt16 id);
 
 /// Frees the data of a resource's handle and forgets the handle, but keeps it while it is marked as changed.
