@@ -21,8 +21,6 @@ public:
     SInt16 runAlert(const Alert& alert) override;
 
 private:
-    Answer takeAnswer();
-
     std::deque<Answer> m_answers;
 };
 
