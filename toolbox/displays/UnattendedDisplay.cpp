@@ -10,7 +10,9 @@ namespace Toolbox {
 
 namespace {
 
+// Of the display that was chosen last; they outlive it.
 bool answerWasUnfit = false;
+std::size_t unusedAnswers = 0;
 
 // ---- Windows
 
@@ -141,9 +143,7 @@ bool UnattendedDisplay::runWindow(Window& window, QString* problem)
             *problem = QStringLiteral("no answer is left, and confirming the window does not end it");
             return modalLoopEnded(ref);
         }
-        const Answer answer = m_answers.front();
-        m_answers.pop_front();
-        if (!give(answer, window)) {
+        if (!give(takeAnswer(), window)) {
             answerWasUnfit = true;
             cancel(window);
             *problem = QStringLiteral("an answer fits nothing in the window, and cancelling does not end it");
@@ -157,23 +157,36 @@ SInt16 UnattendedDisplay::runAlert(const Alert& alert)
 {
     if (m_answers.empty() || !isForAlerts(m_answers.front()))
         return defaultButton(alert);
-    const UInt32 wanted = buttonOf(alert, m_answers.front());
-    m_answers.pop_front();
+    const UInt32 wanted = buttonOf(alert, takeAnswer());
     if (wanted <= 0x7FFF && hasButton(alert, static_cast<SInt16>(wanted)))
         return static_cast<SInt16>(wanted);
     answerWasUnfit = true;
     return defaultButton(alert);
 }
 
+Answer UnattendedDisplay::takeAnswer()
+{
+    const Answer answer = m_answers.front();
+    m_answers.pop_front();
+    unusedAnswers = m_answers.size();
+    return answer;
+}
+
 void UseUnattendedDisplay(const std::vector<Answer>& answers)
 {
     answerWasUnfit = false;
+    unusedAnswers = answers.size();
     setCurrentDisplay(std::make_unique<UnattendedDisplay>(answers));
 }
 
 bool AnswerWasUnfit()
 {
     return answerWasUnfit;
+}
+
+std::size_t UnusedAnswers()
+{
+    return unusedAnswers;
 }
 
 }  // namespace Toolbox

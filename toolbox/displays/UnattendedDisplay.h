@@ -21,6 +21,8 @@ public:
     SInt16 runAlert(const Alert& alert) override;
 
 private:
+    Answer takeAnswer();
+
     std::deque<Answer> m_answers;
 };
 

@@ -6,6 +6,7 @@
 
 #include <Carbon/MacTypes.h>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -55,6 +56,9 @@ std::string PictureProblem();
 
 /// Whether an answer of the list fitted nothing of what was shown; the window was then cancelled.
 bool AnswerWasUnfit();
+
+/// How many answers of the list were not taken so far.
+std::size_t UnusedAnswers();
 
 /// Why a modal loop failed, in a few words; empty when none did.
 std::string DisplayProblem();

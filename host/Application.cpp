@@ -1,0 +1,116 @@
+#include "host/Application.h"
+
+#include "host/CFOwner.h"
+#include "host/Paths.h"
+#include "host/Problem.h"
+
+#include <Toolbox/Application.h>
+
+#include <algorithm>
+#include <system_error>
+#include <vector>
+
+namespace Host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Where 'CALL' 1000 holds the flag: the most significant bit of this byte.
+constexpr Size ADMINISTRATOR_BYTE = 401;
+constexpr char ADMINISTRATOR_BIT = static_cast<char>(0x80);
+
+// The name of a folder, also when it is given as "." or with a slash at its end.
+std::string bundleName(const fs::path& folder)
+{
+    std::error_code error;
+    const fs::path absolute = fs::canonical(folder, error);
+    return absolute.stem().string();
+}
+
+// The resource file of the main bundle, which is called `name`; empty if it has none.
+fs::path ownResourceFile(const std::string& name)
+{
+    const CFOwner<CFStringRef> title(
+        CFStringCreateWithCString(kCFAllocatorDefault, name.c_str(), kCFStringEncodingUTF8));
+    const CFOwner<CFURLRef> url(CFBundleCopyResourceURL(CFBundleGetMainBundle(), title.get(), CFSTR("rsrc"), nullptr));
+    return pathOf(url.get());
+}
+
+const char* describe(OSErr error)
+{
+    switch (error) {
+    case fnfErr:
+        return "there is no such file";
+    case permErr:
+        return "there is no permission to read it";
+    case eofErr:
+    case mapReadErr:
+        return "it is no resource file, or a damaged one";
+    default:
+        return "it cannot be read";
+    }
+}
+
+SInt16 openResourceFile(const fs::path& file)
+{
+    const CFOwner<CFURLRef> url(createURL(file));
+    FSRef reference;
+    SInt16 number = 0;
+    const OSErr error = CFURLGetFSRef(url.get(), &reference)
+        ? FSOpenResourceFile(&reference, 0, nullptr, fsRdPerm, &number)
+        : static_cast<OSErr>(fnfErr);
+    if (error != noErr)
+        throw Problem(ExitStatus::NotDone, "cannot open the resource file '" + file.string() + "': " + describe(error));
+    return number;
+}
+
+}  // namespace
+
+Application::Application(const fs::path& folder, const std::optional<std::string>& resourceFile)
+{
+    if (!Toolbox::SetMainBundle(folder.string()))
+        throw Problem(ExitStatus::NotDone, "there is no application bundle in '" + folder.string() + "'");
+
+    const fs::path file = resourceFile ? fs::path(*resourceFile) : ownResourceFile(bundleName(folder));
+    if (!file.empty())
+        m_resourceFile = openResourceFile(file);
+}
+
+Application::~Application()
+{
+    if (m_resourceFile)
+        CloseResFile(*m_resourceFile);
+}
+
+void Application::requireAdministrator()
+{
+    const Handle call = GetResource('CALL', 1000);
+    if (call == nullptr)
+        throw Problem(ExitStatus::NotDone,
+            "the administrator flag cannot be set: the resource file has no 'CALL' 1000, which would hold it");
+    if (GetHandleSize(call) <= ADMINISTRATOR_BYTE)
+        throw Problem(ExitStatus::NotDone,
+            "the administrator flag cannot be set: 'CALL' 1000 of the resource file is too short to hold it");
+    (*call)[ADMINISTRATOR_BYTE] = static_cast<char>((*call)[ADMINISTRATOR_BYTE] | ADMINISTRATOR_BIT);
+    ChangedResource(call);  // or it would be read from the file again
+}
+
+fs::path Application::builtInPlugIn() const
+{
+    const CFOwner<CFURLRef> url(CFBundleCopyBuiltInPlugInsURL(CFBundleGetMainBundle()));
+    const fs::path folder = pathOf(url.get());
+    std::vector<fs::path> found;
+    std::error_code error;
+    for (fs::directory_iterator each(folder, error), end; !error && each != end; each.increment(error)) {
+        if (each->path().extension() == ".bundle")
+            found.push_back(each->path());
+    }
+    if (found.empty())
+        throw Problem(ExitStatus::PlugInNotLoaded, "there is no external in '" + folder.string() + "'; name one");
+    if (found.size() > 1)
+        throw Problem(ExitStatus::NotDone, "there is more than one external in '" + folder.string() + "'; name one");
+    return found.front();
+}
+
+}  // namespace Host

@@ -1,0 +1,64 @@
+#include "host/Display.h"
+
+#include "host/Problem.h"
+#include "host/StandardStreams.h"
+
+#include <Toolbox/Displays.h>
+
+#include <string>
+
+namespace Host {
+
+namespace {
+
+DisplayKind displayHere()
+{
+    if (Toolbox::ScreenAnswers())
+        return DisplayKind::Window;
+    if (Toolbox::TerminalAnswers())
+        return DisplayKind::Terminal;
+    complain("no screen and no terminal here: the dialog is confirmed as it stands");
+    return DisplayKind::Unattended;
+}
+
+DisplayKind displayFor(const Options& options)
+{
+    if (options.display)
+        return *options.display;
+    return options.answers.empty() ? displayHere() : DisplayKind::Unattended;
+}
+
+void useWindow()
+{
+    std::string reason;
+    if (!Toolbox::UseWindowDisplay(&reason))
+        throw Problem(ExitStatus::NotDone, "cannot open a window: " + reason);
+}
+
+void useTerminal()
+{
+    if (!Toolbox::TerminalAnswers())
+        throw Problem(ExitStatus::NotDone, "cannot ask on the terminal: the process has none");
+    Toolbox::UseTerminalDisplay();
+}
+
+}  // namespace
+
+void chooseDisplay(const Options& options)
+{
+    switch (displayFor(options)) {
+    case DisplayKind::Window:
+        useWindow();
+        break;
+    case DisplayKind::Terminal:
+        useTerminal();
+        break;
+    case DisplayKind::Unattended:
+        Toolbox::UseUnattendedDisplay(stepsOf(options.answers));
+        break;
+    }
+    if (options.picture)
+        Toolbox::SavePicture(*options.picture);
+}
+
+}  // namespace Host

@@ -1,0 +1,109 @@
+#include "host/Files.h"
+
+#include "host/Problem.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <system_error>
+
+namespace Host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const char* const NOT_REGULAR = "it is not a regular file";
+
+std::string lastError()
+{
+    return std::generic_category().message(errno);
+}
+
+Problem notRead(const std::string& name, const fs::path& file, const std::string& reason)
+{
+    return Problem(ExitStatus::NotDone, "cannot read the " + name + " '" + file.string() + "': " + reason);
+}
+
+Problem notWritten(const std::string& name, const fs::path& file, const std::string& reason)
+{
+    return Problem(ExitStatus::NotDone, "cannot save the " + name + " in '" + file.string() + "': " + reason);
+}
+
+// Makes the new file `file` with these bytes. False, with the reason in errno and no new file, when it cannot be made.
+bool makeFile(const fs::path& file, const std::vector<std::uint8_t>& bytes)
+{
+    std::FILE* const stream = std::fopen(file.c_str(), "wbx");  // x: only if there is none yet
+    if (stream == nullptr)
+        return false;
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() && std::fflush(stream) == 0
+        && fsync(fileno(stream)) == 0;
+    if (std::fclose(stream) == 0 && written)
+        return true;
+    const int reason = errno;
+    std::remove(file.c_str());
+    errno = reason;
+    return false;
+}
+
+// Gives the file `temporary` the name `target`, and the permissions of the file that has it now.
+std::error_code moveInto(const fs::path& target, const fs::path& temporary)
+{
+    std::error_code error;
+    const fs::file_status status = fs::status(target, error);
+    error.clear();  // there need not be one
+    if (fs::exists(status))
+        fs::permissions(temporary, status.permissions(), error);
+    if (!error)
+        fs::rename(temporary, target, error);
+    return error;
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> readFile(const std::string& name, const fs::path& file, std::size_t largest)
+{
+    // Asked before it is opened: opening a pipe waits until somebody writes into it.
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (error)
+        throw notRead(name, file, error.message());
+    if (!fs::is_regular_file(status))
+        throw notRead(name, file, NOT_REGULAR);
+
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"), std::fclose);
+    if (!stream)
+        throw notRead(name, file, lastError());
+    std::vector<std::uint8_t> bytes(largest + 1);
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
+    if (std::ferror(stream.get()) != 0)
+        throw notRead(name, file, lastError());
+    if (bytes.size() > largest)
+        throw notRead(name, file, "it has more than " + std::to_string(largest) + " bytes");
+    return bytes;
+}
+
+void writeFile(const std::string& name, const fs::path& file, const std::vector<std::uint8_t>& bytes)
+{
+    std::error_code error;
+    const fs::path target = fs::weakly_canonical(file, error);
+    if (error)
+        throw notWritten(name, file, error.message());
+    if (fs::exists(target, error) && !fs::is_regular_file(target, error))
+        throw notWritten(name, file, NOT_REGULAR);
+
+    fs::path temporary = target;
+    temporary += "." + std::to_string(getpid());
+    if (!makeFile(temporary, bytes))
+        throw notWritten(name, file, lastError());
+    error = moveInto(target, temporary);
+    if (error) {
+        std::error_code ignored;  // what went wrong first is what counts
+        fs::remove(temporary, ignored);
+        throw notWritten(name, file, error.message());
+    }
+}
+
+}  // namespace Host

@@ -1,0 +1,25 @@
+// Reads and writes whole files.
+
+#ifndef HOST_FILES_H
+#define HOST_FILES_H
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace Host {
+
+/// The bytes of `file`, which messages call the `name`. Throws Problem when it cannot be read, is not a regular file,
+/// or has more than `largest` bytes.
+std::vector<std::uint8_t> readFile(const std::string& name, const std::filesystem::path& file, std::size_t largest);
+
+/// Makes `bytes` the contents of `file`, whole or not at all: they are written beside it and then take its place, with
+/// its permissions. A link stays one, and the file that it leads to is written. Throws Problem; what was there before
+/// is then as it was. Only a regular file is replaced.
+void writeFile(const std::string& name, const std::filesystem::path& file, const std::vector<std::uint8_t>& bytes);
+
+}  // namespace Host
+
+#endif

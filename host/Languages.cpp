@@ -1,0 +1,73 @@
+#include "host/Languages.h"
+
+#include "host/Number.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <initializer_list>
+#include <optional>
+
+namespace Host {
+
+namespace {
+
+char toLower(char letter)
+{
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool sameInAnyCase(std::string_view one, std::string_view other)
+{
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+        [](char left, char right) { return toLower(left) == toLower(right); });
+}
+
+template <typename Condition> const Language* firstLanguage(Condition fits)
+{
+    const auto found = std::find_if(LANGUAGES.begin(), LANGUAGES.end(), fits);
+    return found == LANGUAGES.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+const Language* languageOfCode(std::uint32_t code)
+{
+    return firstLanguage([code](const Language& each) { return each.code == code; });
+}
+
+const Language* parseLanguage(std::string_view text)
+{
+    if (const std::optional<std::uint32_t> code = parseNumber<std::uint32_t>(text))
+        return languageOfCode(*code);
+    return firstLanguage([text](const Language& each) { return sameInAnyCase(each.name, text); });
+}
+
+std::uint32_t popUpItem(const Language& language)
+{
+    return static_cast<std::uint32_t>(&language - LANGUAGES.data()) + 1;
+}
+
+const Language* languageOfLocale(std::string_view locale)
+{
+    const std::string_view language = locale.substr(0, locale.find_first_of("_.@"));
+    return firstLanguage([language](const Language& each) { return sameInAnyCase(each.locale, language); });
+}
+
+std::string userLocale()
+{
+    for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* const locale = std::getenv(variable);
+        if (locale != nullptr && *locale != '\0')
+            return locale;
+    }
+    return std::string();
+}
+
+std::string describeLanguage(std::uint32_t code)
+{
+    const Language* const language = languageOfCode(code);
+    const std::string_view name = language == nullptr ? "no known language" : language->name;
+    return std::string(name) + " (" + std::to_string(code) + ")";
+}
+
+}  // namespace Host

@@ -1,0 +1,49 @@
+// The six languages that the dialog offers: their Mac OS codes, their names, and how a locale's name begins.
+
+#ifndef HOST_LANGUAGES_H
+#define HOST_LANGUAGES_H
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace Host {
+
+struct Language {
+    std::uint32_t code;       // the Mac OS language code
+    std::string_view name;    // in English
+    std::string_view locale;  // ISO 639, as locales begin with
+};
+
+/// The languages in the order of the dialog's pop-up: the first is its item 1.
+inline constexpr std::array<Language, 6> LANGUAGES{{
+    {0, "English", "en"},
+    {11, "Japanese", "ja"},
+    {2, "German", "de"},
+    {1, "French", "fr"},
+    {3, "Italian", "it"},
+    {6, "Spanish", "es"},
+}};
+
+/// The language with this code, or null.
+const Language* languageOfCode(std::uint32_t code);
+
+/// The language that `text` names in English, in any case, or by its code; null if it is neither.
+const Language* parseLanguage(std::string_view text);
+
+/// The item of the dialog's pop-up that stands for one of LANGUAGES, from 1.
+std::uint32_t popUpItem(const Language& language);
+
+/// The language of a locale such as "de_DE.UTF-8"; null for any other locale, "C" and "" among them.
+const Language* languageOfLocale(std::string_view locale);
+
+/// The locale in which the user wants to read messages: LC_ALL, LC_MESSAGES or LANG, the first that says something.
+std::string userLocale();
+
+/// A code in words: "German (2)", "no known language (4)".
+std::string describeLanguage(std::uint32_t code);
+
+}  // namespace Host
+
+#endif

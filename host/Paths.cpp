@@ -1,0 +1,42 @@
+#include "host/Paths.h"
+
+#include <climits>
+#include <string>
+#include <system_error>
+
+namespace Host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The running program. Not from its name as it was called, which may be anything.
+fs::path ownExecutable()
+{
+    std::error_code ignored;  // no path, and what is looked for beside it is not found
+    return fs::read_symlink("/proc/self/exe", ignored);
+}
+
+}  // namespace
+
+CFURLRef createURL(const fs::path& path)
+{
+    const std::string text = path.string();
+    return CFURLCreateFromFileSystemRepresentation(
+        kCFAllocatorDefault, reinterpret_cast<const UInt8*>(text.data()), static_cast<CFIndex>(text.size()), true);
+}
+
+fs::path pathOf(CFURLRef url)
+{
+    UInt8 path[PATH_MAX];
+    if (!CFURLGetFileSystemRepresentation(url, true, path, sizeof path))
+        return fs::path();
+    return reinterpret_cast<const char*>(path);
+}
+
+fs::path supportFolder()
+{
+    return (ownExecutable().parent_path() / HOST_SUPPORT_FOLDER).lexically_normal();
+}
+
+}  // namespace Host

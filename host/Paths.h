@@ -1,0 +1,24 @@
+// Paths as the toolbox takes and gives them, and where the host's own files are.
+
+#ifndef HOST_PATHS_H
+#define HOST_PATHS_H
+
+#include "host/CFOwner.h"
+
+#include <filesystem>
+
+namespace Host {
+
+/// The URL of `path`; null when there can be none. The caller's.
+CFURLRef createURL(const std::filesystem::path& path);
+
+/// The path of `url`; empty for null.
+std::filesystem::path pathOf(CFURLRef url);
+
+/// What the host brings along: the demo application and the system's frameworks. The folder is looked for from the
+/// host's own executable, so that the build tree and an installation are alike and both can be moved.
+std::filesystem::path supportFolder();
+
+}  // namespace Host
+
+#endif

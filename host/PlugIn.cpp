@@ -1,0 +1,57 @@
+#include "host/PlugIn.h"
+
+#include "host/Paths.h"
+#include "host/Problem.h"
+
+#include <string>
+
+namespace Host {
+
+namespace {
+
+// What the installer asks a factory for.
+CFUUIDRef externalType()
+{
+    return CFUUIDGetConstantUUIDWithBytes(kCFAllocatorDefault, 0x5C, 0xD9, 0x48, 0x4B, 0x4A, 0x86, 0x4C, 0xA2, 0xA7,
+        0x9A, 0x15, 0x25, 0xA3, 0xB5, 0xF6, 0xE8);
+}
+
+CFPlugInRef createPlugIn(const std::filesystem::path& folder)
+{
+    const CFOwner<CFURLRef> url(createURL(folder));
+    return CFPlugInCreate(kCFAllocatorDefault, url.get());
+}
+
+}  // namespace
+
+PlugIn::PlugIn(const std::filesystem::path& folder)
+    : m_bundle(createPlugIn(folder))
+{
+    const auto notLoaded = [&folder](const char* reason) {
+        return Problem(ExitStatus::PlugInNotLoaded, "cannot load the external '" + folder.string() + "': " + reason);
+    };
+    if (m_bundle.get() == nullptr)
+        throw notLoaded("there is no such bundle");
+
+    const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(externalType(), m_bundle.get()));
+    if (CFArrayGetCount(factories.get()) == 0)
+        throw notLoaded("its Info.plist registers no factory for externals of this installer");
+
+    const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories.get(), 0));
+    m_instance = static_cast<XcodInstance*>(CFPlugInInstanceCreate(kCFAllocatorDefault, factory, externalType()));
+    if (m_instance == nullptr)
+        throw notLoaded("its executable cannot be loaded, or its factory gives no instance");
+}
+
+PlugIn::~PlugIn()
+{
+    if (m_instance != nullptr)
+        m_instance->functions->Release(m_instance);
+}
+
+void PlugIn::call(ExternParmBlock& block)
+{
+    m_instance->functions->XCodMain(&block);
+}
+
+}  // namespace Host

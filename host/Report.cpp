@@ -1,0 +1,127 @@
+#include "host/Report.h"
+
+#include "host/Languages.h"
+#include "host/OneLine.h"
+
+#include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstdio>
+
+namespace Host {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Toolbox::ShownAlert;
+
+bool flagNewlySet(const Report& report)
+{
+    return (report.flagsAfter & ~report.flagsBefore & RESULT_FLAG_UNKNOWN_MESSAGE) != 0;
+}
+
+// ---- In words
+
+std::string recordInWords(const Report& report, std::uint32_t chosen, std::uint32_t flags)
+{
+    char flagsInHexadecimal[sizeof "0x00000000"];
+    std::snprintf(flagsInHexadecimal, sizeof flagsInHexadecimal, "0x%08x", flags);
+    return "message " + std::to_string(report.message) + ", current language " + describeLanguage(report.current)
+        + ", chosen language " + describeLanguage(chosen) + ", flags " + flagsInHexadecimal;
+}
+
+std::string alertInWords(const ShownAlert& alert)
+{
+    std::string words = alert.kind;
+    if (alert.id)
+        words += " " + std::to_string(*alert.id);
+    words += ", \"" + oneLine(alert.text) + "\"";
+    if (!alert.explanation.empty())
+        words += ", \"" + oneLine(alert.explanation) + "\"";
+    for (const std::string& title : alert.buttons)
+        words += " [" + oneLine(title) + "]";
+    return words + ", button " + std::to_string(alert.pressed) + " was pressed";
+}
+
+std::string outcomeInWords(const Report& report)
+{
+    if (report.chosen)
+        return describeLanguage(*report.chosen) + " was written to the record.";
+    if (flagNewlySet(report))
+        return "No language was written to the record: the external does not serve this message.";
+    if (!report.alerts.empty())
+        return "No language was written to the record: the external reported an error.";
+    return "No language was written to the record.";
+}
+
+// ---- As JSON
+
+Json languageInJson(std::uint32_t code)
+{
+    const Language* const language = languageOfCode(code);
+    return {{"code", code}, {"name", language == nullptr ? Json() : Json(language->name)}};
+}
+
+Json alertInJson(const ShownAlert& alert)
+{
+    Json json;
+    json["kind"] = alert.kind;
+    if (alert.id)
+        json["id"] = *alert.id;
+    json["text"] = alert.text;
+    json["explanation"] = alert.explanation;
+    json["buttons"] = alert.buttons;
+    json["pressed"] = alert.pressed;
+    return json;
+}
+
+const char* resultInJson(const Report& report)
+{
+    switch (statusOf(report)) {
+    case ExitStatus::Chosen:
+        return "chosen";
+    case ExitStatus::NothingChosen:
+        return "nothing chosen";
+    case ExitStatus::Refused:
+        return "refused";
+    default:
+        return "unfit answer";
+    }
+}
+
+}  // namespace
+
+ExitStatus statusOf(const Report& report)
+{
+    if (report.answerWasUnfit)
+        return ExitStatus::NotDone;
+    if (flagNewlySet(report) || (!report.alerts.empty() && !report.chosen))
+        return ExitStatus::Refused;
+    return report.chosen ? ExitStatus::Chosen : ExitStatus::NothingChosen;
+}
+
+std::string inWords(const Report& report)
+{
+    std::string words = "Before: " + recordInWords(report, report.chosenBefore, report.flagsBefore) + "\n";
+    for (const ShownAlert& alert : report.alerts)
+        words += "Alert:  " + alertInWords(alert) + "\n";
+    words += "After:  " + recordInWords(report, report.chosen.value_or(report.chosenBefore), report.flagsAfter) + "\n";
+    return words + outcomeInWords(report) + "\n";
+}
+
+std::string inJson(const Report& report)
+{
+    Json json;
+    json["message"] = report.message;
+    json["current"] = languageInJson(report.current);
+    json["chosen"] = report.chosen ? languageInJson(*report.chosen) : Json();
+    json["flags"] = {{"before", report.flagsBefore}, {"after", report.flagsAfter}};
+    json["alerts"] = Json::array();
+    for (const ShownAlert& alert : report.alerts)
+        json["alerts"].push_back(alertInJson(alert));
+    json["result"] = resultInJson(report);
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace Host

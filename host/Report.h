@@ -1,0 +1,40 @@
+// What a call of the external came to, and how it is told: in words, or as JSON.
+
+#ifndef HOST_REPORT_H
+#define HOST_REPORT_H
+
+#include "host/Problem.h"
+
+#include <Toolbox/Displays.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Host {
+
+/// The fields of the record around a call, and what was shown.
+struct Report {
+    std::int16_t message = 0;
+    std::uint32_t current = 0;            // the language code before the call; the external only reads it
+    std::uint16_t chosenBefore = 0;       // what the field for the chosen language held
+    std::optional<std::uint16_t> chosen;  // what the external wrote there, if it did
+    std::uint32_t flagsBefore = 0;
+    std::uint32_t flagsAfter = 0;
+    std::vector<Toolbox::ShownAlert> alerts;
+    bool answerWasUnfit = false;
+};
+
+/// What the process ends with after this call, if nothing else goes wrong.
+ExitStatus statusOf(const Report& report);
+
+/// The report in words: the record before and after, each alert, and what it comes to, a line each.
+std::string inWords(const Report& report);
+
+/// The report as one JSON object, over several lines.
+std::string inJson(const Report& report);
+
+}  // namespace Host
+
+#endif

@@ -1,0 +1,68 @@
+#include "host/resources/ResourceFile.h"
+
+#include <stdexcept>
+
+namespace Resources {
+
+namespace {
+
+constexpr std::size_t DATA_START = 256;         // the header, and 240 bytes that belong to the system
+constexpr std::size_t MAP_HEADER_SIZE = 28;     // the type list follows it
+constexpr std::size_t TYPE_SIZE = 8;            // of one entry of the type list
+constexpr std::size_t LARGEST_DATA = 0xFFFFFF;  // references hold offsets of 24 bits
+constexpr std::size_t LARGEST_MAP = 0xFFFF;     // and the map's own offsets 16
+
+unsigned checked(std::size_t size, std::size_t largest)
+{
+    if (size > largest)
+        throw std::length_error("the resources are more than a resource file can hold");
+    return static_cast<unsigned>(size);
+}
+
+}  // namespace
+
+void ResourceFile::add(std::uint32_t type, std::int16_t id, const Bytes& data)
+{
+    if (!m_resources[type].emplace(id, data).second)
+        throw std::invalid_argument("there is a resource of this type and id already");
+}
+
+Bytes ResourceFile::bytes() const
+{
+    ByteWriter data;
+    ByteWriter types;       // the type list
+    ByteWriter references;  // all reference lists, which follow it
+
+    const std::size_t typeListSize = 2 + TYPE_SIZE * m_resources.size();
+    types.put16(checked(m_resources.size(), LARGEST_MAP) - 1);  // counts are less one: none is 0xFFFF
+    for (const auto& [type, resources] : m_resources) {
+        types.put32(type)
+            .put16(checked(resources.size(), LARGEST_MAP) - 1)
+            .put16(checked(typeListSize + references.bytes().size(), LARGEST_MAP));
+        for (const auto& [id, bytes] : resources) {
+            references.put16(static_cast<std::uint16_t>(id))
+                .put16(0xFFFF)  // no name
+                .put8(0)        // no attributes
+                .put24(checked(data.bytes().size(), LARGEST_DATA))
+                .put32(0);  // for the handle, in memory
+            data.put32(checked(bytes.size(), LARGEST_DATA)).putBytes(bytes);
+        }
+    }
+
+    const unsigned dataSize = checked(data.bytes().size(), LARGEST_DATA);
+    const unsigned nameList = checked(MAP_HEADER_SIZE + types.bytes().size() + references.bytes().size(), LARGEST_MAP);
+    ByteWriter header;
+    header.put32(DATA_START).put32(DATA_START + dataSize).put32(dataSize).put32(nameList);
+
+    ByteWriter file;
+    file.putBytes(header.bytes()).putZeros(DATA_START - header.bytes().size()).putBytes(data.bytes());
+    file.putBytes(header.bytes())
+        .putZeros(4 + 2 + 2)  // for the next map and the file's number, in memory; the file's attributes
+        .put16(MAP_HEADER_SIZE)
+        .put16(nameList)
+        .putBytes(types.bytes())
+        .putBytes(references.bytes());
+    return file.bytes();
+}
+
+}  // namespace Resources

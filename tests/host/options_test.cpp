@@ -1,0 +1,193 @@
+#include "host/Options.h"
+#include "host/Problem.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace {
+
+using namespace Host;
+using Arguments = std::vector<std::string>;
+
+std::variant<Options, std::string> parse(Arguments arguments)
+{
+    arguments.insert(arguments.begin(), "visex-host");
+    return parseOptions(arguments);
+}
+
+Options options(const Arguments& arguments)
+{
+    return std::get<Options>(parse(arguments));
+}
+
+TEST(Options, AreEmptyWhenNothingIsGiven)
+{
+    const Options none = options({});
+    EXPECT_FALSE(none.message);
+    EXPECT_FALSE(none.current);
+    EXPECT_FALSE(none.display);
+    EXPECT_TRUE(none.answers.empty());
+    EXPECT_FALSE(none.application);
+    EXPECT_FALSE(none.resources);
+    EXPECT_FALSE(none.record);
+    EXPECT_FALSE(none.writeRecord);
+    EXPECT_FALSE(none.picture);
+    EXPECT_FALSE(none.plugIn);
+    EXPECT_FALSE(none.requireAdmin);
+    EXPECT_FALSE(none.json);
+    EXPECT_FALSE(none.trace);
+}
+
+TEST(Options, AreTakenAllAtOnce)
+{
+    const Options all = options({"--message", "999", "--current", "german", "--display", "unattended", "--answer", "ok",
+        "--answer", "button:2", "--app", "an app", "--resources", "r", "--require-admin", "--record", "in",
+        "--write-record", "out", "--picture", "p.png", "--json", "--trace", "a.bundle"});
+    EXPECT_EQ(all.message, 999);
+    EXPECT_EQ(all.current, 2u);
+    EXPECT_EQ(all.display, DisplayKind::Unattended);
+    ASSERT_EQ(all.answers.size(), 2u);
+    EXPECT_EQ(all.answers[0].text, "ok");
+    EXPECT_EQ(all.answers[1].text, "button:2");
+    EXPECT_EQ(all.application, "an app");
+    EXPECT_EQ(all.resources, "r");
+    EXPECT_EQ(all.record, "in");
+    EXPECT_EQ(all.writeRecord, "out");
+    EXPECT_EQ(all.picture, "p.png");
+    EXPECT_EQ(all.plugIn, "a.bundle");
+    EXPECT_TRUE(all.requireAdmin);
+    EXPECT_TRUE(all.json);
+    EXPECT_TRUE(all.trace);
+}
+
+TEST(Options, MayBeJoinedToTheirValues)
+{
+    EXPECT_EQ(options({"--message=-1"}).message, -1);
+    EXPECT_EQ(options({"--app=x=y"}).application, "x=y");
+}
+
+TEST(Options, TakeTheLastOfSeveralValues)
+{
+    EXPECT_EQ(options({"--message", "1", "--message", "2"}).message, 2);
+}
+
+TEST(Options, LeaveTheBundleAfterAnAnswerAlone)
+{
+    const Options given = options({"--answer", "ok", "a.bundle"});
+    EXPECT_EQ(given.answers.size(), 1u);
+    EXPECT_EQ(given.plugIn, "a.bundle");
+}
+
+TEST(Options, EndAtTwoDashes)
+{
+    EXPECT_EQ(options({"--", "--json"}).plugIn, "--json");
+}
+
+TEST(Options, MessageTakesAll16Bits)
+{
+    EXPECT_EQ(options({"--message", "32767"}).message, 32767);
+    EXPECT_EQ(options({"--message", "-32768"}).message, -32768);
+}
+
+TEST(Options, CurrentTakesUnknownCodesOf32Bits)
+{
+    EXPECT_EQ(options({"--current", "4"}).current, 4u);
+    EXPECT_EQ(options({"--current", "4294967295"}).current, 4294967295u);
+    EXPECT_EQ(options({"--current", "SPANISH"}).current, 6u);
+}
+
+TEST(Options, DisplayTakesThreeNames)
+{
+    EXPECT_EQ(options({"--display", "window"}).display, DisplayKind::Window);
+    EXPECT_EQ(options({"--display", "terminal"}).display, DisplayKind::Terminal);
+    EXPECT_EQ(options({"--display", "unattended"}).display, DisplayKind::Unattended);
+}
+
+TEST(Options, HelpNamesThemAll)
+{
+    const std::string help = std::get<std::string>(parse({"--help"}));
+    for (const char* const name : {"--message N", "--current LANG", "--display KIND", "--answer ANSWER", "--app DIR",
+             "--resources FILE", "--require-admin", "--record FILE", "--write-record FILE", "--picture FILE", "--json",
+             "--trace", "--help", "--version", "BUNDLE", "Exit status"})
+        EXPECT_NE(help.find(name), std::string::npos) << name;
+}
+
+TEST(Options, HelpFitsATerminal)
+{
+    const std::string help = std::get<std::string>(parse({"--help"}));
+    std::size_t start = 0;
+    for (std::size_t end; (end = help.find('\n', start)) != std::string::npos; start = end + 1)
+        EXPECT_LE(end - start, 80u) << help.substr(start, end - start);
+    EXPECT_EQ(start, help.size()) << "the last line has an end";
+}
+
+TEST(Options, VersionIsOneLine)
+{
+    const std::string version = std::get<std::string>(parse({"--version"}));
+    EXPECT_EQ(version.find("visex-host "), 0u);
+    EXPECT_EQ(version.find('\n'), version.size() - 1);
+}
+
+struct WrongCase {
+    const char* name;
+    Arguments arguments;
+    const char* line;
+};
+
+class WrongOptions : public testing::TestWithParam<WrongCase> { };
+
+TEST_P(WrongOptions, AreRefusedInOneLine)
+{
+    try {
+        parse(GetParam().arguments);
+        FAIL() << "they were taken";
+    } catch (const Problem& problem) {
+        EXPECT_EQ(problem.status, ExitStatus::NotDone);
+        EXPECT_EQ(problem.what(), GetParam().line + std::string("; --help lists the options"));
+    }
+}
+
+const WrongCase WRONG_CASES[] = {
+    {"UnknownOption", {"--foo"}, "there is no option '--foo'"},
+    {"UnknownShortOption", {"-x"}, "there is no option '-x'"},
+    {"BeginningOfAnOption", {"--mess", "1"}, "there is no option '--mess'"},
+    {"SecondBundle", {"a", "b"}, "one external at a time, and not also 'b'"},
+    {"EmptySecondBundle", {"a", ""}, "one external at a time, and not also ''"},
+    {"EmptyBundle", {""}, "BUNDLE needs a value"},
+    {"NoValue", {"--message"}, "--message needs a value"},
+    {"NoJoinedValue", {"--app="}, "--app needs a value"},
+    {"EmptyPath", {"--app", ""}, "--app needs a value"},
+    {"MessageTooLarge", {"--message", "32768"}, "--message takes a number from -32768 to 32767, and '32768' is none"},
+    {"MessageTooSmall", {"--message", "-32769"}, "--message takes a number from -32768 to 32767, and '-32769' is none"},
+    {"MessageThatWouldWrap", {"--message", "66536"},
+        "--message takes a number from -32768 to 32767, and '66536' is none"},
+    {"MessageNoNumber", {"--message", "1000x"}, "--message takes a number from -32768 to 32767, and '1000x' is none"},
+    {"MessageEmpty", {"--message", ""}, "--message needs a value"},
+    {"EmptyAnswer", {"--answer", ""}, "--answer needs a value"},
+    {"ValueForAFlag", {"--json=3"}, "json was given a disallowed flag override"},
+    {"MessageTakesAnOption", {"--message", "--json"},
+        "--message takes a number from -32768 to 32767, and '--json' is none"},
+    {"CurrentNoLanguage", {"--current", "klingon"},
+        "--current takes a language code or one of the six languages, and 'klingon' is neither"},
+    {"CurrentNegative", {"--current", "-1"},
+        "--current takes a language code or one of the six languages, and '-1' is neither"},
+    {"CurrentPast32Bits", {"--current", "4294967296"},
+        "--current takes a language code or one of the six languages, and '4294967296' is neither"},
+    {"DisplayUnknown", {"--display", "tv"}, "--display takes window, terminal or unattended, and 'tv' is none of them"},
+    {"AnswerForAWindow", {"--display", "window", "--answer", "ok"},
+        "--answer is for the unattended display, and --display names another"},
+    {"AnswerForATerminal", {"--answer", "ok", "--display", "terminal"},
+        "--answer is for the unattended display, and --display names another"},
+};
+INSTANTIATE_TEST_SUITE_P(
+    Cases, WrongOptions, testing::ValuesIn(WRONG_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(Options, RefuseAnUnknownAnswer)
+{
+    EXPECT_THROW(parse({"--answer", "maybe"}), Problem);
+}
+
+}  // namespace

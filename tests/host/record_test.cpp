@@ -1,0 +1,215 @@
+#include "host/ChosenLanguage.h"
+#include "host/Problem.h"
+#include "host/Record.h"
+#include "tests/host/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <functional>
+
+namespace {
+
+using namespace Host;
+namespace fs = std::filesystem;
+
+// Bytes that are all different from their neighbours.
+std::string bytes(std::size_t size)
+{
+    std::string made(size, '\0');
+    for (std::size_t i = 0; i < size; ++i)
+        made[i] = static_cast<char>(i * 7 % 251);
+    return made;
+}
+
+std::string problemOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const Problem& problem) {
+        EXPECT_EQ(problem.status, ExitStatus::NotDone);
+        return problem.what();
+    }
+    return "none";
+}
+
+TEST(Record, BeginsAsZeros)
+{
+    const TemporaryFolder folder;
+    Record().save(folder / "record");
+    EXPECT_EQ(contents(folder / "record"), std::string(614, '\0'));
+}
+
+TEST(Record, HasItsFieldsInItsBytes)
+{
+    const TemporaryFolder folder;
+    Record record;
+    record.block().message = 1000;
+    record.block().resultFlags = 0x80000001;
+    record.block().chosenLanguage = 11;
+    record.block().currentLanguage = 0x01020304;
+    record.save(folder / "record");
+
+    std::string expected(614, '\0');
+    expected.replace(0, 2, "\x03\xE8");
+    expected.replace(8, 4, std::string("\x80\0\0\x01", 4));
+    expected.replace(582, 2, std::string("\0\x0B", 2));
+    expected.replace(610, 4, "\x01\x02\x03\x04");
+    EXPECT_EQ(contents(folder / "record"), expected);
+}
+
+TEST(Record, ComesBackByteForByteWithItsTail)
+{
+    const TemporaryFolder folder;
+    for (const std::size_t size : {std::size_t{614}, std::size_t{615}, std::size_t{1000}, std::size_t{1024 * 1024}}) {
+        const fs::path file = folder.write("record", bytes(size));
+        Record::load(file).save(folder / "copy");
+        EXPECT_EQ(contents(folder / "copy"), bytes(size)) << size;
+    }
+}
+
+TEST(Record, ReadsItsFields)
+{
+    const TemporaryFolder folder;
+    std::string text(614, '\0');
+    text.replace(0, 2, "\xFF\xFE");
+    text.replace(610, 4, std::string("\0\0\0\x06", 4));
+    Record record = Record::load(folder.write("record", text));
+    EXPECT_EQ(record.block().message, -2);
+    EXPECT_EQ(record.block().currentLanguage, 6u);
+}
+
+TEST(RecordFile, MustBeLongEnough)
+{
+    const TemporaryFolder folder;
+    for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{613}}) {
+        const fs::path file = folder.write("record", bytes(size));
+        EXPECT_EQ(problemOf([&] { Record::load(file); }),
+            "the record '" + file.string() + "' has " + std::to_string(size) + " bytes, and a record has at least 614");
+    }
+}
+
+TEST(RecordFile, MustNotBeHuge)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder.write("record", bytes(1024 * 1024 + 1));
+    EXPECT_EQ(problemOf([&] { Record::load(file); }),
+        "cannot read the record '" + file.string() + "': it has more than 1048576 bytes");
+}
+
+TEST(RecordFile, MustBeThere)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder / "none";
+    EXPECT_EQ(problemOf([&] { Record::load(file); }),
+        "cannot read the record '" + file.string() + "': No such file or directory");
+}
+
+TEST(RecordFile, MustBeARegularFile)
+{
+    const TemporaryFolder folder;
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const fs::path& file : {folder / "", pipe, fs::path("/dev/zero")}) {
+        EXPECT_EQ(problemOf([&] { Record::load(file); }),
+            "cannot read the record '" + file.string() + "': it is not a regular file");
+    }
+}
+
+TEST(SavingARecord, ReplacesAFileAndKeepsItsPermissions)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder.write("record", "old");
+    fs::permissions(file, fs::perms(0640));
+    Record().save(file);
+    EXPECT_EQ(contents(file).size(), 614u);
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
+    EXPECT_EQ(folder.entries(), 1u) << "nothing is left beside it";
+}
+
+TEST(SavingARecord, WritesTheFileThatALinkLeadsTo)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder.write("record", "old");
+    fs::create_symlink(file, folder / "link");
+    Record().save(folder / "link");
+    EXPECT_TRUE(fs::is_symlink(folder / "link"));
+    EXPECT_EQ(contents(file).size(), 614u);
+}
+
+TEST(SavingARecord, ReplacesNothingButRegularFiles)
+{
+    const TemporaryFolder folder;
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    fs::create_directory(folder / "folder");
+    for (const fs::path& file : {pipe, folder / "folder"}) {
+        EXPECT_EQ(problemOf([&] { Record().save(file); }),
+            "cannot save the record in '" + file.string() + "': it is not a regular file");
+    }
+    EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST(SavingARecord, SaysWhyItCannot)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder / "none" / "record";
+    EXPECT_EQ(problemOf([&] { Record().save(file); }),
+        "cannot save the record in '" + file.string() + "': No such file or directory");
+}
+
+// Ends the process with 0 when a file that cannot grow past 100 bytes, as on a full disk, is said not to be saved.
+[[noreturn]] void saveOnAFullDisk(const fs::path& file)
+{
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{100, 100};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string problem = problemOf([&] { Record().save(file); });
+    _exit(problem == "cannot save the record in '" + file.string() + "': File too large" ? 0 : 1);
+}
+
+TEST(SavingARecord, LeavesTheOldFileWhenTheDiskIsFull)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder.write("record", "old");
+    EXPECT_EXIT(saveOnAFullDisk(file), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(contents(file), "old");
+    EXPECT_EQ(folder.entries(), 1u);
+}
+
+TEST(ChosenLanguage, IsWhatWasWritten)
+{
+    for (const UInt16 written : std::initializer_list<UInt16>{0, 1, 2, 3, 6, 11, 0x0102}) {
+        Record record;
+        record.block().chosenLanguage = written;  // the one that is there already, too
+        ChosenLanguage chosen(record.block());
+        record.block().chosenLanguage = written;
+        EXPECT_EQ(chosen.settle(), written);
+        EXPECT_EQ(record.block().chosenLanguage, written);
+    }
+}
+
+TEST(ChosenLanguage, IsNoneWhenNothingWasWritten)
+{
+    Record record;
+    record.block().chosenLanguage = 6;
+    ChosenLanguage chosen(record.block());
+    EXPECT_NE(record.block().chosenLanguage, 6) << "the field must not look like a language that was chosen";
+    EXPECT_EQ(chosen.settle(), std::nullopt);
+    EXPECT_EQ(record.block().chosenLanguage, 6) << "the field has its own value again";
+}
+
+TEST(ChosenLanguage, TouchesNoOtherByte)
+{
+    const TemporaryFolder folder;
+    Record record = Record::load(folder.write("record", bytes(700)));
+    ChosenLanguage(record.block()).settle();
+    record.save(folder / "after");
+    EXPECT_EQ(contents(folder / "after"), bytes(700));
+}
+
+}  // namespace

@@ -1,0 +1,182 @@
+#include "host/Report.h"
+
+#include <nlohmann/json.hpp>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Host;
+using nlohmann::json;
+
+// A call with German current and French in the field for the chosen one, which nobody wrote.
+Report plainReport()
+{
+    Report report;
+    report.message = 1000;
+    report.current = 2;
+    report.chosenBefore = 1;
+    report.flagsBefore = report.flagsAfter = 0x80;
+    return report;
+}
+
+Report chosenReport(std::uint16_t code)
+{
+    Report report = plainReport();
+    report.chosen = code;
+    return report;
+}
+
+const Toolbox::ShownAlert ALERT_5000{"stop", 5000, "Not served.", "", {"OK"}, 1};
+const Toolbox::ShownAlert ERROR_BOX{"note", std::nullopt, "Language Selector Error", "Can't find <b>", {"OK"}, 1};
+
+struct StatusCase {
+    const char* name;
+    bool chosen;
+    std::uint32_t flagsBefore;
+    std::uint32_t flagsAfter;
+    bool alert;
+    bool unfit;
+    ExitStatus status;
+};
+
+class StatusOf : public testing::TestWithParam<StatusCase> { };
+
+TEST_P(StatusOf, FollowsFromTheReport)
+{
+    Report report = GetParam().chosen ? chosenReport(11) : plainReport();
+    report.flagsBefore = GetParam().flagsBefore;
+    report.flagsAfter = GetParam().flagsAfter;
+    if (GetParam().alert)
+        report.alerts.push_back(ERROR_BOX);
+    report.answerWasUnfit = GetParam().unfit;
+    EXPECT_EQ(statusOf(report), GetParam().status);
+}
+
+// clang-format off
+const StatusCase STATUS_CASES[] = {
+    // name                    chosen before after  alert  unfit
+    {"Chosen",                 true,  0, 0,          false, false, ExitStatus::Chosen},
+    {"Nothing",                false, 0, 0,          false, false, ExitStatus::NothingChosen},
+    {"FlagNewlySet",           false, 0, 1,          true,  false, ExitStatus::Refused},
+    {"FlagNewlySetUnshown",    false, 0, 1,          false, false, ExitStatus::Refused},
+    {"FlagSetAndChosen",       true,  0, 1,          false, false, ExitStatus::Refused},
+    {"FlagAmongOthers",        false, 6, 7,          false, false, ExitStatus::Refused},
+    {"FlagSetBefore",          false, 1, 1,          false, false, ExitStatus::NothingChosen},
+    {"FlagSetBeforeAndChosen", true,  1, 1,          false, false, ExitStatus::Chosen},
+    {"FlagCleared",            false, 1, 0,          false, false, ExitStatus::NothingChosen},
+    {"OtherFlagSet",           false, 0, 2,          false, false, ExitStatus::NothingChosen},
+    {"AlertAndNothing",        false, 0, 0,          true,  false, ExitStatus::Refused},
+    {"AlertAndChosen",         true,  0, 0,          true,  false, ExitStatus::Chosen},
+    {"UnfitAnswer",            false, 0, 0,          false, true,  ExitStatus::NotDone},
+    {"UnfitAnswerAndAlert",    false, 0, 1,          true,  true,  ExitStatus::NotDone},
+};
+// clang-format on
+INSTANTIATE_TEST_SUITE_P(
+    Cases, StatusOf, testing::ValuesIn(STATUS_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(InWords, TellsOfAChosenLanguage)
+{
+    EXPECT_EQ(inWords(chosenReport(11)),
+        "Before: message 1000, current language German (2), chosen language French (1), flags 0x00000080\n"
+        "After:  message 1000, current language German (2), chosen language Japanese (11), flags 0x00000080\n"
+        "Japanese (11) was written to the record.\n");
+}
+
+TEST(InWords, TellsThatNothingWasWritten)
+{
+    EXPECT_EQ(inWords(plainReport()),
+        "Before: message 1000, current language German (2), chosen language French (1), flags 0x00000080\n"
+        "After:  message 1000, current language German (2), chosen language French (1), flags 0x00000080\n"
+        "No language was written to the record.\n");
+}
+
+TEST(InWords, TellsOfAMessageThatIsNotServed)
+{
+    Report report = plainReport();
+    report.message = -1;
+    report.current = 4;
+    report.flagsAfter = 0xFFFFFF81;
+    report.alerts = {ALERT_5000};
+    EXPECT_EQ(inWords(report),
+        "Before: message -1, current language no known language (4), chosen language French (1), flags 0x00000080\n"
+        "Alert:  stop 5000, \"Not served.\" [OK], button 1 was pressed\n"
+        "After:  message -1, current language no known language (4), chosen language French (1), flags 0xffffff81\n"
+        "No language was written to the record: the external does not serve this message.\n");
+}
+
+TEST(InWords, TellsOfEveryAlertInItsOrder)
+{
+    Report report = plainReport();
+    report.alerts = {ERROR_BOX, {"caution", std::nullopt, "Sure?", "", {"Yes", "No"}, 2}};
+    const std::string words = inWords(report);
+    EXPECT_NE(words.find("Alert:  note, \"Language Selector Error\", \"Can't find <b>\" [OK], button 1 was pressed\n"
+                         "Alert:  caution, \"Sure?\" [Yes] [No], button 2 was pressed\n"
+                         "After:"),
+        std::string::npos)
+        << words;
+    EXPECT_NE(
+        words.find("\nNo language was written to the record: the external reported an error.\n"), std::string::npos);
+}
+
+TEST(InWords, KeepsTheTextsOfAlertsWithinTheirLine)
+{
+    Report report = plainReport();
+    report.alerts = {{"note", std::nullopt, "one\rtwo\nthree\x1B[2J", "four\tfive\x7F", {"O\nK"}, 1}};
+    EXPECT_NE(inWords(report).find("note, \"one two three [2J\", \"four five \" [O K],"), std::string::npos);
+}
+
+TEST(InJson, HasEveryField)
+{
+    EXPECT_EQ(json::parse(inJson(chosenReport(11))), json::parse(R"({
+            "message": 1000,
+            "current": {"code": 2, "name": "German"},
+            "chosen": {"code": 11, "name": "Japanese"},
+            "flags": {"before": 128, "after": 128},
+            "alerts": [],
+            "result": "chosen"
+        })"));
+}
+
+TEST(InJson, SaysNullForWhatIsNotThere)
+{
+    Report report = plainReport();
+    report.current = 4;
+    const json parsed = json::parse(inJson(report));
+    EXPECT_EQ(parsed["current"], json::parse(R"({"code": 4, "name": null})"));
+    EXPECT_EQ(parsed["chosen"], json());
+    EXPECT_EQ(parsed["result"], "nothing chosen");
+}
+
+TEST(InJson, TellsOfAlertsWithAnIdOnlyIfTheyHaveOne)
+{
+    Report report = plainReport();
+    report.flagsAfter = 0x81;
+    report.alerts = {ALERT_5000, ERROR_BOX};
+    const json parsed = json::parse(inJson(report));
+    EXPECT_EQ(parsed["alerts"], json::parse(R"([
+        {"kind": "stop", "id": 5000, "text": "Not served.", "explanation": "", "buttons": ["OK"], "pressed": 1},
+        {"kind": "note", "text": "Language Selector Error", "explanation": "Can't find <b>", "buttons": ["OK"],
+         "pressed": 1}
+    ])"));
+    EXPECT_EQ(parsed["flags"], json::parse(R"({"before": 128, "after": 129})"));
+    EXPECT_EQ(parsed["result"], "refused");
+}
+
+TEST(InJson, TellsOfAnUnfitAnswer)
+{
+    Report report = plainReport();
+    report.answerWasUnfit = true;
+    EXPECT_EQ(json::parse(inJson(report))["result"], "unfit answer");
+}
+
+TEST(InJson, KeepsLineBreaksAndReplacesWhatIsNoText)
+{
+    Report report = plainReport();
+    report.alerts = {{"note", std::nullopt, "one\ntwo & \"three\"", "bad \xFF byte", {}, 0}};
+    const json parsed = json::parse(inJson(report));
+    EXPECT_EQ(parsed["alerts"][0]["text"], "one\ntwo & \"three\"");
+    EXPECT_EQ(parsed["alerts"][0]["explanation"], "bad \xEF\xBF\xBD byte");
+}
+
+}  // namespace
