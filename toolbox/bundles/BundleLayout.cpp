@@ -23,7 +23,7 @@ constexpr BundleLayout AT_THE_TOP = {"Info.plist", "", "PlugIns"};
 #define PLATFORM_FOLDER "Linux"
 #endif
 
-constexpr const char* EXECUTABLE_FOLDERS[] = {"Contents/" PLATFORM_FOLDER, "Contents", ""};
+constexpr const char* EXECUTABLE_FOLDERS[] = {("Contents/" PLATFORM_FOLDER), "Contents", ""};
 
 bool hasFolder(const fs::path& root, const char* name)
 {
