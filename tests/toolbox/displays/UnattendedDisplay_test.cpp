@@ -287,6 +287,16 @@ TEST_F(UnattendedWindow, ForgetsAnUnfitAnswerWithTheNextList)
     EXPECT_FALSE(AnswerWasUnfit());
 }
 
+TEST_F(UnattendedWindow, CountsTheAnswersThatWereNotTaken)
+{
+    EXPECT_EQ(run({item(2), command(kHICommandOK), item(1), button(1)}), noErr);
+    EXPECT_EQ(Toolbox::UnusedAnswers(), 2u);
+    EXPECT_EQ(Toolbox::currentDisplay()->runAlert({}), 0) << "the next one is for a window";
+    EXPECT_EQ(Toolbox::UnusedAnswers(), 2u);
+    EXPECT_EQ(run({}), noErr);
+    EXPECT_EQ(Toolbox::UnusedAnswers(), 0u);
+}
+
 // ---- Alerts
 
 struct AlertCase {
