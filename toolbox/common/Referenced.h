@@ -10,7 +10,6 @@
 #include "toolbox/common/LiveCount.h"
 
 #include <cstdint>
-#include <optional>
 #include <unordered_map>
 
 namespace Toolbox {
@@ -38,15 +37,12 @@ public:
 protected:
     Referenced()
         : m_ref(reinterpret_cast<Ref>(nextReference()))
+        , m_alive(Object::KIND)
     {
-        countAs(Object::KIND);
         objects().emplace(m_ref, static_cast<Object*>(this));
     }
 
     ~Referenced() { objects().erase(m_ref); }
-
-    /// Counts this object as of another kind from now on: one that is not meant to end, and so is no leak.
-    void countAs(const char* kind) { m_alive.emplace(kind); }
 
 private:
     static std::unordered_map<Ref, Object*>& objects()
@@ -57,7 +53,7 @@ private:
     }
 
     const Ref m_ref;
-    std::optional<LiveCount> m_alive;
+    const LiveCount m_alive;
 };
 
 }  // namespace Toolbox

@@ -15,6 +15,8 @@ namespace Toolbox {
 
 namespace {
 
+constexpr ByteCount UNIT = sizeof(UniChar);
+
 OpaqueTextToUnicodeInfo textToUnicode;
 OpaqueUnicodeToTextInfo unicodeToText;
 
@@ -111,11 +113,11 @@ OSStatus ConvertFromTextToUnicode(TextToUnicodeInfo converter, ByteCount sourceL
     if (refusal != noErr)
         return call.gives(refusal);
 
-    const ByteCount capacity = bufferSize / sizeof(UniChar);
+    const ByteCount capacity = bufferSize / UNIT;
     const ByteCount done = std::min(sourceLength, capacity);
     macRomanToUnicode(static_cast<const UInt8*>(source), done, unicode);
     *sourceRead = done;
-    *unicodeLength = done * static_cast<ByteCount>(sizeof(UniChar));
+    *unicodeLength = done * UNIT;
     return call.gives(outcome(sourceLength, capacity, done));
 }
 
@@ -133,13 +135,13 @@ OSStatus ConvertFromUnicodeToText(UnicodeToTextInfo converter, ByteCount unicode
     if (refusal != noErr)
         return call.gives(refusal);
 
-    const ByteCount units = unicodeLength / sizeof(UniChar);
+    const ByteCount units = unicodeLength / UNIT;
     const auto done =
         static_cast<ByteCount>(unicodeToMacRoman(unicode, std::min(units, bufferSize), static_cast<UInt8*>(text)));
-    *sourceRead = done * static_cast<ByteCount>(sizeof(UniChar));
+    *sourceRead = done * UNIT;
     *textLength = done;
     const OSStatus result = outcome(units, bufferSize, done);
-    const bool endsWithinUnit = unicodeLength % sizeof(UniChar) != 0;
+    const bool endsWithinUnit = unicodeLength % UNIT != 0;
     if (result == noErr && endsWithinUnit)
         return call.gives(OSStatus(kTECPartialCharErr));
     return call.gives(result);
