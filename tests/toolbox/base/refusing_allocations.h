@@ -1,0 +1,35 @@
+// Makes `operator new` fail, one allocation after the other.
+
+#ifndef TESTS_TOOLBOX_BASE_REFUSING_ALLOCATIONS_H
+#define TESTS_TOOLBOX_BASE_REFUSING_ALLOCATIONS_H
+
+/// While this lives, allocation number `number` (from 0) and all that follow it are refused.
+class RefusingAllocations {
+public:
+    explicit RefusingAllocations(int number);
+    ~RefusingAllocations();
+    RefusingAllocations(const RefusingAllocations&) = delete;
+    RefusingAllocations& operator=(const RefusingAllocations&) = delete;
+
+    /// Whether an allocation was refused yet.
+    bool refusedOne() const;
+};
+
+/// Does `attempt` once for each of its allocations, which is refused with those after it, and at last with none
+/// refused. After each of them `check` is told whether one was. Returns how many allocations there were.
+template <typename Attempt, typename Check> int refuseEachAllocation(Attempt attempt, Check check)
+{
+    for (int number = 0;; ++number) {
+        bool refused = false;
+        {
+            const RefusingAllocations refusing(number);
+            attempt();
+            refused = refusing.refusedOne();
+        }
+        check(refused);
+        if (!refused)
+            return number;
+    }
+}
+
+#endif

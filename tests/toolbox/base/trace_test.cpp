@@ -1,0 +1,166 @@
+#include "toolbox/common/TracedCall.h"
+
+#include <Carbon/MacMemory.h>
+#include <Carbon/Resources.h>
+#include <Carbon/UnicodeConverter.h>
+#include <Toolbox/Trace.h>
+
+#include <cinttypes>
+#include <cstdio>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Toolbox::ForeignCode;
+using Toolbox::TracedCall;
+
+// Collects the lines for as long as the test lasts.
+class Trace : public testing::Test {
+protected:
+    Trace()
+    {
+        Toolbox::SetTrace([this](const std::string& line) { m_lines.push_back(line); });
+    }
+
+    ~Trace() override { Toolbox::SetTrace(nullptr); }
+
+    std::vector<std::string> m_lines;
+};
+
+using Lines = std::vector<std::string>;
+
+TEST_F(Trace, TellsNameArgumentsAndResult)
+{
+    GetResource('CALL', 1000);
+    CloseResFile(-1);
+    MemError();
+    BitTst(nullptr, 7);
+    EXPECT_EQ(m_lines,
+        (Lines{"GetResource('CALL', 1000) = null", "CloseResFile(-1)", "MemError() = 0", "BitTst(null, 7) = 0"}));
+}
+
+TEST_F(Trace, TellsPointersByTheirAddress)
+{
+    const Ptr block = NewPtr(12);
+    DisposePtr(block);
+    char address[32];
+    std::snprintf(address, sizeof address, "0x%" PRIxPTR, reinterpret_cast<std::uintptr_t>(block));
+    EXPECT_EQ(m_lines, (Lines{std::string("NewPtr(12) = ") + address, std::string("DisposePtr(") + address + ")"}));
+}
+
+TEST_F(Trace, TellsAllArgumentsOfAConversion)
+{
+    ConvertFromTextToUnicode(nullptr, 1, nullptr, 2, 3, nullptr, nullptr, nullptr, 4, nullptr, nullptr, nullptr);
+    ConvertFromUnicodeToText(nullptr, 5, nullptr, 6, 7, nullptr, nullptr, nullptr, 8, nullptr, nullptr, nullptr);
+    EXPECT_EQ(m_lines,
+        (Lines{"ConvertFromTextToUnicode(null, 1, null, 2, 3, null, null, null, 4, null, null, null) = -50",
+            "ConvertFromUnicodeToText(null, 5, null, 6, 7, null, null, null, 8, null, null, null) = -50"}));
+}
+
+TEST_F(Trace, LeavesOutCallsFromInsideTheToolbox)
+{
+    CreateUnicodeToTextInfoByEncoding(0, nullptr);
+    UnicodeToTextInfo converter = nullptr;
+    CreateUnicodeToTextInfoByEncoding(0, &converter);
+    ASSERT_EQ(m_lines.size(), 2u) << "the converters' call of CreateTextEncoding is left out";
+    EXPECT_EQ(m_lines[0], "CreateUnicodeToTextInfoByEncoding(0, null) = -50");
+}
+
+TEST_F(Trace, ReportsACallWhenItEnds)
+{
+    {
+        const TracedCall outer("Outer");
+        EXPECT_TRUE(m_lines.empty());
+        const TracedCall inner("Inner");
+    }
+    EXPECT_EQ(m_lines, Lines{"Outer()"});
+}
+
+TEST_F(Trace, ReportsForeignCodeInsideACallAgain)
+{
+    {
+        const TracedCall outer("Outer");
+        {
+            const ForeignCode handler;
+            MemError();
+            const TracedCall own("Own");
+            MemError();
+        }
+        MemError();
+    }
+    MemError();
+    EXPECT_EQ(m_lines, (Lines{"MemError() = 0", "Own()", "Outer()", "MemError() = 0"}));
+}
+
+TEST_F(Trace, IsSwitchedOffByAnEmptySink)
+{
+    Toolbox::SetTrace(nullptr);
+    MemError();
+    EXPECT_TRUE(m_lines.empty());
+}
+
+TEST_F(Trace, MaySwitchOffWithinACall)
+{
+    {
+        const TracedCall outer("Outer");
+        Toolbox::SetTrace(nullptr);
+    }
+    EXPECT_TRUE(m_lines.empty());
+}
+
+TEST_F(Trace, CountsCallsOnEachThreadByItself)
+{
+    const TracedCall outer("Outer");
+    std::thread(MemError).join();
+    EXPECT_EQ(m_lines, Lines{"MemError() = 0"});
+}
+
+struct NumberCase {
+    long long number;
+    const char* text;
+};
+
+const NumberCase NUMBER_CASES[] = {
+    {0, "0"},
+    {-1, "-1"},
+    {-9874, "-9874"},
+    {0x43414C4C, "'CALL'"},
+    {0x6F6B2020, "'ok  '"},
+    {0x20202020, "'    '"},
+    {0x7E7E7E7E, "'~~~~'"},
+    {0x1F434343, "524501827"},
+    {0x4343437F, "1128481663"},
+    {0x143414C4C, "5423320140"},
+    {-0x43414C4C, "-1128352844"},
+};
+
+TEST_F(Trace, TellsFourCharacterCodesByTheirCharacters)
+{
+    for (const NumberCase& row : NUMBER_CASES) {
+        {
+            TracedCall call("Call", row.number);
+            EXPECT_EQ(call.gives(row.number), row.number);
+        }
+        EXPECT_EQ(m_lines.back(), std::string("Call(") + row.text + ") = " + row.text);
+    }
+}
+
+void procedure() { }
+
+TEST_F(Trace, TellsProceduresAndStructures)
+{
+    struct Structure {
+        int field;
+    };
+    using Procedure = void (*)();
+    {
+        const TracedCall call("Call", &procedure, Procedure(nullptr), Structure{1});
+    }
+    EXPECT_EQ(m_lines, Lines{"Call(procedure, null, ...)"});
+}
+
+}  // namespace

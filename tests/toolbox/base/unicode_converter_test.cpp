@@ -1,0 +1,317 @@
+#include <Carbon/UnicodeConverter.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const TextEncoding MAC_ROMAN =
+    CreateTextEncoding(kTextEncodingMacRoman, kTextEncodingDefaultVariant, kTextEncodingDefaultFormat);
+
+TextToUnicodeInfo textToUnicode()
+{
+    TextToUnicodeInfo converter = nullptr;
+    EXPECT_EQ(CreateTextToUnicodeInfoByEncoding(MAC_ROMAN, &converter), noErr);
+    return converter;
+}
+
+UnicodeToTextInfo unicodeToText()
+{
+    UnicodeToTextInfo converter = nullptr;
+    EXPECT_EQ(CreateUnicodeToTextInfoByEncoding(MAC_ROMAN, &converter), noErr);
+    return converter;
+}
+
+TEST(CreateTextEncoding, PutsTheThreePartsIntoOneNumber)
+{
+    EXPECT_EQ(CreateTextEncoding(0, 0, 0), 0u);
+    EXPECT_EQ(CreateTextEncoding(0x0100, 0, 0), 0x0100u);
+    EXPECT_EQ(CreateTextEncoding(0, 2, 0), 0x00020000u);
+    EXPECT_EQ(CreateTextEncoding(0x0100, 0, 2), 0x08000100u);
+    EXPECT_EQ(CreateTextEncoding(0xFFFF, 0x3FF, 0xF), 0x3FFFFFFFu);
+}
+
+TEST(CreateTextEncoding, KeepsEachPartWithinItsBits)
+{
+    EXPECT_EQ(CreateTextEncoding(0x10000, 0x400, 0x10), 0u);
+}
+
+TEST(CreateConverter, HandsOutOneForEachDirection)
+{
+    ASSERT_NE(textToUnicode(), nullptr);
+    ASSERT_NE(unicodeToText(), nullptr);
+    EXPECT_EQ(textToUnicode(), textToUnicode());
+    EXPECT_EQ(unicodeToText(), unicodeToText());
+    EXPECT_NE(static_cast<void*>(textToUnicode()), static_cast<void*>(unicodeToText()));
+}
+
+TEST(CreateConverter, RefusesANullResult)
+{
+    EXPECT_EQ(CreateTextToUnicodeInfoByEncoding(MAC_ROMAN, nullptr), paramErr);
+    EXPECT_EQ(CreateUnicodeToTextInfoByEncoding(MAC_ROMAN, nullptr), paramErr);
+}
+
+TEST(CreateConverter, RefusesEveryOtherEncoding)
+{
+    for (const TextEncoding encoding : {1u, 0x0100u, 0x0600u, 0x00010000u, 0x04000000u, 0xFFFFFFFFu}) {
+        TextToUnicodeInfo toUnicode = textToUnicode();
+        EXPECT_EQ(CreateTextToUnicodeInfoByEncoding(encoding, &toUnicode), kTextUnsupportedEncodingErr) << encoding;
+        EXPECT_EQ(toUnicode, nullptr);
+        UnicodeToTextInfo toText = unicodeToText();
+        EXPECT_EQ(CreateUnicodeToTextInfoByEncoding(encoding, &toText), kTextUnsupportedEncodingErr) << encoding;
+        EXPECT_EQ(toText, nullptr);
+    }
+}
+
+constexpr ByteCount UNTOUCHED = 0xABCD;
+
+// One call: what it is given besides the text, and what it must answer. Lengths are in bytes.
+struct ToUnicodeCase {
+    const char* name;
+    std::string text;
+    ByteCount bufferSize;
+    OSStatus result;
+    ByteCount read;
+    std::vector<UniChar> unicode;
+};
+
+// clang-format off
+const ToUnicodeCase TO_UNICODE_CASES[] = {
+    // name                 text          size  result                        read  unicode
+    {"NoText",              "",           0,    noErr,                         0,   {}},
+    {"NoTextSomeRoom",      "",           8,    noErr,                         0,   {}},
+    {"OneCharacter",        "a",          2,    noErr,                         1,   {'a'}},
+    {"ExactFit",            "ab\x8A",     6,    noErr,                         3,   {'a', 'b', 0xE4}},
+    {"RoomToSpare",         "ab",         100,  noErr,                         2,   {'a', 'b'}},
+    {"ZeroByte",            {"a\0b", 3},  6,    noErr,                         3,   {'a', 0, 'b'}},
+    {"UpperHalf",           "\x80\xF0\xFF", 6,  noErr,                         3,   {0xC4, 0xF8FF, 0x2C7}},
+    {"NoRoom",              "a",          0,    kTECBufferBelowMinimumSizeErr, 0,   {}},
+    {"RoomForHalfAUnit",    "a",          1,    kTECBufferBelowMinimumSizeErr, 0,   {}},
+    {"OneUnitTooFew",       "ab",         2,    kTECOutputBufferFullStatus,    1,   {'a'}},
+    {"HalfAUnitTooFew",     "ab",         3,    kTECOutputBufferFullStatus,    1,   {'a'}},
+    {"ThreeOfFour",         "abcd",       7,    kTECOutputBufferFullStatus,    3,   {'a', 'b', 'c'}},
+};
+// clang-format on
+
+class TextToUnicode : public testing::TestWithParam<ToUnicodeCase> { };
+
+TEST_P(TextToUnicode, ConvertsWhatFits)
+{
+    const ToUnicodeCase& row = GetParam();
+    std::vector<UniChar> buffer(row.unicode.size() + 1, 0x5555);
+    ByteCount read = UNTOUCHED;
+    ByteCount written = UNTOUCHED;
+    EXPECT_EQ(ConvertFromTextToUnicode(textToUnicode(), static_cast<ByteCount>(row.text.size()), row.text.data(), 0, 0,
+                  nullptr, nullptr, nullptr, row.bufferSize, &read, &written, buffer.data()),
+        row.result);
+    EXPECT_EQ(read, row.read);
+    EXPECT_EQ(written, row.unicode.size() * 2);
+    EXPECT_EQ(buffer.back(), 0x5555) << "no terminator is written";
+    buffer.pop_back();
+    EXPECT_EQ(buffer, row.unicode);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, TextToUnicode, testing::ValuesIn(TO_UNICODE_CASES), [](const auto& row) { return row.param.name; });
+
+struct ToTextCase {
+    const char* name;
+    std::vector<UniChar> unicode;
+    ByteCount unicodeLength;
+    ByteCount bufferSize;
+    OSStatus result;
+    ByteCount read;
+    std::string text;
+};
+
+// clang-format off
+const ToTextCase TO_TEXT_CASES[] = {
+    // name                  unicode               length size  result                       read  text
+    {"NoText",               {},                     0,   0,    noErr,                         0,  ""},
+    {"NoTextSomeRoom",       {},                     0,   8,    noErr,                         0,  ""},
+    {"OneCharacter",         {'a'},                  2,   1,    noErr,                         2,  "a"},
+    {"ExactFit",             {'a', 0xE4, 0x20AC},    6,   3,    noErr,                         6,  "a\x8A\xDB"},
+    {"RoomToSpare",          {'a', 'b'},             4,   100,  noErr,                         4,  "ab"},
+    {"ZeroUnit",             {'a', 0, 'b'},          6,   3,    noErr,                         6,  {"a\0b", 3}},
+    {"NoRoom",               {'a'},                  2,   0,    kTECBufferBelowMinimumSizeErr, 0,  ""},
+    {"OneByteTooFew",        {'a', 'b'},             4,   1,    kTECOutputBufferFullStatus,    2,  "a"},
+    {"UnmappableAtOnce",     {0x4E00, 'a'},          4,   2,    kTECUnmappableElementErr,      0,  ""},
+    {"UnmappableLater",      {'a', 'b', 0x4E00},     6,   3,    kTECUnmappableElementErr,      4,  "ab"},
+    {"UnmappableAtTheFull",  {'a', 'b', 0x4E00},     6,   2,    kTECOutputBufferFullStatus,    4,  "ab"},
+    {"UnmappableWithNoRoom", {0x4E00},               2,   0,    kTECBufferBelowMinimumSizeErr, 0,  ""},
+    {"LoneHighSurrogate",    {'a', 0xD83D},          4,   4,    kTECUnmappableElementErr,      2,  "a"},
+    {"SurrogatePair",        {'a', 0xD83D, 0xDE00},  6,   6,    kTECUnmappableElementErr,      2,  "a"},
+    {"LetterAndAccent",      {'e', 0x0301},          4,   4,    kTECUnmappableElementErr,      2,  "e"},
+    {"LookAlikeOfMinus",     {0x2212},               2,   4,    kTECUnmappableElementErr,      0,  ""},
+    {"HalfAUnit",            {'a'},                  1,   4,    kTECPartialCharErr,            0,  ""},
+    {"HalfAUnitNoRoom",      {'a'},                  1,   0,    kTECPartialCharErr,            0,  ""},
+    {"OneAndAHalf",          {'a', 'b'},             3,   4,    kTECPartialCharErr,            2,  "a"},
+    {"OneAndAHalfJustFits",  {'a', 'b'},             3,   1,    kTECPartialCharErr,            2,  "a"},
+    {"TwoAndAHalfTooFew",    {'a', 'b', 'c'},        5,   1,    kTECOutputBufferFullStatus,    2,  "a"},
+    {"UnmappableThenHalf",   {0x4E00, 'b'},          3,   4,    kTECUnmappableElementErr,      0,  ""},
+};
+// clang-format on
+
+class UnicodeToText : public testing::TestWithParam<ToTextCase> { };
+
+TEST_P(UnicodeToText, ConvertsWhatFitsAndCanBeMapped)
+{
+    const ToTextCase& row = GetParam();
+    std::string buffer(row.text.size() + 1, '.');
+    ByteCount read = UNTOUCHED;
+    ByteCount written = UNTOUCHED;
+    EXPECT_EQ(ConvertFromUnicodeToText(unicodeToText(), row.unicodeLength, row.unicode.data(), 0, 0, nullptr, nullptr,
+                  nullptr, row.bufferSize, &read, &written, buffer.data()),
+        row.result);
+    EXPECT_EQ(read, row.read);
+    EXPECT_EQ(written, row.text.size());
+    EXPECT_EQ(buffer, row.text + ".") << "no terminator is written";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, UnicodeToText, testing::ValuesIn(TO_TEXT_CASES), [](const auto& row) { return row.param.name; });
+
+// The arguments of one call in either direction, all good until a test spoils one.
+struct Arguments {
+    bool isNullConverter = false;
+    bool isForeignConverter = false;
+    ByteCount sourceLength = 2;
+    bool isNullSource = false;
+    OptionBits flags = 0;
+    ItemCount offsetCount = 0;
+    bool hasOffsets = false;
+    bool hasOffsetsUsed = false;
+    bool hasResultOffsets = false;
+    ByteCount bufferSize = 4;
+    bool isNullBuffer = false;
+    bool isNullRead = false;
+    bool isNullWritten = false;
+};
+
+struct ArgumentsCase {
+    const char* name;
+    Arguments arguments;
+    OSStatus result;
+};
+
+Arguments with(void (*spoil)(Arguments&))
+{
+    Arguments arguments;
+    spoil(arguments);
+    return arguments;
+}
+
+const ArgumentsCase ARGUMENTS_CASES[] = {
+    {"AllGood", Arguments(), noErr},
+    {"NullConverter", with([](Arguments& a) { a.isNullConverter = true; }), paramErr},
+    {"ForeignConverter", with([](Arguments& a) { a.isForeignConverter = true; }), kTECCorruptConverterErr},
+    {"NullSource", with([](Arguments& a) { a.isNullSource = true; }), paramErr},
+    {"NullBuffer", with([](Arguments& a) { a.isNullBuffer = true; }), paramErr},
+    {"NullRead", with([](Arguments& a) { a.isNullRead = true; }), paramErr},
+    {"NullWritten", with([](Arguments& a) { a.isNullWritten = true; }), paramErr},
+    {"Flags", with([](Arguments& a) { a.flags = 1; }), paramErr},
+    {"OffsetCount", with([](Arguments& a) { a.offsetCount = 1; }), paramErr},
+    {"Offsets", with([](Arguments& a) { a.hasOffsets = true; }), paramErr},
+    {"OffsetsUsed", with([](Arguments& a) { a.hasOffsetsUsed = true; }), paramErr},
+    {"ResultOffsets", with([](Arguments& a) { a.hasResultOffsets = true; }), paramErr},
+    {"NullBufferOfNoSize", with([](Arguments& a) {
+         a.isNullBuffer = true;
+         a.bufferSize = 0;
+     }),
+        kTECBufferBelowMinimumSizeErr},
+    {"NullSourceOfNoLength", with([](Arguments& a) {
+         a.isNullSource = true;
+         a.sourceLength = 0;
+     }),
+        noErr},
+    {"NothingToConvertIntoNowhere", with([](Arguments& a) {
+         a.sourceLength = 0;
+         a.isNullBuffer = true;
+     }),
+        noErr},
+};
+
+class ConverterArguments : public testing::TestWithParam<ArgumentsCase> {
+protected:
+    template <typename Converter, typename Source, typename Buffer, typename Convert>
+    void expectResult(Converter good, Converter foreign, const Source* source, Buffer* buffer, Convert convert)
+    {
+        const Arguments& given = GetParam().arguments;
+        ByteOffset offset = 0;
+        ItemCount used = 0;
+        ByteCount read = UNTOUCHED;
+        ByteCount written = UNTOUCHED;
+        Converter converter = given.isForeignConverter ? foreign : given.isNullConverter ? nullptr : good;
+        EXPECT_EQ(convert(converter, given.sourceLength, given.isNullSource ? nullptr : source, given.flags,
+                      given.offsetCount, given.hasOffsets ? &offset : nullptr, given.hasOffsetsUsed ? &used : nullptr,
+                      given.hasResultOffsets ? &offset : nullptr, given.bufferSize, given.isNullRead ? nullptr : &read,
+                      given.isNullWritten ? nullptr : &written, given.isNullBuffer ? nullptr : buffer),
+            GetParam().result);
+        if (GetParam().result != noErr) {
+            EXPECT_EQ(read, given.isNullRead ? UNTOUCHED : 0);
+            EXPECT_EQ(written, given.isNullWritten ? UNTOUCHED : 0);
+        }
+    }
+};
+
+TEST_P(ConverterArguments, AreJudgedFromTextToUnicode)
+{
+    UniChar buffer[2] = {};
+    expectResult(
+        textToUnicode(), reinterpret_cast<TextToUnicodeInfo>(unicodeToText()), "ab", buffer, ConvertFromTextToUnicode);
+}
+
+TEST_P(ConverterArguments, AreJudgedFromUnicodeToText)
+{
+    const UniChar source[] = {'a'};
+    char buffer[4] = {};
+    expectResult(unicodeToText(), reinterpret_cast<UnicodeToTextInfo>(textToUnicode()), source, buffer,
+        ConvertFromUnicodeToText);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ConverterArguments, testing::ValuesIn(ARGUMENTS_CASES), [](const auto& row) { return row.param.name; });
+
+// Every text of one character converts to Unicode and back to itself, on many threads at once.
+void convertAllBytes(int rounds, bool* allRight)
+{
+    *allRight = true;
+    for (int round = 0; round < rounds; ++round) {
+        UInt8 text[256];
+        for (unsigned byte = 0; byte < 256; ++byte)
+            text[byte] = static_cast<UInt8>(byte);
+        UniChar unicode[256] = {};
+        UInt8 back[256] = {};
+        ByteCount read = 0;
+        ByteCount written = 0;
+        TextToUnicodeInfo toUnicode = nullptr;
+        UnicodeToTextInfo toText = nullptr;
+        *allRight = *allRight && CreateTextToUnicodeInfoByEncoding(MAC_ROMAN, &toUnicode) == noErr
+            && CreateUnicodeToTextInfoByEncoding(MAC_ROMAN, &toText) == noErr
+            && ConvertFromTextToUnicode(
+                   toUnicode, 256, text, 0, 0, nullptr, nullptr, nullptr, 512, &read, &written, unicode)
+                == noErr
+            && ConvertFromUnicodeToText(
+                   toText, 512, unicode, 0, 0, nullptr, nullptr, nullptr, 256, &read, &written, back)
+                == noErr
+            && std::equal(text, text + 256, back);
+    }
+}
+
+TEST(Converters, ServeSeveralThreadsAtOnce)
+{
+    constexpr int THREADS = 4;
+    bool allRight[THREADS] = {};
+    std::vector<std::thread> threads;
+    for (bool& result : allRight)
+        threads.emplace_back(convertAllBytes, 200, &result);
+    for (std::thread& thread : threads)
+        thread.join();
+    for (const bool result : allRight)
+        EXPECT_TRUE(result);
+}
+
+}  // namespace
