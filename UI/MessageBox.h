@@ -18,8 +18,8 @@ struct OpaqueWindowPtr;
 namespace UI {
 
 /// The button that the caller would have answer the Return key. It has no effect: the first one always does.
-enum YesNoFocus { YesFocus, NoFocus };
-enum OKCancelFocus { OKFocus, CancelFocus };
+enum YesNoFocus : int { YesFocus, NoFocus };
+enum OKCancelFocus : int { OKFocus, CancelFocus };
 
 /// Shows `message` with an OK button.
 void MessageOK(OpaqueWindowPtr* parent, const String& title, const String& message, bool);

@@ -12,8 +12,9 @@ namespace Util {
 /// Makes a Core Foundation string and, if it is asked to, releases it at the end of its own life.
 class CFString {
 public:
-    /// Release: the string is released with its owner. Keep: it is not, and whoever took it with Get() has it.
-    enum ReleaseBehavior { Release, Keep };
+    /// Release: the string is released with its owner. Keep, and any other value: it is not, and whoever took it with
+    /// Get() has it.
+    enum ReleaseBehavior : int { Release, Keep };
 
     /// The `length` UTF-16 units at `chars`; with a `length` of 0 the pointer is not looked at.
     CFString(const unsigned short* chars, unsigned length, ReleaseBehavior behavior);

@@ -1,0 +1,163 @@
+// Editing: each makes a changed text and keeps the one that it came from.
+
+#include "bench/compare.h"
+
+#include <absl/strings/str_cat.h>
+#include <absl/strings/str_join.h>
+#include <absl/strings/str_replace.h>
+
+#include <QByteArrayList>
+#include <QStringList>
+
+#include <algorithm>
+#include <vector>
+
+namespace bench {
+
+namespace {
+
+std::string replaceAll(const std::string& text, const std::string& pattern, const std::string& replacement)
+{
+    std::string result;
+    std::size_t from = 0;
+    for (std::size_t at; (at = text.find(pattern, from)) != std::string::npos; from = at + pattern.size())
+        result.append(text, from, at - from).append(replacement);
+    return result.append(text, from);
+}
+
+QByteArray replaced(QByteArray text, const QByteArray& pattern, const QByteArray& replacement)
+{
+    return text.replace(pattern, replacement);
+}
+
+QString replaced(QString text, const QString& pattern, const QString& replacement)
+{
+    return text.replace(pattern, replacement);
+}
+
+void addReplace(const std::string& operation, const std::string& searched, std::size_t n)
+{
+    const Text text(n);
+    const Text pattern(searched);
+    const Text replacement(std::string("<->"));
+    add(operation, "library", n, [=] { return text.own.Replace(pattern.own, replacement.own); });
+    add(operation, "std", n, [=] { return replaceAll(text.plain, pattern.plain, replacement.plain); });
+    add(operation, "Abseil", n, [=] { return absl::StrReplaceAll(text.plain, {{pattern.plain, replacement.plain}}); });
+    add(operation, "QByteArray", n, [=] { return replaced(text.bytes, pattern.bytes, replacement.bytes); });
+    add(operation, "QString", n, [=] { return replaced(text.wide, pattern.wide, replacement.wide); });
+}
+
+void addReplaceCharacter(std::size_t n)
+{
+    const Text text(n);
+    add("replace a character", "library", n, [text] { return text.own.ReplaceChar('e', '_'); });
+    add("replace a character", "std", n, [text] {
+        std::string result = text.plain;
+        std::replace(result.begin(), result.end(), 'e', '_');
+        return result;
+    });
+    add("replace a character", "QByteArray", n, [text] {
+        QByteArray result = text.bytes;
+        return result.replace('e', '_');
+    });
+    add("replace a character", "QString", n, [text] {
+        QString result = text.wide;
+        return result.replace(QLatin1Char('e'), QLatin1Char('_'));
+    });
+    add("replace a character", "GLib", n, [text] {
+        const GAllocated copy(g_strdup(text.plain.c_str()));
+        return g_strdelimit(copy.text, "e", '_')[0];
+    });
+}
+
+void addInsertAndRemove(std::size_t n)
+{
+    const Text text(n);
+    const Text piece(std::string("inserted"));
+    const std::size_t middle = n / 2;
+    const unsigned at = static_cast<unsigned>(middle);
+
+    add("insert", "library", n, [=] {
+        String result = text.own;
+        result.Insert(at, piece.own);
+        return result;
+    });
+    add("insert", "std", n, [=] {
+        std::string result = text.plain;
+        return result.insert(middle, piece.plain);
+    });
+    add("insert", "Abseil", n, [=] {
+        const absl::string_view whole = text.plain;
+        return absl::StrCat(whole.substr(0, middle), piece.plain, whole.substr(middle));
+    });
+    add("insert", "QByteArray", n, [=] {
+        QByteArray result = text.bytes;
+        return result.insert(static_cast<qsizetype>(middle), piece.bytes);
+    });
+
+    add("remove", "library", n, [=] {
+        String result = text.own;
+        result.Remove(at, 8u);
+        return result;
+    });
+    add("remove", "std", n, [=] {
+        std::string result = text.plain;
+        return result.erase(middle, 8);
+    });
+    add("remove", "Abseil", n, [=] {
+        const absl::string_view whole = text.plain;
+        return absl::StrCat(whole.substr(0, middle), whole.substr(middle + 8));
+    });
+    add("remove", "QByteArray", n, [=] {
+        QByteArray result = text.bytes;
+        return result.remove(static_cast<qsizetype>(middle), 8);
+    });
+
+    add("append", "library", n, [=] {
+        String result = text.own;
+        result += piece.own;
+        return result;
+    });
+    add("append", "std", n, [=] { return text.plain + piece.plain; });
+    add("append", "Abseil", n, [=] { return absl::StrCat(text.plain, piece.plain); });
+    add("append", "QByteArray", n, [=] { return QByteArray(text.bytes + piece.bytes); });
+}
+
+void addJoin(std::size_t n)
+{
+    const Text piece(std::string("seven77"));
+    const std::size_t count = n / 8;
+    const std::vector<String> own(count, piece.own);
+    const std::vector<std::string> plain(count, piece.plain);
+    const QByteArrayList bytes(static_cast<qsizetype>(count), piece.bytes);
+    const QStringList wide(static_cast<qsizetype>(count), piece.wide);
+
+    add("join", "library", n, [=] { return String::Join(",", own); });
+    add("join", "Abseil", n, [=] { return absl::StrJoin(plain, ","); });
+    add("join", "QByteArray", n, [=] { return bytes.join(','); });
+    add("join", "QString", n, [=] { return wide.join(QLatin1Char(',')); });
+    add("join", "std", n, [=] {
+        std::string result;
+        result.reserve(count * (piece.plain.size() + 1));
+        for (const std::string& part : plain)
+            (result += part) += ',';
+        result.pop_back();
+        return result;
+    });
+}
+
+}  // namespace
+
+void addEdits()
+{
+    for (const std::size_t n : LENGTHS) {
+        addReplace("replace without a match", "needle", n);
+        addReplace("replace a letter", "e", n);
+        addReplace("replace a pair of letters", "e ", n);
+        addReplaceCharacter(n);
+        addInsertAndRemove(n);
+        addJoin(n);
+    }
+}
+
+}  // namespace bench

@@ -1,0 +1,67 @@
+# shellcheck shell=bash
+#
+# What ./run and ./test share: installing what is missing, and configuring the build. Sourced by bash, with the root of
+# the checkout as working directory. Everything that is said goes to standard error.
+
+say() {
+    printf '%s\n' "$*" >&2
+}
+
+# The packages that are listed for one of the purposes "run" and "test", in alphabetical order.
+packages_for() {
+    local package purpose
+    while read -r package purpose _; do
+        if [[ -n $purpose && " $* " == *" $purpose "* ]]; then
+            printf '%s\n' "$package"
+        fi
+    done < <(grep -v '^#' scripts/packages) | sort
+}
+
+installed_packages() {
+    dpkg-query --show --showformat '${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p' | sort -u
+}
+
+is_debian_12() (
+    [[ -r /etc/os-release ]] && . /etc/os-release && [[ ${ID:-} == debian && ${VERSION_ID:-} == 12 ]]
+)
+
+# install_packages PURPOSE...: installs what is missing. What cannot be installed here is named, and the build is tried
+# with what there is.
+install_packages() {
+    local missing as_root=(env)
+    if ! is_debian_12; then
+        mapfile -t missing < <(packages_for "$@")
+        say "This is not Debian 12, so nothing is installed. What is needed is called there: ${missing[*]}"
+        return
+    fi
+
+    mapfile -t missing < <(comm -23 <(packages_for "$@") <(installed_packages))
+    ((${#missing[@]})) || return 0
+    if ((EUID != 0)); then
+        if ! type -P sudo >/dev/null; then
+            say "Neither root nor sudo is at hand to install what is missing: ${missing[*]}"
+            return
+        fi
+        as_root=(sudo env)
+    fi
+    say "Installing what is missing: ${missing[*]}"
+    "${as_root[@]}" apt-get update >&2 &&
+        "${as_root[@]}" DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends "${missing[@]}" >&2
+}
+
+# configure PRESET [CMAKE_OPTION...]: quick when nothing changed, and quiet when it works.
+configure() {
+    local preset=$1 output
+    shift
+    # A checkout that was moved or copied takes its build along, with paths that are no longer right.
+    if ! grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$preset/CMakeCache.txt"; then
+        rm -rf "build/$preset"
+    fi
+    output=$(cmake --preset "$preset" "$@" 2>&1) || { say "$output"; return 1; }
+}
+
+# build PRESET [TARGET]: says nothing when there is nothing to do.
+build() {
+    local arguments=(--preset "$1" ${2:+--target "$2"})
+    [[ $(cmake --build "${arguments[@]}" -- -n) == *"no work to do"* ]] || cmake --build "${arguments[@]}" >&2
+}

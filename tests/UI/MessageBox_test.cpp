@@ -1,0 +1,217 @@
+#include "UI/MessageBox.h"
+
+#include <initializer_list>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/double/ToolboxDouble.h"
+
+namespace {
+
+using ToolboxDouble::LeftBehind;
+using ToolboxDouble::Log;
+
+static_assert(UI::YesNoFocus(0) == UI::YesFocus && UI::NoFocus != 0, "0 names the first button");
+static_assert(UI::OKCancelFocus(0) == UI::OKFocus && UI::CancelFocus != 0, "0 names the first button");
+
+std::vector<unsigned short> units(const std::string& text)
+{
+    return std::vector<unsigned short>(text.begin(), text.end());
+}
+
+// ---- Boxes with texts in Mac OS Roman
+
+struct BoxCase {
+    const char* name;
+    bool (*show)(const char* message);
+    const char* alert;  // the record that StandardAlert is given
+    bool asks;          // returns which button was pressed
+};
+
+bool messageOK(const char* message)
+{
+    UI::MessageOK(nullptr, "Title", message, false);
+    return true;
+}
+
+template <UI::YesNoFocus focus> bool messageYesNo(const char* message)
+{
+    return UI::MessageYesNo(nullptr, "Title", message, focus, false);
+}
+
+template <UI::OKCancelFocus focus> bool messageOKCancel(const char* message)
+{
+    return UI::MessageOKCancel(nullptr, "Title", message, focus, false);
+}
+
+// Nothing but the message comes from the caller: neither the parent, nor the title, nor the last argument.
+bool messageYesNoWithAll(const char* message)
+{
+    char window;
+    return UI::MessageYesNo(
+        reinterpret_cast<OpaqueWindowPtr*>(&window), "Another title", message, UI::YesNoFocus(7), true);
+}
+
+// clang-format off
+const char OK_ALERT[] = "{movable 1, help 0, filter null, default -1, cancel null, other null, default button 1, cancel button 0, position 0}";
+const char YES_NO_ALERT[] = "{movable 1, help 0, filter null, default \"Yes\", cancel \"No\", other null, default button 1, cancel button 2, position 0}";
+const char OK_CANCEL_ALERT[] = "{movable 1, help 0, filter null, default -1, cancel -1, other null, default button 1, cancel button 2, position 0}";
+
+const BoxCase BOX_CASES[] = {
+    // name                  show                                alert            asks
+    {"OK",                   messageOK,                          OK_ALERT,        false},
+    {"YesNoYesFocus",        messageYesNo<UI::YesFocus>,         YES_NO_ALERT,    true},
+    {"YesNoNoFocus",         messageYesNo<UI::NoFocus>,          YES_NO_ALERT,    true},
+    {"YesNoWithAll",         messageYesNoWithAll,                YES_NO_ALERT,    true},
+    {"OKCancelOKFocus",      messageOKCancel<UI::OKFocus>,       OK_CANCEL_ALERT, true},
+    {"OKCancelCancelFocus",  messageOKCancel<UI::CancelFocus>,   OK_CANCEL_ALERT, true},
+};
+// clang-format on
+
+class MessageBox : public testing::TestWithParam<BoxCase> {
+protected:
+    MessageBox() { ToolboxDouble::Reset(); }
+
+    // The log of a box that shows `shown` and is left with button 1.
+    static std::string boxLog(const std::string& shown)
+    {
+        const std::string text = '"' + shown + '"';
+        std::string log;
+        log += "CFStringCreateWithCString(null, " + text + ", 0) = string1\n";
+        log += "CFStringGetPascalStringPtr(string1, 0) = " + text + "\n";
+        log += "StandardAlert(1, " + text + ", null, " + GetParam().alert + ") = 0 -> 1\n";
+        log += "CFRelease(string1)\n";
+        return log;
+    }
+};
+
+TEST_P(MessageBox, ShowsTheMessageInANoteAlert)
+{
+    GetParam().show("The message");
+    EXPECT_EQ(Log(), boxLog("The message"));
+    EXPECT_EQ(LeftBehind(), "");
+}
+
+TEST_P(MessageBox, IsTrueForTheFirstButtonAlone)
+{
+    for (const SInt16 button : std::initializer_list<SInt16>{-1, 0, 1, 2, 3, 4, 257}) {
+        ToolboxDouble::PressInAlerts(button);
+        EXPECT_EQ(GetParam().show("The message"), button == 1 || !GetParam().asks) << "button " << button;
+    }
+}
+
+TEST_P(MessageBox, ShowsTheFirst254Characters)
+{
+    for (const std::size_t length : {0, 1, 253, 254, 255, 256, 300}) {
+        ToolboxDouble::Reset();
+        GetParam().show(std::string(length, 'x').c_str());
+        EXPECT_EQ(Log(), boxLog(std::string(length < 254 ? length : 254, 'x'))) << "of " << length;
+    }
+}
+
+TEST_P(MessageBox, ThatCannotBeShownCountsAsNotPressed)
+{
+    ToolboxDouble::FailCall("StandardAlert", paramErr);
+    EXPECT_EQ(GetParam().show("The message"), !GetParam().asks);
+    EXPECT_EQ(LeftBehind(), "");
+}
+
+TEST_P(MessageBox, WithoutAPascalStringShowsNoText)
+{
+    ToolboxDouble::FailCall("CFStringGetPascalStringPtr");
+    EXPECT_TRUE(GetParam().show("The message"));
+    EXPECT_EQ(Log(),
+        std::string("CFStringCreateWithCString(null, \"The message\", 0) = string1\n"
+                    "CFStringGetPascalStringPtr(string1, 0) = null\n"
+                    "StandardAlert(1, null, null, ")
+            + GetParam().alert + ") = 0 -> 1\nCFRelease(string1)\n");
+}
+
+TEST_P(MessageBox, WithoutAStringShowsNoText)
+{
+    ToolboxDouble::FailCall("CFStringCreateWithCString");
+    EXPECT_TRUE(GetParam().show("The message"));
+    EXPECT_EQ(Log(),
+        std::string("CFStringCreateWithCString(null, \"The message\", 0) = null\n"
+                    "CFStringGetPascalStringPtr(null, 0) = null\n"
+                    "StandardAlert(1, null, null, ")
+            + GetParam().alert + ") = 0 -> 1\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, MessageBox, testing::ValuesIn(BOX_CASES), [](const auto& row) { return row.param.name; });
+
+class MessageBoxText : public testing::Test {
+protected:
+    MessageBoxText() { ToolboxDouble::Reset(); }
+};
+
+TEST_F(MessageBoxText, OfANullStringIsEmpty)
+{
+    UI::MessageOK(nullptr, String(), String(), false);
+    EXPECT_NE(Log().find("StandardAlert(1, \"\", null, "), std::string::npos) << Log();
+}
+
+TEST_F(MessageBoxText, StaysTheCallersWhole)
+{
+    const String message(std::string(300, 'x').c_str());
+    UI::MessageOK(nullptr, "Title", message, false);
+    EXPECT_EQ(message.Length(), 300u);
+}
+
+// ---- Boxes with texts in UTF-16
+
+const char UNICODE_BOX_LOG[] = R"(CFStringCreateWithCharacters(null, "Fertig", 6) = string1
+CFStringCreateWithCharacters(null, "\u65E5\u672C\u8A9E", 3) = string2
+CreateStandardAlert(1, string2, null, {version 1, movable 1, help 0, default string1, cancel null, other null, default button 1, cancel button 0, position 0, flags 0}) = 0 -> alert1
+RunStandardAlert(alert1, null) = 0 -> 1
+CFRelease(string2)
+CFRelease(string1)
+)";
+
+const std::vector<unsigned short> JAPANESE = {0x65E5, 0x672C, 0x8A9E};
+
+TEST_F(MessageBoxText, InUTF16IsShownWithItsButton)
+{
+    UI::MessageOK(nullptr, units("Title"), JAPANESE, units("Fertig"), false);
+    EXPECT_EQ(Log(), UNICODE_BOX_LOG);
+    EXPECT_EQ(LeftBehind(), "");
+}
+
+TEST_F(MessageBoxText, InUTF16IsAllThatTheCallerDecides)
+{
+    char window;
+    UI::MessageOK(reinterpret_cast<OpaqueWindowPtr*>(&window), units("Another title"), JAPANESE, units("Fertig"), true);
+    EXPECT_EQ(Log(), UNICODE_BOX_LOG);
+}
+
+TEST_F(MessageBoxText, InUTF16IsNotCut)
+{
+    UI::MessageOK(nullptr, {}, units(std::string(300, 'x')), {}, false);
+    EXPECT_NE(
+        Log().find("CFStringCreateWithCharacters(null, \"" + std::string(300, 'x') + "\", 300)"), std::string::npos)
+        << Log();
+}
+
+TEST_F(MessageBoxText, InUTF16IsReleasedWhenTheAlertCannotBeMade)
+{
+    ToolboxDouble::FailCall("CreateStandardAlert", paramErr);
+    UI::MessageOK(nullptr, units("Title"), units("Message"), units("Button"), false);
+    EXPECT_EQ(Log(), R"(CFStringCreateWithCharacters(null, "Button", 6) = string1
+CFStringCreateWithCharacters(null, "Message", 7) = string2
+CreateStandardAlert(1, string2, null, {version 1, movable 1, help 0, default string1, cancel null, other null, default button 1, cancel button 0, position 0, flags 0}) = -50
+CFRelease(string2)
+CFRelease(string1)
+)");
+    EXPECT_EQ(LeftBehind(), "");
+}
+
+TEST_F(MessageBoxText, InUTF16IsReleasedWhenTheAlertCannotBeRun)
+{
+    ToolboxDouble::FailCall("RunStandardAlert", paramErr);
+    UI::MessageOK(nullptr, units("Title"), units("Message"), units("Button"), false);
+    EXPECT_EQ(LeftBehind(), "");
+}
+
+}  // namespace

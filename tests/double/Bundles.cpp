@@ -1,0 +1,119 @@
+// Folders, URLs, bundles, and the functions of Security.framework, which are only to be had by their names.
+
+#include <Carbon/Carbon.h>
+#include <Security/Authorization.h>
+
+#include <cstring>
+
+#include "tests/double/Call.h"
+#include "tests/double/State.h"
+
+using namespace ToolboxDouble;
+
+namespace {
+
+struct Folder : Object { };
+struct URL : CFObject { };
+struct Bundle : CFObject { };
+struct Authorization : Object { };
+
+// A file reference holds the address of its folder.
+const void* folderIn(const FSRef& file)
+{
+    const void* address = nullptr;
+    std::memcpy(&address, file.hidden, sizeof address);
+    return address;
+}
+
+std::string describeItems(const AuthorizationItemSet* set)
+{
+    if (set == nullptr)
+        return "null";
+    std::string text;
+    for (UInt32 i = 0; i < set->count; ++i) {
+        const AuthorizationItem& item = set->items[i];
+        text += (i == 0 ? "" : ", ") + quoted(std::string(item.name)) + ' ' + std::to_string(item.valueLength) + ' '
+            + given(item.value != nullptr) + ' ' + std::to_string(item.flags);
+    }
+    return '{' + text + '}';
+}
+
+OSStatus authorizationCreate(const AuthorizationRights* rights, const AuthorizationEnvironment* environment,
+    AuthorizationFlags flags, AuthorizationRef* authorization)
+{
+    Call call("AuthorizationCreate", describeItems(rights), describeItems(environment), flags);
+    if (call.fails())
+        return call.returnsStatus(call.failure());
+    call.returnsStatus(noErr);
+    Authorization& made = add(std::make_unique<Authorization>(), numbered("authorization"));
+    *authorization = referenceTo<AuthorizationRef>(made);
+    call.gives(*authorization);
+    return noErr;
+}
+
+OSStatus authorizationCopyRights(AuthorizationRef authorization, const AuthorizationRights* rights,
+    const AuthorizationEnvironment* environment, AuthorizationFlags flags, AuthorizationRights** granted)
+{
+    Call call("AuthorizationCopyRights", authorization, describeItems(rights), describeItems(environment), flags,
+        given(granted != nullptr));
+    return call.returnsStatus(call.fails() ? call.failure() : static_cast<long>(noErr));
+}
+
+}  // namespace
+
+OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder)
+{
+    Call call("FSFindFolder", volume, fourCharCode(type), create);
+    if (call.fails())
+        return static_cast<OSErr>(call.returnsStatus(call.failure()));
+    Folder& found = add(std::make_unique<Folder>(), numbered("folder"));
+    found.borrowed = true;
+    const void* const address = &found;
+    std::memcpy(folder->hidden, &address, sizeof address);
+    call.returnsStatus(noErr);
+    call.gives(address);
+    return noErr;
+}
+
+CFURLRef CFURLCreateFromFSRef(CFAllocatorRef allocator, const FSRef* file)
+{
+    Call call("CFURLCreateFromFSRef", allocator, folderIn(*file));
+    if (call.fails())
+        return call.returns<CFURLRef>(nullptr);
+    return call.returns(referenceTo<CFURLRef>(add(std::make_unique<URL>(), numbered("url"))));
+}
+
+CFURLRef CFURLCreateCopyAppendingPathComponent(
+    CFAllocatorRef allocator, CFURLRef url, CFStringRef component, Boolean isFolder)
+{
+    Call call("CFURLCreateCopyAppendingPathComponent", allocator, url, component, isFolder);
+    if (call.fails())
+        return call.returns<CFURLRef>(nullptr);
+    return call.returns(referenceTo<CFURLRef>(add(std::make_unique<URL>(), numbered("url"))));
+}
+
+CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
+{
+    Call call("CFBundleCreate", allocator, url);
+    if (call.fails())
+        return call.returns<CFBundleRef>(nullptr);
+    return call.returns(referenceTo<CFBundleRef>(add(std::make_unique<Bundle>(), numbered("bundle"))));
+}
+
+Boolean CFBundleLoadExecutable(CFBundleRef bundle)
+{
+    Call call("CFBundleLoadExecutable", bundle);
+    return call.returns<Boolean>(!call.fails());
+}
+
+void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)
+{
+    Call call("CFBundleGetFunctionPointerForName", bundle, name);
+    void* function = nullptr;
+    if (!call.fails() && name == CFSTR("AuthorizationCreate"))
+        function = reinterpret_cast<void*>(authorizationCreate);
+    if (!call.fails() && name == CFSTR("AuthorizationCopyRights"))
+        function = reinterpret_cast<void*>(authorizationCopyRights);
+    call.returns(given(function != nullptr));
+    return function;
+}

@@ -1,0 +1,92 @@
+// A call of one of the platform's functions: its line in the log, and whether a test wants it to fail.
+
+#ifndef TESTS_DOUBLE_CALL_H
+#define TESTS_DOUBLE_CALL_H
+
+#include <Carbon/Carbon.h>
+
+#include <string>
+#include <type_traits>
+
+namespace ToolboxDouble {
+
+/// `text` between quotes, bytes that are not printable ASCII as \xE9.
+std::string quoted(const std::string& text);
+
+/// The same for UTF-16, units that are not printable ASCII as \u00E9.
+std::string quoted(const UniChar* units, std::size_t count);
+
+/// The same for a Pascal string; "null", and "-1" for the system's own word.
+std::string quoted(ConstStringPtr pascalString);
+
+/// A four-character code as 'lsel'.
+std::string fourCharCode(UInt32 code);
+
+/// "given" or "null", for pointers that the log need not tell apart.
+std::string given(bool isGiven);
+
+/// The name of the object that `reference` refers to; "null", "dead window1", "unknown".
+std::string nameOf(const void* reference);
+
+/// Numbers in decimal, references by name, texts as they are.
+template <typename T> std::string describe(const T& value)
+{
+    if constexpr (std::is_integral<T>::value)
+        return std::to_string(value);
+    else if constexpr (std::is_pointer<T>::value || std::is_null_pointer<T>::value)
+        return nameOf(value);
+    else
+        return value;
+}
+
+/// One call, from its beginning to its end.
+class Call {
+public:
+    template <typename... Arguments> explicit Call(const std::string& function, const Arguments&... arguments)
+    {
+        std::string line = function + "(";
+        const char* separator = "";
+        ((line += separator + describe(arguments), separator = ", "), ...);
+        begin(function, line + ")");
+    }
+
+    ~Call();
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    /// Whether a test wants it to fail.
+    bool fails() const { return m_fails; }
+
+    /// What it is to return then.
+    long failure() const { return m_failure; }
+
+    /// Notes `result` as what it returns, and returns it.
+    template <typename T> T returns(T result)
+    {
+        append(" = " + describe(result));
+        return result;
+    }
+
+    /// The same for an error code, of whichever width.
+    OSStatus returnsStatus(long status) { return returns(static_cast<OSStatus>(status)); }
+
+    /// Notes what an out-parameter is given.
+    template <typename T> void gives(const T& value)
+    {
+        append((m_gives ? ", " : " -> ") + describe(value));
+        m_gives = true;
+    }
+
+private:
+    void begin(const std::string& function, const std::string& line);
+    void append(const std::string& text);
+
+    std::size_t m_line = 0;
+    bool m_fails = false;
+    long m_failure = 0;
+    bool m_gives = false;
+};
+
+}  // namespace ToolboxDouble
+
+#endif

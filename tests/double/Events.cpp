@@ -1,0 +1,169 @@
+// Handlers, events, and the modal loop, in which the test's acts happen.
+
+#include <algorithm>
+#include <cstring>
+
+#include "tests/double/Call.h"
+#include "tests/double/Windows.h"
+
+using namespace ToolboxDouble;
+
+namespace {
+
+struct EventObject : Object {
+    UInt32 eventClass = 0;
+    UInt32 eventKind = 0;
+    HICommand command = {};
+};
+
+struct ProcedurePointer : Object {
+    EventHandlerProcPtr procedure = nullptr;
+};
+
+// What NewEventHandlerUPP hands out: it calls the procedure that it was made for last.
+OSStatus callProcedure(EventHandlerCallRef next, EventRef event, void* userData);
+
+const void* procedureReference()
+{
+    return reinterpret_cast<const void*>(callProcedure);
+}
+
+OSStatus callProcedure(EventHandlerCallRef next, EventRef event, void* userData)
+{
+    return find<ProcedurePointer>(procedureReference())->procedure(next, event, userData);
+}
+
+std::string describeTypes(UInt32 count, const EventTypeSpec* types)
+{
+    std::string text;
+    for (UInt32 i = 0; i < count; ++i)
+        text += (i == 0 ? "" : ", ") + fourCharCode(types[i].eventClass) + ' ' + std::to_string(types[i].eventKind);
+    return '{' + text + '}';
+}
+
+void sendEvent(const Act& act, const Handler& handler)
+{
+    EventObject& event = add(std::make_unique<EventObject>(), numbered("event"));
+    event.borrowed = true;
+    event.eventClass = act.eventClass;
+    event.eventKind = act.eventKind;
+    event.command.attributes = kHICommandFromControl;
+    event.command.commandID = act.command;
+
+    const bool hasUserData = act.kind != Act::Kind::CommandWithoutUserData;
+    Call call("handler", fourCharCode(act.eventClass), act.eventKind, fourCharCode(act.command), given(hasUserData));
+    call.returns(handler.procedure(nullptr, referenceTo<EventRef>(event), hasUserData ? handler.userData : nullptr));
+}
+
+void perform(const Act& act, Window& window)
+{
+    if (act.kind == Act::Kind::Choose) {
+        window.control->value = act.item;
+        return;
+    }
+    for (const Handler* const handler : window.handlers)
+        sendEvent(act, *handler);
+}
+
+}  // namespace
+
+EventTargetRef GetWindowEventTarget(WindowRef reference)
+{
+    Call call("GetWindowEventTarget", reference);
+    const Window* const window = find<Window>(reference);
+    return call.returns(window != nullptr ? referenceTo<EventTargetRef>(*window->target) : nullptr);
+}
+
+EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure)
+{
+    Call call("NewEventHandlerUPP", given(procedure != nullptr));
+    ProcedurePointer& made = add(std::make_unique<ProcedurePointer>(), numbered("upp"), procedureReference());
+    made.procedure = procedure;
+    call.returns(made.reference);
+    return callProcedure;
+}
+
+void DisposeEventHandlerUPP(EventHandlerUPP upp)
+{
+    Call call("DisposeEventHandlerUPP", reinterpret_cast<const void*>(upp));
+    ProcedurePointer* const found = find<ProcedurePointer>(reinterpret_cast<const void*>(upp));
+    if (found != nullptr)
+        found->alive = false;
+}
+
+OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UInt32 count, const EventTypeSpec* types,
+    void* userData, EventHandlerRef* installed)
+{
+    Call call("InstallEventHandler", target, reinterpret_cast<const void*>(handler), count, describeTypes(count, types),
+        given(userData != nullptr), given(installed != nullptr));
+    if (call.fails())
+        return call.returnsStatus(call.failure());
+    for (const auto& object : state().objects) {
+        Window* const window = dynamic_cast<Window*>(object.get());
+        if (window == nullptr || window->target->reference != target)
+            continue;
+        Handler& added = add(std::make_unique<Handler>(), numbered("handler"));
+        added.procedure = handler;
+        added.userData = userData;
+        window->handlers.push_back(&added);
+        return call.returnsStatus(noErr);
+    }
+    return call.returnsStatus(paramErr);
+}
+
+UInt32 GetEventClass(EventRef event)
+{
+    Call call("GetEventClass", event);
+    const UInt32 eventClass = find<EventObject>(event)->eventClass;
+    call.returns(fourCharCode(eventClass));
+    return eventClass;
+}
+
+UInt32 GetEventKind(EventRef event)
+{
+    Call call("GetEventKind", event);
+    return call.returns(find<EventObject>(event)->eventKind);
+}
+
+OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type, EventParamType* actualType,
+    UInt32 size, UInt32* actualSize, void* data)
+{
+    Call call("GetEventParameter", event, fourCharCode(name), fourCharCode(type), given(actualType != nullptr), size,
+        given(actualSize != nullptr));
+    if (call.fails())
+        return call.returnsStatus(call.failure());
+    if (name != kEventParamDirectObject || type != typeHICommand)
+        return call.returnsStatus(eventParameterNotFoundErr);
+    const HICommand& command = find<EventObject>(event)->command;
+    std::memcpy(data, &command, std::min<std::size_t>(size, sizeof command));
+    return call.returnsStatus(noErr);
+}
+
+OSStatus RunAppModalLoopForWindow(WindowRef reference)
+{
+    Call call("RunAppModalLoopForWindow", reference);
+    if (call.fails())
+        return call.returnsStatus(call.failure());
+    Window* const window = find<Window>(reference);
+    if (window == nullptr)
+        return call.returnsStatus(errInvalidWindowRef);
+    state().itemShown = window->control->value;
+    for (const Act& act : state().acts) {
+        perform(act, *window);
+        if (window->quits)
+            return call.returnsStatus(noErr);
+    }
+    return call.returnsStatus(eventInternalErr);
+}
+
+OSStatus QuitAppModalLoopForWindow(WindowRef reference)
+{
+    Call call("QuitAppModalLoopForWindow", reference);
+    if (call.fails())
+        return call.returnsStatus(call.failure());
+    Window* const window = find<Window>(reference);
+    if (window == nullptr)
+        return call.returnsStatus(errInvalidWindowRef);
+    window->quits = true;
+    return call.returnsStatus(noErr);
+}

@@ -1,0 +1,95 @@
+// The test double of the toolbox: the platform's functions that the external, UI, util and the text library call, to be
+// linked in the toolbox's place.
+//
+// It writes down every call, makes the calls fail that a test names, plays the person in front of the dialog, and tells
+// what is left behind. It is harsher than the platform: out-parameters hold a wrong reference after a failure, and a
+// procedure pointer is not the procedure.
+//
+// What has been disposed of keeps its memory until Reset, so that a test may still look into it.
+
+#ifndef TESTS_DOUBLE_TOOLBOXDOUBLE_H
+#define TESTS_DOUBLE_TOOLBOXDOUBLE_H
+
+#include <Carbon/Carbon.h>
+
+#include <string>
+#include <vector>
+
+namespace ToolboxDouble {
+
+/// Forgets everything, as for a process that begins. What was handed out must not be used afterwards.
+void Reset();
+
+// ---- What happened
+
+/// The calls so far, one line each: `Function(argument, argument) = result -> what the out-parameters were given`.
+/// Calls that were made from inside another, such as those of a handler from inside the modal loop, stand below it and
+/// are indented. Objects are named for their kind and numbered: window1; one that has been disposed of is "dead
+/// window1", a reference that the double never gave is "unknown". Buffers to be filled are not among the arguments, and
+/// constant strings make no line, as they make no call on the platform.
+std::string Log();
+
+/// Begins a new log.
+void ClearLog();
+
+/// What somebody would still have to release or dispose of, in the order in which it was made: "nib1\nwindow1 shown\n".
+std::string LeftBehind();
+
+/// The item that the pop-up showed when the modal loop began; 0 if none began.
+SInt32 ItemShown();
+
+// ---- What goes wrong
+
+/// The occurrence that stands for every one.
+const int EVERY_CALL = 0;
+
+/// Makes a call of `function` fail: the first for 1, or EVERY_CALL. It has no effect then and returns `result`; what
+/// returns a pointer or a Boolean gives null or false. A `result` of 0 is a success that has brought about nothing.
+void FailCall(const std::string& function, long result = 0, int occurrence = EVERY_CALL);
+
+// ---- What the platform holds
+
+/// Puts a resource into the chain. Its block can be read past the end, as zeros, up to a slack of 1,024 bytes.
+void ProvideResource(ResType type, SInt16 id, const std::vector<UInt8>& data);
+
+/// The word of which new blocks of the Memory Manager are full; null before.
+void FillNewBlocks(const void* word);
+
+/// Has the text converters report `length` as the number of bytes written, whatever they wrote.
+void ReportConvertedLength(ByteCount length);
+
+// ---- What the person does
+
+/// Something that happens in the modal loop.
+struct Act {
+    enum class Kind { Choose, Command, CommandWithoutUserData, Event };
+    Kind kind;
+    SInt32 item;
+    UInt32 command;
+    UInt32 eventClass;
+    UInt32 eventKind;
+};
+
+/// The pop-up is set to `item`, from 1. Other numbers are taken too.
+Act Choose(SInt32 item);
+
+/// The command `command` is sent to the window's handler.
+Act Command(UInt32 command);
+
+/// The same, to the handler as if it had been installed without user data.
+Act CommandWithoutUserData(UInt32 command);
+
+/// An event of this class and kind is sent to the window's handler, which was not installed for it. It carries the OK
+/// command, in case the handler does not look.
+Act Event(UInt32 eventClass, UInt32 eventKind);
+
+/// What will happen in the modal loop. It ends as soon as it is told to; when all has happened and it was not, it fails
+/// with eventInternalErr.
+void InModalLoop(const std::vector<Act>& acts);
+
+/// The button that every alert will be left with; 1 before.
+void PressInAlerts(SInt16 button);
+
+}  // namespace ToolboxDouble
+
+#endif

@@ -1,0 +1,122 @@
+// Nibs, windows and controls. There is one nib, whose one window has one control, the pop-up.
+
+#include "tests/double/Windows.h"
+
+#include "tests/double/Call.h"
+
+using namespace ToolboxDouble;
+
+namespace {
+
+struct Nib : Object { };
+
+const OSType POPUP_SIGNATURE = 'lsel';
+const SInt32 POPUP_ID = 1;
+
+Window& addWindow()
+{
+    Window& window = add(std::make_unique<Window>(), numbered("window"));
+    window.control = &add(std::make_unique<Control>(), numbered("popup"));
+    window.control->borrowed = true;
+    window.target = &add(std::make_unique<EventTarget>(), numbered("target"));
+    window.target->borrowed = true;
+    return window;
+}
+
+void setShown(WindowRef reference, bool shown)
+{
+    Window* const window = find<Window>(reference);
+    if (window != nullptr)
+        window->shown = shown;
+}
+
+}  // namespace
+
+OSStatus CreateNibReference(CFStringRef name, IBNibRef* nib)
+{
+    Call call("CreateNibReference", name);
+    if (call.fails()) {
+        *nib = wrongReference<IBNibRef>();
+        return call.returnsStatus(call.failure());
+    }
+    *nib = referenceTo<IBNibRef>(add(std::make_unique<Nib>(), numbered("nib")));
+    call.returnsStatus(noErr);
+    call.gives(*nib);
+    return noErr;
+}
+
+OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window)
+{
+    Call call("CreateWindowFromNib", nib, name);
+    if (call.fails()) {
+        *window = call.failure() == noErr ? nullptr : wrongReference<WindowRef>();
+        return call.returnsStatus(call.failure());
+    }
+    *window = referenceTo<WindowRef>(addWindow());
+    call.returnsStatus(noErr);
+    call.gives(*window);
+    return noErr;
+}
+
+void DisposeNibReference(IBNibRef nib)
+{
+    Call call("DisposeNibReference", nib);
+    Nib* const found = find<Nib>(nib);
+    if (found != nullptr)
+        found->alive = false;
+}
+
+void ShowWindow(WindowRef window)
+{
+    Call call("ShowWindow", window);
+    setShown(window, true);
+}
+
+void HideWindow(WindowRef window)
+{
+    Call call("HideWindow", window);
+    setShown(window, false);
+}
+
+void DisposeWindow(WindowRef reference)
+{
+    Call call("DisposeWindow", reference);
+    Window* const window = find<Window>(reference);
+    if (window == nullptr)
+        return;
+    window->alive = false;
+    window->control->alive = false;
+    window->target->alive = false;
+    for (Handler* const handler : window->handlers)
+        handler->alive = false;
+}
+
+OSStatus GetControlByID(WindowRef reference, const ControlID* id, ControlRef* control)
+{
+    Call call("GetControlByID", reference, fourCharCode(id->signature), id->id);
+    Window* const window = find<Window>(reference);
+    *control = wrongReference<ControlRef>();
+    if (call.fails())
+        return call.returnsStatus(call.failure());
+    if (window == nullptr || id->signature != POPUP_SIGNATURE || id->id != POPUP_ID)
+        return call.returnsStatus(errUnknownControl);
+    *control = referenceTo<ControlRef>(*window->control);
+    call.returnsStatus(noErr);
+    call.gives(*control);
+    return noErr;
+}
+
+SInt32 GetControl32BitValue(ControlRef reference)
+{
+    Call call("GetControl32BitValue", reference);
+    const Control* const control = find<Control>(reference);
+    return call.returns(control != nullptr ? control->value : 0);
+}
+
+void SetControl32BitValue(ControlRef reference, SInt32 value)
+{
+    Call call("SetControl32BitValue", reference, value);
+    Control* const control = find<Control>(reference);
+    if (control != nullptr)
+        control->value = value;
+}

@@ -1,0 +1,89 @@
+#include "util/CFString.h"
+
+#include <type_traits>
+
+#include <gtest/gtest.h>
+
+#include "tests/double/ToolboxDouble.h"
+
+namespace {
+
+using ToolboxDouble::LeftBehind;
+using ToolboxDouble::Log;
+using Util::CFString;
+
+static_assert(!std::is_copy_constructible<CFString>::value, "one string has one owner");
+static_assert(!std::is_copy_assignable<CFString>::value, "one string has one owner");
+static_assert(CFString::ReleaseBehavior(0) == CFString::Release, "value 0 releases");
+
+class CFStringTest : public testing::Test {
+protected:
+    CFStringTest() { ToolboxDouble::Reset(); }
+};
+
+TEST_F(CFStringTest, TextIsMacOSRomanAndReleasedAtTheEnd)
+{
+    {
+        const CFString string("caf\x8E", CFString::Release);
+        EXPECT_NE(string.Get(), nullptr);
+    }
+    EXPECT_EQ(Log(), R"(CFStringCreateWithCString(null, "caf\x8E", 0) = string1
+CFRelease(string1)
+)");
+    EXPECT_EQ(LeftBehind(), "");
+}
+
+TEST_F(CFStringTest, UnitsAreTakenByCountAndReleasedAtTheEnd)
+{
+    const unsigned short units[] = {'c', 'a', 'f', 0xE9, 0, 'x'};
+    {
+        const CFString string(units, 5, CFString::Release);
+        EXPECT_NE(string.Get(), nullptr);
+    }
+    EXPECT_EQ(Log(), R"(CFStringCreateWithCharacters(null, "caf\u00E9\u0000", 5) = string1
+CFRelease(string1)
+)");
+    EXPECT_EQ(LeftBehind(), "");
+}
+
+TEST_F(CFStringTest, NoUnitsNeedNoPointer)
+{
+    const CFString string(nullptr, 0, CFString::Release);
+    EXPECT_EQ(Log(), "CFStringCreateWithCharacters(null, \"\", 0) = string1\n");
+}
+
+TEST_F(CFStringTest, KeptStringOutlivesItsOwner)
+{
+    const unsigned short units[] = {'a'};
+    {
+        const CFString fromText("a", CFString::Keep);
+        const CFString fromUnits(units, 1, CFString::Keep);
+    }
+    EXPECT_EQ(LeftBehind(), "string1\nstring2\n");
+}
+
+TEST_F(CFStringTest, AnyBehaviorButReleaseKeeps)
+{
+    {
+        const CFString string("a", static_cast<CFString::ReleaseBehavior>(2));
+    }
+    EXPECT_EQ(LeftBehind(), "string1\n");
+}
+
+TEST_F(CFStringTest, StringThatCouldNotBeMadeIsNullAndNotReleased)
+{
+    ToolboxDouble::FailCall("CFStringCreateWithCString");
+    ToolboxDouble::FailCall("CFStringCreateWithCharacters");
+    const unsigned short units[] = {'a'};
+    {
+        const CFString fromText("a", CFString::Release);
+        const CFString fromUnits(units, 1, CFString::Release);
+        EXPECT_EQ(fromText.Get(), nullptr);
+        EXPECT_EQ(fromUnits.Get(), nullptr);
+    }
+    EXPECT_EQ(Log(), R"(CFStringCreateWithCString(null, "a", 0) = null
+CFStringCreateWithCharacters(null, "a", 1) = null
+)");
+}
+
+}  // namespace
