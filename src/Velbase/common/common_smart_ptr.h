@@ -25,6 +25,10 @@ template <typename T> inline void checked_array_delete(T* p)
     delete[] p;
 }
 
+/// Frees a count. A function of its own, not inline: GCC does not see that the owner who frees a count is the last to use it,
+/// and warns wherever it sees several of them at once.
+void delete_count(std::int32_t* count) noexcept;
+
 /// What shared_ptr and shared_array have in common. `Disposal::dispose(p)` frees what was owned.
 template <typename T, typename Disposal> class counted_owner {
 public:
@@ -66,7 +70,7 @@ public:
     {
         if (m_count != nullptr && --*m_count == 0) {
             Disposal::dispose(m_owned);
-            delete m_count;
+            delete_count(m_count);
         }
         m_owned = nullptr;
         m_count = nullptr;

@@ -328,4 +328,9 @@ private:
     unsigned m_iChar;
 };
 
+inline CharRef String::operator[](unsigned index)
+{
+    return CharRef(*this, index);
+}
+
 #endif

@@ -1,0 +1,91 @@
+#include "allocations.h"
+
+#include <cstdlib>
+
+namespace {
+
+const std::size_t MAX_RECORDED = 4096;
+
+long liveBlocks = 0;
+bool isRecording = false;
+int refusedNumber = -1;
+int asked = 0;
+bool hasRefused = false;
+std::size_t recorded = 0;
+std::size_t sizes[MAX_RECORDED];
+
+}  // namespace
+
+void* operator new(std::size_t size)
+{
+    if (isRecording) {
+        if (asked++ == refusedNumber) {
+            hasRefused = true;
+            throw std::bad_alloc();
+        }
+        if (recorded < MAX_RECORDED)
+            sizes[recorded++] = size;
+    }
+    void* const block = std::malloc(size == 0 ? 1 : size);
+    if (block == nullptr)
+        throw std::bad_alloc();
+    ++liveBlocks;
+    return block;
+}
+
+void operator delete(void* block) noexcept
+{
+    if (block == nullptr)
+        return;
+    --liveBlocks;
+    std::free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    operator delete(block);
+}
+
+void* operator new[](std::size_t size)
+{
+    return operator new(size);
+}
+
+void operator delete[](void* block) noexcept
+{
+    operator delete(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept
+{
+    operator delete(block);
+}
+
+namespace allocations {
+
+long live()
+{
+    return liveBlocks;
+}
+
+void start(int refused)
+{
+    refusedNumber = refused;
+    asked = 0;
+    hasRefused = false;
+    recorded = 0;
+    isRecording = true;
+}
+
+std::vector<std::size_t> stop()
+{
+    isRecording = false;
+    return std::vector<std::size_t>(sizes, sizes + recorded);
+}
+
+bool wasRefused()
+{
+    return hasRefused;
+}
+
+}  // namespace allocations

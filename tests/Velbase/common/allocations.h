@@ -1,0 +1,64 @@
+// Counts what operator new hands out, and refuses it where a test wants that. A program that links allocations.cpp has
+// its global operator new and delete from there.
+
+#ifndef TESTS_VELBASE_COMMON_ALLOCATIONS_H
+#define TESTS_VELBASE_COMMON_ALLOCATIONS_H
+
+#include <cstddef>
+#include <new>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace allocations {
+
+/// The blocks handed out and not yet given back since the program began.
+long live();
+
+/// From now on the sizes of what is handed out are recorded, and the allocation number `refused`, counted from 0,
+/// fails. A negative number refuses none.
+void start(int refused);
+
+/// Ends that. The sizes in order; what was refused is not among them.
+std::vector<std::size_t> stop();
+
+/// Whether the allocation to be refused since the last start() was asked for.
+bool wasRefused();
+
+/// The sizes that `action` allocates.
+template <typename Action> std::vector<std::size_t> sizesIn(Action action)
+{
+    start(-1);
+    action();
+    return stop();
+}
+
+/// How often `action` allocates.
+template <typename Action> std::size_t countIn(Action action)
+{
+    return sizesIn(action).size();
+}
+
+/// Runs `action` with its allocation number `refused` failing, and expects std::bad_alloc and no leak from it.
+/// False if it ended before it came to that allocation: then it has succeeded.
+template <typename Action> bool refusing(int refused, Action action)
+{
+    const long before = live();
+    bool thrown = false;
+    start(refused);
+    try {
+        action();
+    } catch (const std::bad_alloc&) {
+        thrown = true;
+    }
+    stop();
+    EXPECT_EQ(thrown, wasRefused()) << "allocation " << refused;
+    if (thrown) {
+        EXPECT_EQ(live(), before) << "leaked after allocation " << refused << " failed";
+    }
+    return thrown;
+}
+
+}  // namespace allocations
+
+#endif

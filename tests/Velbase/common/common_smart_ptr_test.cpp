@@ -1,0 +1,363 @@
+#include "Velbase/common/common_smart_ptr.h"
+
+#include <cstring>
+#include <type_traits>
+
+#include <gtest/gtest.h>
+
+#include "allocations.h"
+
+namespace {
+
+// Counts its objects, so that a test sees when one is destroyed.
+struct Counted {
+    explicit Counted(int given = 0)
+        : number(given)
+    {
+        ++alive;
+    }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+    ~Counted() { --alive; }
+
+    int number;
+    static int alive;
+};
+
+int Counted::alive = 0;
+
+typedef shared_ptr<Counted> Owner;
+
+// A word of an owner as it lies in memory: 0 is what it owns, 1 its count.
+template <typename T> void* wordOf(const T& owner, int index)
+{
+    void* words[2];
+    static_assert(sizeof words == sizeof owner, "an owner is two words");
+    std::memcpy(words, &owner, sizeof words);
+    return words[index];
+}
+
+static_assert(std::is_nothrow_copy_constructible<Owner>::value, "a copy only counts");
+static_assert(std::is_nothrow_copy_assignable<Owner>::value, "an assignment only counts");
+static_assert(!std::is_convertible<Counted*, Owner>::value, "an owner is made on purpose only");
+
+// Every test leaves nothing behind, neither objects nor counts.
+class SharedPtr : public testing::Test {
+protected:
+    void SetUp() override { m_live = allocations::live(); }
+    void TearDown() override
+    {
+        EXPECT_EQ(Counted::alive, 0);
+        EXPECT_EQ(allocations::live(), m_live);
+    }
+
+private:
+    long m_live;
+};
+
+TEST_F(SharedPtr, OwnsThePointerWithACountOfOne)
+{
+    Counted* const object = new Counted(7);
+    const Owner owner(object);
+    EXPECT_EQ(owner.get(), object);
+    EXPECT_EQ(&*owner, object);
+    EXPECT_EQ(owner->number, 7);
+    EXPECT_EQ(owner.use_count(), 1);
+    EXPECT_TRUE(owner.unique());
+}
+
+TEST_F(SharedPtr, IsTwoWordsTheObjectAndACountOf32Bits)
+{
+    Counted* const object = new Counted;
+    const Owner owner(object);
+    const Owner copy(owner);
+    EXPECT_EQ(wordOf(owner, 0), object);
+    std::int32_t count = 0;
+    std::memcpy(&count, wordOf(owner, 1), sizeof count);
+    EXPECT_EQ(count, 2);
+}
+
+TEST_F(SharedPtr, NullPointerHasACountToo)
+{
+    const Owner owner;
+    EXPECT_EQ(owner.get(), nullptr);
+    EXPECT_EQ(owner.use_count(), 1);
+    EXPECT_NE(wordOf(owner, 1), nullptr);
+    const Owner copy(owner);
+    EXPECT_EQ(copy.use_count(), 2);
+    EXPECT_EQ(wordOf(copy, 1), wordOf(owner, 1));
+}
+
+TEST_F(SharedPtr, AllocatesItsCountAloneAndCopiesWithoutAllocating)
+{
+    EXPECT_EQ(allocations::sizesIn([] { Owner(); }), std::vector<std::size_t>{4});
+    const Owner owner(new Counted);
+    Owner other;
+    EXPECT_EQ(allocations::countIn([&] {
+        const Owner copy(owner);
+        other = copy;
+    }),
+        0u);
+}
+
+TEST_F(SharedPtr, CopySharesBothFieldsAndCounts)
+{
+    const Owner owner(new Counted);
+    {
+        const Owner copy(owner);
+        EXPECT_EQ(copy.get(), owner.get());
+        EXPECT_EQ(wordOf(copy, 1), wordOf(owner, 1));
+        EXPECT_EQ(owner.use_count(), 2);
+        EXPECT_FALSE(owner.unique());
+    }
+    EXPECT_EQ(owner.use_count(), 1);
+    EXPECT_EQ(Counted::alive, 1);
+}
+
+TEST_F(SharedPtr, MovingFromOneCopiesIt)
+{
+    Owner owner(new Counted);
+    const Owner copy(static_cast<Owner&&>(owner));
+    EXPECT_EQ(owner.get(), copy.get());
+    EXPECT_EQ(owner.use_count(), 2);
+}
+
+TEST_F(SharedPtr, LastOwnerFreesTheObject)
+{
+    {
+        const Owner owner(new Counted);
+        const Owner copy(owner);
+        EXPECT_EQ(Counted::alive, 1);
+    }
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST_F(SharedPtr, AssignmentGivesUpTheOldObjectAndSharesTheNew)
+{
+    Owner owner(new Counted(1));
+    const Owner source(new Counted(2));
+    owner = source;
+    EXPECT_EQ(Counted::alive, 1);
+    EXPECT_EQ(owner->number, 2);
+    EXPECT_EQ(wordOf(owner, 1), wordOf(source, 1));
+    EXPECT_EQ(source.use_count(), 2);
+}
+
+TEST_F(SharedPtr, AssignmentLeavesTheOldObjectToItsOtherOwners)
+{
+    Owner owner(new Counted(1));
+    const Owner keeper(owner);
+    owner = Owner(new Counted(2));
+    EXPECT_EQ(keeper->number, 1);
+    EXPECT_EQ(keeper.use_count(), 1);
+    EXPECT_EQ(owner.use_count(), 1);
+}
+
+TEST_F(SharedPtr, AssignmentBetweenSharersOrToItselfChangesNothing)
+{
+    Owner owner(new Counted);
+    const Owner copy(owner);
+    const Owner& self = owner;
+    owner = self;
+    owner = copy;
+    EXPECT_EQ(owner.get(), copy.get());
+    EXPECT_EQ(owner.use_count(), 2);
+    EXPECT_EQ(Counted::alive, 1);
+}
+
+// A list whose elements own the next one: assigning from the second gives up the first, and with it the source itself.
+struct Link {
+    Owner object;
+    shared_ptr<Link> next;
+};
+
+TEST_F(SharedPtr, AssignmentFromInsideTheOldObjectIsSafe)
+{
+    shared_ptr<Link> list(new Link);
+    list->next.reset(new Link);
+    list->next->object.reset(new Counted(2));
+    list = list->next;
+    EXPECT_EQ(list->object->number, 2);
+    EXPECT_EQ(list.use_count(), 1);
+    EXPECT_EQ(list->next.get(), nullptr);
+}
+
+TEST_F(SharedPtr, ResetWithTheSamePointerDoesNothing)
+{
+    Owner owner(new Counted);
+    const Owner copy(owner);
+    void* const count = wordOf(owner, 1);
+    EXPECT_EQ(allocations::countIn([&] { owner.reset(owner.get()); }), 0u);
+    EXPECT_EQ(wordOf(owner, 1), count);
+    EXPECT_EQ(owner.use_count(), 2);
+}
+
+TEST_F(SharedPtr, ResetOfNullToNullDoesNothing)
+{
+    Owner owner;
+    const Owner copy(owner);
+    owner.reset();
+    EXPECT_EQ(owner.use_count(), 2);
+}
+
+TEST_F(SharedPtr, ResetOfTheLastOwnerFreesTheObjectAndUsesTheCountAgain)
+{
+    Owner owner(new Counted(1));
+    void* const count = wordOf(owner, 1);
+    Counted* const object = new Counted(2);
+    EXPECT_EQ(allocations::countIn([&] { owner.reset(object); }), 0u);
+    EXPECT_EQ(Counted::alive, 1);
+    EXPECT_EQ(owner.get(), object);
+    EXPECT_EQ(wordOf(owner, 1), count);
+    EXPECT_EQ(owner.use_count(), 1);
+}
+
+TEST_F(SharedPtr, ResetOfANullLastOwnerUsesTheCountAgain)
+{
+    Owner owner;
+    void* const count = wordOf(owner, 1);
+    owner.reset(new Counted);
+    EXPECT_EQ(wordOf(owner, 1), count);
+    EXPECT_EQ(owner.use_count(), 1);
+}
+
+TEST_F(SharedPtr, ResetLeavesTheObjectAndTheCountToOtherOwners)
+{
+    Owner owner(new Counted(1));
+    const Owner keeper(owner);
+    void* const count = wordOf(keeper, 1);
+    Counted* const object = new Counted(2);
+    EXPECT_EQ(allocations::sizesIn([&] { owner.reset(object); }), std::vector<std::size_t>{4});
+    EXPECT_EQ(keeper->number, 1);
+    EXPECT_EQ(keeper.use_count(), 1);
+    EXPECT_EQ(wordOf(keeper, 1), count);
+    EXPECT_EQ(owner->number, 2);
+    EXPECT_EQ(owner.use_count(), 1);
+    EXPECT_NE(wordOf(owner, 1), count);
+}
+
+TEST_F(SharedPtr, ResetToNothingGivesUpTheObject)
+{
+    Owner owner(new Counted);
+    owner.reset();
+    EXPECT_EQ(owner.get(), nullptr);
+    EXPECT_EQ(owner.use_count(), 1);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST_F(SharedPtr, DisposeOfTheLastOwnerFreesTheObjectAndTheCount)
+{
+    const long before = allocations::live();
+    Owner owner(new Counted);
+    owner.dispose();
+    EXPECT_EQ(Counted::alive, 0);
+    EXPECT_EQ(allocations::live(), before);
+    EXPECT_EQ(owner.get(), nullptr);
+    EXPECT_EQ(owner.use_count(), 0);
+}
+
+TEST_F(SharedPtr, DisposeOfOneOfTwoOwnersFreesNothing)
+{
+    Owner owner(new Counted);
+    const Owner keeper(owner);
+    const long before = allocations::live();
+    owner.dispose();
+    EXPECT_EQ(allocations::live(), before);
+    EXPECT_EQ(keeper.use_count(), 1);
+    EXPECT_EQ(Counted::alive, 1);
+}
+
+TEST_F(SharedPtr, DisposedOwnerCanBeCopiedAssignedResetAndDisposedAgain)
+{
+    Owner owner(new Counted);
+    owner.dispose();
+    owner.dispose();
+    const Owner copy(owner);
+    EXPECT_EQ(copy.use_count(), 0);
+
+    owner = Owner(new Counted(1));
+    EXPECT_EQ(owner->number, 1);
+    owner.dispose();
+    owner.reset(new Counted(2));
+    EXPECT_EQ(owner->number, 2);
+    EXPECT_EQ(owner.use_count(), 1);
+    owner = copy;
+    EXPECT_EQ(owner.use_count(), 0);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST_F(SharedPtr, FailedConstructionFreesThePointer)
+{
+    Counted* const object = new Counted;
+    EXPECT_EQ(Counted::alive, 1);
+    bool thrown = false;
+    allocations::start(0);
+    try {
+        const Owner owner(object);
+    } catch (const std::bad_alloc&) {
+        thrown = true;
+    }
+    allocations::stop();
+    EXPECT_TRUE(thrown);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST_F(SharedPtr, FailedResetFreesThePointerAndChangesNothing)
+{
+    Owner owner(new Counted(1));
+    const Owner keeper(owner);
+    Counted* const object = new Counted(2);
+    bool thrown = false;
+    allocations::start(0);
+    try {
+        owner.reset(object);
+    } catch (const std::bad_alloc&) {
+        thrown = true;
+    }
+    allocations::stop();
+    EXPECT_TRUE(thrown);
+    EXPECT_EQ(Counted::alive, 1);
+    EXPECT_EQ(owner.get(), keeper.get());
+    EXPECT_EQ(owner.use_count(), 2);
+}
+
+TEST_F(SharedPtr, CheckedDeleteFreesAnObjectAndIgnoresNull)
+{
+    checked_delete(new Counted);
+    EXPECT_EQ(Counted::alive, 0);
+    checked_delete(static_cast<Counted*>(nullptr));
+}
+
+TEST_F(SharedPtr, CheckedArrayDeleteFreesEveryElementAndIgnoresNull)
+{
+    checked_array_delete(new Counted[3]);
+    EXPECT_EQ(Counted::alive, 0);
+    checked_array_delete(static_cast<Counted*>(nullptr));
+}
+
+TEST_F(SharedPtr, SharedArrayGivesItsElementsAndFreesThemAll)
+{
+    {
+        Counted* const elements = new Counted[3];
+        shared_array<Counted> array(elements);
+        const shared_array<Counted> copy(array);
+        array[2].number = 5;
+        EXPECT_EQ(copy[2].number, 5);
+        EXPECT_EQ(&array[1], elements + 1);
+        EXPECT_EQ(array.get(), elements);
+        EXPECT_EQ(array.use_count(), 2);
+        array.reset(new Counted[1]);
+        EXPECT_EQ(Counted::alive, 4);
+        EXPECT_EQ(copy[2].number, 5);
+    }
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST_F(SharedPtr, SharedArrayOfNothingIsNullWithACount)
+{
+    const shared_array<Counted> array;
+    EXPECT_EQ(array.get(), nullptr);
+    EXPECT_EQ(array.use_count(), 1);
+}
+
+}  // namespace
