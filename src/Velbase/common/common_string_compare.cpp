@@ -1,0 +1,74 @@
+// The operators, and what a text begins and ends with.
+
+#include <cstring>
+
+#include "Velbase/common/common_string.h"
+
+namespace {
+
+// Below, at or above 0 as `lhs` sorts before, with or after `rhs`; null pointers are equal and sort first.
+int StringCompare(const char* lhs, const char* rhs)
+{
+    if (lhs == rhs)
+        return 0;
+    if (lhs == nullptr)
+        return -1;
+    if (rhs == nullptr)
+        return 1;
+    return std::strcmp(lhs, rhs);
+}
+
+}  // namespace
+
+bool operator==(const String& a, const String& b)
+{
+    return StringCompare(a.Latin1(), b.Latin1()) == 0;
+}
+
+bool operator==(const String& a, const char* b)
+{
+    return StringCompare(a.Latin1(), b) == 0;
+}
+
+bool operator<(const String& a, const String& b)
+{
+    return StringCompare(a.Latin1(), b.Latin1()) < 0;
+}
+
+bool operator<(const String& a, const char* b)
+{
+    return StringCompare(a.Latin1(), b) < 0;
+}
+
+bool operator<=(const String& a, const String& b)
+{
+    return StringCompare(a.Latin1(), b.Latin1()) <= 0;
+}
+
+bool operator<=(const String& a, const char* b)
+{
+    return StringCompare(a.Latin1(), b) <= 0;
+}
+
+// A piece of the text and `other` are of one length, so that strncmp compares them as C strings without a copy of the
+// piece. Without case the lowered copies are made: they are what defines which letters are alike.
+
+bool String::BeginsWith(const String& other, bool caseSensitive) const
+{
+    const unsigned length = other.Length();
+    if (Length() < length)
+        return false;
+    if (caseSensitive)
+        return std::strncmp(Latin1(), other.Latin1(), length) == 0;
+    return Left(length).ToLower() == other.ToLower();
+}
+
+bool String::EndsWith(const String& other, bool caseSensitive) const
+{
+    const unsigned length = other.Length();
+    if (Length() < length)
+        return false;
+    if (caseSensitive)
+        return std::strncmp(Latin1() + (Length() - length), other.Latin1(), length) == 0;
+    return Right(length).ToLower() == other.ToLower();
+}

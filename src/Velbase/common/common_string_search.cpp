@@ -1,0 +1,136 @@
+// Searching for characters and texts.
+
+#include <cassert>
+#include <cstring>
+
+#include "Velbase/common/common_string.h"
+
+namespace {
+
+// Bytes are looked at in blocks of this size: a loop of fixed length without an exit becomes vector instructions.
+const unsigned BLOCK = 64;
+
+// Finds a byte, or a letter in both cases.
+class CharFinder {
+public:
+    CharFinder(char c, bool caseSensitive)
+        : m_ignored(0)
+        , m_wanted(unsigned_byte(c))
+    {
+        const Char folded = Char(c).ToLower();
+        if (caseSensitive || folded == folded.ToUpper())
+            return;
+        // The two cases of a letter differ in this one bit.
+        m_ignored = 'a' ^ 'A';
+        m_wanted = unsigned_byte(folded);
+    }
+
+    bool matches(char c) const { return (unsigned_byte(c) | m_ignored) == m_wanted; }
+
+    // Whether one of the BLOCK characters from `block` matches.
+    bool matchesIn(const char* block) const
+    {
+        unsigned char found = 0;
+        for (unsigned i = 0; i < BLOCK; ++i)
+            found = static_cast<unsigned char>(found | matches(block[i]));
+        return found != 0;
+    }
+
+private:
+    unsigned char m_ignored;
+    unsigned char m_wanted;
+};
+
+// Where `needle` is in a text of which `rest` begins at position `from`.
+checked_uint findText(const char* needle, const char* rest, unsigned from)
+{
+    const char* const hit = std::strstr(rest, needle);
+    return hit == nullptr ? checked_uint() : checked_uint(from + static_cast<unsigned>(hit - rest));
+}
+
+}  // namespace
+
+checked_uint String::Find(char c, unsigned from, bool caseSensitive) const
+{
+    const unsigned length = Length();
+    if (from >= length)
+        return checked_uint();
+    const char* const text = Latin1();
+    if (caseSensitive) {
+        const void* const hit = std::memchr(text + from, c, length - from);
+        return hit == nullptr ? checked_uint()
+                              : checked_uint(static_cast<unsigned>(static_cast<const char*>(hit) - text));
+    }
+    const CharFinder finder(c, caseSensitive);
+    unsigned i = from;
+    while (length - i >= BLOCK && !finder.matchesIn(text + i))
+        i += BLOCK;
+    while (i < length && !finder.matches(text[i]))
+        ++i;
+    return i < length ? checked_uint(i) : checked_uint();
+}
+
+checked_uint String::Find(const Char& c, unsigned from, bool caseSensitive) const
+{
+    return Find(static_cast<char>(c), from, caseSensitive);
+}
+
+checked_uint String::FindRev(char c, const checked_uint& from, bool caseSensitive) const
+{
+    const unsigned length = Length();
+    const unsigned start = from.valid() ? from.value() : length - 1;
+    if (start >= length)
+        return checked_uint();
+    const char* const text = Latin1();
+    const CharFinder finder(c, caseSensitive);
+    unsigned end = start + 1;
+    while (end >= BLOCK && !finder.matchesIn(text + end - BLOCK))
+        end -= BLOCK;
+    while (end > 0 && !finder.matches(text[end - 1]))
+        --end;
+    return end > 0 ? checked_uint(end - 1) : checked_uint();
+}
+
+checked_uint String::FindRev(const Char& c, const checked_uint& from, bool caseSensitive) const
+{
+    return FindRev(static_cast<char>(c), from, caseSensitive);
+}
+
+checked_uint String::Find(const char* needle, unsigned from, bool caseSensitive) const
+{
+    if (from >= Length())
+        return checked_uint();
+    if (caseSensitive) {
+        assert(needle != nullptr);
+        return findText(needle, Latin1() + from, from);
+    }
+    // The lowered copy ends at the first zero byte, which may be before `from`.
+    const String lowered = ToLower();
+    const char* const rest = from < lowered.Length() ? lowered.Latin1() + from : "";
+    return findText(String(needle).ToLower().Latin1(), rest, from);
+}
+
+checked_uint String::Find(const String& needle, unsigned from, bool caseSensitive) const
+{
+    return Find(needle.Latin1(), from, caseSensitive);
+}
+
+bool String::Contains(char c, bool caseSensitive) const
+{
+    return Find(c, 0, caseSensitive).valid();
+}
+
+bool String::Contains(const Char& c, bool caseSensitive) const
+{
+    return Find(c, 0, caseSensitive).valid();
+}
+
+bool String::Contains(const char* needle, bool caseSensitive) const
+{
+    return Find(needle, 0, caseSensitive).valid();
+}
+
+bool String::Contains(const String& needle, bool caseSensitive) const
+{
+    return Find(needle, 0, caseSensitive).valid();
+}
