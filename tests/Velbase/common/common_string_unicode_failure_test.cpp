@@ -1,0 +1,280 @@
+// The UTF-16 members with a converter in the platform's place that does what a test tells it, and notes how it was
+// called.
+
+#include <Carbon/Carbon.h>
+
+#include <algorithm>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Velbase/common/common_string.h"
+#include "allocations.h"
+#include "string_contents.h"
+
+namespace {
+
+// What the converter is to do, and the arguments of the calls so far.
+struct ConverterDouble {
+    TextEncoding encoding = 0x1234;
+    OSStatus createStatus = noErr;
+    OSStatus convertStatus = noErr;
+    ByteCount written = 0;             // what it says that it wrote
+    std::vector<unsigned char> bytes;  // what it writes
+
+    std::vector<TextEncoding> created;
+    std::vector<ByteCount> sourceLengths;
+    std::vector<ByteCount> bufferSizes;
+    int disposed = 0;
+};
+
+ConverterDouble converter;
+
+OSStatus convert(ByteCount sourceLength, ByteCount bufferSize, ByteCount* read, ByteCount* written, void* buffer)
+{
+    converter.sourceLengths.push_back(sourceLength);
+    converter.bufferSizes.push_back(bufferSize);
+    std::copy(converter.bytes.begin(), converter.bytes.end(), static_cast<unsigned char*>(buffer));
+    *read = sourceLength;
+    *written = converter.written;
+    return converter.convertStatus;
+}
+
+}  // namespace
+
+extern "C" {
+
+TextEncoding CreateTextEncoding(TextEncodingBase base, TextEncodingVariant variant, TextEncodingFormat format)
+{
+    EXPECT_EQ(base, 0u);
+    EXPECT_EQ(variant, 0u);
+    EXPECT_EQ(format, 0u);
+    return converter.encoding;
+}
+
+OSStatus CreateTextToUnicodeInfoByEncoding(TextEncoding encoding, TextToUnicodeInfo* info)
+{
+    converter.created.push_back(encoding);
+    *info = reinterpret_cast<TextToUnicodeInfo>(&converter);
+    return converter.createStatus;
+}
+
+OSStatus CreateUnicodeToTextInfoByEncoding(TextEncoding encoding, UnicodeToTextInfo* info)
+{
+    converter.created.push_back(encoding);
+    *info = reinterpret_cast<UnicodeToTextInfo>(&converter);
+    return converter.createStatus;
+}
+
+OSStatus ConvertFromTextToUnicode(TextToUnicodeInfo info, ByteCount sourceLength, ConstLogicalAddress, OptionBits flags,
+    ItemCount offsetCount, const ByteOffset offsets[], ItemCount* offsetsUsed, ByteOffset resultOffsets[],
+    ByteCount bufferSize, ByteCount* read, ByteCount* written, UniChar unicode[])
+{
+    EXPECT_EQ(reinterpret_cast<ConverterDouble*>(info), &converter);
+    EXPECT_EQ(flags, 0u);
+    EXPECT_EQ(offsetCount, 0u);
+    EXPECT_TRUE(offsets == nullptr && offsetsUsed == nullptr && resultOffsets == nullptr);
+    return convert(sourceLength, bufferSize, read, written, unicode);
+}
+
+OSStatus ConvertFromUnicodeToText(UnicodeToTextInfo info, ByteCount unicodeLength, const UniChar[], OptionBits flags,
+    ItemCount offsetCount, const ByteOffset offsets[], ItemCount* offsetsUsed, ByteOffset resultOffsets[],
+    ByteCount bufferSize, ByteCount* read, ByteCount* written, LogicalAddress text)
+{
+    EXPECT_EQ(reinterpret_cast<ConverterDouble*>(info), &converter);
+    EXPECT_EQ(flags, 0u);
+    EXPECT_EQ(offsetCount, 0u);
+    EXPECT_TRUE(offsets == nullptr && offsetsUsed == nullptr && resultOffsets == nullptr);
+    return convert(unicodeLength, bufferSize, read, written, text);
+}
+
+OSStatus DisposeTextToUnicodeInfo(TextToUnicodeInfo*)
+{
+    ++converter.disposed;
+    return noErr;
+}
+
+OSStatus DisposeUnicodeToTextInfo(UnicodeToTextInfo*)
+{
+    ++converter.disposed;
+    return noErr;
+}
+}
+
+namespace {
+
+class StringUnicodeCalls : public testing::Test {
+protected:
+    void SetUp() override { converter = ConverterDouble(); }
+    void TearDown() override { EXPECT_EQ(converter.disposed, 0) << "the converter is never disposed of"; }
+
+    const unsigned short m_units[4] = {'a', 'b', 'c', 0};
+};
+
+TEST_F(StringUnicodeCalls, FromUnicodeAsksForBytesAndRoomForTheTerminator)
+{
+    converter.bytes = {'x', 'y', 'z'};
+    converter.written = 3;
+    EXPECT_EQ(contents(String(m_units)), "xyz");
+    EXPECT_EQ(converter.created, std::vector<TextEncoding>{0x1234});
+    EXPECT_EQ(converter.sourceLengths, std::vector<ByteCount>{6});
+    EXPECT_EQ(converter.bufferSizes, std::vector<ByteCount>{4});
+}
+
+TEST_F(StringUnicodeCalls, FromUnicodeMakesAConverterEveryTime)
+{
+    converter.bytes = {'x', 'y', 'z'};
+    const String first(m_units);
+    const String second(m_units);
+    EXPECT_EQ(converter.created.size(), 2u);
+}
+
+TEST_F(StringUnicodeCalls, FromUnicodeNeedsNoConverterForNullAndEmpty)
+{
+    const unsigned short empty[1] = {0};
+    EXPECT_EQ(contents(String(empty)), "");
+    EXPECT_TRUE(String(static_cast<const unsigned short*>(nullptr)).IsNull());
+    EXPECT_TRUE(converter.created.empty());
+}
+
+TEST_F(StringUnicodeCalls, FromUnicodeIsNullWithoutAConverter)
+{
+    converter.createStatus = paramErr;
+    EXPECT_TRUE(String(m_units).IsNull());
+    EXPECT_TRUE(converter.sourceLengths.empty());
+}
+
+TEST_F(StringUnicodeCalls, FromUnicodeIsNullWhenTheConversionFails)
+{
+    converter.bytes = {'x', 'y', 'z'};
+    converter.written = 3;
+    for (const OSStatus status : {kTECUnmappableElementErr, kTECOutputBufferFullStatus}) {
+        converter.convertStatus = status;
+        EXPECT_TRUE(String(m_units).IsNull());
+    }
+}
+
+TEST_F(StringUnicodeCalls, FromUnicodeGivesUpATooLongTextBeforeConverting)
+{
+    const std::vector<unsigned short> endless(100000, 'x');
+    EXPECT_TRUE(String(endless.data()).IsNull());
+    EXPECT_EQ(converter.created.size(), 1u);
+    EXPECT_TRUE(converter.sourceLengths.empty());
+}
+
+TEST_F(StringUnicodeCalls, FromUnicodeEndsAtTheFirstZeroByteThatComesOut)
+{
+    converter.bytes = {'x', 0, 'z'};
+    converter.written = 3;
+    EXPECT_EQ(contents(String(m_units)), "x");
+    converter.bytes = {0, 'y', 'z'};
+    EXPECT_EQ(contents(String(m_units)), "");
+}
+
+TEST_F(StringUnicodeCalls, FromUnicodeEndsAtTheCountIfMoreComesOut)
+{
+    converter.bytes = {'w', 'x', 'y', 'z'};
+    converter.written = 4;
+    EXPECT_EQ(contents(String(m_units)), "wxy");
+}
+
+TEST_F(StringUnicodeCalls, ToUnicodeAsksForUnitsWithoutTheTerminator)
+{
+    converter.written = 6;
+    const shared_array<unsigned short> units = String("abc").Unicode();
+    ASSERT_NE(units.get(), nullptr);
+    EXPECT_EQ(units[3], 0);
+    EXPECT_EQ(converter.created, std::vector<TextEncoding>{0x1234});
+    EXPECT_EQ(converter.sourceLengths, std::vector<ByteCount>{3});
+    EXPECT_EQ(converter.bufferSizes, std::vector<ByteCount>{6});
+}
+
+TEST_F(StringUnicodeCalls, ToUnicodeConvertsNothingOfANullString)
+{
+    const shared_array<unsigned short> units = String().Unicode();
+    ASSERT_NE(units.get(), nullptr);
+    EXPECT_EQ(units[0], 0);
+    EXPECT_EQ(converter.sourceLengths, std::vector<ByteCount>{0});
+    EXPECT_EQ(converter.bufferSizes, std::vector<ByteCount>{0});
+}
+
+TEST_F(StringUnicodeCalls, ToUnicodeEndsBehindWhatWasWritten)
+{
+    converter.bytes = {1, 1, 1, 1, 1, 1};
+    for (const ByteCount written : {0u, 2u, 3u, 4u, 6u, 7u}) {
+        converter.written = written;
+        const shared_array<unsigned short> units = String("abc").Unicode();
+        ASSERT_NE(units.get(), nullptr);
+        EXPECT_EQ(units[written / 2], 0) << written;
+        for (unsigned i = 0; i < written / 2; ++i)
+            EXPECT_EQ(units[i], 0x0101);
+    }
+}
+
+TEST_F(StringUnicodeCalls, ToUnicodeIsNullIfMoreWasWrittenThanThereIsRoom)
+{
+    converter.written = 8;
+    EXPECT_EQ(String("abc").Unicode().get(), nullptr);
+}
+
+TEST_F(StringUnicodeCalls, ToUnicodeIsNullWithoutAConverter)
+{
+    converter.createStatus = paramErr;
+    EXPECT_EQ(String("abc").Unicode().get(), nullptr);
+    EXPECT_TRUE(converter.sourceLengths.empty());
+}
+
+TEST_F(StringUnicodeCalls, ToUnicodeIsNullWhenTheConversionFails)
+{
+    converter.written = 6;
+    converter.convertStatus = kTECOutputBufferFullStatus;
+    EXPECT_EQ(String("abc").Unicode().get(), nullptr);
+}
+
+TEST_F(StringUnicodeCalls, ToUnicodeGivesUpATooLongTextBeforeConverting)
+{
+    EXPECT_EQ(String(std::string(100000, 'x').c_str()).Unicode().get(), nullptr);
+    EXPECT_TRUE(converter.sourceLengths.empty());
+}
+
+// Room for what the double notes, so that only the library's own allocations are refused.
+void reserveNotes()
+{
+    converter = ConverterDouble();
+    converter.bytes = {'x', 'y', 'z'};
+    converter.written = 3;
+    converter.created.reserve(1);
+    converter.sourceLengths.reserve(1);
+    converter.bufferSizes.reserve(1);
+}
+
+TEST_F(StringUnicodeCalls, FromUnicodeThrowsWithoutALeakWhicheverAllocationFails)
+{
+    const unsigned short empty[1] = {0};
+    for (const unsigned short* const text : {m_units + 0, empty + 0}) {
+        int refused = 0;
+        for (;; ++refused) {
+            reserveNotes();
+            if (!allocations::refusing(refused, [&] { const String made(text); }))
+                break;
+        }
+        EXPECT_GT(refused, 0);
+    }
+}
+
+TEST_F(StringUnicodeCalls, ToUnicodeThrowsWithoutALeakWhicheverAllocationFails)
+{
+    const String text("abc");
+    for (const OSStatus status : {noErr, paramErr}) {
+        int refused = 0;
+        for (;; ++refused) {
+            reserveNotes();
+            converter.createStatus = status;
+            if (!allocations::refusing(refused, [&] { text.Unicode(); }))
+                break;
+        }
+        EXPECT_GT(refused, 0);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,134 @@
+// The UTF-16 members with the toolbox's Text Encoding Converter.
+
+#include <gtest/gtest.h>
+
+#include "Velbase/common/common_string.h"
+#include "string_contents.h"
+
+namespace {
+
+using namespace std::literals;
+
+// UTF-16 in the library's own unit type.
+std::vector<unsigned short> unitsOf(std::u16string_view text)
+{
+    std::vector<unsigned short> units(text.begin(), text.end());
+    units.push_back(0);
+    return units;
+}
+
+// What Unicode() gave, up to its terminator; none for a null array.
+std::optional<std::u16string> textOf(const shared_array<unsigned short>& units)
+{
+    if (units.get() == nullptr)
+        return std::nullopt;
+    std::u16string text;
+    for (std::size_t i = 0; units[i] != 0; ++i)
+        text += static_cast<char16_t>(units[i]);
+    return text;
+}
+
+struct UnicodeCase {
+    const char* name;
+    std::string_view bytes;
+    std::u16string_view units;
+};
+
+// clang-format off
+const UnicodeCase UNICODE_CASES[] = {
+    // name            bytes                  units
+    {"Empty",          "",                    u""},
+    {"OneCharacter",   "a",                   u"a"},
+    {"Ascii",          "abc 123 ~",           u"abc 123 ~"},
+    {"Controls",       "\x01\t\n\x7F",        u"\u0001\t\n\u007F"},
+    {"Letters",        "\x8E\x9F\xA7",        u"\u00E9\u00FC\u00DF"},
+    {"BeyondLatin1",   "\xCF\xF6\xDB\xAA",    u"\u0153\u02C6\u20AC\u2122"},
+    {"Apple",          "\xF0",                u"\uF8FF"},
+};
+// clang-format on
+
+class StringUnicode : public testing::TestWithParam<UnicodeCase> { };
+
+TEST_P(StringUnicode, TextIsMacOSRoman)
+{
+    const String text(unitsOf(GetParam().units).data());
+    EXPECT_EQ(contents(text), GetParam().bytes);
+    EXPECT_TRUE(textOf(stringOf(GetParam().bytes).Unicode()) == GetParam().units);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, StringUnicode, testing::ValuesIn(UNICODE_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(StringUnicode, EveryByteButZeroComesBack)
+{
+    std::string bytes;
+    for (int byte = 1; byte < 256; ++byte)
+        bytes += static_cast<char>(byte);
+    const shared_array<unsigned short> units = String(bytes.c_str()).Unicode();
+    ASSERT_NE(units.get(), nullptr);
+    EXPECT_EQ(units[255], 0);
+    EXPECT_EQ(contents(String(units.get())), bytes);
+}
+
+TEST(StringFromUnicode, NullPointerGivesANullString)
+{
+    EXPECT_TRUE(String(static_cast<const unsigned short*>(nullptr)).IsNull());
+}
+
+TEST(StringFromUnicode, CharacterThatMacOSRomanLacksGivesANullString)
+{
+    EXPECT_TRUE(String(unitsOf(u"a\u0416b").data()).IsNull());
+    EXPECT_TRUE(String(unitsOf(u"\U0001F600").data()).IsNull());
+}
+
+TEST(StringFromUnicode, HundredThousandUnitsAreGivenUp)
+{
+    for (const unsigned length : {99999u, 100000u, 100001u}) {
+        const std::u16string text(length, u'x');
+        const String converted(unitsOf(text).data());
+        EXPECT_EQ(converted.IsNull(), length >= 100000) << length;
+        EXPECT_EQ(converted.Length(), length >= 100000 ? 0 : length);
+    }
+}
+
+TEST(StringFromUnicode, NothingIsReadBehindTheFirstHundredThousandUnits)
+{
+    const std::vector<unsigned short> unterminated(100000, 'x');
+    EXPECT_TRUE(String(unterminated.data()).IsNull());
+}
+
+TEST(StringToUnicode, NullStringGivesTheTerminatorAlone)
+{
+    EXPECT_TRUE(textOf(String().Unicode()) == u""sv);
+    EXPECT_TRUE(textOf(String("").Unicode()) == u""sv);
+}
+
+TEST(StringToUnicode, EndsAtTheFirstZeroByte)
+{
+    EXPECT_TRUE(textOf(stringOf("ab\0cd"sv).Unicode()) == u"ab"sv);
+}
+
+TEST(StringToUnicode, HundredThousandBytesAreGivenUp)
+{
+    for (const unsigned length : {99999u, 100000u, 100001u}) {
+        const String text(std::string(length, 'x').c_str());
+        const std::optional<std::u16string> converted = textOf(text.Unicode());
+        EXPECT_EQ(converted.has_value(), length < 100000) << length;
+        EXPECT_EQ(converted.value_or(u"").size(), length < 100000 ? length : 0);
+    }
+}
+
+TEST(StringToUnicode, ArrayIsSharedByItsCopiesAndOutlivesTheString)
+{
+    shared_array<unsigned short> copy;
+    {
+        const shared_array<unsigned short> units = String("ab").Unicode();
+        copy = units;
+        EXPECT_EQ(units.get(), copy.get());
+        EXPECT_EQ(units.use_count(), 2);
+    }
+    EXPECT_EQ(copy.use_count(), 1);
+    EXPECT_TRUE(textOf(copy) == u"ab"sv);
+}
+
+}  // namespace
