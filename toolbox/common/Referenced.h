@@ -10,6 +10,7 @@
 #include "toolbox/common/LiveCount.h"
 
 #include <cstdint>
+#include <optional>
 #include <unordered_map>
 
 namespace Toolbox {
@@ -37,12 +38,15 @@ public:
 protected:
     Referenced()
         : m_ref(reinterpret_cast<Ref>(nextReference()))
-        , m_alive(Object::KIND)
     {
+        countAs(Object::KIND);
         objects().emplace(m_ref, static_cast<Object*>(this));
     }
 
     ~Referenced() { objects().erase(m_ref); }
+
+    /// Counts this object as of another kind from now on: one that is not meant to end, and so is no leak.
+    void countAs(const char* kind) { m_alive.emplace(kind); }
 
 private:
     static std::unordered_map<Ref, Object*>& objects()
@@ -53,7 +57,7 @@ private:
     }
 
     const Ref m_ref;
-    const LiveCount m_alive;
+    std::optional<LiveCount> m_alive;
 };
 
 }  // namespace Toolbox

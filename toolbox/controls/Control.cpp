@@ -27,7 +27,7 @@ bool Control::offers(SInt32 item) const
     if (item < 1 || static_cast<std::size_t>(item) > items.size())
         return false;
     const MenuItem& wanted = items[static_cast<std::size_t>(item) - 1];
-    return wanted.enabled && !wanted.separator;
+    return wanted.enabled && !wanted.separator && !wanted.hidden;
 }
 
 namespace {

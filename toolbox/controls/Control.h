@@ -36,12 +36,13 @@ enum class ButtonRole { Plain, Default, Cancel };
 
 enum class Justification { Natural, Left, Center, Right };
 
-/// An item of a pop-up's menu. A separator counts as an item, but nobody can choose it.
+/// An item of a pop-up's menu. Separators and hidden ones count as items, but nobody can choose them.
 struct MenuItem {
     QString title;
     MenuCommand command = 0;
     bool enabled = true;
     bool separator = false;
+    bool hidden = false;
 };
 
 /// A control of a window. It owns the controls inside it; its window owns the root.
@@ -65,7 +66,7 @@ public:
     /// Whether a person can work it: it is shown and enabled, and so is everything that it lies in.
     bool usable() const;
 
-    /// Whether `item`, from 1, can be chosen: it is there, enabled and no separator.
+    /// Whether `item`, from 1, can be chosen: it is there, enabled, not hidden and no separator.
     bool offers(SInt32 item) const;
 
     Window& window;

@@ -51,7 +51,7 @@ Control* controlFor(const Window& window, MenuCommand command)
     return nullptr;
 }
 
-// Each of these returns whether there was something to do it with.
+// The next three return whether there was something to do it with.
 
 bool press(Control* control)
 {
@@ -84,16 +84,24 @@ bool give(const Answer& answer, const Window& window)
     return false;
 }
 
-bool confirm(const Window& window)
+void confirm(const Window& window)
 {
     Control* const button = usableButton(window, ButtonRole::Default);
-    return press(button != nullptr ? button : controlOfCommand(window, kHICommandOK));
+    press(button != nullptr ? button : controlOfCommand(window, kHICommandOK));
 }
 
 void cancel(Window& window)
 {
     if (!press(usableButton(window, ButtonRole::Cancel)))
         sendWindowCommand(window, kHICommandCancel);
+}
+
+bool hasEnded(WindowRef window, const char* otherwise, QString* problem)
+{
+    const bool ended = modalLoopEnded(window);
+    if (!ended)
+        *problem = QString::fromLatin1(otherwise);
+    return ended;
 }
 
 // ---- Alerts
@@ -137,20 +145,16 @@ UnattendedDisplay::UnattendedDisplay(const std::vector<Answer>& answers)
 bool UnattendedDisplay::runWindow(Window& window, QString* problem)
 {
     const WindowRef ref = window.ref();
-    while (!modalLoopEnded(ref)) {
-        if (m_answers.empty()) {
-            confirm(window);
-            *problem = QStringLiteral("no answer is left, and confirming the window does not end it");
-            return modalLoopEnded(ref);
-        }
-        if (!give(takeAnswer(), window)) {
-            answerWasUnfit = true;
-            cancel(window);
-            *problem = QStringLiteral("an answer fits nothing in the window, and cancelling does not end it");
-            return modalLoopEnded(ref);
-        }
+    while (!m_answers.empty() && !modalLoopEnded(ref)) {
+        if (give(takeAnswer(), window))
+            continue;
+        answerWasUnfit = true;
+        cancel(window);
+        return hasEnded(ref, "an answer fits nothing in the window, and cancelling does not end it", problem);
     }
-    return true;
+    if (!modalLoopEnded(ref))
+        confirm(window);
+    return hasEnded(ref, "no answer is left, and confirming the window does not end it", problem);
 }
 
 SInt16 UnattendedDisplay::runAlert(const Alert& alert)

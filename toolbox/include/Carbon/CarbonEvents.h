@@ -80,7 +80,8 @@ EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure);
 void DisposeEventHandlerUPP(EventHandlerUPP upp);
 
 /// Has `handler` called, before those installed earlier, with `userData` for each of the `count` kinds of event in
-/// `types`, until the target goes. `*installed` may be asked for or null.
+/// `types`, until the target goes. The handler may dispose of its own window, or install others, which then do not get
+/// the event that is being sent. `*installed` may be asked for or null.
 /// Returns noErr; paramErr for a null or dead target, a null procedure or a null list;
 /// eventHandlerAlreadyInstalledErr when this procedure already stands on this target for one of the events.
 OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UInt32 count, const EventTypeSpec* types,
@@ -102,10 +103,12 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
 /// Lets the person work in `window`, and only there, until QuitAppModalLoopForWindow for the same window.
 /// It neither shows nor hides nor disposes of the window. Loops of different windows may nest.
 /// Returns noErr; errInvalidWindowRef; windowAppModalStateAlreadyExistsErr when that window has a loop already;
-/// eventInternalErr when the display cannot go on (a closed terminal, a window that nothing could ever end).
+/// eventInternalErr when the display cannot go on (a closed terminal, a window that is not shown or that nothing could
+/// ever end). Once it has returned, and once its end was asked for, no handler gets another command of the window.
 OSStatus RunAppModalLoopForWindow(WindowRef window);
 
-/// Ends the loop of `window`; one that surrounds others ends when those have.
+/// Ends the loop of `window`; one that surrounds others ends when those have. A window that is disposed of inside its
+/// loop ends that as well.
 /// Returns noErr, errInvalidWindowRef, windowNoAppModalStateErr.
 OSStatus QuitAppModalLoopForWindow(WindowRef window);
 }

@@ -17,12 +17,14 @@ CFURLRef CFURLCreateFromFSRef(CFAllocatorRef allocator, const FSRef* file);
 Boolean CFURLGetFSRef(CFURLRef url, FSRef* file);
 
 /// The URL of the path in the `length` bytes at `path`, UTF-8. The disk is not looked at, so `isFolder` says what it
-/// is; a path that is not absolute is taken from the working directory. Null for null, an empty path, or one that
-/// holds a zero byte. The caller's.
+/// is, and ".." stays; slashes at the end are dropped. A path that is not absolute is taken from the working directory
+/// of this moment. Null for null, an empty path, or one that holds a zero byte. The caller's.
 CFURLRef CFURLCreateFromFileSystemRepresentation(
     CFAllocatorRef allocator, const UInt8* path, CFIndex length, Boolean isFolder);
 
-/// `url` with one more component; a slash is added where one is needed. Null for wrong or null arguments. The caller's.
+/// `url` with one more component, or with several, separated by slashes, and with none if `component` is empty; a slash
+/// is added where one is needed. Null for wrong or null arguments and for a component that is no file name: one with a
+/// zero or half a surrogate pair. The caller's.
 CFURLRef CFURLCreateCopyAppendingPathComponent(
     CFAllocatorRef allocator, CFURLRef url, CFStringRef component, Boolean isFolder);
 

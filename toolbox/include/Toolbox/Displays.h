@@ -13,8 +13,8 @@
 
 namespace Toolbox {
 
-/// One answer for the unattended display: a command for a window, an item number for its pop-up, or the number of an
-/// alert's button.
+/// One answer for the unattended display: a command for a window, the number from 1 of an item of its pop-up, or the
+/// number of an alert's button. The commands kHICommandOK and kHICommandCancel answer an alert too.
 struct Answer {
     enum class Kind { Command, Item, Button };
     Kind kind;
@@ -44,8 +44,16 @@ bool UseWindowDisplay(std::string* problem);
 /// Asks on the terminal from now on.
 void UseTerminalDisplay();
 
-/// Takes `answers`, in order, from now on, and shows nothing. When the list has run out, a window is confirmed as it
-/// stands and an alert takes its default button.
+/// Takes `answers`, in order, from now on, and shows nothing.
+///
+/// In a window a command presses the first control, of those that can be used, that carries it; for OK and Cancel,
+/// where none does, the default or cancel button. An item is chosen in the first pop-up that can be used. Then the next
+/// answer is taken, until one ends the window. When the list has run out, the window is confirmed as it stands. An
+/// answer that fits nothing there cancels it. A loop that neither of these ends fails.
+///
+/// In an alert a button's number presses that button, OK the first and Cancel the cancel button; where that is not
+/// there or disabled, the default button is pressed. So it is, too, when the list has run out, and when the next answer
+/// can only be meant for a window, which then stays in the list.
 void UseUnattendedDisplay(const std::vector<Answer>& answers);
 
 /// Saves the next window that is run as a picture (PNG) in `file`, whichever display runs it.
@@ -54,13 +62,14 @@ void SavePicture(const std::string& file);
 /// What went wrong with SavePicture; empty when it was saved, or when no window was run yet.
 std::string PictureProblem();
 
-/// Whether an answer of the list fitted nothing of what was shown; the window was then cancelled.
+/// Whether an answer of the list that was given last fitted nothing of what was shown; the window was then cancelled,
+/// or the alert took its default button.
 bool AnswerWasUnfit();
 
 /// How many answers of the list were not taken so far.
 std::size_t UnusedAnswers();
 
-/// Why a modal loop failed, in a few words; empty when none did.
+/// Why a modal loop failed, in a few words: the last one that did since the display was chosen. Empty when none did.
 std::string DisplayProblem();
 
 /// The alerts that were shown so far, in order.

@@ -1,0 +1,113 @@
+#include <CoreFoundation/CFBundle.h>
+
+#include "toolbox/bundles/Bundle.h"
+#include "toolbox/bundles/Languages.h"
+#include "toolbox/bundles/MainBundle.h"
+#include "toolbox/common/TracedCall.h"
+#include "toolbox/core_foundation/StringObject.h"
+#include "toolbox/core_foundation/URLObject.h"
+
+#include <Toolbox/Application.h>
+
+#include <QFile>
+
+namespace fs = std::filesystem;
+
+using Toolbox::Bundle;
+using Toolbox::createURL;
+using Toolbox::findObject;
+using Toolbox::StringObject;
+using Toolbox::TracedCall;
+using Toolbox::URLObject;
+
+namespace {
+
+// A reference, not an object: a caller may have released it though he only borrowed it.
+CFBundleRef mainBundle = nullptr;
+
+CFBundleRef createBundle(const fs::path& folder)
+{
+    const Bundle* const bundle = Bundle::create(folder);
+    return bundle == nullptr ? nullptr : Toolbox::referenceTo<CFBundleRef>(*bundle);
+}
+
+// Whether `string` is null, for nothing, or a string at all.
+bool isOptionalString(CFStringRef string)
+{
+    return string == nullptr || findObject<StringObject>(string) != nullptr;
+}
+
+CFURLRef copyResourceURL(const Bundle* bundle, CFStringRef name, CFStringRef type, CFStringRef subfolder)
+{
+    if (bundle == nullptr || !isOptionalString(type) || !isOptionalString(subfolder))
+        return nullptr;
+    const fs::path path = bundle->findResource(
+        Toolbox::textOf(name), Toolbox::textOf(type), Toolbox::textOf(subfolder), Toolbox::userLanguages());
+    std::error_code missing;
+    return createURL(path, fs::is_directory(path, missing));
+}
+
+}  // namespace
+
+bool Toolbox::SetMainBundle(const std::string& folder)
+{
+    const CFBundleRef bundle = createBundle(folder);
+    if (bundle == nullptr)
+        return false;
+    if (auto* const previous = findObject<Bundle>(mainBundle))
+        previous->release();
+    mainBundle = bundle;
+    return true;
+}
+
+QString Toolbox::mainBundleResource(const QString& name, const QString& type, const QString& subfolder)
+{
+    const auto* const bundle = findObject<Bundle>(mainBundle);
+    if (bundle == nullptr)
+        return QString();
+    const fs::path path = bundle->findResource(name, type, subfolder, userLanguages());
+    return QFile::decodeName(path.c_str());
+}
+
+CFBundleRef CFBundleGetMainBundle()
+{
+    TracedCall call("CFBundleGetMainBundle");
+    return call.gives(mainBundle);
+}
+
+CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
+{
+    TracedCall call("CFBundleCreate", allocator, url);
+    const auto* const found = findObject<URLObject>(url);
+    return call.gives(found == nullptr ? nullptr : createBundle(found->path()));
+}
+
+Boolean CFBundleLoadExecutable(CFBundleRef bundle)
+{
+    TracedCall call("CFBundleLoadExecutable", bundle);
+    auto* const found = findObject<Bundle>(bundle);
+    return call.gives<Boolean>(found != nullptr && found->load());
+}
+
+void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)
+{
+    TracedCall call("CFBundleGetFunctionPointerForName", bundle, name);
+    auto* const found = findObject<Bundle>(bundle);
+    const auto* const string = findObject<StringObject>(name);
+    if (found == nullptr || string == nullptr)
+        return call.gives<void*>(nullptr);
+    return call.gives(found->findFunction(string->text()));
+}
+
+CFURLRef CFBundleCopyResourceURL(CFBundleRef bundle, CFStringRef name, CFStringRef type, CFStringRef subfolder)
+{
+    TracedCall call("CFBundleCopyResourceURL", bundle, name, type, subfolder);
+    return call.gives(copyResourceURL(findObject<Bundle>(bundle), name, type, subfolder));
+}
+
+CFURLRef CFBundleCopyBuiltInPlugInsURL(CFBundleRef bundle)
+{
+    TracedCall call("CFBundleCopyBuiltInPlugInsURL", bundle);
+    const auto* const found = findObject<Bundle>(bundle);
+    return call.gives(found == nullptr ? nullptr : createURL(found->builtInPlugIns(), true));
+}
