@@ -16,15 +16,17 @@ enum {
     kIBCarbonRuntimeCantFindObject = -10962,
 };
 
-/// Opens the nib `name` (no extension) of the running application's main bundle.
+/// Opens the nib `name` (no extension) of the running application's main bundle, and reads its file, which may change
+/// or go from then on. What stands in it is looked at when a window is made.
 /// `*nib` is then the caller's, to be given to DisposeNibReference; it is null after a failure.
-/// Returns noErr; paramErr for a null or wrong argument; kIBCarbonRuntimeCantFindNibFile when there is no such nib.
+/// Returns noErr; paramErr for a null or wrong argument; kIBCarbonRuntimeCantFindNibFile when there is no such nib, or
+/// no `objects.xib` in it that can be read: a regular file of at most 2 MiB.
 OSStatus CreateNibReference(CFStringRef name, IBNibRef* nib);
 
-/// Makes a new window, hidden, from the object called `name` in the nib's name table.
+/// Makes a new window, hidden, from the object called `name` in the nib's name table, the first of that name.
 /// `*window` is then the caller's, to be given to DisposeWindow; it is null after a failure.
 /// Returns noErr; paramErr for a null or wrong argument; kIBCarbonRuntimeCantFindObject when the nib has no such
-/// object or cannot be read; kIBCarbonRuntimeObjectNotOfRequestedType when it is no window.
+/// object, or is corrupt there or as XML; kIBCarbonRuntimeObjectNotOfRequestedType when it is no window.
 OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window);
 
 /// Closes the nib. Windows made from it live on. No effect on a wrong reference.
