@@ -1,0 +1,140 @@
+#include "drivers.h"
+
+using namespace std::string_view_literals;
+
+namespace {
+
+constexpr std::string_view ALPHABET = "aabbABAB0129%%,, \t\xA0\xE9\x85\0\0"sv;
+
+constexpr unsigned LONGEST_SHORT_TEXT = 4;
+constexpr unsigned LONGEST_SHORT_ARGUMENT = 3;
+constexpr int RANDOM_ROUNDS = 2000;
+
+// Runs `check` and then looks whether it left the text and the argument alone, in the buffers that they had.
+template <typename Check> void checkLeavingAlone(const Twin& text, const Twin& argument, Check check)
+{
+    const char* const textAddress = text.string.Latin1();
+    const char* const argumentAddress = argument.string.Latin1();
+    check();
+    ASSERT_TRUE(agrees(text.string, text.text, {argument}));
+    ASSERT_EQ(text.string.Latin1(), textAddress) << shown(text);
+    ASSERT_EQ(argument.string.Latin1(), argumentAddress) << shown(argument);
+}
+
+void checkLeavingAlone(const TextOperation& operation, const Twin& text)
+{
+    checkLeavingAlone(text, text, [&] { operation.check(text); });
+}
+
+void checkLeavingAlone(const PairOperation& operation, const Twin& text, const Twin& argument)
+{
+    checkLeavingAlone(text, argument, [&] { operation.check(text, argument); });
+}
+
+}  // namespace
+
+std::uint64_t Random::number()
+{
+    const std::uint64_t high = m_engine();
+    const std::uint64_t number = high << 32 | m_engine();
+    return number >> below(64);
+}
+
+std::string Random::bytes(std::string_view letters, std::uint32_t maxLength)
+{
+    std::string result(below(maxLength + 1), '\0');
+    for (char& c : result)
+        c = of(letters);
+    return result;
+}
+
+Twin Random::text(std::uint32_t maxLength)
+{
+    if (once(12))
+        return nullTwin();
+    return twinOf(bytes(ALPHABET, once(30) ? 4 * maxLength : maxLength));
+}
+
+std::vector<Twin> shortTexts(std::string_view letters, unsigned maxLength)
+{
+    std::vector<std::string> all = {""};
+    std::size_t shorterBegin = 0;
+    for (unsigned length = 1; length <= maxLength; ++length) {
+        const std::size_t shorterEnd = all.size();
+        for (; shorterBegin < shorterEnd; ++shorterBegin) {
+            for (const char letter : letters)
+                all.push_back(all[shorterBegin] + letter);
+        }
+    }
+    std::vector<Twin> texts = {nullTwin()};
+    for (const std::string& bytes : all)
+        texts.push_back(twinOf(bytes));
+    return texts;
+}
+
+std::vector<unsigned> positions(unsigned length)
+{
+    std::vector<unsigned> all;
+    for (unsigned position = 0; position <= length + 1; ++position) {
+        if (length <= 10 || position <= 2 || position + 2 >= length)
+            all.push_back(position);
+    }
+    all.insert(all.end(), {0x7FFFFFFF, 0x80000000, 0xFFFFFFFE, 0xFFFFFFFF});
+    return all;
+}
+
+TEST_P(TextProperty, AgreesOnEveryShortText)
+{
+    for (const Twin& text : shortTexts(GetParam().letters, LONGEST_SHORT_TEXT)) {
+        checkLeavingAlone(GetParam(), text);
+        if (HasFailure())
+            return;
+    }
+}
+
+TEST_P(TextProperty, AgreesOnRandomTexts)
+{
+    Random random(1);
+    for (int round = 0; round < RANDOM_ROUNDS && !HasFailure(); ++round)
+        checkLeavingAlone(GetParam(), random.text());
+}
+
+TEST_P(PairProperty, AgreesOnEveryShortTextAndArgument)
+{
+    const std::vector<Twin> arguments = shortTexts(GetParam().letters, LONGEST_SHORT_ARGUMENT);
+    for (const Twin& text : shortTexts(GetParam().letters, LONGEST_SHORT_TEXT)) {
+        for (const Twin& argument : arguments) {
+            checkLeavingAlone(GetParam(), text, argument);
+            if (HasFailure())
+                return;
+        }
+    }
+}
+
+TEST_P(PairProperty, AgreesOnRandomTextsAndArguments)
+{
+    Random random(2);
+    for (int round = 0; round < RANDOM_ROUNDS && !HasFailure(); ++round) {
+        const Twin text = random.text();
+        checkLeavingAlone(GetParam(), text, random.text(random.once(3) ? 12 : 3));
+    }
+}
+
+TEST_P(PairProperty, AgreesWithTheTextItselfAsArgument)
+{
+    Random random(3);
+    for (int round = 0; round < RANDOM_ROUNDS && !HasFailure(); ++round) {
+        const Twin text = random.text();
+        checkLeavingAlone(GetParam(), text, text);
+    }
+}
+
+TEST_P(PairProperty, AgreesWithACopyOfTheTextAsArgument)
+{
+    Random random(4);
+    for (int round = 0; round < RANDOM_ROUNDS && !HasFailure(); ++round) {
+        const Twin text = random.text();
+        const Twin copy = text;
+        checkLeavingAlone(GetParam(), text, copy);
+    }
+}
