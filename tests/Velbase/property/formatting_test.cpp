@@ -1,0 +1,123 @@
+// Text from numbers against the model, and back again.
+
+#include "numbers.h"
+
+using namespace std::string_view_literals;
+
+namespace {
+
+template <typename T> void checkInteger(T n, unsigned base, const std::string& digits)
+{
+    ASSERT_TRUE(agrees(String::Number(n, base), reference::newText(digits)))
+        << "Number(" << n << ", " << base << ") of " << 8 * sizeof n << " bits";
+}
+
+void checkIntegers(std::uint64_t bits, unsigned base)
+{
+    const int i = static_cast<int>(bits);
+    const unsigned u = static_cast<unsigned>(bits);
+    const long l = static_cast<long>(bits);
+    const unsigned long ul = static_cast<unsigned long>(bits);
+    const long long ll = static_cast<long long>(bits);
+    const unsigned long long ull = bits;
+    checkInteger(i, base, reference::formatSigned(i, base));
+    checkInteger(l, base, reference::formatSigned(l, base));
+    checkInteger(u, base, reference::formatUnsigned(u, base));
+    checkInteger(ul, base, reference::formatUnsigned(ul, base));
+    checkInteger(ll, base, reference::formatSigned64(ll, base));
+    checkInteger(ull, base, reference::formatUnsigned64(ull, base));
+}
+
+void checkReadsBack(std::uint64_t bits, unsigned base)
+{
+    const int i = static_cast<int>(bits);
+    const unsigned u = static_cast<unsigned>(bits);
+    const unsigned short us = static_cast<unsigned short>(bits);
+    const short s = static_cast<short>(bits);
+    bool ok = false;
+    ASSERT_EQ(String::Number(i, base).ToInt(&ok, base), i) << base;
+    ASSERT_TRUE(ok) << i << " in base " << base;
+    ASSERT_EQ(String::Number(u, base).ToUInt(&ok, base), u) << base;
+    ASSERT_TRUE(ok) << u << " in base " << base;
+    ASSERT_EQ(String::Number(int(us), base).ToUShort(&ok, base), us) << base;
+    ASSERT_TRUE(ok) << us << " in base " << base;
+    ASSERT_EQ(String::Number(int(s), base).ToShort(&ok, base), s) << base;
+    ASSERT_TRUE(ok) << s << " in base " << base;
+    for (const unsigned wideBase : {10u, 16u}) {
+        const unsigned long long ull = bits;
+        ASSERT_EQ(String::Number(ull, wideBase).ToUInt64(&ok, wideBase), ull) << wideBase;
+        ASSERT_TRUE(ok) << ull << " in base " << wideBase;
+    }
+}
+
+void checkFloatingPoint(double value, unsigned precision, char format)
+{
+    const reference::Position given = precision == 0xFFFFFFFF ? reference::Position() : precision;
+    ASSERT_TRUE(agrees(
+        String::Number(value, precision, format), reference::newText(reference::formatFloat(value, given, format))))
+        << "Number(" << value << ", " << precision << ", " << shown(format) << ")";
+    const float narrow = static_cast<float>(value);
+    ASSERT_TRUE(agrees(
+        String::Number(narrow, precision, format), reference::newText(reference::formatFloat(narrow, given, format))))
+        << "Number(" << narrow << "f, " << precision << ", " << shown(format) << ")";
+}
+
+TEST(FormattingProperty, AgreesAtTheEdgesInEveryBase)
+{
+    for (const std::uint64_t n : edgeNumbers()) {
+        for (unsigned base = 0; base <= 40 && !HasFailure(); ++base)
+            checkIntegers(n, base);
+    }
+}
+
+TEST(FormattingProperty, AgreesOnRandomNumbersAndBases)
+{
+    Random random(31);
+    for (int round = 0; round < 20000 && !HasFailure(); ++round)
+        checkIntegers(random.number(), randomBase(random));
+}
+
+TEST(FormattingProperty, AgreesOnFloatingPoint)
+{
+    Random random(32);
+    for (int round = 0; round < 5000 && !HasFailure(); ++round)
+        checkFloatingPoint(randomDouble(random), randomPrecision(random), random.of("fFeEgGdx%.A\0"sv));
+}
+
+TEST(FormattingProperty, LeavesBaseAndPrecisionAndFormatOut)
+{
+    EXPECT_STREQ(String::Number(-255).Latin1(), "-255");
+    EXPECT_STREQ(String::Number(255u).Latin1(), "255");
+    EXPECT_STREQ(String::Number(-255l).Latin1(), "-255");
+    EXPECT_STREQ(String::Number(255ul).Latin1(), "255");
+    EXPECT_STREQ(String::Number(-255ll).Latin1(), "-255");
+    EXPECT_STREQ(String::Number(255ull).Latin1(), "255");
+    EXPECT_STREQ(String::Number(1.5).Latin1(), "1.500000");
+    EXPECT_STREQ(String::Number(1.5f).Latin1(), "1.500000");
+}
+
+TEST(FormattingProperty, ReadsBackWhatItWrote)
+{
+    for (const std::uint64_t n : edgeNumbers()) {
+        for (unsigned base = 2; base <= 36 && !HasFailure(); ++base)
+            checkReadsBack(n, base);
+    }
+    Random random(33);
+    for (int round = 0; round < 5000 && !HasFailure(); ++round)
+        checkReadsBack(random.number(), 2 + random.below(35));
+}
+
+TEST(FormattingProperty, ReadsBackEveryBitOfADouble)
+{
+    Random random(34);
+    for (int round = 0; round < 3000; ++round) {
+        const double value = randomDouble(random);
+        if (value != value)
+            continue;
+        bool ok = false;
+        ASSERT_EQ(String::Number(value, 17, 'e').ToDouble(&ok), value);
+        ASSERT_TRUE(ok) << value;
+    }
+}
+
+}  // namespace
