@@ -19,34 +19,6 @@ namespace bench {
 
 namespace {
 
-/// A text of a std::string and a count, each in a block of its own: as little as a shared text can be.
-class Prototype {
-public:
-    Prototype(const char* text, std::size_t length)
-        : m_text(new std::string(text, length))
-        , m_count(new unsigned(1))
-    {
-    }
-    Prototype(const Prototype& other)
-        : m_text(other.m_text)
-        , m_count(other.m_count)
-    {
-        ++*m_count;
-    }
-    ~Prototype()
-    {
-        if (--*m_count == 0) {
-            delete m_text;
-            delete m_count;
-        }
-    }
-    Prototype& operator=(const Prototype&) = delete;
-
-private:
-    std::string* m_text;
-    unsigned* m_count;
-};
-
 const char SHORT[] = "twelve bytes";
 const char LONG[] = "forty bytes are more than fit in place..";
 

@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace bench {
 
@@ -63,7 +64,8 @@ void addFloatingPoint(const std::string& digits)
     const Text text(digits);
     const std::size_t n = digits.size();
     add("parse a double", "library", n, [text] { return text.own.ToDouble(); });
-    add("parse a double", "strtod", n, [text] { return std::strtod(text.plain.c_str(), nullptr); });
+    // The grammar and the locale are strtod's, so that this is the bound.
+    add("parse a double", "prototype", n, [text] { return std::strtod(text.plain.c_str(), nullptr); });
     add("parse a double", "from_chars", n, [text] {
         double number = 0;
         std::from_chars(text.plain.data(), text.plain.data() + text.plain.size(), number);
@@ -80,10 +82,11 @@ void addFormat()
 {
     const double number = 12345.678;
     add("a double to text", "library", 9, [number] { return String::Number(number, 3); });
-    add("a double to text", "snprintf", 9, [number] {
+    // The text is printf's, in the current locale, so that this is the bound.
+    add("a double to text", "prototype", 9, [number] {
         char digits[64];
         std::snprintf(digits, sizeof digits, "%.3f", number);
-        return std::string(digits);
+        return Prototype(digits, std::strlen(digits));
     });
     add("a double to text", "fmt", 9, [number] { return fmt::format("{:.3f}", number); });
     add("a double to text", "Abseil", 9, [number] { return absl::StrFormat("%.3f", number); });

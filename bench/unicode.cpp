@@ -1,4 +1,5 @@
-// To and from UTF-16. Qt converts Latin-1 here, which is easier than Mac OS Roman: each byte is its own code point.
+// To and from UTF-16, zero-terminated. Qt converts Latin-1 here, which is easier than Mac OS Roman: each byte is its
+// own code point.
 
 #include "bench/compare.h"
 
@@ -12,7 +13,7 @@ void addConversions(const std::string& kind, const Text& text)
 {
     const std::size_t n = text.plain.size();
     add("to UTF-16, " + kind, "library", n, [text] { return text.own.Unicode()[0]; });
-    add("to UTF-16, " + kind, "QString", n, [text] { return QString::fromLatin1(text.bytes); });
+    add("to UTF-16, " + kind, "QString", n, [text] { return QString::fromLatin1(text.plain.c_str()); });
     add("to UTF-16, " + kind, "GLib", n, [text] {
         gsize written = 0;
         return GAllocated(g_convert(text.plain.data(), static_cast<gssize>(text.plain.size()), "UTF-16LE", "MACINTOSH",
@@ -22,7 +23,8 @@ void addConversions(const std::string& kind, const Text& text)
 
     const shared_array<unsigned short> units = text.own.Unicode();
     add("from UTF-16, " + kind, "library", n, [units] { return String(&units[0]); });
-    add("from UTF-16, " + kind, "QString", n, [text] { return text.wide.toLatin1(); });
+    add("from UTF-16, " + kind, "QString", n,
+        [units] { return QString::fromUtf16(reinterpret_cast<const char16_t*>(&units[0])).toLatin1(); });
     add("from UTF-16, " + kind, "GLib", n, [units, n] {
         gsize written = 0;
         return GAllocated(g_convert(reinterpret_cast<const char*>(&units[0]), static_cast<gssize>(2 * n), "MACINTOSH",
