@@ -41,17 +41,24 @@ enum {
     errAuthorizationInvalidFlags = -60011,
 };
 
-/// A reference in `*authorization` under which rights are asked for, the caller's. `rights` and `environment` may be
-/// null: then it holds no right yet.
+/// A reference in `*authorization` under which rights are asked for; null after a failure. It is the same at every call
+/// and stands for the process, so that a caller who never frees it loses nothing. `rights`, unless null, are asked for
+/// at once, as by AuthorizationCopyRights; `environment` is not looked at, since nobody is asked for anything.
 /// Returns errAuthorizationSuccess; errAuthorizationInvalidPointer for a null `authorization`;
-/// errAuthorizationInvalidFlags for other flags than kAuthorizationFlagDefaults.
+/// errAuthorizationInvalidFlags for other flags than kAuthorizationFlagDefaults; what AuthorizationCopyRights says of
+/// `rights`.
 OSStatus AuthorizationCreate(const AuthorizationRights* rights, const AuthorizationEnvironment* environment,
     AuthorizationFlags flags, AuthorizationRef* authorization);
 
-/// Asks for all of `rights`, without a question to anybody. `granted` may be null; nothing is ever put there.
-/// Returns errAuthorizationSuccess when the process holds them all; errAuthorizationInteractionNotAllowed when somebody
-/// would have to be asked; errAuthorizationDenied for a right that is nobody's; errAuthorizationInvalidRef,
-/// errAuthorizationInvalidSet, errAuthorizationInvalidFlags for wrong arguments.
+/// Asks for all of `rights`, without a question to anybody. `granted` may be null; `*granted` is null afterwards, since
+/// no set is handed out. `environment` is not looked at.
+/// A process whose effective user is the superuser, now, holds "system.privilege.admin"; no process holds any other
+/// right.
+/// Returns errAuthorizationSuccess when the process holds them all; else, for the first that it does not hold,
+/// errAuthorizationInteractionNotAllowed when somebody would have to be asked and errAuthorizationDenied for a right
+/// that is nobody's. For wrong arguments, in this order: errAuthorizationInvalidRef; errAuthorizationInvalidFlags for
+/// other flags than kAuthorizationFlagDefaults; errAuthorizationInvalidSet for null and for a set that lacks its items
+/// or the name of one.
 OSStatus AuthorizationCopyRights(AuthorizationRef authorization, const AuthorizationRights* rights,
     const AuthorizationEnvironment* environment, AuthorizationFlags flags, AuthorizationRights** granted);
 }

@@ -1,0 +1,89 @@
+#include "toolbox/security/Rights.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+using Toolbox::judgeRight;
+using Toolbox::judgeRights;
+
+constexpr uid_t SUPERUSER = 0;
+constexpr uid_t SOMEBODY = 1000;
+constexpr uid_t LAST_USER = static_cast<uid_t>(-1);
+
+struct RightCase {
+    const char* name;
+    const char* right;
+    uid_t user;
+    OSStatus judgement;
+};
+
+// clang-format off
+const RightCase RIGHT_CASES[] = {
+    // name                         right                          user       judgement
+    {"AdministratorOfRoot",         "system.privilege.admin",      SUPERUSER, errAuthorizationSuccess},
+    {"AdministratorOfSomebody",     "system.privilege.admin",      SOMEBODY,  errAuthorizationInteractionNotAllowed},
+    {"AdministratorOfTheFirstUser", "system.privilege.admin",      1,         errAuthorizationInteractionNotAllowed},
+    {"AdministratorOfTheLastUser",  "system.privilege.admin",      LAST_USER, errAuthorizationInteractionNotAllowed},
+    {"UnknownOfRoot",               "system.preferences",          SUPERUSER, errAuthorizationDenied},
+    {"UnknownOfSomebody",           "system.preferences",          SOMEBODY,  errAuthorizationDenied},
+    {"Empty",                       "",                            SUPERUSER, errAuthorizationDenied},
+    {"Beginning",                   "system.privilege",            SUPERUSER, errAuthorizationDenied},
+    {"Longer",                      "system.privilege.admin.more", SUPERUSER, errAuthorizationDenied},
+    {"OtherCase",                   "System.Privilege.Admin",      SUPERUSER, errAuthorizationDenied},
+};
+// clang-format on
+
+class Right : public testing::TestWithParam<RightCase> { };
+
+TEST_P(Right, IsGrantedByTheRules)
+{
+    EXPECT_EQ(judgeRight(GetParam().right, GetParam().user), GetParam().judgement);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, Right, testing::ValuesIn(RIGHT_CASES), [](const auto& row) { return row.param.name; });
+
+// What is said of the set of these names.
+OSStatus judge(const std::vector<const char*>& names, uid_t user)
+{
+    std::vector<AuthorizationItem> items;
+    for (const char* const name : names)
+        items.push_back({name, 0, nullptr, 0});
+    const AuthorizationRights rights = {static_cast<UInt32>(items.size()), items.data()};
+    return judgeRights(&rights, user);
+}
+
+constexpr const char* ADMINISTRATOR = "system.privilege.admin";
+
+TEST(Rights, AreGrantedTogether)
+{
+    EXPECT_EQ(judge({ADMINISTRATOR}, SUPERUSER), errAuthorizationSuccess);
+    EXPECT_EQ(judge({ADMINISTRATOR, ADMINISTRATOR}, SUPERUSER), errAuthorizationSuccess);
+    EXPECT_EQ(judge({ADMINISTRATOR, "unknown"}, SUPERUSER), errAuthorizationDenied);
+    EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SUPERUSER), errAuthorizationDenied);
+}
+
+TEST(Rights, AreRefusedForTheFirstThatIsNotHeld)
+{
+    EXPECT_EQ(judge({ADMINISTRATOR, "unknown"}, SOMEBODY), errAuthorizationInteractionNotAllowed);
+    EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SOMEBODY), errAuthorizationDenied);
+}
+
+TEST(Rights, NoneAreHeldByEverybody)
+{
+    const AuthorizationRights none = {0, nullptr};
+    EXPECT_EQ(judgeRights(&none, SOMEBODY), errAuthorizationSuccess);
+}
+
+TEST(Rights, OfAnIncompleteSetAreInvalid)
+{
+    const AuthorizationRights withoutItems = {1, nullptr};
+    EXPECT_EQ(judgeRights(nullptr, SUPERUSER), errAuthorizationInvalidSet);
+    EXPECT_EQ(judgeRights(&withoutItems, SUPERUSER), errAuthorizationInvalidSet);
+    EXPECT_EQ(judge({nullptr}, SUPERUSER), errAuthorizationInvalidSet);
+    EXPECT_EQ(judge({"unknown", nullptr}, SUPERUSER), errAuthorizationInvalidSet) << "looked at before anything else";
+}
+
+}  // namespace

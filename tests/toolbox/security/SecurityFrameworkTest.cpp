@@ -1,0 +1,212 @@
+// Security.framework as its callers reach it: found in the frameworks folder, loaded as a bundle, called through the
+// names that it exports.
+
+#include <Carbon/Carbon.h>
+#include <CoreFoundation/CoreFoundation.h>
+#include <Security/Authorization.h>
+#include <Toolbox/Application.h>
+#include <Toolbox/LiveObjects.h>
+#include <Toolbox/Trace.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr uid_t SUPERUSER = 0;
+constexpr uid_t NOBODY = 65534;
+
+// The bundle Security.framework of the frameworks folder, the caller's.
+CFBundleRef createFramework()
+{
+    FSRef folder;
+    if (FSFindFolder(kOnAppropriateDisk, kFrameworksFolderType, kCreateFolder, &folder) != noErr)
+        return nullptr;
+    const CFURLRef frameworks = CFURLCreateFromFSRef(kCFAllocatorSystemDefault, &folder);
+    const CFURLRef url = CFURLCreateCopyAppendingPathComponent(
+        kCFAllocatorSystemDefault, frameworks, CFSTR("Security.framework"), false);
+    const CFBundleRef framework = CFBundleCreate(kCFAllocatorSystemDefault, url);
+    CFRelease(url);
+    CFRelease(frameworks);
+    return framework;
+}
+
+template <typename Function> Function* functionOf(CFBundleRef framework, CFStringRef name)
+{
+    return reinterpret_cast<Function*>(CFBundleGetFunctionPointerForName(framework, name));
+}
+
+class SecurityFramework : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        Toolbox::SetFrameworksFolder(FRAMEWORKS_FOLDER);
+        m_framework = createFramework();
+        ASSERT_NE(m_framework, nullptr);
+        ASSERT_TRUE(CFBundleLoadExecutable(m_framework));
+        m_create = functionOf<decltype(AuthorizationCreate)>(m_framework, CFSTR("AuthorizationCreate"));
+        m_copyRights = functionOf<decltype(AuthorizationCopyRights)>(m_framework, CFSTR("AuthorizationCopyRights"));
+        ASSERT_NE(m_create, nullptr);
+        ASSERT_NE(m_copyRights, nullptr);
+    }
+
+    void TearDown() override { CFRelease(m_framework); }
+
+    // A reference without rights.
+    AuthorizationRef create() const
+    {
+        AuthorizationRef authorization = nullptr;
+        EXPECT_EQ(m_create(nullptr, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationSuccess);
+        return authorization;
+    }
+
+    CFBundleRef m_framework = nullptr;
+    decltype(AuthorizationCreate)* m_create = nullptr;
+    decltype(AuthorizationCopyRights)* m_copyRights = nullptr;
+    AuthorizationItem m_item = {"system.privilege.admin", 0, nullptr, 0};
+    const AuthorizationRights m_administrator = {1, &m_item};
+};
+
+TEST_F(SecurityFramework, ExportsTwoFunctionsAndNoMore)
+{
+    for (const CFStringRef name : {CFSTR("AuthorizationFree"), CFSTR("AuthorizationFreeItemSet"), CFSTR("judgeRights"),
+             CFSTR("_ZN7Toolbox10judgeRightEPKcj"), CFSTR("geteuid")})
+        EXPECT_EQ(CFBundleGetFunctionPointerForName(m_framework, name), nullptr);
+}
+
+TEST_F(SecurityFramework, GrantsTheAdministratorsRightToTheSuperuserAlone)
+{
+    const bool isSuperuser = geteuid() == SUPERUSER;
+    const OSStatus status = m_copyRights(create(), &m_administrator, nullptr, kAuthorizationFlagDefaults, nullptr);
+    EXPECT_EQ(
+        status, isSuperuser ? OSStatus(errAuthorizationSuccess) : OSStatus(errAuthorizationInteractionNotAllowed));
+}
+
+TEST_F(SecurityFramework, GoesByTheEffectiveUserOfTheMoment)
+{
+    if (geteuid() != SUPERUSER)
+        GTEST_SKIP() << "only the superuser can become another user";
+    const AuthorizationRef authorization = create();
+    ASSERT_EQ(seteuid(NOBODY), 0);
+    const OSStatus asNobody = m_copyRights(authorization, &m_administrator, nullptr, 0, nullptr);
+    ASSERT_EQ(seteuid(SUPERUSER), 0);
+    EXPECT_EQ(asNobody, errAuthorizationInteractionNotAllowed);
+    EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, 0, nullptr), errAuthorizationSuccess);
+}
+
+TEST_F(SecurityFramework, DeniesAnUnknownRight)
+{
+    AuthorizationItem item = {"system.unknown", 0, nullptr, 0};
+    const AuthorizationRights rights = {1, &item};
+    EXPECT_EQ(m_copyRights(create(), &rights, nullptr, kAuthorizationFlagDefaults, nullptr), errAuthorizationDenied);
+}
+
+TEST_F(SecurityFramework, NoRefusalPassesForSuccessInItsLow16Bits)
+{
+    for (const OSStatus status :
+        {errAuthorizationInvalidSet, errAuthorizationInvalidRef, errAuthorizationInvalidPointer, errAuthorizationDenied,
+            errAuthorizationInteractionNotAllowed, errAuthorizationInvalidFlags})
+        EXPECT_NE(static_cast<SInt16>(status), 0) << status;
+}
+
+TEST_F(SecurityFramework, CreatesOneReferenceHoweverOften)
+{
+    const AuthorizationRef authorization = create();
+    ASSERT_NE(authorization, nullptr);
+    const auto alive = Toolbox::CountLiveObjects();
+    for (int time = 0; time < 1000; ++time)
+        EXPECT_EQ(create(), authorization);
+    EXPECT_EQ(Toolbox::CountLiveObjects(), alive);
+}
+
+TEST_F(SecurityFramework, CreationAsksForTheRightsThatItIsGiven)
+{
+    AuthorizationItem item = {"system.unknown", 0, nullptr, 0};
+    const AuthorizationRights unknown = {1, &item};
+    const AuthorizationRights withoutItems = {1, nullptr};
+    const AuthorizationRights none = {0, nullptr};
+    AuthorizationRef authorization = reinterpret_cast<AuthorizationRef>(1);
+    EXPECT_EQ(m_create(&unknown, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationDenied);
+    EXPECT_EQ(authorization, nullptr);
+    EXPECT_EQ(m_create(&withoutItems, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationInvalidSet);
+    EXPECT_EQ(m_create(&none, &none, kAuthorizationFlagDefaults, &authorization), errAuthorizationSuccess);
+    EXPECT_EQ(authorization, create());
+}
+
+TEST_F(SecurityFramework, CreationRefusesWrongArguments)
+{
+    AuthorizationRef authorization = reinterpret_cast<AuthorizationRef>(1);
+    EXPECT_EQ(m_create(nullptr, nullptr, kAuthorizationFlagDefaults, nullptr), errAuthorizationInvalidPointer);
+    EXPECT_EQ(m_create(nullptr, nullptr, 1, nullptr), errAuthorizationInvalidPointer);
+    for (const AuthorizationFlags flags : {1U, 2U, 16U, 0xFFFFFFFFU}) {
+        EXPECT_EQ(m_create(nullptr, nullptr, flags, &authorization), errAuthorizationInvalidFlags) << flags;
+        EXPECT_EQ(authorization, nullptr);
+    }
+}
+
+TEST_F(SecurityFramework, RightsAreNotGivenForWrongArguments)
+{
+    const AuthorizationRef authorization = create();
+    const AuthorizationRights withoutItems = {1, nullptr};
+    int foreign = 0;
+    const auto address = reinterpret_cast<AuthorizationRef>(&foreign);
+    const auto string = reinterpret_cast<AuthorizationRef>(CFSTR("a string"));
+    for (const AuthorizationRef wrong : {AuthorizationRef(nullptr), address, string})
+        EXPECT_EQ(m_copyRights(wrong, nullptr, nullptr, 1, nullptr), errAuthorizationInvalidRef);
+    EXPECT_EQ(m_copyRights(authorization, nullptr, nullptr, 1, nullptr), errAuthorizationInvalidFlags);
+    EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, 2, nullptr), errAuthorizationInvalidFlags);
+    EXPECT_EQ(m_copyRights(authorization, nullptr, nullptr, 0, nullptr), errAuthorizationInvalidSet);
+    EXPECT_EQ(m_copyRights(authorization, &withoutItems, nullptr, 0, nullptr), errAuthorizationInvalidSet);
+}
+
+TEST_F(SecurityFramework, HandsOutNoSetOfRights)
+{
+    const AuthorizationRights none = {0, nullptr};
+    AuthorizationRights set = {};
+    AuthorizationRights* granted = &set;
+    EXPECT_EQ(m_copyRights(create(), &none, nullptr, kAuthorizationFlagDefaults, &granted), errAuthorizationSuccess);
+    EXPECT_EQ(granted, nullptr);
+    granted = &set;
+    EXPECT_EQ(m_copyRights(nullptr, &none, nullptr, kAuthorizationFlagDefaults, &granted), errAuthorizationInvalidRef);
+    EXPECT_EQ(granted, nullptr);
+}
+
+TEST_F(SecurityFramework, StaysLoadedWhenItsBundleEnds)
+{
+    const AuthorizationRef authorization = create();
+    CFRelease(m_framework);
+    m_framework = createFramework();
+    EXPECT_EQ(functionOf<decltype(AuthorizationCreate)>(m_framework, CFSTR("AuthorizationCreate")), m_create);
+    EXPECT_EQ(create(), authorization);
+}
+
+TEST_F(SecurityFramework, ItsCallsAreTraced)
+{
+    const AuthorizationRef authorization = create();
+    std::vector<std::string> lines;
+    Toolbox::SetTrace([&](const std::string& line) { lines.push_back(line); });
+    AuthorizationRef second = nullptr;
+    m_create(nullptr, nullptr, 1, &second);
+    m_copyRights(authorization, nullptr, nullptr, 0, nullptr);
+    Toolbox::SetTrace(nullptr);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0].substr(0, 36), "AuthorizationCreate(null, null, 1, 0");
+    EXPECT_NE(lines[0].find(") = -60011"), std::string::npos);
+    EXPECT_NE(lines[1].find(", null, null, 0, null) = -60001"), std::string::npos);
+}
+
+TEST(SecurityFrameworkInfo, SaysThatItIsAFramework)
+{
+    Toolbox::SetFrameworksFolder(FRAMEWORKS_FOLDER);
+    const CFBundleRef framework = createFramework();
+    const CFURLRef info = CFBundleCopyResourceURL(framework, CFSTR("Info"), CFSTR("plist"), nullptr);
+    EXPECT_NE(info, nullptr) << "its Info.plist lies in its Resources";
+    CFRelease(info);
+    CFRelease(framework);
+}
+
+}  // namespace
