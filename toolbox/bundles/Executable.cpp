@@ -1,5 +1,6 @@
 #include "toolbox/bundles/Executable.h"
 
+#include "toolbox/bundles/ELFFile.h"
 #include "toolbox/common/TracedCall.h"
 
 #include <cstring>
@@ -24,7 +25,7 @@ bool isOwn(void* handle, const void* address)
 
 bool Executable::load(const std::filesystem::path& file)
 {
-    if (!isLoaded()) {
+    if (!isLoaded() && isWholeELFFile(file)) {
         const ForeignCode initializers;
         m_handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     }
