@@ -53,6 +53,7 @@ QStringList languageFolders(const QStringList& languages)
         for (const QString& name : namesOf(language))
             folders += name + ".lproj";
     }
+    folders.removeAll(".lproj");  // of an empty name
     folders.removeDuplicates();
     return folders;
 }

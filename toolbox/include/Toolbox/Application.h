@@ -8,7 +8,8 @@
 
 namespace Toolbox {
 
-/// Makes the bundle in `folder` the main bundle, in place of one named before. False when there is no such folder.
+/// Makes the bundle in `folder` the main bundle, in place of one named before. A relative path is taken from the
+/// working directory of this moment. False when there is no such folder, with the main bundle as it was.
 bool SetMainBundle(const std::string& folder);
 
 /// Makes `folder` the system's frameworks folder. It need not exist: FSFindFolder looks when it is asked.
