@@ -59,10 +59,12 @@ void perform(const Act& act, Window& window)
 {
     if (act.kind == Act::Kind::Choose) {
         window.control->value = act.item;
-        return;
+    } else if (act.kind == Act::Kind::Quit) {
+        window.quits = true;
+    } else {
+        for (const Handler* const handler : window.handlers)
+            sendEvent(act, *handler);
     }
-    for (const Handler* const handler : window.handlers)
-        sendEvent(act, *handler);
 }
 
 }  // namespace

@@ -87,6 +87,11 @@ Act Event(UInt32 eventClass, UInt32 eventKind)
     return {Act::Kind::Event, 0, kHICommandOK, eventClass, eventKind};
 }
 
+Act Quit()
+{
+    return {Act::Kind::Quit, 0, 0, 0, 0};
+}
+
 void InModalLoop(const std::vector<Act>& acts)
 {
     state().acts = acts;

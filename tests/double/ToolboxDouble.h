@@ -62,7 +62,7 @@ void ReportConvertedLength(ByteCount length);
 
 /// Something that happens in the modal loop.
 struct Act {
-    enum class Kind { Choose, Command, CommandWithoutUserData, Event };
+    enum class Kind { Choose, Command, CommandWithoutUserData, Event, Quit };
     Kind kind;
     SInt32 item;
     UInt32 command;
@@ -82,6 +82,9 @@ Act CommandWithoutUserData(UInt32 command);
 /// An event of this class and kind is sent to the window's handler, which was not installed for it. It carries the OK
 /// command, in case the handler does not look.
 Act Event(UInt32 eventClass, UInt32 eventKind);
+
+/// Somebody else ends the loop.
+Act Quit();
 
 /// What will happen in the modal loop. It ends as soon as it is told to; when all has happened and it was not, it fails
 /// with eventInternalErr.

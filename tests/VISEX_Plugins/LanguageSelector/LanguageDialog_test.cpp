@@ -358,6 +358,13 @@ TEST_F(LanguageDialog, CancelChangesNoByteOfTheRecord)
     EXPECT_EQ(bytesOf(record), before);
 }
 
+TEST_F(LanguageDialog, LoopThatEndsWithoutAnAnswerStoresNothing)
+{
+    InModalLoop({Choose(3), ToolboxDouble::Quit()});
+    EXPECT_EQ(run(11), UNTOUCHED);
+    EXPECT_EQ(LeftBehind(), "");
+}
+
 struct PassedOnCase {
     const char* name;
     ToolboxDouble::Act act;
