@@ -61,12 +61,6 @@ void FillNewBlocks(const void* word)
     state().newBlockWord = word;
 }
 
-void ReportConvertedLength(ByteCount length)
-{
-    state().reportsLength = true;
-    state().reportedLength = length;
-}
-
 Act Choose(SInt32 item)
 {
     return {Act::Kind::Choose, item, 0, 0, 0};

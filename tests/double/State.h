@@ -60,8 +60,6 @@ struct State {
 
     std::vector<ResourceData> resources;
     const void* newBlockWord = nullptr;
-    bool reportsLength = false;
-    ByteCount reportedLength = 0;
 
     std::vector<Act> acts;
     SInt16 pressedButton = 1;

@@ -1,5 +1,5 @@
-// The test double of the toolbox: the platform's functions that the external, UI, util and the text library call, to be
-// linked in the toolbox's place.
+// The test double of the toolbox: the platform's functions that the external, UI and util call, to be linked in the
+// toolbox's place.
 //
 // It writes down every call, makes the calls fail that a test names, plays the person in front of the dialog, and tells
 // what is left behind. It is harsher than the platform: out-parameters hold a wrong reference after a failure, and a
@@ -54,9 +54,6 @@ void ProvideResource(ResType type, SInt16 id, const std::vector<UInt8>& data);
 
 /// The word of which new blocks of the Memory Manager are full; null before.
 void FillNewBlocks(const void* word);
-
-/// Has the text converters report `length` as the number of bytes written, whatever they wrote.
-void ReportConvertedLength(ByteCount length);
 
 // ---- What the person does
 
