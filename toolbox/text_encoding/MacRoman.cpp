@@ -1,5 +1,6 @@
 #include "toolbox/text_encoding/MacRoman.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -68,18 +69,33 @@ constexpr ReverseTable BYTES = makeReverseTable();
 // ASCII is most of any text and needs no table, so it goes in blocks of this many characters.
 constexpr std::size_t BLOCK = 16;
 
-bool isAsciiBlock(const UInt8* text)
+bool isAscii(const std::array<UInt8, BLOCK>& block)
 {
-    std::uint64_t words[BLOCK / 8];
-    std::memcpy(words, text, sizeof words);
+    std::uint64_t words[sizeof block / 8];
+    std::memcpy(words, block.data(), sizeof words);
     return ((words[0] | words[1]) & 0x8080808080808080U) == 0;
 }
 
-bool isAsciiBlock(const UniChar* unicode)
+bool isAscii(const std::array<UniChar, BLOCK>& block)
 {
-    std::uint64_t words[BLOCK / 4];
-    std::memcpy(words, unicode, sizeof words);
+    std::uint64_t words[sizeof block / 8];
+    std::memcpy(words, block.data(), sizeof words);
     return ((words[0] | words[1] | words[2] | words[3]) & 0xFF80FF80FF80FF80U) == 0;
+}
+
+// Converts the BLOCK elements from `source` on, if they are all ASCII. By way of two local copies, since the compiler
+// then knows that source and result do not overlap, and converts a block in a few instructions.
+template <typename From, typename To> bool convertAsciiBlock(const From* source, To* result)
+{
+    std::array<From, BLOCK> from;
+    std::memcpy(from.data(), source, sizeof from);
+    if (!isAscii(from))
+        return false;
+    std::array<To, BLOCK> to;
+    for (std::size_t i = 0; i < BLOCK; ++i)
+        to[i] = static_cast<To>(from[i]);
+    std::memcpy(result, to.data(), sizeof to);
+    return true;
 }
 
 }  // namespace
@@ -88,15 +104,12 @@ void macRomanToUnicode(const UInt8* text, std::size_t count, UniChar* unicode)
 {
     std::size_t i = 0;
     while (i < count) {
-        const std::size_t end = count - i < BLOCK ? count : i + BLOCK;
-        if (end - i == BLOCK && isAsciiBlock(text + i)) {
-            for (std::size_t k = 0; k < BLOCK; ++k)
-                unicode[i + k] = text[i + k];
-        } else {
-            for (std::size_t k = i; k < end; ++k)
-                unicode[k] = UNICODES[text[k]];
+        if (count - i >= BLOCK && convertAsciiBlock(text + i, unicode + i)) {
+            i += BLOCK;
+            continue;
         }
-        i = end;
+        for (const std::size_t end = std::min(count, i + BLOCK); i < end; ++i)
+            unicode[i] = UNICODES[text[i]];
     }
 }
 
@@ -104,14 +117,11 @@ std::size_t unicodeToMacRoman(const UniChar* unicode, std::size_t count, UInt8* 
 {
     std::size_t i = 0;
     while (i < count) {
-        const std::size_t end = count - i < BLOCK ? count : i + BLOCK;
-        if (end - i == BLOCK && isAsciiBlock(unicode + i)) {
-            for (std::size_t k = 0; k < BLOCK; ++k)
-                text[i + k] = static_cast<UInt8>(unicode[i + k]);
-            i = end;
+        if (count - i >= BLOCK && convertAsciiBlock(unicode + i, text + i)) {
+            i += BLOCK;
             continue;
         }
-        for (; i < end; ++i) {
+        for (const std::size_t end = std::min(count, i + BLOCK); i < end; ++i) {
             const UniChar unit = unicode[i];
             const UInt8 byte = BYTES.pages[BYTES.pageOfHighByte[unit >> 8]][unit & 0xFF];
             if (byte == 0 && unit != 0)
