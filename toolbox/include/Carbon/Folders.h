@@ -29,7 +29,7 @@ enum {
 /// The one folder that is known is the frameworks folder of the system domain, asked for as kSystemDomain or as
 /// kOnAppropriateDisk; the host of the toolbox says where it lies. It is never created, whatever `create` says.
 /// Returns noErr; paramErr for a null `folder`; nsvErr for another volume; invalidFolderTypeErr for another type;
-/// fnfErr when the folder is not there or was never named.
+/// fnfErr when the folder is not there or was never named; memFullErr. After a failure `*folder` refers to nothing.
 OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder);
 }
 

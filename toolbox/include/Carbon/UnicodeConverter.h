@@ -1,4 +1,5 @@
-// The Text Encoding Converter's conversions between Mac OS Roman and UTF-16. All lengths are in bytes.
+// The Text Encoding Converter's conversions between Mac OS Roman and UTF-16. All lengths are in bytes. Any number of
+// threads may convert at once, with the same converter too.
 
 #ifndef CARBON_UNICODECONVERTER_H
 #define CARBON_UNICODECONVERTER_H
@@ -43,16 +44,19 @@ OSStatus CreateUnicodeToTextInfoByEncoding(TextEncoding encoding, UnicodeToTextI
 
 /// Converts text to UTF-16 in machine order, two bytes for each one, without a terminator. `flags` must be 0, and no
 /// offsets can be asked for: 0, null, null, null. `*sourceRead` and `*unicodeLength` tell what was done, also when the
-/// buffer was too small. A `sourceLength` of 0 is noErr, 0 and 0 whatever the size.
-/// Returns noErr, paramErr, kTECCorruptConverterErr, kTECBufferBelowMinimumSizeErr, kTECOutputBufferFullStatus.
+/// buffer was too small. A `sourceLength` of 0 is noErr, 0 and 0 whatever the buffer and its size.
+/// Returns noErr; kTECOutputBufferFullStatus when not all fitted, kTECBufferBelowMinimumSizeErr when nothing did;
+/// kTECCorruptConverterErr for a converter that is none or goes the other way; paramErr for null where something is
+/// needed and for what must be 0.
 OSStatus ConvertFromTextToUnicode(TextToUnicodeInfo converter, ByteCount sourceLength, ConstLogicalAddress source,
     OptionBits flags, ItemCount offsetCount, const ByteOffset offsets[], ItemCount* offsetsUsed,
     ByteOffset resultOffsets[], ByteCount bufferSize, ByteCount* sourceRead, ByteCount* unicodeLength,
     UniChar unicode[]);
 
-/// Converts UTF-16 to text, one byte for each unit, strictly: with `flags` 0 a character that the encoding lacks, a
-/// surrogate included, stops it. `*sourceRead` and `*textLength` tell what was done before.
-/// Returns the above, kTECUnmappableElementErr, and kTECPartialCharErr for an odd last byte.
+/// Converts UTF-16 to text, one byte for each unit, on the same terms and strictly: a character that the encoding
+/// lacks, a surrogate included, stops it. `*sourceRead` and `*textLength` tell what was done before. Returns the above;
+/// kTECUnmappableElementErr, unless the buffer was full first; kTECPartialCharErr when all but an odd last byte was
+/// converted.
 OSStatus ConvertFromUnicodeToText(UnicodeToTextInfo converter, ByteCount unicodeLength, const UniChar unicode[],
     OptionBits flags, ItemCount offsetCount, const ByteOffset offsets[], ItemCount* offsetsUsed,
     ByteOffset resultOffsets[], ByteCount bufferSize, ByteCount* sourceRead, ByteCount* textLength,

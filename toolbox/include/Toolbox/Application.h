@@ -12,7 +12,8 @@ namespace Toolbox {
 /// working directory of this moment. False when there is no such folder, with the main bundle as it was.
 bool SetMainBundle(const std::string& folder);
 
-/// Makes `folder` the system's frameworks folder. It need not exist: FSFindFolder looks when it is asked.
+/// Makes `folder` the system's frameworks folder, in place of one named before; an empty name leaves none. It need not
+/// exist: FSFindFolder looks when it is asked. A relative path is made absolute now, links are kept as they are named.
 void SetFrameworksFolder(const std::string& folder);
 
 }  // namespace Toolbox
