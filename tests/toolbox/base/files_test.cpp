@@ -173,8 +173,11 @@ TEST(FileReference, OfAnotherMakeHasNoPath)
     const FSRef bad = garbage();
     EXPECT_EQ(pathOf(&bad), std::nullopt);
     for (UInt8& byte : good.hidden) {
-        const UInt8 before = std::exchange(byte, UInt8(byte ^ 0x80));
-        EXPECT_EQ(pathOf(&good), std::nullopt) << "byte " << &byte - good.hidden;
+        const UInt8 before = byte;
+        for (unsigned value = 0; value < 256; ++value) {
+            byte = static_cast<UInt8>(value);
+            EXPECT_EQ(pathOf(&good) == folder.path(), byte == before) << "byte " << &byte - good.hidden;
+        }
         byte = before;
     }
     EXPECT_EQ(pathOf(&good), folder.path());

@@ -245,6 +245,14 @@ TEST_F(Forks, FileBesideMustBeRegular)
     EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), ioErr);
 }
 
+// The process's own memory looks like a regular file and cannot be read at 0.
+TEST_F(Forks, TellOfAReadError)
+{
+    EXPECT_EQ(readFork("/proc/self/mem", Fork::Data, &m_bytes), ioErr);
+    std::filesystem::create_symlink("/proc/self/mem", m_folder.path("._file"));
+    EXPECT_EQ(readFork(m_folder.write("file", FORK), Fork::Resource, &m_bytes), ioErr);
+}
+
 // The superuser may read everything, so that the process becomes nobody while this lives.
 class OrdinaryUser {
 public:
