@@ -20,8 +20,8 @@ public:
     /// nothing could ever end.
     virtual bool runWindow(Window& window, QString* problem) = 0;
 
-    /// Has somebody answer `alert`; returns the number of the button. It always ends: what can no longer be answered
-    /// takes the default button.
+    /// Has somebody answer `alert`, which has a button that can be pressed; returns the number of the button. It always
+    /// ends, with one of the alert's buttons also when nobody can answer any more.
     virtual SInt16 runAlert(const Alert& alert) = 0;
 };
 

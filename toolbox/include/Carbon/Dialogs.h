@@ -46,7 +46,8 @@ enum {
 };
 
 CARBON_STRUCTURES_BEGIN
-/// How StandardAlert looks: 24 bytes on the target. A null text means no such button.
+/// How StandardAlert looks: 24 bytes on the target. A null text means no such button. Neither `movable` nor `position`
+/// changes anything: every alert can be moved, and is placed where the screen's window manager places dialogs.
 struct AlertStdAlertParamRec {
     Boolean movable;
     Boolean helpButton;
@@ -54,8 +55,8 @@ struct AlertStdAlertParamRec {
     ConstStringPtr defaultText;
     ConstStringPtr cancelText;
     ConstStringPtr otherText;
-    SInt16 defaultButton;  // the one that Return presses; 0 none
-    SInt16 cancelButton;   // the one that Escape presses; 0 none
+    SInt16 defaultButton;  // the slot of the one that Return presses; 0, or a slot without a button, is none
+    SInt16 cancelButton;   // likewise of the one that Escape presses
     UInt16 position;
 };
 
@@ -75,25 +76,30 @@ struct AlertStdCFStringAlertParamRec {
 CARBON_STRUCTURES_END
 
 /// Runs the alert of the resources 'ALRT' `id` and its 'DITL', found through the resource chain, with the stop icon.
-/// Returns the number of the enabled item that was hit; -1 when an alert or its items are missing or corrupt, or when
-/// the alert draws no box at its present stage. The filter is not called.
+/// Its stage is how often in a row this alert has occurred, up to four. Its sound is not played.
+/// Return presses the stage's default item, Escape item 2, if they are buttons that can be pressed.
+/// Returns the number of the button that was pressed; -1, with nothing shown, when the alert or its items are missing
+/// or corrupt, when none of them is a button that can be pressed, or when the alert draws no box at its present stage.
+/// The resources are released before it is shown. The filter is not called.
 DialogItemIndex StopAlert(SInt16 id, ModalFilterUPP filter);
 
 /// Runs a modal alert with texts in Mac OS Roman; the texts and the record may be null (no record: one OK button).
 /// `*itemHit` is the slot of the button that was pressed, kAlertStdAlertOKButton and so on, whatever its title.
-/// Returns noErr, for Cancel too; paramErr for a null `itemHit`.
+/// An unknown `type` has no icon. The filter is not called.
+/// Returns noErr, for Cancel too; paramErr, with nothing shown, for a null `itemHit` and for a record without a button.
 OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param explanation,
     const AlertStdAlertParamRec* parameters, SInt16* itemHit);
 
 /// Makes an alert, not yet shown, that keeps its texts. `*alert` is then to be given to RunStandardAlert; it is null
 /// after a failure. Null `parameters` mean one OK button.
-/// Returns noErr; paramErr for a null `alert`, for a version other than kStdCFStringAlertVersionOne and for wrong
-/// texts.
+/// Returns noErr; paramErr for a null `alert`, for a version other than kStdCFStringAlertVersionOne, for wrong texts
+/// and for a record without a button.
 OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,
     const AlertStdCFStringAlertParamRec* parameters, DialogRef* alert);
 
 /// Shows the alert, runs it and disposes of it. `*itemHit` as for StandardAlert. The filter is not called.
-/// Returns noErr; paramErr for a null `itemHit` or a wrong alert.
+/// Returns noErr; paramErr for a null `itemHit`, which leaves the alert as it is, or a wrong alert, such as one that was
+/// run.
 OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit);
 }
 
