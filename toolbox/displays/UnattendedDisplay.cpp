@@ -1,5 +1,7 @@
 #include "toolbox/displays/UnattendedDisplay.h"
 
+#include "toolbox/displays/Picture.h"
+#include "toolbox/displays/WindowButtons.h"
 #include "toolbox/events/Commands.h"
 #include "toolbox/windows/ModalLoop.h"
 
@@ -24,12 +26,6 @@ template <typename Condition> Control* firstUsable(const Window& window, Conditi
     return found == all.end() ? nullptr : *found;
 }
 
-Control* usableButton(const Window& window, ButtonRole role)
-{
-    Control* const button = window.buttonOfRole(role);
-    return button != nullptr && button->usable() ? button : nullptr;
-}
-
 Control* controlOfCommand(const Window& window, MenuCommand command)
 {
     if (command == 0)  // what carries no command answers to none
@@ -45,9 +41,9 @@ Control* controlFor(const Window& window, MenuCommand command)
     if (control != nullptr)
         return control;
     if (command == kHICommandOK)
-        return usableButton(window, ButtonRole::Default);
+        return confirmingControl(window);
     if (command == kHICommandCancel)
-        return usableButton(window, ButtonRole::Cancel);
+        return cancellingControl(window);
     return nullptr;
 }
 
@@ -84,18 +80,6 @@ bool give(const Answer& answer, const Window& window)
     return false;
 }
 
-void confirm(const Window& window)
-{
-    Control* const button = usableButton(window, ButtonRole::Default);
-    press(button != nullptr ? button : controlOfCommand(window, kHICommandOK));
-}
-
-void cancel(Window& window)
-{
-    if (!press(usableButton(window, ButtonRole::Cancel)))
-        sendWindowCommand(window, kHICommandCancel);
-}
-
 bool hasEnded(WindowRef window, const char* otherwise, QString* problem)
 {
     const bool ended = modalLoopEnded(window);
@@ -106,15 +90,9 @@ bool hasEnded(WindowRef window, const char* otherwise, QString* problem)
 
 // ---- Alerts
 
-bool hasButton(const Alert& alert, SInt16 number)
-{
-    return std::any_of(alert.buttons.begin(), alert.buttons.end(),
-        [number](const AlertButton& each) { return each.number == number && each.enabled; });
-}
-
 SInt16 defaultButton(const Alert& alert)
 {
-    if (hasButton(alert, alert.defaultButton))
+    if (alert.offers(alert.defaultButton))
         return alert.defaultButton;
     const auto first =
         std::find_if(alert.buttons.begin(), alert.buttons.end(), [](const AlertButton& each) { return each.enabled; });
@@ -144,16 +122,17 @@ UnattendedDisplay::UnattendedDisplay(const std::vector<Answer>& answers)
 
 bool UnattendedDisplay::runWindow(Window& window, QString* problem)
 {
+    drawRequestedPicture(window);
     const WindowRef ref = window.ref();
     while (!m_answers.empty() && !modalLoopEnded(ref)) {
         if (give(takeAnswer(), window))
             continue;
         answerWasUnfit = true;
-        cancel(window);
+        cancelWindow(window);
         return hasEnded(ref, "an answer fits nothing in the window, and cancelling does not end it", problem);
     }
     if (!modalLoopEnded(ref))
-        confirm(window);
+        press(confirmingControl(window));
     return hasEnded(ref, "no answer is left, and confirming the window does not end it", problem);
 }
 
@@ -162,7 +141,7 @@ SInt16 UnattendedDisplay::runAlert(const Alert& alert)
     if (m_answers.empty() || !isForAlerts(m_answers.front()))
         return defaultButton(alert);
     const UInt32 wanted = buttonOf(alert, takeAnswer());
-    if (wanted <= 0x7FFF && hasButton(alert, static_cast<SInt16>(wanted)))
+    if (wanted <= 0x7FFF && alert.offers(static_cast<SInt16>(wanted)))
         return static_cast<SInt16>(wanted);
     answerWasUnfit = true;
     return defaultButton(alert);

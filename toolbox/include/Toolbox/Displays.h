@@ -27,21 +27,25 @@ struct ShownAlert {
     std::optional<SInt16> id;  // of an alert that was drawn from resources
     std::string text;
     std::string explanation;
-    std::vector<std::string> buttons;  // their titles, by number
+    std::vector<std::string> buttons;  // their titles: button 1's first, an empty one for a number without a button
     SInt16 pressed;                    // the number of the button, from 1; for an alert from resources, of the item
 };
 
-/// Whether there is a screen that answers. Never waits for long, never ends the process.
+/// Whether there is a screen that answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X display.
+/// It is tried in a process of its own, so that nothing that is wrong with it ends this one, and for two seconds at
+/// most. A display that hangs, or that refuses this user, does not answer.
 bool ScreenAnswers();
 
-/// Whether there is a terminal to ask on: the process has one, whatever its standard streams are.
+/// Whether there is a terminal to ask on: the process has one, whatever its standard streams are, and is not in the
+/// background, where it could not read from it.
 bool TerminalAnswers();
 
 /// Shows windows on the screen from now on. False when there is no screen, or no library for it, with the reason in
 /// `*problem`.
 bool UseWindowDisplay(std::string* problem);
 
-/// Asks on the terminal from now on.
+/// Asks on the terminal from now on. Return confirms a window as it stands; a number or a name chooses; "cancel", the
+/// end of input and a terminal that closes cancel it. Alerts are answered in the same way.
 void UseTerminalDisplay();
 
 /// Takes `answers`, in order, from now on, and shows nothing.
@@ -56,10 +60,11 @@ void UseTerminalDisplay();
 /// can only be meant for a window, which then stays in the list.
 void UseUnattendedDisplay(const std::vector<Answer>& answers);
 
-/// Saves the next window that is run as a picture (PNG) in `file`, whichever display runs it.
+/// Saves the next window that is run as a picture (PNG) in `file`, as it looks at first, whichever display runs it. The
+/// file is written whole or not at all.
 void SavePicture(const std::string& file);
 
-/// What went wrong with SavePicture; empty when it was saved, or when no window was run yet.
+/// What went wrong with SavePicture, in one clause; empty when it was saved, or when no window was run yet.
 std::string PictureProblem();
 
 /// Whether an answer of the list that was given last fitted nothing of what was shown; the window was then cancelled,

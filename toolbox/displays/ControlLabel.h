@@ -1,0 +1,16 @@
+// What a control is called, for a person who cannot see what stands beside it.
+
+#ifndef TOOLBOX_DISPLAYS_CONTROLLABEL_H
+#define TOOLBOX_DISPLAYS_CONTROLLABEL_H
+
+#include "toolbox/windows/Window.h"
+
+namespace Toolbox {
+
+/// The title of `control`, on one line and without a colon at its end; where it has none, the static text that stands
+/// before it in the window. Empty if there is none either.
+QString labelOf(const Control& control);
+
+}  // namespace Toolbox
+
+#endif

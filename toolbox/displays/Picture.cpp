@@ -1,0 +1,61 @@
+#include "toolbox/displays/Picture.h"
+
+#include "toolbox/displays/Screen.h"
+#include "toolbox/displays/WindowLibrary.h"
+
+#include <Toolbox/Displays.h>
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <utility>
+
+namespace Toolbox {
+
+namespace {
+
+std::optional<QString> request;
+std::string pictureProblem;
+
+QString drawPicture(Window& window, const QString& file)
+{
+    QString problem;
+    const WindowLibrary* const library = windowLibrary(&problem);
+    if (library == nullptr)
+        return problem;
+    if (QCoreApplication::instance() == nullptr && !platformAnswers("offscreen"))
+        return QStringLiteral("Qt cannot draw without a screen");
+    return library->drawPicture(window, file);
+}
+
+}  // namespace
+
+std::optional<QString> takePictureRequest()
+{
+    return std::exchange(request, std::nullopt);
+}
+
+void notePictureProblem(const QString& problem)
+{
+    pictureProblem = problem.toStdString();
+}
+
+void drawRequestedPicture(Window& window)
+{
+    const std::optional<QString> file = takePictureRequest();
+    if (file)
+        notePictureProblem(drawPicture(window, *file));
+}
+
+void SavePicture(const std::string& file)
+{
+    request = QFile::decodeName(QByteArray::fromStdString(file));
+    pictureProblem.clear();
+}
+
+std::string PictureProblem()
+{
+    return pictureProblem;
+}
+
+}  // namespace Toolbox

@@ -1,0 +1,32 @@
+// The widgets that show the controls of a window, one for each.
+
+#ifndef TOOLBOX_DISPLAYS_WINDOW_CONTROLWIDGETS_H
+#define TOOLBOX_DISPLAYS_WINDOW_CONTROLWIDGETS_H
+
+#include "toolbox/windows/Window.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace Toolbox {
+
+/// A control and what shows it.
+struct ControlWidget {
+    Control* control;
+    QWidget* widget;                  // owned by its parent; null for a kind that is not drawn
+    std::function<void()> showState;  // brings the widget to the control's present state
+};
+
+/// What is done when somebody works a control. The control may be gone afterwards.
+struct ControlActions {
+    std::function<void(Control&)> press;
+    std::function<void(Control&, SInt32 item)> choose;
+};
+
+/// Makes the widget of `control` inside `parent`, without a place yet.
+ControlWidget makeControlWidget(Control& control, QWidget* parent, const ControlActions& actions);
+
+}  // namespace Toolbox
+
+#endif

@@ -1,0 +1,99 @@
+#include "toolbox/displays/window/WindowDialog.h"
+
+#include "toolbox/displays/WindowButtons.h"
+#include "toolbox/displays/window/DialogContent.h"
+#include "toolbox/displays/window/DialogFont.h"
+#include "toolbox/displays/window/PlacedItems.h"
+#include "toolbox/displays/window/PlainText.h"
+#include "toolbox/events/Commands.h"
+#include "toolbox/windows/ModalLoop.h"
+
+#include <QCloseEvent>
+
+#include <algorithm>
+
+namespace Toolbox {
+
+namespace {
+
+// Whether Return and Escape leave it alone, so that it is what somebody has come to work on.
+bool isForInput(const ControlWidget& each)
+{
+    switch (each.control->kind) {
+    case ControlKind::PopupButton:
+    case ControlKind::EditText:
+    case ControlKind::CheckBox:
+    case ControlKind::RadioButton:
+        return each.control->usable();
+    default:
+        return false;
+    }
+}
+
+}  // namespace
+
+WindowDialog::WindowDialog(Window& window, QWidget* parent)
+    : QDialog(parent, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
+    , m_window(window)
+    , m_ref(window.ref())
+{
+    setWindowTitle(plainWindowTitle(window.title));
+    setFont(dialogFont());
+    addControls();
+    focusFirstControl();
+}
+
+void WindowDialog::addControls()
+{
+    const ControlActions actions{
+        [this](Control& control) { act([&control] { pressControl(control); }); },
+        [this](Control& popUp, SInt32 item) { act([&popUp, item] { chooseMenuItem(popUp, item); }); },
+    };
+    auto* const content = new QWidget(this);
+    PlacedItems items;
+    for (Control* const each : m_window.controls()) {
+        const ControlWidget made = makeControlWidget(*each, content, actions);
+        if (made.widget == nullptr)
+            continue;
+        m_widgets.push_back(made);
+        items.add(made.widget, areaOf(each->bounds));
+    }
+    setContent(*this, content, items.place(areaOf(m_window.content).size()));
+}
+
+void WindowDialog::focusFirstControl()
+{
+    const auto first = std::find_if(m_widgets.begin(), m_widgets.end(), isForInput);
+    const auto confirming = std::find_if(m_widgets.begin(), m_widgets.end(),
+        [this](const ControlWidget& each) { return each.control == confirmingControl(m_window); });
+    if (first != m_widgets.end())
+        first->widget->setFocus();
+    else if (confirming != m_widgets.end())
+        confirming->widget->setFocus();
+}
+
+void WindowDialog::reject()
+{
+    act([this] { cancelWindow(m_window); });
+}
+
+void WindowDialog::closeEvent(QCloseEvent* event)
+{
+    event->ignore();  // whether it closes is for the window's handlers to say
+    act([this] { sendWindowCommand(m_window, kHICommandCancel); });
+}
+
+// Handlers run inside `action` and may end the loop or dispose of the window.
+void WindowDialog::act(const std::function<void()>& action)
+{
+    if (!modalLoopEnded(m_ref))
+        action();
+    if (modalLoopEnded(m_ref)) {
+        done(QDialog::Accepted);
+        return;
+    }
+    for (const ControlWidget& each : m_widgets)
+        each.showState();
+}
+
+}  // namespace Toolbox

@@ -1,0 +1,86 @@
+// What the core library finds in this one: see WindowLibrary.h.
+
+#include "toolbox/displays/Picture.h"
+#include "toolbox/displays/WindowLibrary.h"
+#include "toolbox/displays/window/AlertDialog.h"
+#include "toolbox/displays/window/QtApplication.h"
+#include "toolbox/displays/window/WindowDialog.h"
+#include "toolbox/windows/ModalLoop.h"
+
+#include <QApplication>
+#include <QSaveFile>
+#include <QScreen>
+#include <QTimer>
+
+namespace Toolbox {
+
+namespace {
+
+// Whole or not at all; returns what went wrong, or nothing.
+QString savePicture(QWidget& widget, const QString& name)
+{
+    QSaveFile file(name);
+    const bool saved = file.open(QIODevice::WriteOnly) && widget.grab().save(&file, "PNG") && file.commit();
+    if (saved)
+        return QString();
+    return QStringLiteral("the picture %1 cannot be written: %2").arg(name, file.errorString());
+}
+
+class WindowDisplay : public Display {
+public:
+    explicit WindowDisplay(const QByteArray& platform)
+        : m_platform(platform)
+    {
+    }
+
+    bool runWindow(Window& window, QString* problem) override
+    {
+        const WindowRef ref = window.ref();
+        const QtApplication application(m_platform);
+        WindowDialog dialog(window, QApplication::activeModalWidget());
+        const std::optional<QString> picture = takePictureRequest();
+        if (picture)
+            QTimer::singleShot(0, &dialog, [&] { notePictureProblem(savePicture(dialog, *picture)); });
+        dialog.exec();
+        *problem = QStringLiteral("the screen went away");
+        return modalLoopEnded(ref);
+    }
+
+    SInt16 runAlert(const Alert& alert) override
+    {
+        const QtApplication application(m_platform);
+        return AlertDialog(alert, QApplication::activeModalWidget()).run();
+    }
+
+private:
+    const QByteArray m_platform;
+};
+
+bool tryPlatform(const QByteArray& platform)
+{
+    const QtApplication application(platform);
+    return QGuiApplication::primaryScreen() != nullptr;
+}
+
+std::unique_ptr<Display> makeDisplay(const QByteArray& platform)
+{
+    return std::make_unique<WindowDisplay>(platform);
+}
+
+QString drawPicture(Window& window, const QString& file)
+{
+    const QtApplication application("offscreen");
+    WindowDialog dialog(window, nullptr);
+    dialog.show();
+    QCoreApplication::processEvents();  // it becomes active, and shows where the focus is
+    return savePicture(dialog, file);
+}
+
+}  // namespace
+
+}  // namespace Toolbox
+
+extern "C" {
+extern const Toolbox::WindowLibrary toolboxWindowLibrary;
+const Toolbox::WindowLibrary toolboxWindowLibrary{Toolbox::tryPlatform, Toolbox::makeDisplay, Toolbox::drawPicture};
+}
