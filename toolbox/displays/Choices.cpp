@@ -1,0 +1,89 @@
+#include "toolbox/displays/Choices.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace Toolbox {
+
+namespace {
+
+// One spelling for all that count as the same: compatibility forms, case, accents and blanks.
+QString oneSpelling(const QString& text)
+{
+    QString spelling = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
+    spelling.removeIf([](QChar unit) { return unit.isMark(); });
+    return spelling.simplified();
+}
+
+// The whole name, and its parts where brackets, strokes or dashes set them apart.
+QStringList keysOf(const QString& name)
+{
+    static const QRegularExpression separators(QStringLiteral("[()\\[\\]/|,–—]|\\s-\\s"));
+    QStringList keys = oneSpelling(name).split(separators);
+    for (QString& key : keys)
+        key = key.trimmed();
+    keys.append(oneSpelling(name));
+    keys.removeAll(QString(QLatin1String("")));
+    return keys;
+}
+
+}  // namespace
+
+bool Choices::Choice::hasNumber(const QString& wanted) const
+{
+    return number == wanted;
+}
+
+bool Choices::Choice::isNamed(const QString& wanted) const
+{
+    return keys.contains(wanted);
+}
+
+bool Choices::Choice::hasWord(const QString& wanted) const
+{
+    return word == wanted;
+}
+
+bool Choices::Choice::beginsLike(const QString& wanted) const
+{
+    return std::any_of(keys.begin(), keys.end(), [&wanted](const QString& key) { return key.startsWith(wanted); });
+}
+
+void Choices::add(const QString& name, std::optional<int> number, const QString& word)
+{
+    m_choices.push_back({name.simplified(), keysOf(name), number ? QString::number(*number) : QString(), word});
+}
+
+std::optional<std::size_t> Choices::find(const QString& typed, QString* problem) const
+{
+    const QString wanted = oneSpelling(typed);
+    const std::vector<std::size_t> found = wanted.isEmpty() ? std::vector<std::size_t>() : findAll(wanted);
+    if (found.size() == 1)
+        return found.front();
+
+    QStringList names;
+    for (const std::size_t index : found)
+        names.append(m_choices[index].name);
+    if (names.isEmpty())
+        *problem = QStringLiteral("There is no \"%1\" here.").arg(typed.simplified());
+    else
+        *problem = QStringLiteral("\"%1\" could be %2.").arg(typed.simplified(), names.join(QStringLiteral(" or ")));
+    return std::nullopt;
+}
+
+// The choices that fit the surest reading that fits any.
+std::vector<std::size_t> Choices::findAll(const QString& wanted) const
+{
+    for (const auto fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
+        std::vector<std::size_t> found;
+        for (std::size_t index = 0; index < m_choices.size(); ++index)
+            if ((m_choices[index].*fits)(wanted))
+                found.push_back(index);
+        if (!found.empty())
+            return found;
+    }
+    return {};
+}
+
+}  // namespace Toolbox
