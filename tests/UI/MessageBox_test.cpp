@@ -103,7 +103,7 @@ TEST_P(MessageBox, IsTrueForTheFirstButtonAlone)
 
 TEST_P(MessageBox, ShowsTheFirst254Characters)
 {
-    for (const std::size_t length : {0, 1, 253, 254, 255, 256, 300}) {
+    for (const std::size_t length : {0u, 1u, 253u, 254u, 255u, 256u, 300u}) {
         ToolboxDouble::Reset();
         GetParam().show(std::string(length, 'x').c_str());
         EXPECT_EQ(Log(), boxLog(std::string(length < 254 ? length : 254, 'x'))) << "of " << length;

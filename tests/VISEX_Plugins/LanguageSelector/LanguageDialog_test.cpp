@@ -232,7 +232,7 @@ std::vector<UInt32> codesToTry()
         codes.push_back(code);
     for (unsigned bit = 11; bit < 32; ++bit) {
         const UInt32 boundary = static_cast<UInt32>(1) << bit;
-        for (const UInt32 low : {0, 1, 2, 3, 6, 11})
+        for (const UInt32 low : {0u, 1u, 2u, 3u, 6u, 11u})
             codes.push_back(boundary + low);
         codes.push_back(boundary - 1);
     }
