@@ -29,7 +29,7 @@ public:
     static Object* find(Ref ref)
     {
         const auto found = objects().find(ref);
-        return found == objects().end() ? nullptr : found->second;
+        return found == objects().end() ? nullptr : static_cast<Object*>(found->second);
     }
 
     /// The reference that callers know this object by.
@@ -40,7 +40,7 @@ protected:
         : m_ref(reinterpret_cast<Ref>(nextReference()))
     {
         countAs(Object::KIND);
-        objects().emplace(m_ref, static_cast<Object*>(this));
+        objects().emplace(m_ref, this);
     }
 
     ~Referenced() { objects().erase(m_ref); }
@@ -49,10 +49,11 @@ protected:
     void countAs(const char* kind) { m_alive.emplace(kind); }
 
 private:
-    static std::unordered_map<Ref, Object*>& objects()
+    // By their bases, since an object enters before it is an Object.
+    static std::unordered_map<Ref, Referenced*>& objects()
     {
         // Never destroyed: objects that live until the process ends still take themselves out.
-        static auto* const all = new std::unordered_map<Ref, Object*>;
+        static auto* const all = new std::unordered_map<Ref, Referenced*>;
         return *all;
     }
 
