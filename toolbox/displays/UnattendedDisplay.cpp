@@ -18,23 +18,14 @@ std::size_t unusedAnswers = 0;
 
 // ---- Windows
 
-template <typename Condition> Control* firstUsable(const Window& window, Condition fits)
-{
-    const std::vector<Control*> all = window.controls();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&fits](const Control* each) { return each->usable() && fits(*each); });
-    return found == all.end() ? nullptr : *found;
-}
-
 Control* controlOfCommand(const Window& window, MenuCommand command)
 {
     if (command == 0)  // what carries no command answers to none
         return nullptr;
-    return firstUsable(window, [command](const Control& each) { return each.command == command; });
+    return window.firstControl([command](const Control& each) { return each.usable() && each.command == command; });
 }
 
-// The control that stands for `command`: the one that carries it, else for OK and Cancel the button of Return or
-// Escape.
+// The control that stands for `command`: the one that carries it, else for OK and Cancel what Return or Escape presses.
 Control* controlFor(const Window& window, MenuCommand command)
 {
     Control* const control = controlOfCommand(window, command);
@@ -59,7 +50,7 @@ bool press(Control* control)
 bool chooseItem(const Window& window, UInt32 item)
 {
     Control* const popUp =
-        firstUsable(window, [](const Control& each) { return each.kind == ControlKind::PopupButton; });
+        window.firstControl([](const Control& each) { return each.usable() && each.kind == ControlKind::PopupButton; });
     const SInt32 wanted = static_cast<SInt32>(std::min(item, UInt32{0x7FFFFFFF}));
     if (popUp == nullptr || !popUp->offers(wanted))
         return false;

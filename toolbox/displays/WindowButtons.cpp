@@ -2,8 +2,6 @@
 
 #include "toolbox/events/Commands.h"
 
-#include <algorithm>
-
 namespace Toolbox {
 
 namespace {
@@ -21,10 +19,7 @@ Control* confirmingControl(const Window& window)
     Control* const button = usableButton(window, ButtonRole::Default);
     if (button != nullptr)
         return button;
-    const std::vector<Control*> all = window.controls();
-    const auto found = std::find_if(
-        all.begin(), all.end(), [](const Control* each) { return each->command == kHICommandOK && each->usable(); });
-    return found == all.end() ? nullptr : *found;
+    return window.firstControl([](const Control& each) { return each.command == kHICommandOK && each.usable(); });
 }
 
 Control* cancellingControl(const Window& window)

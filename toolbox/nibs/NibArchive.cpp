@@ -32,9 +32,8 @@ public:
     {
         readProlog();
         const NibValue root = readValue();
-        while (next() != QXmlStreamReader::Invalid && !m_xml.isEndDocument()) { }
         const NibReference* const reference = root.as<NibReference>();
-        if (m_xml.hasError() || reference == nullptr)
+        if (m_xml.hasError() || reference == nullptr || !isAtEnd())
             return std::nullopt;
         takeNameTable(m_archive.m_objects[reference->id]);
         return std::move(m_archive);
@@ -73,6 +72,10 @@ private:
             if (m_xml.isDTD() && !m_xml.entityDeclarations().isEmpty())
                 m_xml.raiseError(QStringLiteral("entities are declared"));
     }
+
+    // Whether nothing but white space follows the root. The stream tells that of what it was given, and no more, since
+    // it takes the end of that for the document's.
+    bool isAtEnd() { return m_xml.readNext() == QXmlStreamReader::EndDocument && m_rest.trimmed().isEmpty(); }
 
     // Each of these begins at an element's start and ends at its end.
 

@@ -15,14 +15,6 @@ void appendWithChildren(Control& control, std::vector<Control*>& all)
         appendWithChildren(*child, all);
 }
 
-// The first of `window`'s controls that `fits`, or null.
-template <typename Condition> Control* firstControl(const Window& window, Condition fits)
-{
-    const std::vector<Control*> all = window.controls();
-    const auto found = std::find_if(all.begin(), all.end(), [&fits](const Control* each) { return fits(*each); });
-    return found == all.end() ? nullptr : *found;
-}
-
 }  // namespace
 
 std::vector<Control*> Window::controls() const
@@ -33,16 +25,22 @@ std::vector<Control*> Window::controls() const
     return all;
 }
 
+Control* Window::firstControl(const std::function<bool(const Control&)>& fits) const
+{
+    const std::vector<Control*> all = controls();
+    const auto found = std::find_if(all.begin(), all.end(), [&fits](const Control* each) { return fits(*each); });
+    return found == all.end() ? nullptr : *found;
+}
+
 Control* Window::findControl(const ControlID& id) const
 {
     return firstControl(
-        *this, [&id](const Control& each) { return each.id.signature == id.signature && each.id.id == id.id; });
+        [&id](const Control& each) { return each.id.signature == id.signature && each.id.id == id.id; });
 }
 
 Control* Window::buttonOfRole(ButtonRole role) const
 {
-    return firstControl(
-        *this, [role](const Control& each) { return each.kind == ControlKind::Button && each.role == role; });
+    return firstControl([role](const Control& each) { return each.kind == ControlKind::Button && each.role == role; });
 }
 
 namespace {

@@ -6,6 +6,7 @@
 #include "toolbox/controls/Control.h"
 #include "toolbox/events/EventTarget.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -18,6 +19,9 @@ public:
 
     /// All controls, each before those inside it, in the nib's order; the root comes first.
     std::vector<Control*> controls() const;
+
+    /// The first of controls() that `fits`, or null.
+    Control* firstControl(const std::function<bool(const Control&)>& fits) const;
 
     /// The control with this signature and number, or null.
     Control* findControl(const ControlID& id) const;

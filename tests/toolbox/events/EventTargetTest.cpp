@@ -2,6 +2,8 @@
 
 #include "toolbox/events/EventTarget.h"
 
+#include <Toolbox/Trace.h>
+
 #include <cstdint>
 
 namespace {
@@ -174,6 +176,23 @@ TEST_F(EventHandlers, GetTheirUserData)
     ASSERT_EQ(InstallEventHandler(made.target(), count, 1, COMMANDS, &data, nullptr), noErr);
     sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target);
     EXPECT_EQ(data, 1);
+}
+
+TEST_F(EventHandlers, CallTheToolboxAsIfFromOutside)
+{
+    TestWindow made;
+    Toolbox::Control& button = made.addButton('butt');
+    const auto askForTheKind = [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
+        return static_cast<OSStatus>(GetEventKind(event));
+    };
+    ASSERT_EQ(InstallEventHandler(made.target(), askForTheKind, 1, COMMANDS, nullptr, nullptr), noErr);
+    std::vector<std::string> calls;
+    runWhile(made.ref, [&] {
+        Toolbox::SetTrace([&calls](const std::string& line) { calls.push_back(line.substr(0, line.find('('))); });
+        Toolbox::pressControl(button);
+        Toolbox::SetTrace(nullptr);
+    });
+    EXPECT_EQ(calls, std::vector<std::string>{"GetEventKind"});
 }
 
 // ---- What a handler may do while it is called

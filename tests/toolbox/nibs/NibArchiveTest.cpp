@@ -234,6 +234,7 @@ const RefusedCase REFUSED_CASES[] = {
     {"AStringAsRoot", "<string>text</string>"},
     {"TwoRoots", "<object class='A'/><object class='B'/>"},
     {"TextAfterTheRoot", "<object class='A'/>text"},
+    {"CommentAfterTheRoot", "<object class='A'/><!-- text -->"},
     {"TagsThatDoNotMatch", "<object class='A'><string>a</object></string>"},
     {"AttributeTwice", "<object class='A' class='B'/>"},
     {"NotUTF8", "<object class='A'><string>\xFF</string></object>"},
@@ -327,6 +328,20 @@ TEST(NibArchive, MayNestTo200Elements)
 TEST(NibArchive, MayNestAnythingInWhatIsOfNoUse)
 {
     EXPECT_TRUE(readObject(repeated("<thing>", 1000) + repeated("</thing>", 1000)).has_value());
+}
+
+// The stream is given 1 KiB at a time. That must not show, wherever a piece ends.
+TEST(NibArchive, IsTheSameWhereverAPieceEnds)
+{
+    const std::string properties = "<string name='t'>\u65e5\r\n\U0001F600&amp;</string>";
+    for (std::size_t length = 0; length <= 1024; ++length) {
+        const std::string blanks(length, ' ');
+        const auto archive = readObject(blanks + properties);
+        EXPECT_EQ(theObject(archive).text("t"), QStringLiteral("\u65e5\n\U0001F600&")) << length;
+        EXPECT_TRUE(read("<object class='A'/>" + blanks).has_value()) << length;
+        EXPECT_FALSE(read("<object class='A'/>" + blanks + "x").has_value()) << length;
+        EXPECT_FALSE(read(blanks + "<object class='A'").has_value()) << length;
+    }
 }
 
 TEST(NibArchive, TakesLongTextsButNoEndlessOnes)

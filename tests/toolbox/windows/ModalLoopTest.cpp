@@ -1,5 +1,10 @@
 #include "tests/toolbox/windows/TestWindow.h"
 
+#include <unistd.h>
+
+#include <cstdlib>
+#include <new>
+
 namespace {
 
 class ModalLoop : public WindowTest { };
@@ -151,6 +156,24 @@ TEST_F(ModalLoop, LeavesTheStackWhenAnExceptionPasses)
     const TestWindow made;
     EXPECT_THROW(runWhile(made.ref, [] { throw std::bad_alloc(); }), std::bad_alloc);
     EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
+}
+
+// What is left when the process ends is dropped, and no handler hears of it.
+TEST_F(ModalLoop, EndsInSilenceWithTheProcess)
+{
+    const auto leave = [] {
+        auto* const made = new TestWindow;
+        Toolbox::Control& button = made->addButton('butt');
+        static int calls = 0;
+        const auto count = [](EventHandlerCallRef, EventRef, void*) -> OSStatus {
+            if (++calls > 1)
+                _exit(1);
+            std::exit(0);
+        };
+        InstallEventHandler(made->target(), count, 1, COMMANDS, nullptr, nullptr);
+        runWhile(made->ref, [&button] { Toolbox::pressControl(button); });
+    };
+    EXPECT_EXIT(leave(), testing::ExitedWithCode(0), "");
 }
 
 // ---- Which window gets what is done in it
