@@ -55,7 +55,7 @@ void SavePicture(const std::string& file)
 
 std::string PictureProblem()
 {
-    return pictureProblem;
+    return request ? "no window was shown" : pictureProblem;
 }
 
 }  // namespace Toolbox
