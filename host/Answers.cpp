@@ -6,7 +6,6 @@
 
 #include <Carbon/CarbonEvents.h>
 
-#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -25,6 +24,15 @@ std::optional<SInt16> buttonNumber(std::string_view text)
         return std::nullopt;
     const std::optional<SInt16> number = parseNumber<SInt16>(text.substr(BUTTON_PREFIX.size()));
     return number.value_or(0) > 0 ? number : std::nullopt;
+}
+
+// How many answers at the end lie whole within the last `unusedSteps`.
+std::ptrdiff_t countUnused(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps)
+{
+    auto each = answers.rbegin();
+    for (; each != answers.rend() && unusedSteps >= each->steps.size(); ++each)
+        unusedSteps -= each->steps.size();
+    return each - answers.rbegin();
 }
 
 }  // namespace
@@ -51,14 +59,17 @@ std::vector<Answer> stepsOf(const std::vector<GivenAnswer>& answers)
     return steps;
 }
 
+std::string lastUsedAnswer(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps)
+{
+    const auto used = answers.rbegin() + countUnused(answers, unusedSteps);
+    return used == answers.rend() ? std::string() : used->text;
+}
+
 std::vector<std::string> unusedAnswers(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps)
 {
     std::vector<std::string> unused;
-    for (auto each = answers.rbegin(); each != answers.rend() && unusedSteps >= each->steps.size(); ++each) {
-        unusedSteps -= each->steps.size();
+    for (auto each = answers.end() - countUnused(answers, unusedSteps); each != answers.end(); ++each)
         unused.push_back(each->text);
-    }
-    std::reverse(unused.begin(), unused.end());
     return unused;
 }
 

@@ -24,6 +24,9 @@ GivenAnswer parseAnswer(const std::string& text);
 /// The steps of all `answers`, one after the other.
 std::vector<Toolbox::Answer> stepsOf(const std::vector<GivenAnswer>& answers);
 
+/// The answer that was taken last when the last `unusedSteps` of stepsOf were not, as it was typed; empty for none.
+std::string lastUsedAnswer(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps);
+
 /// The answers of which nothing was taken when the last `unusedSteps` of stepsOf were not, as they were typed.
 std::vector<std::string> unusedAnswers(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps);
 

@@ -5,6 +5,7 @@
 
 #include <Toolbox/Displays.h>
 
+#include <csignal>
 #include <string>
 
 namespace Host {
@@ -39,6 +40,8 @@ void useTerminal()
 {
     if (!Toolbox::TerminalAnswers())
         throw Problem(ExitStatus::NotDone, "cannot ask on the terminal: the process has none");
+    // A terminal that goes away while it asks is noticed by what it answers, and then said.
+    std::signal(SIGHUP, SIG_IGN);
     Toolbox::UseTerminalDisplay();
 }
 

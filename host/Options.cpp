@@ -177,7 +177,7 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
     app.set_version_flag("--version", "visex-host " HOST_VERSION, "Say which version this is");
 
     try {
-        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend() - 1));  // it takes them last first
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));  // it takes them last first
     } catch (const CLI::CallForHelp&) {
         return app.help();
     } catch (const CLI::CallForVersion& version) {

@@ -32,8 +32,8 @@ struct Options {
     bool trace = false;
 };
 
-/// The options in `arguments`, of which the first is the program's name; or, when it is asked for, the text of --help
-/// or --version. Throws Problem for what it does not understand.
+/// The options in `arguments`, which follow the program's name; or, when it is asked for, the text of --help or
+/// --version. Throws Problem for what it does not understand.
 std::variant<Options, std::string> parseOptions(const std::vector<std::string>& arguments);
 
 }  // namespace Host

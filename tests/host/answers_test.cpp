@@ -68,6 +68,16 @@ TEST(StepsOf, KeepsTheOrder)
     expectStep(steps[3], Kind::Command, kHICommandCancel);
 }
 
+TEST(LastUsedAnswer, IsTheOneOfWhichAStepWasTaken)
+{
+    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 0), "cancel");
+    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 1), "german");
+    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 2), "german") << "the language was chosen, but OK not pressed";
+    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 3), "button:1");
+    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 4), "");
+    EXPECT_EQ(lastUsedAnswer({}, 0), "");
+}
+
 TEST(UnusedAnswers, AreThoseOfWhichNoStepWasTaken)
 {
     using Texts = std::vector<std::string>;

@@ -12,15 +12,9 @@ namespace {
 using namespace Host;
 using Arguments = std::vector<std::string>;
 
-std::variant<Options, std::string> parse(Arguments arguments)
-{
-    arguments.insert(arguments.begin(), "visex-host");
-    return parseOptions(arguments);
-}
-
 Options options(const Arguments& arguments)
 {
-    return std::get<Options>(parse(arguments));
+    return std::get<Options>(parseOptions(arguments));
 }
 
 TEST(Options, AreEmptyWhenNothingIsGiven)
@@ -108,7 +102,7 @@ TEST(Options, DisplayTakesThreeNames)
 
 TEST(Options, HelpNamesThemAll)
 {
-    const std::string help = std::get<std::string>(parse({"--help"}));
+    const std::string help = std::get<std::string>(parseOptions({"--help"}));
     for (const char* const name : {"--message N", "--current LANG", "--display KIND", "--answer ANSWER", "--app DIR",
              "--resources FILE", "--require-admin", "--record FILE", "--write-record FILE", "--picture FILE", "--json",
              "--trace", "--help", "--version", "BUNDLE", "Exit status"})
@@ -117,7 +111,7 @@ TEST(Options, HelpNamesThemAll)
 
 TEST(Options, HelpFitsATerminal)
 {
-    const std::string help = std::get<std::string>(parse({"--help"}));
+    const std::string help = std::get<std::string>(parseOptions({"--help"}));
     std::size_t start = 0;
     for (std::size_t end; (end = help.find('\n', start)) != std::string::npos; start = end + 1)
         EXPECT_LE(end - start, 80u) << help.substr(start, end - start);
@@ -126,7 +120,7 @@ TEST(Options, HelpFitsATerminal)
 
 TEST(Options, VersionIsOneLine)
 {
-    const std::string version = std::get<std::string>(parse({"--version"}));
+    const std::string version = std::get<std::string>(parseOptions({"--version"}));
     EXPECT_EQ(version.find("visex-host "), 0u);
     EXPECT_EQ(version.find('\n'), version.size() - 1);
 }
@@ -142,7 +136,7 @@ class WrongOptions : public testing::TestWithParam<WrongCase> { };
 TEST_P(WrongOptions, AreRefusedInOneLine)
 {
     try {
-        parse(GetParam().arguments);
+        parseOptions(GetParam().arguments);
         FAIL() << "they were taken";
     } catch (const Problem& problem) {
         EXPECT_EQ(problem.status, ExitStatus::NotDone);
@@ -187,7 +181,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Options, RefuseAnUnknownAnswer)
 {
-    EXPECT_THROW(parse({"--answer", "maybe"}), Problem);
+    EXPECT_THROW(parseOptions({"--answer", "maybe"}), Problem);
 }
 
 }  // namespace

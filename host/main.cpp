@@ -1,0 +1,113 @@
+// visex-host: stands in for the installer. Loads an external, calls it once, and says what it answered.
+
+#include "host/Application.h"
+#include "host/Display.h"
+#include "host/Environment.h"
+#include "host/ExternalCall.h"
+#include "host/Languages.h"
+#include "host/Options.h"
+#include "host/Paths.h"
+#include "host/StandardStreams.h"
+
+#include <Toolbox/Application.h>
+#include <Toolbox/Displays.h>
+
+#include <algorithm>
+#include <exception>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace {
+
+using namespace Host;
+
+std::uint32_t userLanguage()
+{
+    const Language* const language = languageOfLocale(userLocale());
+    return language == nullptr ? LANGUAGES.front().code : language->code;
+}
+
+// A record that is loaded keeps what the options leave open; a new one gets the defaults.
+Record makeRecord(const Options& options)
+{
+    Record record = options.record ? Record::load(*options.record) : Record();
+    ExternParmBlock& block = record.block();
+    if (options.message || !options.record)
+        block.message = options.message.value_or(MESSAGE_SELECT_LANGUAGE);
+    if (options.current || !options.record)
+        block.currentLanguage = options.current ? *options.current : userLanguage();
+    return record;
+}
+
+// Says what went wrong without making the answer worthless. False when a picture was wanted and there is none.
+bool tellProblems(const Options& options)
+{
+    if (const std::string problem = Toolbox::DisplayProblem(); !problem.empty())
+        complain("the dialog could not go on: " + problem);
+    if (Toolbox::AnswerWasUnfit())
+        complain("the answer '" + lastUsedAnswer(options.answers, Toolbox::UnusedAnswers())
+            + "' fits nothing that was shown");
+    for (const std::string& answer : unusedAnswers(options.answers, Toolbox::UnusedAnswers()))
+        complain("the answer '" + answer + "' was not needed");
+
+    const std::string picture = options.picture ? Toolbox::PictureProblem() : std::string();
+    if (!picture.empty())
+        complain("cannot save the picture '" + *options.picture + "': " + picture);
+    return picture.empty();
+}
+
+bool print(const std::string& answer)
+{
+    std::string problem;
+    if (printAnswer(answer, &problem))
+        return true;
+    complain(problem);
+    return false;
+}
+
+ExitStatus callWith(const Options& options)
+{
+    Record record = makeRecord(options);
+
+    const std::filesystem::path support = supportFolder();
+    Toolbox::SetFrameworksFolder(support / "Frameworks");
+    Application application(options.application.value_or(support / "DemoInstaller.app"), options.resources);
+    if (options.requireAdmin)
+        application.requireAdministrator();
+    PlugIn plugIn(options.plugIn ? std::filesystem::path(*options.plugIn) : application.builtInPlugIn());
+    chooseDisplay(options);
+
+    const Report report = callExternal(plugIn, record, options.trace);
+    const bool noProblem = tellProblems(options);
+    const bool printed = print(options.json ? inJson(report) : inWords(report));
+    if (options.writeRecord)
+        record.save(*options.writeRecord);
+    return noProblem && printed ? statusOf(report) : ExitStatus::NotDone;
+}
+
+ExitStatus run(const std::vector<std::string>& arguments)
+{
+    const std::variant<Options, std::string> parsed = parseOptions(arguments);
+    if (const Options* const options = std::get_if<Options>(&parsed))
+        return callWith(*options);
+    return print(std::get<std::string>(parsed)) ? ExitStatus::Chosen : ExitStatus::NotDone;
+}
+
+}  // namespace
+
+int main(int count, char** arguments)
+{
+    holdStandardStreams();
+    clearPlugInPaths();
+    ExitStatus status = ExitStatus::NotDone;
+    try {
+        status = run(std::vector<std::string>(arguments + std::min(count, 1), arguments + count));
+    } catch (const Problem& problem) {
+        complain(problem.what());
+        status = problem.status;
+    } catch (const std::exception& error) {
+        complain(error.what());
+    }
+    return static_cast<int>(status);
+}
