@@ -1,0 +1,160 @@
+"""The main job with answers from a list: what is chosen, written and printed."""
+
+import unittest
+
+from visex import *
+
+
+class Choosing(HostTest):
+    def test_every_language_from_every_other(self):
+        for current in NAMES:
+            for chosen in NAMES:
+                with self.subTest(current=current, chosen=chosen):
+                    start = self.file("before", record(current=current))
+                    outcome = unattended("--record", start, "--write-record", self.folder / "after", "--json",
+                                         answers=[NAMES[chosen]])
+                    self.assertEqual(outcome.errors, "")
+                    self.assertEqual(outcome.status, CHOSE)
+                    self.assertEqual(outcome.json(), {
+                        "message": 1000,
+                        "current": {"code": current, "name": NAMES[current]},
+                        "chosen": {"code": chosen, "name": NAMES[chosen]},
+                        "flags": {"before": 0, "after": 0},
+                        "alerts": [],
+                        "result": "chosen",
+                    })
+                    self.assertEqual((self.folder / "after").read_bytes(), record(current=current, chosen=chosen))
+
+    def test_confirming_keeps_the_current_language(self):
+        for current in NAMES:
+            for answers in ([], ["ok"]):
+                with self.subTest(current=current, answers=answers):
+                    outcome = unattended("--current", str(current), "--json", answers=answers)
+                    self.assertEqual(outcome.json()["chosen"], {"code": current, "name": NAMES[current]})
+                    self.assertEqual(outcome.status, CHOSE)
+
+    def test_confirming_an_unknown_language_gives_english(self):
+        for current in (4, 5, 7, 10, 12, 0x10002, 0xFFFFFFFF):
+            with self.subTest(current=current):
+                outcome = unattended("--current", str(current), "--json")
+                self.assertEqual(outcome.json()["current"], {"code": current, "name": None})
+                self.assertEqual(outcome.json()["chosen"], {"code": 0, "name": "English"})
+                self.assertEqual(outcome.status, CHOSE)
+
+    def test_cancelling_writes_nothing(self):
+        start = self.file("before", record(current=JAPANESE, chosen=FRENCH, filler=0xA5))
+        outcome = unattended("--record", start, "--write-record", self.folder / "after", "--json", answers=["cancel"])
+        self.assertEqual(outcome.errors, "")
+        self.assertEqual(outcome.status, NOTHING_CHOSEN)
+        self.assertIsNone(outcome.json()["chosen"])
+        self.assertEqual(outcome.json()["result"], "nothing chosen")
+        self.assertEqual((self.folder / "after").read_bytes(), start.read_bytes())
+
+    def test_an_answer_that_is_not_needed_is_said(self):
+        outcome = unattended(answers=["german", "cancel", "button:2"])
+        self.assertEqual(outcome.status, CHOSE)
+        self.assertIn("German (2) was written to the record.", outcome.output)
+        self.assertEqual(outcome.errors, "visex-host: the answer 'cancel' was not needed\n"
+                                         "visex-host: the answer 'button:2' was not needed\n")
+
+    def test_an_answer_that_fits_nothing_cancels(self):
+        outcome = unattended("--json", answers=["button:1", "german"])
+        self.assertEqual(outcome.status, NOT_DONE)
+        self.assertIsNone(outcome.json()["chosen"])
+        self.assertEqual(outcome.json()["result"], "unfit answer")
+        self.assertEqual(outcome.errors,
+                         "visex-host: the answer 'button:1' fits nothing that was shown\n"
+                         "visex-host: the answer 'german' was not needed\n")
+
+
+class Records(HostTest):
+    def test_only_the_chosen_language_is_written(self):
+        tail = bytes(range(256)) * 3
+        start = self.file("before", record(flags=0x80000002, chosen=FRENCH, current=GERMAN, filler=0x5A, tail=tail))
+        outcome = unattended("--record", start, "--write-record", self.folder / "after", answers=["japanese"])
+        self.assertEqual(outcome.status, CHOSE)
+        expected = record(flags=0x80000002, chosen=JAPANESE, current=GERMAN, filler=0x5A, tail=tail)
+        self.assertEqual((self.folder / "after").read_bytes(), expected)
+
+    def test_options_go_before_the_record(self):
+        start = self.file("before", record(message=5, current=GERMAN))
+        outcome = unattended("--record", start, "--message", "1000", "--current", "spanish", "--json")
+        self.assertEqual(outcome.json()["message"], 1000)
+        self.assertEqual(outcome.json()["current"], {"code": SPANISH, "name": "Spanish"})
+        self.assertEqual(start.read_bytes(), record(message=5, current=GERMAN), "the file itself stays as it is")
+
+    def test_the_users_language_does_not_change_a_record(self):
+        start = self.file("before", record(current=GERMAN))
+        outcome = unattended("--record", start, "--json", variables={"LC_ALL": "it_IT.UTF-8"})
+        self.assertEqual(outcome.json()["current"]["code"], GERMAN)
+
+    def test_a_record_can_be_written_over(self):
+        file = self.file("record", record(current=GERMAN))
+        unattended("--record", file, "--write-record", file)
+        self.assertEqual(file.read_bytes(), record(current=GERMAN, chosen=GERMAN))
+        self.assertEqual(list(self.folder.iterdir()), [file])
+
+    def test_a_record_is_written_also_when_nothing_was_chosen(self):
+        unattended("--write-record", self.folder / "after", "--current", "german", answers=["cancel"])
+        self.assertEqual((self.folder / "after").read_bytes(), record(current=GERMAN))
+
+
+class Defaults(HostTest):
+    def test_the_users_language_is_the_current_one(self):
+        cases = [({"LANG": "ja_JP.UTF-8"}, JAPANESE), ({"LANG": "C", "LC_ALL": "fr_FR"}, FRENCH),
+                 ({"LANG": "nl_NL.UTF-8"}, ENGLISH), ({}, ENGLISH)]
+        for variables, code in cases:
+            with self.subTest(variables):
+                outcome = unattended("--json", variables=variables)
+                self.assertEqual(outcome.json()["current"]["code"], code)
+                self.assertEqual(outcome.json()["message"], 1000)
+
+    def test_without_screen_and_terminal_it_is_unattended_and_says_so(self):
+        outcome = run("--current", "italian")
+        self.assertEqual(outcome.errors,
+                         "visex-host: no screen and no terminal here: the dialog is confirmed as it stands\n")
+        self.assertEqual(outcome.status, CHOSE)
+        self.assertEqual(outcome.output, (
+            "Before: message 1000, current language Italian (3), chosen language English (0), flags 0x00000000\n"
+            "After:  message 1000, current language Italian (3), chosen language Italian (3), flags 0x00000000\n"
+            "Italian (3) was written to the record.\n"))
+
+    def test_answers_alone_choose_the_unattended_display(self):
+        outcome = run("--answer", "french")
+        self.assertEqual(outcome.errors, "")
+        self.assertIn("French (1) was written to the record.", outcome.output)
+
+    def test_it_works_from_any_folder_under_any_name(self):
+        link = self.folder / "another name"
+        link.symlink_to(HOST)
+        outcome = unattended(host=link, cwd=self.folder)
+        self.assertEqual(outcome.status, CHOSE)
+
+    def test_an_external_can_be_named(self):
+        outcome = unattended("--current", "german", DEMO / "Contents/PlugIns/LanguageSelector.bundle")
+        self.assertEqual(outcome.status, CHOSE)
+
+    def test_the_calls_of_the_external_can_be_followed(self):
+        outcome = unattended("--trace")
+        self.assertEqual(outcome.status, CHOSE)
+        lines = outcome.errors.splitlines()
+        called = [line.removeprefix("visex-host: ").split("(")[0] for line in lines]
+        order = ["GetResource", "CreateNibReference", "CreateWindowFromNib", "RunAppModalLoopForWindow",
+                 "GetEventParameter", "DisposeWindow"]
+        self.assertEqual([each for each in called if each in order],
+                         ["GetResource", "CreateNibReference", "CreateWindowFromNib", "GetEventParameter",
+                          "RunAppModalLoopForWindow", "DisposeWindow"], "a call is told when it returns")
+
+
+class HelpAndVersion(HostTest):
+    def test_they_go_to_standard_output(self):
+        for option, beginning in (("--help", "Calls an external"), ("--version", "visex-host 1.")):
+            with self.subTest(option):
+                outcome = run(option)
+                self.assertEqual(outcome.status, 0)
+                self.assertEqual(outcome.errors, "")
+                self.assertTrue(outcome.output.startswith(beginning), outcome.output)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,364 @@
+"""Missing, unreadable, truncated and corrupt files: the right line or alert and the right status, and never a crash."""
+
+import os
+import plistlib
+import shutil
+import unittest
+
+from visex import *
+
+CANT_FIND_NIB = "Can't find Nib Reference"
+CANT_CREATE_WINDOW = "Can't create windows from Nib"
+CANT_RUN = "Can't run modal loop for window"
+
+
+def truncations(contents):
+    """Beginnings of `contents`: a few dozen, the empty one and all but the last byte among them."""
+    step = max(1, len(contents) // 40)
+    return [contents[:length] for length in [*range(0, len(contents), step), len(contents) - 1]]
+
+
+class Usage(HostTest):
+    def test_wrong_options_are_one_line(self):
+        cases = [
+            (["--foo"], "there is no option '--foo'; --help lists the options"),
+            (["--message", "65536"],
+             "--message takes a number from -32768 to 32767, and '65536' is none; --help lists the options"),
+            (["--current", "klingon"], "--current takes a language code or one of the six languages, "
+                                       "and 'klingon' is neither; --help lists the options"),
+            (["--answer", "4"], "'4' is no answer: give ok, cancel, button:N, or one of the six languages by name "
+                                "or code"),
+            (["--foo\nbar\x1b[2J"], "there is no option '--foo bar [2J'; --help lists the options"),
+        ]
+        for arguments, line in cases:
+            with self.subTest(arguments):
+                self.assert_fails(run(*arguments), NOT_DONE, line)
+
+
+class StandardStreams(HostTest):
+    def test_a_full_standard_output_is_said(self):
+        with open("/dev/full", "w") as full:
+            process = subprocess.run([HOST, "--display", "unattended"], env=environment(), stdout=full,
+                                     stderr=subprocess.PIPE, timeout=TIMEOUT)
+        self.assertEqual(process.stderr.decode(),
+                         "visex-host: standard output takes nothing: No space left on device\n")
+        self.assertEqual(process.returncode, NOT_DONE)
+
+    def test_a_reader_that_has_gone_is_said(self):
+        reader, writer = os.pipe()
+        os.close(reader)
+        for arguments in (["--display", "unattended"], ["--help"]):
+            with self.subTest(arguments):
+                process = subprocess.run([HOST, *arguments], env=environment(), stdout=writer,
+                                         stderr=subprocess.PIPE, timeout=TIMEOUT)
+                self.assertEqual(process.stderr.decode(), "visex-host: standard output takes nothing: Broken pipe\n")
+                self.assertEqual(process.returncode, NOT_DONE)
+        os.close(writer)
+
+    def test_closed_streams_are_not_taken_for_files(self):
+        # The shell closes the streams; the record, which is opened first, must not take their place.
+        after = self.folder / "after"
+        command = [HOST, "--display", "unattended", "--write-record", after, "--current", "german"]
+        for closed, errors in (("<&- >&-", "visex-host: standard output takes nothing: Bad file descriptor\n"),
+                               ("<&- >&- 2>&-", "")):
+            with self.subTest(closed):
+                process = subprocess.run(["sh", "-c", f'exec "$@" {closed}', "sh", *command], env=environment(),
+                                         stderr=subprocess.PIPE, timeout=TIMEOUT)
+                self.assertEqual(process.stderr.decode(), errors)
+                self.assertEqual(process.returncode, NOT_DONE)
+                self.assertEqual(after.read_bytes(), record(current=GERMAN, chosen=GERMAN))
+                after.unlink()
+
+
+class RecordFiles(HostTest):
+    def test_they_are_refused_with_the_reason(self):
+        missing = self.folder / "missing"
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        short = self.file("short", record()[:-1])
+        long = self.file("long", bytes(1024 * 1024 + 1))
+        cases = [
+            (missing, f"cannot read the record '{missing}': No such file or directory"),
+            (self.folder, f"cannot read the record '{self.folder}': it is not a regular file"),
+            (pipe, f"cannot read the record '{pipe}': it is not a regular file"),
+            ("/dev/zero", "cannot read the record '/dev/zero': it is not a regular file"),
+            (short, f"the record '{short}' has 613 bytes, and a record has at least 614"),
+            (long, f"cannot read the record '{long}': it has more than 1048576 bytes"),
+        ]
+        for file, line in cases:
+            with self.subTest(file):
+                self.assert_fails(unattended("--record", file), NOT_DONE, line)
+
+    def test_the_longest_is_taken(self):
+        file = self.file("longest", record(tail=bytes(1024 * 1024 - RECORD_SIZE)))
+        self.assertEqual(unattended("--record", file).status, CHOSE)
+
+    def test_what_cannot_be_written_is_said_after_the_answer(self):
+        file = self.folder / "missing/record"
+        outcome = unattended("--write-record", file)
+        self.assertIn("was written to the record.", outcome.output)
+        self.assertEqual(outcome.errors, f"visex-host: cannot save the record in '{file}': No such file or directory\n")
+        self.assertEqual(outcome.status, NOT_DONE)
+
+
+class Applications(HostTest):
+    def test_there_must_be_one(self):
+        missing = self.folder / "missing"
+        self.assert_fails(unattended("--app", missing), NOT_DONE, f"there is no application bundle in '{missing}'")
+        file = self.file("file", b"")
+        self.assert_fails(unattended("--app", file), NOT_DONE, f"there is no application bundle in '{file}'")
+
+    def test_the_demo_application_must_be_there(self):
+        program = self.folder / "bin/visex-host"
+        program.parent.mkdir()
+        shutil.copy(HOST, program)
+        self.assert_fails(unattended(host=program), NOT_DONE,
+                          f"there is no application bundle in '{self.folder}/lib/visex-host/DemoInstaller.app'")
+
+    def test_it_must_have_one_external(self):
+        app = self.demo_copy()
+        plug_ins = app / "Contents/PlugIns"
+        shutil.copytree(plug_ins / "LanguageSelector.bundle", plug_ins / "Other.bundle")
+        self.assert_fails(unattended("--app", app), NOT_DONE, f"there is more than one external in '{plug_ins}'; name one")
+        self.assertEqual(unattended("--app", app, plug_ins / "Other.bundle").status, CHOSE)
+        shutil.rmtree(plug_ins)
+        self.assert_fails(unattended("--app", app), NOT_LOADED, f"there is no external in '{plug_ins}'; name one")
+
+    def test_its_property_list_may_be_anything(self):
+        # Nothing in it is needed, so a damaged one is no worse than none.
+        app = self.demo_copy()
+        plist = app / "Contents/Info.plist"
+        for contents in (b"", b"<plist", b"\0" * 100, b"bplist00"):
+            plist.write_bytes(contents)
+            self.assertEqual(unattended("--app", app).status, CHOSE)
+        plist.unlink()
+        self.assertEqual(unattended("--app", app).status, CHOSE)
+
+
+class Nibs(HostTest):
+    def setUp(self):
+        super().setUp()
+        self.app = self.demo_copy()
+        self.nib = self.app / "Contents/Resources/LanguageSelector.nib"
+        self.objects = self.nib / "objects.xib"
+        self.contents = self.objects.read_bytes()
+
+    def assert_error_box(self, texts, errors=""):
+        """The external showed one error box, with one of `texts`, and changed nothing."""
+        outcome = unattended("--app", self.app, "--json")
+        self.assertEqual(outcome.errors, errors)
+        self.assertEqual(outcome.status, REFUSED)
+        answer = outcome.json()
+        self.assertIsNone(answer["chosen"])
+        self.assertEqual(answer["flags"], {"before": 0, "after": 0})
+        self.assertEqual(len(answer["alerts"]), 1)
+        alert = answer["alerts"][0]
+        self.assertIn(alert.pop("text"), texts)
+        self.assertEqual(alert, {"kind": "note", "explanation": "", "buttons": ["OK"], "pressed": 1})
+
+    def test_a_missing_one(self):
+        shutil.rmtree(self.nib)
+        self.assert_error_box([CANT_FIND_NIB])
+
+    def test_one_without_objects(self):
+        self.objects.unlink()
+        self.assert_error_box([CANT_FIND_NIB])
+
+    def test_truncated_ones(self):
+        for contents in truncations(self.contents.rstrip()):
+            with self.subTest(length=len(contents)):
+                self.objects.write_bytes(contents)
+                self.assert_error_box([CANT_FIND_NIB, CANT_CREATE_WINDOW])
+
+    def test_corrupt_ones(self):
+        for contents in (b"\0" * 1000, b"\xff" * 1000, b"<object", b"<a><b></a>", b"<object class='NSIBObjectData'/>",
+                         self.contents.replace(b"Language_Selector", b"Another_Window")):
+            with self.subTest(contents[:30]):
+                self.objects.write_bytes(contents)
+                self.assert_error_box([CANT_FIND_NIB, CANT_CREATE_WINDOW])
+
+    def test_one_that_declares_entities(self):
+        declaration = b"""<!DOCTYPE object [<!ENTITY a "aaaaaaaaaa"><!ENTITY b "&a;&a;&a;&a;&a;&a;&a;&a;">]>\n<object """
+        self.objects.write_bytes(self.contents.replace(b"<object ", declaration, 1))
+        self.assert_error_box([CANT_FIND_NIB, CANT_CREATE_WINDOW])
+
+    def test_one_that_is_a_pipe(self):
+        self.objects.unlink()
+        os.mkfifo(self.objects)
+        self.assert_error_box([CANT_FIND_NIB, CANT_CREATE_WINDOW])
+
+    def test_a_window_that_nothing_can_end(self):
+        for command in (b"ok  ", b"not!"):
+            self.contents = self.contents.replace(b'<ostype name="command">' + command, b'<ostype name="command">none')
+        self.objects.write_bytes(self.contents)
+        self.assert_error_box([CANT_RUN], "visex-host: the dialog could not go on: "
+                                          "no answer is left, and confirming the window does not end it\n")
+
+    def test_a_pop_up_without_items(self):
+        beginning, rest = self.contents.split(b'<array count="6" name="items">')
+        end = rest[rest.index(b"</array>"):]
+        self.objects.write_bytes(beginning + b'<array count="0" name="items">' + end)
+        # Its value is 0, so OK keeps the language that was current.
+        outcome = unattended("--app", self.app, "--current", "japanese")
+        self.assertEqual(outcome.status, CHOSE)
+        self.assertIn("Japanese (11) was written", outcome.output)
+        outcome = unattended("--app", self.app, answers=["german"])
+        self.assertEqual(outcome.status, NOT_DONE)
+        self.assertEqual(outcome.errors, "visex-host: the answer 'german' fits nothing that was shown\n")
+
+
+class ResourceFiles(HostTest):
+    def setUp(self):
+        super().setUp()
+        self.resources = (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
+
+    def spoiled(self, contents):
+        return unattended("--resources", self.file("resources", contents))
+
+    def test_a_missing_one_that_was_named(self):
+        missing = self.folder / "missing"
+        self.assert_fails(unattended("--resources", missing), NOT_DONE,
+                          f"cannot open the resource file '{missing}': there is no such file")
+
+    def test_an_application_without_one(self):
+        app = self.demo_copy()
+        (app / "Contents/Resources/DemoInstaller.rsrc").unlink()
+        self.assertEqual(unattended("--app", app).status, CHOSE)
+        self.assertEqual(unattended("--app", app, "--message", "999").status, REFUSED)
+
+    def test_truncated_ones(self):
+        file = self.folder / "resources"
+        for contents in truncations(self.resources):
+            with self.subTest(length=len(contents)):
+                self.assert_fails(self.spoiled(contents), NOT_DONE,
+                                  f"cannot open the resource file '{file}': it is no resource file, or a damaged one")
+
+    def test_corrupt_ones(self):
+        # Every byte of the header and the map in turn, at its largest: a line, or a file without some resource.
+        header, map_start = range(16), int.from_bytes(self.resources[4:8], "big")
+        for position in [*header, *range(map_start + 16, len(self.resources))]:
+            with self.subTest(position):
+                contents = bytearray(self.resources)
+                contents[position] = 0xFF
+                outcome = unattended("--message", "999", "--resources", self.file("resources", contents))
+                self.assertIn(outcome.status, (NOT_DONE, REFUSED), outcome.errors)
+
+    def test_those_that_are_no_file(self):
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        for file in (self.folder, pipe):
+            with self.subTest(file):
+                outcome = unattended("--resources", file)
+                self.assertEqual(outcome.status, NOT_DONE)
+                self.assertTrue(outcome.errors.startswith(f"visex-host: cannot open the resource file '{file}': "))
+
+    def test_one_without_the_flag(self):
+        without = self.file("without", self.resources.replace(b"CALL", b"none"))
+        self.assertEqual(unattended("--resources", without).status, CHOSE)
+        self.assert_fails(unattended("--resources", without, "--require-admin"), NOT_DONE,
+                          "the administrator flag cannot be set: the resource file has no 'CALL' 1000, "
+                          "which would hold it")
+
+    def test_one_too_short_for_the_flag(self):
+        size = (512).to_bytes(4, "big") + bytes(402)
+        for length, status in ((401, NOT_DONE), (402, None)):
+            with self.subTest(length):
+                short = self.file("short", self.resources.replace(size, length.to_bytes(4, "big") + bytes(402), 1))
+                self.assertEqual(unattended("--resources", short).status, CHOSE)
+                outcome = unattended("--resources", short, "--require-admin")
+                if status == NOT_DONE:
+                    self.assert_fails(outcome, NOT_DONE, "the administrator flag cannot be set: 'CALL' 1000 of the "
+                                                         "resource file is too short to hold it")
+                else:
+                    self.assertEqual(outcome.errors, "")
+
+    def test_the_flag_is_one_bit(self):
+        # The byte at 401 of 'CALL' 1000: with its top bit the framework is looked for, and there is none beside this
+        # copy of the host.
+        program = self.folder / "bin/visex-host"
+        program.parent.mkdir()
+        shutil.copy(HOST, program)
+        start = self.resources.index((512).to_bytes(4, "big") + bytes(402)) + 4
+        for byte, status in ((0x7F, CHOSE), (0x80, NOTHING_CHOSEN), (0xFF, NOTHING_CHOSEN), (0x00, CHOSE)):
+            with self.subTest(byte):
+                contents = bytearray(self.resources)
+                contents[start + 401] = byte
+                outcome = unattended("--app", DEMO, "--resources", self.file("flagged", contents), host=program)
+                self.assertEqual(outcome.status, status)
+                self.assertEqual(outcome.errors, "")
+
+
+class Bundles(HostTest):
+    def setUp(self):
+        super().setUp()
+        self.bundle = self.folder / "a bundle"
+        shutil.copytree(DEMO / "Contents/PlugIns/LanguageSelector.bundle", self.bundle)
+        self.plist = self.bundle / "Contents/Info.plist"
+        self.executable = next(self.bundle.glob("Contents/*/LanguageSelector"))
+
+    def assert_not_loaded(self, reason):
+        self.assert_fails(unattended(self.bundle), NOT_LOADED, f"cannot load the external '{self.bundle}': {reason}")
+
+    def test_a_copy_works(self):
+        self.assertEqual(unattended(self.bundle).status, CHOSE)
+
+    def test_a_missing_one(self):
+        shutil.rmtree(self.bundle)
+        self.assert_not_loaded("there is no such bundle")
+
+    def test_a_file_in_its_place(self):
+        shutil.rmtree(self.bundle)
+        self.bundle.write_bytes(b"")
+        self.assert_not_loaded("there is no such bundle")
+
+    def test_property_lists_without_a_factory(self):
+        contents = self.plist.read_bytes()
+        entities = b'<!DOCTYPE plist [<!ENTITY a "b">]>\n<plist '
+        cases = [b"", b"<plist", b"\0" * 100, *truncations(contents.rstrip()), contents.replace(b"5CD9484B", b"6CD9484B"),
+                 contents.replace(b"5CD9484B", b"a word"), contents[:contents.index(b"<!DOCTYPE")] + entities
+                 + contents[contents.index(b"<plist ") + 7:]]
+        for case in cases:
+            with self.subTest(case[:60], length=len(case)):
+                self.plist.write_bytes(case)
+                self.assert_not_loaded("its Info.plist registers no factory for externals of this installer")
+        self.plist.unlink()
+        self.assert_not_loaded("its Info.plist registers no factory for externals of this installer")
+
+    def assert_no_instance(self):
+        self.assert_not_loaded("its executable cannot be loaded, or its factory gives no instance")
+
+    def test_a_factory_that_is_not_there(self):
+        self.plist.write_bytes(self.plist.read_bytes().replace(b"MyFactory", b"NoFactory"))
+        self.assert_no_instance()
+
+    def test_a_missing_executable(self):
+        self.executable.unlink()
+        self.assert_no_instance()
+
+    def test_executables_that_are_none(self):
+        contents = self.executable.read_bytes()
+        for case in (b"", b"#!/bin/sh\n", contents[:100], contents[:2000], b"\0" * len(contents)):
+            with self.subTest(case[:10], length=len(case)):
+                self.executable.unlink()
+                self.executable.write_bytes(case)
+                self.assert_no_instance()
+
+    def test_an_executable_outside_the_bundle(self):
+        outside = self.folder / "Outside"
+        shutil.copy(self.executable, outside)
+        properties = plistlib.loads(self.plist.read_bytes())
+        for name in ("../../../Outside", str(outside), "../Linux/../../../Outside"):
+            with self.subTest(name):
+                properties["CFBundleExecutable"] = name
+                self.plist.write_bytes(plistlib.dumps(properties))
+                self.assert_no_instance()
+
+    def test_a_link_that_leaves_the_bundle(self):
+        outside = self.folder / "Outside"
+        self.executable.rename(outside)
+        self.executable.symlink_to(outside)
+        self.assert_no_instance()
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,153 @@
+"""What the external does not serve, and the administrator check."""
+
+import os
+import shutil
+import unittest
+
+from visex import *
+
+ALERT_TEXT = ("The language selection was called with a message that it does not serve. "
+              "The installation goes on in the current language.")
+
+
+class OtherMessages(HostTest):
+    def test_they_are_answered_with_the_alert_and_the_flag(self):
+        for message in (999, 1001, 0, -1, 32767, -32768):
+            with self.subTest(message):
+                start = self.file("before", record(message=message, flags=0x80000006, chosen=FRENCH, filler=0x5A))
+                outcome = unattended("--record", start, "--write-record", self.folder / "after", "--json")
+                self.assertEqual(outcome.errors, "")
+                self.assertEqual(outcome.status, REFUSED)
+                self.assertEqual(outcome.json(), {
+                    "message": message,
+                    "current": {"code": 0, "name": "English"},
+                    "chosen": None,
+                    "flags": {"before": 0x80000006, "after": 0x80000007},
+                    "alerts": [{"kind": "stop", "id": 5000, "text": ALERT_TEXT, "explanation": "", "buttons": ["OK"],
+                                "pressed": 1}],
+                    "result": "refused",
+                })
+                expected = record(message=message, flags=0x80000007, chosen=FRENCH, filler=0x5A)
+                self.assertEqual((self.folder / "after").read_bytes(), expected)
+
+    def test_they_are_told_in_words(self):
+        outcome = unattended("--message", "999")
+        self.assertEqual(outcome.output, (
+            "Before: message 999, current language English (0), chosen language English (0), flags 0x00000000\n"
+            f"Alert:  stop 5000, \"{ALERT_TEXT}\" [OK], button 1 was pressed\n"
+            "After:  message 999, current language English (0), chosen language English (0), flags 0x00000001\n"
+            "No language was written to the record: the external does not serve this message.\n"))
+
+    def test_the_button_can_be_pressed(self):
+        for answer in ("button:1", "ok"):
+            with self.subTest(answer):
+                outcome = unattended("--message", "999", "--json", answers=[answer])
+                self.assertEqual(outcome.errors, "")
+                self.assertEqual(outcome.status, REFUSED)
+                self.assertEqual(outcome.json()["alerts"][0]["pressed"], 1)
+
+    def test_a_button_that_is_not_there_fits_nothing(self):
+        outcome = unattended("--message", "999", "--json", answers=["button:2"])
+        self.assertEqual(outcome.status, NOT_DONE)
+        self.assertEqual(outcome.json()["flags"]["after"], 1)
+
+    def test_the_flag_that_was_set_before_is_not_newly_set(self):
+        start = self.file("before", record(flags=1))
+        self.assertEqual(unattended("--record", start).status, CHOSE)
+
+    def test_the_text_comes_from_the_resource_file(self):
+        resources = (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
+        other = self.file("other", resources.replace(b"The language selection", b"The <b>selection</b> &"))
+        outcome = unattended("--message", "999", "--resources", other, "--json")
+        self.assertEqual(outcome.json()["alerts"][0]["text"],
+                         ALERT_TEXT.replace("The language selection", "The <b>selection</b> &"))
+
+    def test_without_the_alert_the_flag_is_set_all_the_same(self):
+        resources = (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
+        for missing in (b"ALRT", b"DITL"):
+            with self.subTest(missing):
+                file = self.file("resources", resources.replace(missing, b"none"))
+                outcome = unattended("--message", "999", "--resources", file, "--json")
+                self.assertEqual(outcome.status, REFUSED)
+                self.assertEqual(outcome.json()["alerts"], [])
+                self.assertEqual(outcome.json()["flags"]["after"], 1)
+
+
+@unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
+class AdministratorCheck(HostTest):
+    def installation(self):
+        """A copy of everything that the host needs, where every user can read it."""
+        os.chmod(self.folder, 0o755)
+        shutil.copytree(BUILD / "bin", self.folder / "bin")
+        shutil.copytree(BUILD / "lib", self.folder / "lib")
+        libraries = self.folder / "toolbox"
+        libraries.mkdir()
+        for library in BUILD.glob("toolbox/**/*.so"):
+            shutil.copy(library, libraries)
+        return self.folder / "bin/visex-host"
+
+    def as_nobody(self, *arguments):
+        return unattended(*arguments, host=self.installation(), user="nobody", group="nogroup", extra_groups=[],
+                          cwd="/", variables={"LD_LIBRARY_PATH": str(self.folder / "toolbox")})
+
+    def test_the_superuser_passes(self):
+        outcome = unattended("--require-admin", "--current", "japanese")
+        self.assertEqual(outcome.errors, "")
+        self.assertEqual(outcome.status, CHOSE)
+        self.assertIn("Japanese (11) was written to the record.", outcome.output)
+
+    def test_another_user_is_stopped_in_silence(self):
+        outcome = self.as_nobody("--require-admin", "--json")
+        self.assertEqual(outcome.errors, "")
+        self.assertEqual(outcome.status, NOTHING_CHOSEN)
+        self.assertIsNone(outcome.json()["chosen"])
+        self.assertEqual(outcome.json()["alerts"], [])
+
+    def test_another_user_passes_when_it_is_not_required(self):
+        self.assertEqual(self.as_nobody().status, CHOSE)
+
+
+class BadFramework(HostTest):
+    """The check without a framework to make it with: as silent as a refusal."""
+
+    def host_with(self, frameworks):
+        """A host whose frameworks folder is made by `frameworks`."""
+        program = self.folder / "bin/visex-host"
+        program.parent.mkdir()
+        shutil.copy(HOST, program)
+        folder = self.folder / "lib/visex-host/Frameworks"
+        folder.parent.mkdir(parents=True)
+        shutil.copytree(SUPPORT / "Frameworks", folder)
+        frameworks(folder)
+        return program
+
+    def assert_stops(self, frameworks):
+        host = self.host_with(frameworks)
+        outcome = unattended("--app", DEMO, "--require-admin", "--json", host=host)
+        self.assertEqual(outcome.errors, "")
+        self.assertEqual(outcome.status, NOTHING_CHOSEN)
+        self.assertEqual(outcome.json()["alerts"], [])
+        self.assertEqual(unattended("--app", DEMO, host=host).status, CHOSE, "without the flag nobody looks")
+
+    def test_no_frameworks_folder(self):
+        self.assert_stops(shutil.rmtree)
+        self.assertFalse((self.folder / "lib/visex-host/Frameworks").exists(), "it is never made")
+
+    def test_no_security_framework(self):
+        self.assert_stops(lambda folder: shutil.rmtree(folder / "Security.framework"))
+
+    def test_no_executable(self):
+        self.assert_stops(lambda folder: (folder / "Security.framework/Security").unlink())
+
+    def test_an_executable_that_is_none(self):
+        self.assert_stops(lambda folder: (folder / "Security.framework/Security").write_bytes(b"\x7fELF or not"))
+
+    def test_a_property_list_that_is_none(self):
+        # Nothing in it is needed to find the executable, so the answer is as with a good one.
+        host = self.host_with(lambda folder: [each.write_bytes(b"<plist") for each in folder.rglob("Info.plist")])
+        self.assertEqual(unattended("--app", DEMO, "--require-admin", host=host).status,
+                         unattended("--require-admin").status)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,101 @@
+"""Runs the real host with the real external, nib and toolbox, and looks at what comes out.
+
+VISEX_BUILD in the environment names the build tree, as CTest sets it; the release build's if it does not.
+"""
+
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+BUILD = pathlib.Path(os.environ.get("VISEX_BUILD", ROOT / "build/release"))
+HOST = BUILD / "bin/visex-host"
+SUPPORT = BUILD / "lib/visex-host"
+DEMO = SUPPORT / "DemoInstaller.app"
+
+ENGLISH, FRENCH, GERMAN, ITALIAN, SPANISH, JAPANESE = 0, 1, 2, 3, 6, 11
+NAMES = {0: "English", 1: "French", 2: "German", 3: "Italian", 6: "Spanish", 11: "Japanese"}
+
+RECORD_SIZE = 614
+MESSAGE, FLAGS, CHOSEN, CURRENT = slice(0, 2), slice(8, 12), slice(582, 584), slice(610, 614)
+
+CHOSE, NOTHING_CHOSEN, NOT_DONE, REFUSED, NOT_LOADED = 0, 1, 2, 3, 4
+
+# Long enough for a slow machine under the sanitizers; what takes this long hangs.
+TIMEOUT = 60
+
+# What is taken out of the environment: the screens, the languages and what belongs to Qt.
+SCREENS = ("DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET")
+UNWANTED = SCREENS + ("LANG", "LANGUAGE", "LC_ALL", "LC_MESSAGES", "XDG_SESSION_TYPE")
+
+
+def environment(**variables):
+    """This environment without a screen, a language and Qt's variables, and with `variables`."""
+    kept = {name: value for name, value in os.environ.items() if name not in UNWANTED and not name.startswith("QT_")}
+    return {**kept, **variables}
+
+
+class Outcome:
+    """How a run of the host ended."""
+
+    def __init__(self, status, output, errors):
+        self.status = status
+        self.output = output
+        self.errors = errors
+
+    def json(self):
+        return json.loads(self.output)
+
+
+def run(*arguments, host=HOST, variables=None, **options):
+    """Runs the host to its end, with neither a screen nor a terminal, and returns its Outcome."""
+    process = subprocess.run(
+        [host, *arguments], env=environment(**(variables or {})), stdin=subprocess.DEVNULL, capture_output=True,
+        timeout=TIMEOUT, start_new_session=True, **options)
+    return Outcome(process.returncode, process.stdout.decode(), process.stderr.decode())
+
+
+def unattended(*arguments, answers=(), **options):
+    """Runs the host with answers from a list."""
+    given = [text for answer in answers for text in ("--answer", answer)]
+    return run("--display", "unattended", *given, *arguments, **options)
+
+
+def record(message=1000, flags=0, chosen=0, current=ENGLISH, filler=0, tail=b""):
+    """The bytes of a record; `filler` fills what belongs to the installer alone."""
+    made = bytearray([filler] * RECORD_SIZE)
+    made[MESSAGE] = message.to_bytes(2, "big", signed=True)
+    made[FLAGS] = flags.to_bytes(4, "big")
+    made[CHOSEN] = chosen.to_bytes(2, "big")
+    made[CURRENT] = current.to_bytes(4, "big")
+    return bytes(made) + tail
+
+
+class HostTest(unittest.TestCase):
+    """A test with a folder of its own, which goes with it."""
+
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="visex host "))
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def file(self, name, contents):
+        """Makes a file in the test's folder and returns its path."""
+        path = self.folder / name
+        path.write_bytes(contents)
+        return path
+
+    def demo_copy(self):
+        """A copy of the demo application, to be spoiled."""
+        copy = self.folder / "DemoInstaller.app"
+        shutil.copytree(DEMO, copy)
+        return copy
+
+    def assert_fails(self, outcome, status, line):
+        """The host printed no answer and one line on standard error, which is `line`."""
+        self.assertEqual(outcome.errors, f"visex-host: {line}\n")
+        self.assertEqual(outcome.output, "")
+        self.assertEqual(outcome.status, status)
