@@ -1,0 +1,267 @@
+"""./run and ./test, in a copy of the checkout with stand-ins for the tools that install, build and test."""
+
+import os
+import pathlib
+import pwd
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+
+# Each stand-in writes its name and arguments into the file LOG, and does what the test asks for in the environment.
+STAND_INS = {
+    "dpkg-query": 'for each in $INSTALLED; do echo "installed $each"; done\n'
+                  'echo "config-files removed-package"\n',
+    "apt-get": 'if [ "$1" = "$APT_FAILS" ]; then exit 100; fi\necho "apt-get speaks"\n',
+    "sudo": 'exec "$@"\n',
+    "ctest": '[ "$2" != "$CTEST_FAILS" ]\n',
+    "cmake": """
+case $* in
+    "--preset "*)
+        mkdir -p "build/$2"
+        echo "CMAKE_HOME_DIRECTORY:INTERNAL=${HOME_DIRECTORY:-$PWD}" > "build/$2/CMakeCache.txt"
+        touch "build/$2/build.ninja"
+        echo "cmake configures"
+        exit "${CONFIGURE_STATUS:-0}" ;;
+    *" -n")
+        if [ -e build/release/bin/visex-host ]; then echo "ninja: no work to do."; else echo "[1/1] work"; fi ;;
+    *)
+        mkdir -p build/release/bin
+        printf '#!/bin/sh\\necho "host in $PWD:" "$@"\\nexit 7\\n' > build/release/bin/visex-host
+        chmod +x build/release/bin/visex-host
+        echo "cmake builds" ;;
+esac
+""",
+}
+
+
+def packages(*purposes):
+    """The packages of the list for these purposes, in alphabetical order."""
+    rows = [line.split() for line in (ROOT / "scripts/packages").read_text().splitlines() if line[:1] not in ("", "#")]
+    return sorted(row[0] for row in rows if row[1] in purposes)
+
+
+class CommandTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="a folder "))
+        self.addCleanup(shutil.rmtree, self.folder)
+        os.chmod(self.folder, 0o777)
+        self.checkout = self.folder / "the checkout"
+        self.checkout.mkdir()
+        os.chmod(self.checkout, 0o777)
+        shutil.copytree(ROOT / "scripts", self.checkout / "scripts")
+        shutil.copytree(ROOT / ".ci", self.checkout / ".ci")
+        for command in ("run", "test"):
+            shutil.copy(ROOT / command, self.checkout)
+        self.tools = self.folder / "tools"
+        self.tools.mkdir()
+        self.log = self.folder / "log"
+        self.log.touch()
+        os.chmod(self.log, 0o666)
+        for name, script in STAND_INS.items():
+            self.add_tool(name, script)
+
+    def add_tool(self, name, script):
+        tool = self.tools / name
+        tool.write_text(f"#!/bin/sh\nprintf '%s\\n' \"{name} $*\" >> \"$LOG\"\n{script}")
+        tool.chmod(0o755)
+
+    def call(self, *command, cwd="/", user=None, **variables):
+        """Runs `command` with the stand-ins first in the search path; everything is installed if nothing is said."""
+        variables.setdefault("INSTALLED", " ".join(packages("run", "test")))
+        environment = {"PATH": f"{self.tools}:/usr/bin:/bin", "LOG": str(self.log), **variables}
+        identity = {"user": user, "group": "nogroup", "extra_groups": []} if user else {}
+        return subprocess.run(command, env=environment, cwd=cwd, stdin=subprocess.DEVNULL, capture_output=True,
+                              text=True, timeout=60, **identity)
+
+    def shell(self, script, **options):
+        """Runs a piece of bash after scripts/setup.sh has been read, on Debian 12 if nothing else is said."""
+        prologue = "set -euo pipefail; source scripts/setup.sh; is_debian_12() { true; }\n"
+        return self.call("bash", "-c", prologue + script, cwd=self.checkout, **options)
+
+    def logged(self):
+        return self.log.read_text().splitlines()
+
+
+class PackageList(unittest.TestCase):
+    def test_each_has_a_purpose_and_a_reason(self):
+        for line in (ROOT / "scripts/packages").read_text().splitlines():
+            if line and not line.startswith("#"):
+                package, purpose, reason = line.split(maxsplit=2)
+                self.assertRegex(package, r"^[a-z0-9][a-z0-9+.-]+$")
+                self.assertIn(purpose, ("run", "test"))
+                self.assertTrue(reason)
+
+    def test_none_is_listed_twice(self):
+        listed = packages("run", "test")
+        self.assertEqual(len(listed), len(set(listed)))
+
+
+@unittest.skipUnless(os.geteuid() == 0, "only the superuser can be both the superuser and another user")
+class Installing(CommandTest):
+    def test_nothing_happens_when_nothing_is_missing(self):
+        result = self.shell("install_packages run test")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+        self.assertEqual(self.logged(), ["dpkg-query --show --showformat ${db:Status-Status} ${Package}\\n"])
+
+    def test_what_is_missing_is_said_and_installed(self):
+        wanted = packages("run")
+        result = self.shell("install_packages run", INSTALLED=" ".join(wanted[2:]))
+        self.assertEqual(result.returncode, 0)
+        self.assertEqual(result.stdout, "", "all that is said goes to standard error")
+        self.assertEqual(result.stderr.splitlines()[0], f"Installing what is missing: {wanted[0]} {wanted[1]}")
+        self.assertEqual(self.logged()[1:], [
+            "apt-get update", f"apt-get install --yes --no-install-recommends {wanted[0]} {wanted[1]}"])
+
+    def test_a_package_that_was_removed_is_missing(self):
+        self.add_tool("dpkg-query", 'for each in $INSTALLED; do echo "config-files $each"; done\n')
+        self.shell("install_packages run")
+        self.assertIn("apt-get update", self.logged())
+
+    def test_running_needs_no_test_packages(self):
+        result = self.shell("install_packages run", INSTALLED=" ".join(packages("run")))
+        self.assertEqual(result.stderr, "")
+
+    def test_testing_needs_both(self):
+        self.shell("install_packages run test", INSTALLED="")
+        self.assertEqual(self.logged()[-1].split()[4:], packages("run", "test"))
+
+    def test_another_user_takes_sudo(self):
+        result = self.shell("install_packages run", INSTALLED="", user="nobody")
+        self.assertEqual(result.returncode, 0)
+        calls = [line.split()[:3] for line in self.logged()[1:]]
+        self.assertEqual(calls, [["sudo", "env", "apt-get"], ["apt-get", "update"],
+                                 ["sudo", "env", "DEBIAN_FRONTEND=noninteractive"], ["apt-get", "install", "--yes"]])
+
+    def test_without_sudo_what_is_missing_is_named(self):
+        script = "type() { false; }; install_packages run"
+        result = self.shell(script, INSTALLED=" ".join(packages("run")[1:]), user="nobody")
+        self.assertEqual(result.returncode, 0)
+        self.assertEqual(result.stderr, f"Neither root nor sudo is at hand to install what is missing: "
+                                        f"{packages('run')[0]}\n")
+        self.assertEqual(len(self.logged()), 1)
+
+    def test_on_another_system_what_is_needed_is_named(self):
+        result = self.shell("is_debian_12() { false; }; install_packages run")
+        self.assertEqual(result.returncode, 0)
+        self.assertEqual(result.stderr, "This is not Debian 12, so nothing is installed. What is needed is called "
+                                        f"there: {' '.join(packages('run'))}\n")
+        self.assertEqual(self.logged(), [])
+
+    def test_a_failure_is_one(self):
+        for step in ("update", "install"):
+            with self.subTest(step):
+                self.assertNotEqual(self.shell("install_packages run", INSTALLED="", APT_FAILS=step).returncode, 0)
+
+
+class Configuring(CommandTest):
+    def test_it_is_quiet_when_it_works(self):
+        result = self.shell("configure release -DX=Y")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+        self.assertEqual(self.logged(), ["cmake --preset release -DX=Y"])
+
+    def test_it_tells_why_it_does_not(self):
+        result = self.shell("configure release", CONFIGURE_STATUS="1")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (1, "", "cmake configures\n"))
+
+    def test_what_is_built_stays_unless_the_checkout_was_moved(self):
+        built = self.checkout / "build/release/built"
+        self.shell("configure release")
+        built.touch()
+        self.shell("configure release", HOME_DIRECTORY="/elsewhere")
+        self.assertTrue(built.exists())
+        self.shell("configure release")
+        self.assertFalse(built.exists())
+
+
+class Run(CommandTest):
+    def test_the_host_gets_the_options_the_folder_and_standard_output(self):
+        result = self.call(self.checkout / "run", "--message", "a b", cwd=self.folder)
+        self.assertEqual(result.stdout, f"host in {self.folder}: --message a b\n")
+        self.assertEqual(result.stderr, "cmake builds\n")
+        self.assertEqual(result.returncode, 7, "the status is the host's")
+
+    def test_it_builds_without_the_tests(self):
+        self.call(self.checkout / "run")
+        self.assertIn("cmake --preset release -DBUILD_TESTING=OFF", self.logged())
+        self.assertEqual(self.logged()[-1], "cmake --build --preset release --target visex-host")
+
+    def test_a_second_run_builds_nothing_and_says_nothing(self):
+        self.call(self.checkout / "run")
+        self.log.write_text("")
+        result = self.call(self.checkout / "run")
+        self.assertEqual(result.stderr, "")
+        self.assertEqual(self.logged()[1:],
+                         ["cmake --preset release", "cmake --build --preset release --target visex-host -- -n"])
+
+    def test_it_stops_when_a_step_fails(self):
+        result = self.call(self.checkout / "run", CONFIGURE_STATUS="1")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stdout, "")
+
+
+class Test(CommandTest):
+    NATIVE = ("release", "sanitizers")
+
+    def lanes(self):
+        return [line.split()[2] for line in self.logged() if line.startswith("ctest --preset")]
+
+    def table(self, result):
+        """The rows of the table at the end: lane, result, time, unit."""
+        return [line.split() for line in result.stdout.split("\nLane ")[1].splitlines()[1:]]
+
+    def add_lane_without_tools(self):
+        command = self.checkout / "test"
+        lane = "lane_absent() { have no-such-tool; }\nLANES+=(absent)\n\n"
+        command.write_text(command.read_text().replace("skip_result=skipped", lane + "skip_result=skipped"))
+
+    def test_each_lane_has_its_function(self):
+        script = (self.checkout / "test").read_text()
+        lanes = script.split("LANES=(")[1].split(")")[0].split()
+        self.assertLessEqual(set(self.NATIVE), set(lanes))
+        for lane in lanes:
+            self.assertIn(f"\nlane_{lane}() {{\n", script)
+
+    def test_the_lanes_are_in_the_table_with_their_times(self):
+        for command in ("test", ".ci/run"):
+            with self.subTest(command):
+                self.log.write_text("")
+                result = self.call(self.checkout / command, *self.NATIVE)
+                self.assertEqual(result.returncode, 0, result.stderr)
+                self.assertEqual(self.lanes(), list(self.NATIVE))
+                self.assertEqual([(row[0], row[1], row[3]) for row in self.table(result)],
+                                 [(lane, "passed", "s") for lane in self.NATIVE])
+
+    def test_it_builds_with_the_tests(self):
+        self.call(self.checkout / "test", "release")
+        self.assertIn("cmake --preset release -DBUILD_TESTING=ON", self.logged())
+
+    def test_a_lane_that_fails_does_not_keep_the_others_from_running(self):
+        result = self.call(self.checkout / "test", *self.NATIVE, CTEST_FAILS="release")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual([row[1] for row in self.table(result)], ["FAILED", "passed"])
+
+    def test_a_lane_without_its_tools_is_skipped_but_not_in_ci(self):
+        self.add_lane_without_tools()
+        for command, status, word in (("test", 0, "skipped"), (".ci/run", 1, "FAILED")):
+            with self.subTest(command):
+                result = self.call(self.checkout / command, "absent", "release")
+                self.assertEqual(result.returncode, status)
+                self.assertEqual([row[1] for row in self.table(result)], [word, "passed"])
+                self.assertIn("Skipped: this lane needs no-such-tool", result.stderr)
+
+    def test_one_lane_can_be_named(self):
+        self.call(self.checkout / "test", "sanitizers")
+        self.assertEqual(self.lanes(), ["sanitizers"])
+
+    def test_an_unknown_lane_is_refused(self):
+        result = self.call(self.checkout / "test", "relase")
+        self.assertEqual(result.returncode, 2)
+        self.assertIn("There is no lane 'relase'. The lanes are: release", result.stderr)
+        self.assertEqual(self.logged(), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
