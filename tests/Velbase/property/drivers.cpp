@@ -8,7 +8,9 @@ constexpr std::string_view ALPHABET = "aabbABAB0129%%,, \t\xA0\xE9\x85\0\0"sv;
 
 constexpr unsigned LONGEST_SHORT_TEXT = 4;
 constexpr unsigned LONGEST_SHORT_ARGUMENT = 3;
+constexpr unsigned LONG_TEXT = 300;
 constexpr int RANDOM_ROUNDS = 2000;
+constexpr int LONG_ROUNDS = 100;
 
 // Runs `check` and then looks whether it left the text and the argument alone, in the buffers that they had.
 template <typename Check> void checkLeavingAlone(const Twin& text, const Twin& argument, Check check)
@@ -99,6 +101,13 @@ TEST_P(TextProperty, AgreesOnRandomTexts)
         checkLeavingAlone(GetParam(), random.text());
 }
 
+TEST_P(TextProperty, AgreesOnLongTexts)
+{
+    Random random(5);
+    for (int round = 0; round < LONG_ROUNDS && !HasFailure(); ++round)
+        checkLeavingAlone(GetParam(), twinOf(random.bytes(GetParam().letters, LONG_TEXT)));
+}
+
 TEST_P(PairProperty, AgreesOnEveryShortTextAndArgument)
 {
     const std::vector<Twin> arguments = shortTexts(GetParam().letters, LONGEST_SHORT_ARGUMENT);
@@ -117,6 +126,17 @@ TEST_P(PairProperty, AgreesOnRandomTextsAndArguments)
     for (int round = 0; round < RANDOM_ROUNDS && !HasFailure(); ++round) {
         const Twin text = random.text();
         checkLeavingAlone(GetParam(), text, random.text(random.once(3) ? 12 : 3));
+    }
+}
+
+TEST_P(PairProperty, AgreesOnLongTextsAndArguments)
+{
+    Random random(6);
+    for (int round = 0; round < LONG_ROUNDS && !HasFailure(); ++round) {
+        // Of one or two letters, so that an argument is met at many places, some of which overlap.
+        const std::string_view letters = GetParam().letters.substr(0, 1 + random.below(2));
+        const Twin text = twinOf(random.bytes(letters, LONG_TEXT) + random.bytes(GetParam().letters, LONG_TEXT));
+        checkLeavingAlone(GetParam(), text, twinOf(random.bytes(letters, random.once(4) ? 2 * LONG_TEXT : 5)));
     }
 }
 
