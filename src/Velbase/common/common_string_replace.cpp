@@ -47,11 +47,12 @@ template <typename Visit>
 void forEachPiece(std::string_view text, const std::vector<std::uint64_t>& positions, std::uint64_t replaced,
     std::string_view replacement, Visit visit)
 {
-    std::uint64_t end = 0;
+    // Narrowed to std::size_t because they lie inside the text; position + replaced may not fit one of 32 bits.
+    std::size_t end = 0;
     for (const std::uint64_t position : positions) {
-        visit(text.substr(end, position - end));
+        visit(text.substr(end, static_cast<std::size_t>(position) - end));
         visit(replacement);
-        end = std::min<std::uint64_t>(position + replaced, text.size());
+        end = static_cast<std::size_t>(std::min<std::uint64_t>(position + replaced, text.size()));
     }
     visit(text.substr(end));
 }
