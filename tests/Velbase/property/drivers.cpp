@@ -9,8 +9,8 @@ constexpr std::string_view ALPHABET = "aabbABAB0129%%,, \t\xA0\xE9\x85\0\0"sv;
 constexpr unsigned LONGEST_SHORT_TEXT = 4;
 constexpr unsigned LONGEST_SHORT_ARGUMENT = 3;
 constexpr unsigned LONG_TEXT = 300;
-constexpr int RANDOM_ROUNDS = 2000;
-constexpr int LONG_ROUNDS = 100;
+constexpr int RANDOM_ROUNDS = 1000;
+constexpr int LONG_ROUNDS = 50;
 
 // Runs `check` and then looks whether it left the text and the argument alone, in the buffers that they had.
 template <typename Check> void checkLeavingAlone(const Twin& text, const Twin& argument, Check check)
