@@ -25,8 +25,8 @@ template <typename T> inline void checked_array_delete(T* p)
     delete[] p;
 }
 
-/// Frees a count. A function of its own, not inline: GCC does not see that the owner who frees a count is the last to use it,
-/// and warns wherever it sees several of them at once.
+/// Frees a count. A function of its own, not inline: GCC does not see that the owner who frees a count is the last to
+/// use it, and warns wherever it sees several of them at once.
 void delete_count(std::int32_t* count) noexcept;
 
 /// What shared_ptr and shared_array have in common. `Disposal::dispose(p)` frees what was owned.

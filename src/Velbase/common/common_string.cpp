@@ -2,8 +2,7 @@
 
 #include "Velbase/common/common_string.h"
 
-#include <algorithm>
-#include <cstring>
+#include <cstdint>
 
 #include "Velbase/common/common_string_buffer.h"
 
@@ -39,10 +38,12 @@ void String::Truncate(unsigned length)
 
 void String::detachAndExtend(unsigned index)
 {
-    const std::uint64_t length = std::max<std::uint64_t>(Length(), std::uint64_t(index) + 1);
-    auto buffer = newBuffer(length);
-    buffer->append(view());
-    buffer->resize(static_cast<std::size_t>(length), '\0');
+    if (index < Length()) {
+        m_text.reset(newBuffer(view()).release());
+        return;
+    }
+    auto buffer = newZeroBuffer(std::uint64_t(index) + 1);
+    view().copy(buffer->data(), Length());
     m_text.reset(buffer.release());
 }
 

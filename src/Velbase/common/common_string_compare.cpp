@@ -18,6 +18,13 @@ int StringCompare(const char* lhs, const char* rhs)
     return std::strcmp(lhs, rhs);
 }
 
+// Whether two pieces of `length` bytes are equal as C strings.
+bool isEqualPiece(const char* a, const char* b, unsigned length)
+{
+    // Equal bytes are an equal text; others may differ only behind a zero byte. memcmp is the faster one.
+    return std::memcmp(a, b, length) == 0 || std::strncmp(a, b, length) == 0;
+}
+
 }  // namespace
 
 bool operator==(const String& a, const String& b)
@@ -50,8 +57,7 @@ bool operator<=(const String& a, const char* b)
     return StringCompare(a.Latin1(), b) <= 0;
 }
 
-// A piece of the text and `other` are of one length, so that strncmp compares them as C strings without a copy of the
-// piece. Without case the lowered copies are made: they are what defines which letters are alike.
+// Without case the lowered copies are made: they are what defines which letters are alike.
 
 bool String::BeginsWith(const String& other, bool caseSensitive) const
 {
@@ -59,7 +65,7 @@ bool String::BeginsWith(const String& other, bool caseSensitive) const
     if (Length() < length)
         return false;
     if (caseSensitive)
-        return std::strncmp(Latin1(), other.Latin1(), length) == 0;
+        return isEqualPiece(Latin1(), other.Latin1(), length);
     return Left(length).ToLower() == other.ToLower();
 }
 
@@ -69,6 +75,6 @@ bool String::EndsWith(const String& other, bool caseSensitive) const
     if (Length() < length)
         return false;
     if (caseSensitive)
-        return std::strncmp(Latin1() + (Length() - length), other.Latin1(), length) == 0;
+        return isEqualPiece(Latin1() + (Length() - length), other.Latin1(), length);
     return Right(length).ToLower() == other.ToLower();
 }

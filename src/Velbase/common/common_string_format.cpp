@@ -1,6 +1,7 @@
 #include "Velbase/common/common_string_format.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <limits>
@@ -17,19 +18,29 @@ const char DIGIT_PAIRS[] = "0001020304050607080910111213141516171819"
                            "6061626364656667686970717273747576777879"
                            "8081828384858687888990919293949596979899";
 
+// Writes the two last digits of `n`.
+char* writePair(char* first, std::uint32_t n)
+{
+    first -= 2;
+    std::memcpy(first, DIGIT_PAIRS + 2 * (n % 100), 2);
+    return first;
+}
+
 template <typename U> char* writeDecimal(char* first, U n)
 {
-    while (n >= 100) {
-        first -= 2;
-        std::memcpy(first, DIGIT_PAIRS + 2 * (n % 100), 2);
-        n = static_cast<U>(n / 100);
+    // Eight digits at a time, so that nearly all divisions are of 32 bits.
+    const std::uint32_t ten8 = 100000000;
+    for (; n >= ten8; n /= ten8) {
+        std::uint32_t digits = static_cast<std::uint32_t>(n % ten8);
+        for (int pairs = 4; pairs > 0; --pairs, digits /= 100)
+            first = writePair(first, digits);
     }
-    if (n >= 10) {
-        first -= 2;
-        std::memcpy(first, DIGIT_PAIRS + 2 * n, 2);
-    } else {
-        *--first = DIGITS[n];
-    }
+    std::uint32_t rest = static_cast<std::uint32_t>(n);
+    for (; rest >= 100; rest /= 100)
+        first = writePair(first, rest);
+    if (rest >= 10)
+        return writePair(first, rest);
+    *--first = DIGITS[rest];
     return first;
 }
 

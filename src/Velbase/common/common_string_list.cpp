@@ -5,55 +5,43 @@
 
 void String::Split(char separator, std::vector<String>& fields) const
 {
-    std::vector<unsigned> positions;
-    for (checked_uint p = Find(separator); p.valid(); p = Find(separator, p.value() + 1))
-        positions.push_back(p.value());
-
     // A list of its own until it is complete: `fields` may hold this string, and keeps what it has if memory runs out.
     std::vector<String> result;
-    result.reserve(positions.size() + 1);
-    if (positions.empty()) {
+    checked_uint end = Find(separator);
+    if (!end.valid()) {
         result.push_back(*this);
     } else {
-        result.push_back(Left(positions.front()));
-        for (std::size_t i = 1; i < positions.size(); ++i)
-            result.push_back(Mid(positions[i - 1] + 1, positions[i] - positions[i - 1] - 1));
-        result.push_back(Mid(positions.back() + 1));
+        unsigned start = 0;
+        for (; end.valid(); end = Find(separator, start)) {
+            result.push_back(Mid(start, end.value() - start));
+            start = end.value() + 1;
+        }
+        result.push_back(Mid(start));
     }
     fields.swap(result);
 }
 
-namespace {
-
-// Calls `visit` with each of `parts`, and with `separator` between each two.
-template <typename Visit> void forEachPiece(const String& separator, const std::vector<String>& parts, Visit visit)
-{
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        if (i > 0)
-            visit(separator);
-        visit(parts[i]);
-    }
-}
-
-}  // namespace
-
 String String::Join(const String& separator, const std::vector<String>& parts)
 {
-    std::uint64_t length = 0;
-    const String* last = nullptr;
-    forEachPiece(separator, parts, [&](const String& piece) {
-        length += piece.Length();
-        if (!piece.IsEmpty())
-            last = &piece;
-    });
+    std::uint64_t length = parts.empty() ? 0 : std::uint64_t(separator.Length()) * (parts.size() - 1);
+    const String* last = &separator;
+    for (const String& part : parts) {
+        length += part.Length();
+        if (!part.IsEmpty())
+            last = &part;
+    }
 
     // The result is what operator+= makes of the pieces, beginning with a null string: it stays null without any text,
     // and shares the only one that it is given.
-    if (last == nullptr)
+    if (length == 0)
         return String();
     if (last->Length() == length)
         return *last;
-    auto buffer = newBuffer(length);
-    forEachPiece(separator, parts, [&](const String& piece) { buffer->append(piece.view()); });
-    return String(std::move(buffer));
+    BufferWriter writer(length);
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0)
+            writer.write(separator.view());
+        writer.write(parts[i].view());
+    }
+    return String(writer.finish());
 }

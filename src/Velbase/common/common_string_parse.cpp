@@ -10,18 +10,40 @@
 
 namespace {
 
-// Whether `c` is a digit of `base`: '0' to '9', and from base 11 on letters in either case, 'a' for 10.
+// The value of '0' to '9' and of letters in either case, from 'a' for 10; NO_DIGIT for every other byte.
+const unsigned char NO_DIGIT = 0xFF;
+
+struct DigitValues {
+    constexpr DigitValues()
+        : m_values()
+    {
+        for (unsigned byte = 0; byte < 256; ++byte)
+            m_values[byte] = NO_DIGIT;
+        for (unsigned char i = 0; i < 10; ++i)
+            m_values['0' + i] = i;
+        for (unsigned char i = 0; i < 26; ++i)
+            m_values['A' + i] = m_values['a' + i] = static_cast<unsigned char>(10 + i);
+    }
+
+    constexpr unsigned operator[](char c) const { return m_values[static_cast<unsigned char>(c)]; }
+
+private:
+    unsigned char m_values[256];
+};
+
+constexpr DigitValues DIGIT_VALUES;
+
+// Whether `c` is a digit of `base`: '0' to '9', and from base 11 on letters in either case.
 //
-// The letters' limits are 8-bit numbers read as signed, made from the low 8 bits of the base. For bases up to 36 they
-// are the code of the first letter that is no digit. Larger bases are not refused, on purpose: the limits then lie
-// behind 'z' and 'Z', so that other characters count as digits too, and at last wrap to numbers below all letters.
+// Bases above 36 are not refused, on purpose. The letters' limits, for the bases up to 36 the codes of the first
+// letters that are no digits, go on: they are 8-bit numbers read as signed, made from the low 8 bits of the base. So
+// they lie behind 'z' and 'Z' and let other characters count as digits, and at last wrap to numbers below all letters.
 bool checkCharInBase(const Char& c, unsigned base)
 {
-    if (base <= 10)
-        return c.IsDigit() && c.GetDigitValue().value() < base;
+    if (base <= 36)
+        return DIGIT_VALUES[c] < base;
     if (c.IsDigit())
         return true;
-
     const int code = signed_byte(unsigned_byte(c));
     const int lowerLimit = signed_byte(base + ('a' - 10));
     const int upperLimit = signed_byte(base + ('A' - 10));
@@ -33,30 +55,31 @@ bool checkCharInBase(const Char& c, unsigned base)
 // The value of a character that checkCharInBase accepts. What it accepts beyond the letters counts on from 'A'.
 unsigned digitValue(const Char& c)
 {
-    if (c.IsDigit())
-        return c.GetDigitValue().value();
-    const unsigned code = unsigned_byte(c);
-    return code >= 'a' && code <= 'z' ? code - ('a' - 10) : code - ('A' - 10);
+    const unsigned value = DIGIT_VALUES[c];
+    return value != NO_DIGIT ? value : unsigned_byte(c) - unsigned('A' - 10);
 }
 
 // Reads digits from `p`, until one is none or nothing remains, and moves both on. `ok` becomes false, and the result 0,
 // when the number is too large for T; the digit that makes it so is not passed.
-template <typename T> T scanUInt(const Char*& p, unsigned& remaining, unsigned base, bool& ok)
+template <typename T> inline T scanUInt(const Char*& p, unsigned& remaining, unsigned base, bool& ok)
 {
     const T limit = static_cast<T>(std::numeric_limits<T>::max() / base);
     const T last = static_cast<T>(std::numeric_limits<T>::max() % base);
+    const Char* const end = p + remaining;
+    const Char* next = p;
     T number = 0;
-    while (remaining != 0 && checkCharInBase(*p, base)) {
-        const unsigned digit = digitValue(*p);
-        if (number > limit || (number == limit && digit > last)) {
+    ok = true;
+    for (; next != end && checkCharInBase(*next, base); ++next) {
+        const unsigned digit = digitValue(*next);
+        if (number >= limit && (number > limit || digit > last)) {
             ok = false;
-            return 0;
+            number = 0;
+            break;
         }
         number = static_cast<T>(number * base + digit);
-        --remaining;
-        ++p;
     }
-    ok = true;
+    p = next;
+    remaining = static_cast<unsigned>(end - next);
     return number;
 }
 
@@ -68,38 +91,49 @@ void skipSpace(const Char*& p, unsigned& remaining)
     }
 }
 
-// Reads `s` as white space, a sign, digits and white space. False if it is anything else or too large for T.
-// `negative` is whether there is a "-", and null if there must be none.
-template <typename T> bool scanNumber(const String& s, unsigned base, T& magnitude, bool* negative)
+template <typename T> struct Scanned {
+    bool success;
+    bool negative;
+    T magnitude;
+};
+
+// Reads `s` as white space, a sign, digits and white space; no success if it is anything else or too large for T.
+template <typename T> inline Scanned<T> scanNumberIn(unsigned base, const String& s, bool minusAllowed)
 {
+    const Scanned<T> failure = {false, false, 0};
     const Char* p = reinterpret_cast<const Char*>(s.Latin1());
     unsigned remaining = s.Length();
     skipSpace(p, remaining);
 
     // At the end of the text this is its terminating zero, which is neither.
-    const char sign = *p;
-    if (sign == '+' || (sign == '-' && negative != nullptr)) {
+    const bool negative = minusAllowed && *p == '-';
+    if (negative || *p == '+') {
         --remaining;
         ++p;
     }
-    if (negative != nullptr)
-        *negative = sign == '-';
     if (remaining == 0 || !checkCharInBase(*p, base))
-        return false;
+        return failure;
 
     bool fits = false;
-    magnitude = scanUInt<T>(p, remaining, base, fits);
+    const T magnitude = scanUInt<T>(p, remaining, base, fits);
     skipSpace(p, remaining);
-    return fits && remaining == 0;
+    if (!fits || remaining != 0)
+        return failure;
+    return {true, negative, magnitude};
+}
+
+// scanNumberIn, and once more for the usual base alone: the compiler then knows it, and needs no division.
+template <typename T> inline Scanned<T> scanNumber(unsigned base, const String& s, bool minusAllowed)
+{
+    return base == 10 ? scanNumberIn<T>(10, s, minusAllowed) : scanNumberIn<T>(base, s, minusAllowed);
 }
 
 template <typename T> T toUInt(bool* ok, unsigned base, const String& s)
 {
-    T magnitude = 0;
-    const bool success = scanNumber<T>(s, base, magnitude, nullptr);
+    const Scanned<T> scanned = scanNumber<T>(base, s, false);
     if (ok != nullptr)
-        *ok = success;
-    return success ? magnitude : 0;
+        *ok = scanned.success;
+    return scanned.magnitude;
 }
 
 // 2 to the power `exponent`, in 32 bits.
@@ -114,16 +148,14 @@ constexpr std::uint32_t powerOfTwo(unsigned exponent)
 template <typename U, typename S> S toInt(bool* ok, unsigned base, const String& s)
 {
     constexpr std::uint32_t power = powerOfTwo(std::numeric_limits<S>::digits);
-    U magnitude = 0;
-    bool negative = false;
-    const bool success =
-        scanNumber<U>(s, base, magnitude, &negative) && magnitude <= (negative ? 0 - power : power - 1);
+    const Scanned<U> scanned = scanNumber<U>(base, s, true);
+    const bool success = scanned.success && scanned.magnitude <= (scanned.negative ? 0 - power : power - 1);
     if (ok != nullptr)
         *ok = success;
     if (!success)
         return 0;
-    const std::uint32_t word = static_cast<std::uint32_t>(magnitude);
-    return static_cast<S>(signed_word(negative ? 0 - word : word));
+    const std::uint32_t word = static_cast<std::uint32_t>(scanned.magnitude);
+    return static_cast<S>(signed_word(scanned.negative ? 0 - word : word));
 }
 
 // What separates the fraction in the current locale.

@@ -81,9 +81,9 @@ String String::Replace(const String& pattern, const String& replacement) const
         return String();
     if (positions.size() == 1 && length == replacement.Length())
         return replacement;
-    auto buffer = newBuffer(length);
-    eachPiece([&](std::string_view piece) { buffer->append(piece); });
-    return String(std::move(buffer));
+    BufferWriter writer(length);
+    eachPiece([&](std::string_view piece) { writer.write(piece); });
+    return String(writer.finish());
 }
 
 String String::ReplaceChar(const Char& from, const Char& to) const

@@ -7,9 +7,6 @@
 
 namespace {
 
-// Bytes are looked at in blocks of this size: a loop of fixed length without an exit becomes vector instructions.
-const unsigned BLOCK = 64;
-
 // Finds a byte, or a letter in both cases.
 class CharFinder {
 public:
@@ -25,13 +22,17 @@ public:
         m_wanted = unsigned_byte(folded);
     }
 
+    // Whether it looks for one byte only, as memchr does.
+    bool isExact() const { return m_ignored == 0; }
+
     bool matches(char c) const { return (unsigned_byte(c) | m_ignored) == m_wanted; }
 
-    // Whether one of the BLOCK characters from `block` matches.
-    bool matchesIn(const char* block) const
+    // Whether one of the `Length` characters from `block` matches. A loop of fixed length without an exit becomes
+    // vector instructions.
+    template <unsigned Length> bool matchesIn(const char* block) const
     {
         unsigned char found = 0;
-        for (unsigned i = 0; i < BLOCK; ++i)
+        for (unsigned i = 0; i < Length; ++i)
             found = static_cast<unsigned char>(found | matches(block[i]));
         return found != 0;
     }
@@ -56,15 +57,17 @@ checked_uint String::Find(char c, unsigned from, bool caseSensitive) const
     if (from >= length)
         return checked_uint();
     const char* const text = Latin1();
-    if (caseSensitive) {
+    const CharFinder finder(c, caseSensitive);
+    if (finder.isExact()) {
         const void* const hit = std::memchr(text + from, c, length - from);
         return hit == nullptr ? checked_uint()
                               : checked_uint(static_cast<unsigned>(static_cast<const char*>(hit) - text));
     }
-    const CharFinder finder(c, caseSensitive);
     unsigned i = from;
-    while (length - i >= BLOCK && !finder.matchesIn(text + i))
-        i += BLOCK;
+    while (length - i >= 64 && !finder.matchesIn<64>(text + i))
+        i += 64;
+    while (length - i >= 16 && !finder.matchesIn<16>(text + i))
+        i += 16;
     while (i < length && !finder.matches(text[i]))
         ++i;
     return i < length ? checked_uint(i) : checked_uint();
@@ -84,8 +87,17 @@ checked_uint String::FindRev(char c, const checked_uint& from, bool caseSensitiv
     const char* const text = Latin1();
     const CharFinder finder(c, caseSensitive);
     unsigned end = start + 1;
-    while (end >= BLOCK && !finder.matchesIn(text + end - BLOCK))
-        end -= BLOCK;
+    if (finder.isExact()) {
+        // memchr goes forwards, but nothing is faster in telling where there is nothing.
+        for (const unsigned chunk : {1024u, 256u}) {
+            while (end >= chunk && std::memchr(text + end - chunk, c, chunk) == nullptr)
+                end -= chunk;
+        }
+    }
+    while (end >= 64 && !finder.matchesIn<64>(text + end - 64))
+        end -= 64;
+    while (end >= 16 && !finder.matchesIn<16>(text + end - 16))
+        end -= 16;
     while (end > 0 && !finder.matches(text[end - 1]))
         --end;
     return end > 0 ? checked_uint(end - 1) : checked_uint();

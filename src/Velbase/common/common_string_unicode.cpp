@@ -19,10 +19,13 @@ TextEncoding macRoman()
 // How many units there are before the terminating zero, or TOO_LONG.
 unsigned countUnits(const unsigned short* text)
 {
-    unsigned count = 0;
-    while (count < TOO_LONG && text[count] != 0)
-        ++count;
-    return count;
+    for (unsigned count = 0; count < TOO_LONG; count += 8) {
+        for (unsigned i = count; i < count + 8; ++i) {
+            if (text[i] == 0)
+                return i;
+        }
+    }
+    return TOO_LONG;
 }
 
 }  // namespace
@@ -45,8 +48,7 @@ String::String(const unsigned short* text)
     if (count == TOO_LONG)
         return;
 
-    auto buffer = newBuffer(count + 1);
-    buffer->resize(count + 1, '\0');
+    auto buffer = newZeroBuffer(count + 1);
     ByteCount read = 0;
     ByteCount written = 0;
     if (ConvertFromUnicodeToText(

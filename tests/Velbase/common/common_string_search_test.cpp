@@ -165,6 +165,23 @@ TEST(StringFindChar, FindsTheCharacterAtEveryPositionOfALongText)
     }
 }
 
+TEST(StringFindRev, FindsTheLastOfTwoInAVeryLongText)
+{
+    std::string bytes(5000, 'x');
+    bytes[700] = 'A';
+    const String one(bytes.c_str());
+    EXPECT_EQ(positionOf(one.FindRev('A')), 700u);
+    EXPECT_EQ(positionOf(one.FindRev('y')), NOT_FOUND);
+    for (unsigned position = 701; position < 5000; position += 61) {
+        bytes[position] = 'A';
+        const String two(bytes.c_str());
+        EXPECT_EQ(positionOf(two.FindRev('A')), position);
+        EXPECT_EQ(positionOf(two.FindRev('a', {}, false)), position);
+        EXPECT_EQ(positionOf(two.FindRev('A', position - 1)), 700u);
+        bytes[position] = 'x';
+    }
+}
+
 TEST(StringFindChar, EveryByteMatchesItselfAndAsciiLettersTheirOtherCase)
 {
     for (int wanted = 0; wanted < 256; ++wanted) {
