@@ -18,14 +18,14 @@ std::map<std::string, std::size_t>& counts()
 }  // namespace
 
 LiveCount::LiveCount(const char* kind)
-    : m_kind(kind)
+    : m_count(counts()[kind])
 {
-    ++counts()[m_kind];
+    ++m_count;
 }
 
 LiveCount::~LiveCount()
 {
-    --counts()[m_kind];
+    --m_count;
 }
 
 std::map<std::string, std::size_t> CountLiveObjects()

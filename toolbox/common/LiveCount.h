@@ -3,6 +3,8 @@
 #ifndef TOOLBOX_COMMON_LIVECOUNT_H
 #define TOOLBOX_COMMON_LIVECOUNT_H
 
+#include <cstddef>
+
 namespace Toolbox {
 
 /// One more of `kind` for as long as this lives. `kind` is a literal, in the words of CountLiveObjects.
@@ -14,7 +16,7 @@ public:
     LiveCount& operator=(const LiveCount&) = delete;
 
 private:
-    const char* const m_kind;
+    std::size_t& m_count;  // of the kind; a reference, so that counting out needs no memory
 };
 
 }  // namespace Toolbox

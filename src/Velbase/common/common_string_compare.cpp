@@ -11,10 +11,8 @@ int StringCompare(const char* lhs, const char* rhs)
 {
     if (lhs == rhs)
         return 0;
-    if (lhs == nullptr)
-        return -1;
-    if (rhs == nullptr)
-        return 1;
+    if (lhs == nullptr || rhs == nullptr)
+        return lhs == nullptr ? -1 : 1;
     return std::strcmp(lhs, rhs);
 }
 

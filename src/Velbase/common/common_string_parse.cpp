@@ -10,28 +10,29 @@
 
 namespace {
 
-// The value of '0' to '9' and of letters in either case, from 'a' for 10; NO_DIGIT for every other byte.
-const unsigned char NO_DIGIT = 0xFF;
+// The value of '0' to '9' and of letters in either case, from 'a' for 10, by byte; NO for every other byte.
+const unsigned char NO = 0xFF;
 
-struct DigitValues {
-    constexpr DigitValues()
-        : m_values()
-    {
-        for (unsigned byte = 0; byte < 256; ++byte)
-            m_values[byte] = NO_DIGIT;
-        for (unsigned char i = 0; i < 10; ++i)
-            m_values['0' + i] = i;
-        for (unsigned char i = 0; i < 26; ++i)
-            m_values['A' + i] = m_values['a' + i] = static_cast<unsigned char>(10 + i);
-    }
-
-    constexpr unsigned operator[](char c) const { return m_values[static_cast<unsigned char>(c)]; }
-
-private:
-    unsigned char m_values[256];
+// clang-format off
+const unsigned char DIGIT_VALUES[256] = {
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0x00
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0x10
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0x20
+     0,  1,  2,  3,  4,  5,  6,  7,  8,  9, NO, NO, NO, NO, NO, NO,  // 0x30
+    NO, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24,  // 0x40
+    25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35, NO, NO, NO, NO, NO,  // 0x50
+    NO, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24,  // 0x60
+    25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35, NO, NO, NO, NO, NO,  // 0x70
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0x80
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0x90
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0xA0
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0xB0
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0xC0
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0xD0
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0xE0
+    NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO, NO,  // 0xF0
 };
-
-constexpr DigitValues DIGIT_VALUES;
+// clang-format on
 
 // Whether `c` is a digit of `base`: '0' to '9', and from base 11 on letters in either case.
 //
@@ -41,7 +42,7 @@ constexpr DigitValues DIGIT_VALUES;
 bool checkCharInBase(const Char& c, unsigned base)
 {
     if (base <= 36)
-        return DIGIT_VALUES[c] < base;
+        return DIGIT_VALUES[unsigned_byte(c)] < base;
     if (c.IsDigit())
         return true;
     const int code = signed_byte(unsigned_byte(c));
@@ -55,8 +56,8 @@ bool checkCharInBase(const Char& c, unsigned base)
 // The value of a character that checkCharInBase accepts. What it accepts beyond the letters counts on from 'A'.
 unsigned digitValue(const Char& c)
 {
-    const unsigned value = DIGIT_VALUES[c];
-    return value != NO_DIGIT ? value : unsigned_byte(c) - unsigned('A' - 10);
+    const unsigned value = DIGIT_VALUES[unsigned_byte(c)];
+    return value != NO ? value : unsigned_byte(c) - unsigned('A' - 10);
 }
 
 // Reads digits from `p`, until one is none or nothing remains, and moves both on. `ok` becomes false, and the result 0,
@@ -136,18 +137,12 @@ template <typename T> T toUInt(bool* ok, unsigned base, const String& s)
     return scanned.magnitude;
 }
 
-// 2 to the power `exponent`, in 32 bits.
-constexpr std::uint32_t powerOfTwo(unsigned exponent)
-{
-    return exponent < 32 ? std::uint32_t(1) << exponent : 0;
-}
-
 // Limits and result are 32-bit numbers for every type, on purpose, although they fit only int. For short they let
 // -65535 through, of which the low 16 bits remain; for long long the power is 0, so that no negative number but -0
 // passes, and of the others the low 32 bits count, as a signed number.
 template <typename U, typename S> S toInt(bool* ok, unsigned base, const String& s)
 {
-    constexpr std::uint32_t power = powerOfTwo(std::numeric_limits<S>::digits);
+    constexpr std::uint32_t power = static_cast<std::uint32_t>(std::uint64_t(1) << std::numeric_limits<S>::digits);
     const Scanned<U> scanned = scanNumber<U>(base, s, true);
     const bool success = scanned.success && scanned.magnitude <= (scanned.negative ? 0 - power : power - 1);
     if (ok != nullptr)

@@ -60,7 +60,7 @@ TEST(BufferWriter, PutsPiecesOfEveryLengthTogether)
 {
     for (std::size_t length = 0; length <= 600; ++length) {
         const std::string text = textOf(length);
-        for (const std::size_t pieceLength : {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 31, 255, 256, 257}) {
+        for (const std::size_t pieceLength : {1u, 2u, 3u, 4u, 5u, 7u, 8u, 9u, 15u, 16u, 17u, 31u, 255u, 256u, 257u}) {
             BufferWriter writer(length);
             for (std::size_t i = 0; i < length; i += pieceLength)
                 writer.write(std::string_view(text).substr(i, pieceLength));
@@ -72,7 +72,7 @@ TEST(BufferWriter, PutsPiecesOfEveryLengthTogether)
 TEST(BufferWriter, PutsShortAndLongPiecesTogether)
 {
     const std::string shortPiece = textOf(100, 'A');
-    for (const std::size_t longLength : {155, 156, 157, 255, 256, 257, 1000}) {
+    for (const std::size_t longLength : {155u, 156u, 157u, 255u, 256u, 257u, 1000u}) {
         const std::string longPiece = textOf(longLength);
         const std::string expected = shortPiece + longPiece + shortPiece + longPiece;
         BufferWriter writer(expected.size());

@@ -58,6 +58,7 @@ const ReplaceCase REPLACE_CASES[] = {
     {"ReplacementWithAZeroByte", "abc",          "b",          "\0"sv,      "a\0c"sv,      Buffer::New},
     {"PatternEndsAtAZeroByte",   "xa\0by"sv,     "a\0c"sv,     "R",         "xRy",         Buffer::New},
     {"PieceEndsAtAZeroByte",     "xaby",         "a\0c"sv,     "R",         "xaby",        Buffer::New},
+    {"NoRoomForThePiece",        "xxab",         "ab\0c"sv,    "R",         "xxab",        Buffer::New},
     {"PatternOfAZeroByte",       "a\0b\0"sv,     "\0"sv,       "R",         "aRbR",        Buffer::New},
     {"PatternOfOnlyTheEnd",      "ab\0\0c"sv,    "\0z"sv,      "R",         "abRc",        Buffer::New},
     {"LongPatternPastTheEnd",    "ba",           "a\0\0\0\0"sv, "R",        "bR",          Buffer::New},
