@@ -185,9 +185,9 @@ TEST(NumberOfLong, GoesOnInTheSameDigitsWhereItIsWider)
 {
     if (sizeof(long) == 4)
         GTEST_SKIP() << "long has 32 bits here";
-    const long million = 1000000;
-    EXPECT_EQ(contents(String::Number(million * million)), "1000000000000");
-    EXPECT_EQ(contents(String::Number(-million * million, 36)), "-CRE66I9S");
+    const long trillion = static_cast<long>(1000000000000LL);
+    EXPECT_EQ(contents(String::Number(trillion)), "1000000000000");
+    EXPECT_EQ(contents(String::Number(-trillion, 36)), "-CRE66I9S");
     EXPECT_EQ(contents(String::Number(LONG_MIN, 2)), "-1" + std::string(sizeof(long) * 8 - 1, '0'));
     EXPECT_EQ(contents(String::Number(ULONG_MAX, 2)), std::string(sizeof(long) * 8, '1'));
 }
