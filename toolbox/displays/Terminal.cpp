@@ -38,15 +38,15 @@ QString breakLine(const QString& line, int hanging, const TerminalEncoding& enco
             last += next;
             continue;
         }
-        const bool endsWord = next == QLatin1String(" ");
-        const QString begun = endsWord ? QString() : last.section(QLatin1Char(' '), -1);
-        const bool isWholeLine = begun == last.trimmed();
-        if (!isWholeLine)
-            last.chop(begun.size());
+        const bool isBlank = next == QLatin1String(" ");
+        QString word = isBlank ? QString() : last.section(QLatin1Char(' '), -1);
+        if (word == last.trimmed() || columnsOf(indentation + word + next, encoding) > COLUMNS)
+            word.clear();  // it would be no better off in a line of its own
+        last.chop(word.size());
         while (last.endsWith(QLatin1Char(' ')))
             last.chop(1);
         broken += last + QLatin1Char('\n');
-        last = indentation + (isWholeLine ? QString() : begun) + (endsWord ? QString() : next);
+        last = indentation + word + (isBlank ? QString() : next);
     }
     return broken + last;
 }

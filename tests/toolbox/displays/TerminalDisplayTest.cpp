@@ -1,5 +1,5 @@
+#include "tests/toolbox/displays/Dialog.h"
 #include "tests/toolbox/displays/PseudoTerminal.h"
-#include "tests/toolbox/windows/TestWindow.h"
 
 #include <csignal>
 
@@ -12,76 +12,15 @@ using Toolbox::ControlKind;
 
 // ---- Windows
 
-// A window with a text, a pop-up, OK and Cancel, as dialogs have them. Both commands end it.
-struct Dialog {
-    Dialog()
-        : label(made.add(ControlKind::StaticText))
-        , popUp(
-              made.addPopUp({{QStringLiteral("Small")}, {QStringLiteral("日本 (Medium)")}, {QStringLiteral("Large")}}))
-        , ok(made.addButton(kHICommandOK, ButtonRole::Default))
-        , cancel(made.addButton(kHICommandCancel, ButtonRole::Cancel))
-        , recorder(made.target(), eventNotHandledErr)
-    {
-        made.window().title = QStringLiteral("Paper & ink");
-        label.title = QStringLiteral("Choose a size:");
-        popUp.setValue(2);
-        ok.title = QStringLiteral("OK");
-        cancel.title = QStringLiteral("Cancel");
-        recorder.action = [this](const HICommand& command) {
-            if (command.commandID == kHICommandOK || command.commandID == kHICommandCancel)
-                QuitAppModalLoopForWindow(made.ref);
-        };
-    }
-
-    Control& add(ControlKind kind, const char* title)
-    {
-        Control& added = made.add(kind);
-        added.title = QString::fromUtf8(title);
-        added.maximum = 1;
-        return added;
-    }
-
-    TestWindow made;
-    Control& label;
-    Control& popUp;
-    Control& ok;
-    Control& cancel;
-    CommandRecorder recorder;
-};
-
-std::string inWords(const HICommand& command)
-{
-    switch (command.commandID) {
-    case 0:
-        return " item " + std::to_string(command.menu.menuItemIndex);
-    case kHICommandOK:
-        return " ok";
-    case kHICommandCancel:
-        return command.attributes == kHICommandFromWindow ? " closed" : " cancel";
-    default:
-        return " other";
-    }
-}
-
-// Runs the dialog on the terminal, and says how it ended and which commands it got.
-std::string run(Dialog& dialog)
-{
-    Toolbox::UseTerminalDisplay();
-    std::string report =
-        RunAppModalLoopForWindow(dialog.made.ref) == noErr ? "ended:" : Toolbox::DisplayProblem() + ":";
-    for (const HICommand& each : dialog.recorder.commands)
-        report += inWords(each);
-    return report;
-}
-
 using Change = std::function<void(Dialog&)>;
 
 std::function<std::string()> runChanged(const Change& change)
 {
     return [change] {
+        Toolbox::UseTerminalDisplay();
         Dialog dialog;
         change(dialog);
-        return run(dialog);
+        return dialog.run();
     };
 }
 
@@ -306,7 +245,8 @@ TEST(TerminalWindow, TakesTexts)
         dialog.add(ControlKind::StaticText, "Password:");
         Control& password = dialog.made.add(ControlKind::EditText);
         password.secret = true;
-        const std::string report = run(dialog);
+        Toolbox::UseTerminalDisplay();
+        const std::string report = dialog.run();
         return report + " " + name.text.toStdString() + " " + password.text.toStdString();
     });
     terminal.readUntil(QUESTION);

@@ -106,11 +106,15 @@ TEST(NumberedEntries, ContinueBelowTheirText)
                   [](Terminal& terminal) {
                       terminal.writeNumbered(1, QStringLiteral("One\nline"));
                       terminal.writeNumbered(12, FORTY + " " + FORTY);
+                      terminal.writeNumbered(13, EIGHTY);
                       terminal.writeNumbered(12345, QStringLiteral("Far"));
                   }),
         "  1  One line\n"
         " 12  "
             + FORTY.toStdString() + "\n     " + FORTY.toStdString()
+            + "\n"
+              " 13  "
+            + EIGHTY.toStdString().substr(0, 75) + "\n     " + EIGHTY.toStdString().substr(75)
             + "\n"
               "12345  Far\n");
 }

@@ -147,12 +147,6 @@ AlertDialog::AlertDialog(const Alert& alert, QWidget* parent)
         arrangeAsStandardAlert();
 }
 
-SInt16 AlertDialog::run()
-{
-    exec();
-    return m_pressed;
-}
-
 void AlertDialog::reject()
 {
     if (m_alert.cancelButton != 0)

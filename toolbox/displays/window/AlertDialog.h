@@ -18,8 +18,8 @@ class AlertDialog : public QDialog {
 public:
     AlertDialog(const Alert& alert, QWidget* parent);
 
-    /// Shows the dialog until a button is pressed, and returns the button's number.
-    SInt16 run();
+    /// The number of the button that was pressed; before that, of the one that is taken when nobody can answer.
+    SInt16 pressed() const { return m_pressed; }
 
     /// What Escape does: presses the cancel button, if there is one.
     void reject() override;

@@ -11,9 +11,10 @@ namespace Toolbox {
 
 namespace {
 
-constexpr double MOST_STRETCH = 1.5;  // what needs more is an exception, and grows alone
-constexpr int BUTTON_PADDING = 12;    // at both ends of a title
-constexpr int EDGE = 8;               // between what has grown and the edge of the content
+constexpr double MOST_STRETCH = 2;  // what needs more is an exception, and grows alone
+constexpr int MOST_PIXELS = 3000;   // beyond every screen; Qt's styles paint whole controls, however large
+constexpr int BUTTON_PADDING = 12;  // at both ends of a title; Qt's own hint is that of a wide button even for "OK"
+constexpr int EDGE = 8;             // between what has grown and the edge of the content
 
 double stretchFor(int wanted, int given)
 {
@@ -42,21 +43,26 @@ int wantedWidth(const QWidget* widget, const QRect& area)
     if (dynamic_cast<const PlainLabel*>(widget) != nullptr)
         return isForOneLine(widget, area) ? widget->sizeHint().width() : 0;
     const auto* const button = qobject_cast<const QPushButton*>(widget);
-    if (button != nullptr)  // whose own hint is that of a wide button even for "OK"
-        return button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width() + 2 * BUTTON_PADDING;
-    return widget->minimumSizeHint().width();
+    const int wanted = button == nullptr
+        ? widget->minimumSizeHint().width()
+        : button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width() + 2 * BUTTON_PADDING;
+    return std::min(wanted, MOST_PIXELS);
 }
 
 int wantedHeight(const QWidget* widget, int width)
 {
-    return widget->hasHeightForWidth() ? widget->heightForWidth(width) : widget->minimumSizeHint().height();
+    if (widget->hasHeightForWidth())
+        return widget->heightForWidth(width);
+    return std::min(widget->minimumSizeHint().height(), MOST_PIXELS);
 }
 
 }  // namespace
 
 QRect areaOf(const Rect& bounds)
 {
-    return QRect(bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top);
+    return QRect(std::clamp<int>(bounds.left, -MOST_PIXELS, MOST_PIXELS),
+        std::clamp<int>(bounds.top, -MOST_PIXELS, MOST_PIXELS), std::clamp(bounds.right - bounds.left, 0, MOST_PIXELS),
+        std::clamp(bounds.bottom - bounds.top, 0, MOST_PIXELS));
 }
 
 void PlacedItems::add(QWidget* widget, const QRect& area)

@@ -16,7 +16,7 @@
 
 namespace Toolbox {
 
-/// The area between the edges of `bounds`; it may be empty.
+/// The area between the edges of `bounds`; it may be empty, but is never larger than what can still be drawn.
 QRect areaOf(const Rect& bounds);
 
 class PlacedItems {

@@ -1,6 +1,7 @@
 #include "toolbox/displays/window/QtApplication.h"
 
 #include <clocale>
+#include <cstdio>
 #include <string>
 
 namespace Toolbox {
@@ -10,13 +11,20 @@ namespace {
 char programName[] = "toolbox";
 char platformOption[] = "-platform";
 
-// Qt sets the process's locale to the user's, which would change how the numbers of everybody else are read. It says so
-// where it does not like what it finds there; nobody can act on that.
+// Lets Qt say why it ends the process, and nothing else.
+void sayOnlyTheWorst(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+// Qt sets the process's locale to the user's, which would change how everybody else's numbers are read, and complains
+// where that is not UTF-8, of which nobody here takes notice. While this lives it may; then all is as before.
 class KeptLocale {
 public:
     KeptLocale()
         : m_locale(std::setlocale(LC_ALL, nullptr))
-        , m_handler(qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {}))
+        , m_handler(qInstallMessageHandler(sayOnlyTheWorst))
     {
     }
     ~KeptLocale()

@@ -16,7 +16,7 @@ namespace Toolbox {
 
 namespace {
 
-// Whether Return and Escape leave it alone, so that it is what somebody has come to work on.
+// Whether it is what somebody comes to work on, unlike the buttons that end it.
 bool isForInput(const ControlWidget& each)
 {
     switch (each.control->kind) {

@@ -8,6 +8,7 @@
 #include "toolbox/windows/ModalLoop.h"
 
 #include <QApplication>
+#include <QPixmap>
 #include <QSaveFile>
 #include <QScreen>
 #include <QTimer>
@@ -19,11 +20,21 @@ namespace {
 // Whole or not at all; returns what went wrong, or nothing.
 QString savePicture(QWidget& widget, const QString& name)
 {
+    const QPixmap picture = widget.grab();
+    if (picture.isNull())
+        return QStringLiteral("there is nothing to draw");
     QSaveFile file(name);
-    const bool saved = file.open(QIODevice::WriteOnly) && widget.grab().save(&file, "PNG") && file.commit();
-    if (saved)
-        return QString();
-    return QStringLiteral("the picture %1 cannot be written: %2").arg(name, file.errorString());
+    const bool saved = file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.commit();
+    return saved ? QString() : file.errorString();
+}
+
+// Shows `dialog` over the one that is up, which is the one to type in again when it has ended: not every window
+// manager, and no screen without one, sees to that.
+void runOverOthers(QDialog& dialog)
+{
+    dialog.exec();
+    if (dialog.parentWidget() != nullptr)
+        dialog.parentWidget()->activateWindow();
 }
 
 class WindowDisplay : public Display {
@@ -41,7 +52,7 @@ public:
         const std::optional<QString> picture = takePictureRequest();
         if (picture)
             QTimer::singleShot(0, &dialog, [&] { notePictureProblem(savePicture(dialog, *picture)); });
-        dialog.exec();
+        runOverOthers(dialog);
         *problem = QStringLiteral("the screen went away");
         return modalLoopEnded(ref);
     }
@@ -49,7 +60,9 @@ public:
     SInt16 runAlert(const Alert& alert) override
     {
         const QtApplication application(m_platform);
-        return AlertDialog(alert, QApplication::activeModalWidget()).run();
+        AlertDialog dialog(alert, QApplication::activeModalWidget());
+        runOverOthers(dialog);
+        return dialog.pressed();
     }
 
 private:
