@@ -18,6 +18,8 @@ struct LanguageDialogState {
 static_assert(offsetof(LanguageDialogState, window) == 0, "word 1");
 static_assert(offsetof(LanguageDialogState, accepted) == sizeof(void*), "word 2");
 static_assert(offsetof(LanguageDialogState, selectedIndex) == sizeof(void*) + 4, "word 3");
+static_assert(sizeof(LanguageDialogState::accepted) == 4, "a whole word");
+static_assert(sizeof(LanguageDialogState::selectedIndex) == 4, "a whole word");
 static_assert(sizeof(LanguageDialogState) == sizeof(void*) + 8, "three words");
 
 // The Mac OS language code of each item of the pop-up, in menu order. Both directions are looked up here; what is not

@@ -67,6 +67,7 @@ static_assert(sizeof(XcodFunctionBlock) == 5 * sizeof(void*), "five words");
 static_assert(offsetof(XcodInstance, functions) == 0 * sizeof(void*), "word 1");
 static_assert(offsetof(XcodInstance, factoryID) == 1 * sizeof(void*), "word 2");
 static_assert(offsetof(XcodInstance, referenceCount) == 2 * sizeof(void*), "word 3");
+static_assert(sizeof(XcodInstance::referenceCount) == 4, "a whole word");
 static_assert(sizeof(XcodInstance) == 3 * sizeof(void*), "three words");
 
 #endif
