@@ -7,7 +7,7 @@ say() {
     printf '%s\n' "$*" >&2
 }
 
-# The packages that are listed for one of the purposes "run" and "test", in alphabetical order.
+# The packages that are listed for one of the purposes, "run", "test" and "lane", in alphabetical order.
 packages_for() {
     local package purpose
     while read -r package purpose _; do

@@ -70,7 +70,7 @@ class CommandTest(unittest.TestCase):
 
     def call(self, *command, cwd="/", user=None, **variables):
         """Runs `command` with the stand-ins first in the search path; everything is installed if nothing is said."""
-        variables.setdefault("INSTALLED", " ".join(packages("run", "test")))
+        variables.setdefault("INSTALLED", " ".join(packages("run", "test", "lane")))
         environment = {"PATH": f"{self.tools}:/usr/bin:/bin", "LOG": str(self.log), **variables}
         identity = {"user": user, "group": "nogroup", "extra_groups": []} if user else {}
         return subprocess.run(command, env=environment, cwd=cwd, stdin=subprocess.DEVNULL, capture_output=True,
@@ -91,11 +91,11 @@ class PackageList(unittest.TestCase):
             if line and not line.startswith("#"):
                 package, purpose, reason = line.split(maxsplit=2)
                 self.assertRegex(package, r"^[a-z0-9][a-z0-9+.-]+$")
-                self.assertIn(purpose, ("run", "test"))
+                self.assertIn(purpose, ("run", "test", "lane"))
                 self.assertTrue(reason)
 
     def test_none_is_listed_twice(self):
-        listed = packages("run", "test")
+        listed = packages("run", "test", "lane")
         self.assertEqual(len(listed), len(set(listed)))
 
 
