@@ -98,8 +98,8 @@ OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef expl
     const AlertStdCFStringAlertParamRec* parameters, DialogRef* alert);
 
 /// Shows the alert, runs it and disposes of it. `*itemHit` as for StandardAlert. The filter is not called.
-/// Returns noErr; paramErr for a null `itemHit`, which leaves the alert as it is, or a wrong alert, such as one that was
-/// run.
+/// Returns noErr; paramErr for a null `itemHit`, which leaves the alert as it is, or a wrong alert, such as one that
+/// was run.
 OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit);
 }
 

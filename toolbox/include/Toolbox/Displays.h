@@ -64,8 +64,8 @@ void UseUnattendedDisplay(const std::vector<Answer>& answers);
 /// file is written whole or not at all.
 void SavePicture(const std::string& file);
 
-/// What went wrong with SavePicture, in one clause, also when no window was run yet; empty when the picture was saved or
-/// none was asked for.
+/// What went wrong with SavePicture, in one clause, also when no window was run yet; empty when the picture was saved
+/// or none was asked for.
 std::string PictureProblem();
 
 /// Whether an answer of the list that was given last fitted nothing of what was shown; the window was then cancelled,
