@@ -28,7 +28,7 @@ static_assert(memFullErr == -108 && nilHandleErr == -109 && memWZErr == -111);
 static_assert(resNotFound == -192 && resFNotFound == -193 && mapReadErr == -199 && CantDecompress == -186);
 static_assert(nsvErr == -35 && ioErr == -36 && eofErr == -39 && fnfErr == -43 && permErr == -54);
 static_assert(errFSBadFSRef == -1401 && errFSBadForkName == -1402 && errFSForkNotFound == -1409);
-static_assert(invalidFolderTypeErr == -4273);
+static_assert(tmfoErr == -42 && kResFileNotOpened == -1 && invalidFolderTypeErr == -4273);
 static_assert(cfragNoSymbolErr == -2802 && coreFoundationUnknownErr == -4960);
 static_assert(errInvalidWindowRef == -5600);
 static_assert(windowAppModalStateAlreadyExistsErr == -5617 && windowNoAppModalStateErr == -5618);
@@ -39,7 +39,7 @@ static_assert(kIBCarbonRuntimeCantFindNibFile == -10960);
 static_assert(kIBCarbonRuntimeObjectNotOfRequestedType == -10961 && kIBCarbonRuntimeCantFindObject == -10962);
 static_assert(kTextUnsupportedEncodingErr == -8738 && kTECCorruptConverterErr == -8748);
 static_assert(kTECBufferBelowMinimumSizeErr == -8750 && kTECUnmappableElementErr == -8754);
-static_assert(kTECOutputBufferFullStatus == -8785);
+static_assert(kTECOutputBufferFullStatus == -8785 && kTECPartialCharErr == -8753);
 static_assert(static_cast<UInt32>(E_NOINTERFACE) == 0x80000004 && S_OK == 0);
 
 static_assert(kAuthorizationFlagDefaults == 0 && errAuthorizationSuccess == 0);
