@@ -1,5 +1,6 @@
 // Numbers from text.
 
+#include <algorithm>
 #include <clocale>
 #include <cstddef>
 #include <cstdint>
@@ -41,6 +42,8 @@ const unsigned char DIGIT_VALUES[256] = {
 // they lie behind 'z' and 'Z' and let other characters count as digits, and at last wrap to numbers below all letters.
 bool checkCharInBase(const Char& c, unsigned base)
 {
+    if (base <= 10)
+        return unsigned_byte(c) - unsigned('0') < base;
     if (base <= 36)
         return DIGIT_VALUES[unsigned_byte(c)] < base;
     if (c.IsDigit())
@@ -54,8 +57,11 @@ bool checkCharInBase(const Char& c, unsigned base)
 }
 
 // The value of a character that checkCharInBase accepts. What it accepts beyond the letters counts on from 'A'.
-unsigned digitValue(const Char& c)
+unsigned digitValue(const Char& c, unsigned base)
 {
+    if (base <= 10)
+        return unsigned_byte(c) - unsigned('0');
+
     const unsigned value = DIGIT_VALUES[unsigned_byte(c)];
     return value != NO ? value : unsigned_byte(c) - unsigned('A' - 10);
 }
@@ -64,14 +70,20 @@ unsigned digitValue(const Char& c)
 // when the number is too large for T; the digit that makes it so is not passed.
 template <typename T> inline T scanUInt(const Char*& p, unsigned& remaining, unsigned base, bool& ok)
 {
+    // So many digits are never too large.
+    const unsigned few = base <= 10 ? std::numeric_limits<T>::digits10
+        : base <= 16                ? std::numeric_limits<T>::digits / 4
+                                    : 0;
     const T limit = static_cast<T>(std::numeric_limits<T>::max() / base);
     const T last = static_cast<T>(std::numeric_limits<T>::max() % base);
     const Char* const end = p + remaining;
     const Char* next = p;
     T number = 0;
     ok = true;
+    for (const Char* const sure = p + std::min(remaining, few); next != sure && checkCharInBase(*next, base); ++next)
+        number = static_cast<T>(number * base + digitValue(*next, base));
     for (; next != end && checkCharInBase(*next, base); ++next) {
-        const unsigned digit = digitValue(*next);
+        const unsigned digit = digitValue(*next, base);
         if (number >= limit && (number > limit || digit > last)) {
             ok = false;
             number = 0;
@@ -92,65 +104,69 @@ void skipSpace(const Char*& p, unsigned& remaining)
     }
 }
 
-template <typename T> struct Scanned {
-    bool success;
-    bool negative;
-    T magnitude;
-};
-
-// Reads `s` as white space, a sign, digits and white space; no success if it is anything else or too large for T.
-template <typename T> inline Scanned<T> scanNumberIn(unsigned base, const String& s, bool minusAllowed)
+// Reads `s` as white space, a sign, digits and white space. No success, and neither result, if it is anything else or
+// too large for T.
+template <typename T>
+inline bool scanNumber(unsigned base, const String& s, bool minusAllowed, bool& negative, T& magnitude)
 {
-    const Scanned<T> failure = {false, false, 0};
     const Char* p = reinterpret_cast<const Char*>(s.Latin1());
     unsigned remaining = s.Length();
     skipSpace(p, remaining);
 
     // At the end of the text this is its terminating zero, which is neither.
-    const bool negative = minusAllowed && *p == '-';
+    negative = minusAllowed && *p == '-';
     if (negative || *p == '+') {
         --remaining;
         ++p;
     }
     if (remaining == 0 || !checkCharInBase(*p, base))
-        return failure;
+        return false;
 
     bool fits = false;
-    const T magnitude = scanUInt<T>(p, remaining, base, fits);
+    magnitude = scanUInt<T>(p, remaining, base, fits);
     skipSpace(p, remaining);
-    if (!fits || remaining != 0)
-        return failure;
-    return {true, negative, magnitude};
+    return fits && remaining == 0;
 }
 
-// scanNumberIn, and once more for the usual base alone: the compiler then knows it, and needs no division.
-template <typename T> inline Scanned<T> scanNumber(unsigned base, const String& s, bool minusAllowed)
+template <typename T> inline bool toUIntIn(unsigned base, const String& s, T& number)
 {
-    return base == 10 ? scanNumberIn<T>(10, s, minusAllowed) : scanNumberIn<T>(base, s, minusAllowed);
-}
-
-template <typename T> T toUInt(bool* ok, unsigned base, const String& s)
-{
-    const Scanned<T> scanned = scanNumber<T>(base, s, false);
-    if (ok != nullptr)
-        *ok = scanned.success;
-    return scanned.magnitude;
+    bool negative = false;
+    return scanNumber<T>(base, s, false, negative, number);
 }
 
 // Limits and result are 32-bit numbers for every type, on purpose, although they fit only int. For short they let
 // -65535 through, of which the low 16 bits remain; for long long the power is 0, so that no negative number but -0
 // passes, and of the others the low 32 bits count, as a signed number.
-template <typename U, typename S> S toInt(bool* ok, unsigned base, const String& s)
+template <typename U, typename S> inline bool toIntIn(unsigned base, const String& s, S& number)
 {
     constexpr std::uint32_t power = static_cast<std::uint32_t>(std::uint64_t(1) << std::numeric_limits<S>::digits);
-    const Scanned<U> scanned = scanNumber<U>(base, s, true);
-    const bool success = scanned.success && scanned.magnitude <= (scanned.negative ? 0 - power : power - 1);
+    bool negative = false;
+    U magnitude = 0;
+    if (!scanNumber<U>(base, s, true, negative, magnitude) || magnitude > (negative ? 0 - power : power - 1))
+        return false;
+    const std::uint32_t word = static_cast<std::uint32_t>(magnitude);
+    number = static_cast<S>(signed_word(negative ? 0 - word : word));
+    return true;
+}
+
+// Of the usual base there is a version of its own: the compiler knows it there, and needs no division.
+
+template <typename T> T toUInt(bool* ok, unsigned base, const String& s)
+{
+    T number = 0;
+    const bool success = base == 10 ? toUIntIn<T>(10, s, number) : toUIntIn<T>(base, s, number);
     if (ok != nullptr)
         *ok = success;
-    if (!success)
-        return 0;
-    const std::uint32_t word = static_cast<std::uint32_t>(scanned.magnitude);
-    return static_cast<S>(signed_word(scanned.negative ? 0 - word : word));
+    return success ? number : 0;
+}
+
+template <typename U, typename S> S toInt(bool* ok, unsigned base, const String& s)
+{
+    S number = 0;
+    const bool success = base == 10 ? toIntIn<U, S>(10, s, number) : toIntIn<U, S>(base, s, number);
+    if (ok != nullptr)
+        *ok = success;
+    return success ? number : 0;
 }
 
 // What separates the fraction in the current locale.
