@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <cstring>
 
 namespace Toolbox {
@@ -33,68 +32,54 @@ constexpr std::array<UniChar, 256> makeUnicodes()
 
 constexpr std::array<UniChar, 256> UNICODES = makeUnicodes();
 
-// The way back, in two levels: the unit's high byte gives a page, its low byte the place in it. Page 0 is empty and
-// stands for every high byte that Mac OS Roman has no character of. A place that holds 0 has no character.
-constexpr std::size_t countPages()
+// The way back. A unit that holds 0 has no character, but for unit 0 itself.
+constexpr std::array<UInt8, 65536> makeBytes()
 {
-    std::array<bool, 256> used = {};
-    std::size_t pages = 1;
-    for (const UniChar unit : UNICODES) {
-        pages += used[unit >> 8] ? 0 : 1;
-        used[unit >> 8] = true;
-    }
-    return pages;
+    std::array<UInt8, 65536> bytes = {};
+    for (std::size_t byte = 0; byte < 256; ++byte)
+        bytes[UNICODES[byte]] = static_cast<UInt8>(byte);
+    return bytes;
 }
 
-struct ReverseTable {
-    std::array<UInt8, 256> pageOfHighByte;
-    std::array<std::array<UInt8, 256>, countPages()> pages;
-};
-
-constexpr ReverseTable makeReverseTable()
-{
-    ReverseTable table = {};
-    UInt8 lastPage = 0;
-    for (std::size_t byte = 0; byte < 256; ++byte) {
-        UInt8& page = table.pageOfHighByte[UNICODES[byte] >> 8];
-        if (page == 0)
-            page = ++lastPage;
-        table.pages[page][UNICODES[byte] & 0xFF] = static_cast<UInt8>(byte);
-    }
-    return table;
-}
-
-constexpr ReverseTable BYTES = makeReverseTable();
+constexpr std::array<UInt8, 65536> BYTES = makeBytes();
 
 // ASCII is most of any text and needs no table, so it goes in blocks of this many characters.
-constexpr std::size_t BLOCK = 16;
+constexpr std::size_t BLOCK = 64;
 
-bool isAscii(const std::array<UInt8, BLOCK>& block)
-{
-    std::uint64_t words[sizeof block / 8];
-    std::memcpy(words, block.data(), sizeof words);
-    return ((words[0] | words[1]) & 0x8080808080808080U) == 0;
-}
-
-bool isAscii(const std::array<UniChar, BLOCK>& block)
-{
-    std::uint64_t words[sizeof block / 8];
-    std::memcpy(words, block.data(), sizeof words);
-    return ((words[0] | words[1] | words[2] | words[3]) & 0xFF80FF80FF80FF80U) == 0;
-}
-
-// Converts the BLOCK elements from `source` on, if they are all ASCII. By way of two local copies, since the compiler
-// then knows that source and result do not overlap, and converts a block in a few instructions.
+// Converts the BLOCK elements from `source` on, if they are all ASCII. By way of local copies, here and below, since
+// the compiler then knows that source and result do not overlap, and makes a few vector instructions of each loop.
 template <typename From, typename To> bool convertAsciiBlock(const From* source, To* result)
 {
     std::array<From, BLOCK> from;
     std::memcpy(from.data(), source, sizeof from);
-    if (!isAscii(from))
+    From seen = 0;
+    for (const From element : from)
+        seen = static_cast<From>(seen | element);
+    if (seen > 0x7F)
         return false;
+
     std::array<To, BLOCK> to;
     for (std::size_t i = 0; i < BLOCK; ++i)
         to[i] = static_cast<To>(from[i]);
     std::memcpy(result, to.data(), sizeof to);
+    return true;
+}
+
+// Converts the BLOCK units from `unicode` on, if there is a byte for every one.
+bool convertBlock(const UniChar* unicode, UInt8* text)
+{
+    std::array<UniChar, BLOCK> from;
+    std::memcpy(from.data(), unicode, sizeof from);
+    std::array<UInt8, BLOCK> to;
+    for (std::size_t i = 0; i < BLOCK; ++i)
+        to[i] = BYTES[from[i]];
+
+    UniChar unmapped = 0;
+    for (std::size_t i = 0; i < BLOCK; ++i)
+        unmapped |= static_cast<UniChar>(UniChar(to[i] == 0) & UniChar(from[i] != 0));
+    if (unmapped != 0)
+        return false;
+    std::memcpy(text, to.data(), sizeof to);
     return true;
 }
 
@@ -116,20 +101,11 @@ void macRomanToUnicode(const UInt8* text, std::size_t count, UniChar* unicode)
 std::size_t unicodeToMacRoman(const UniChar* unicode, std::size_t count, UInt8* text)
 {
     std::size_t i = 0;
-    while (i < count) {
-        if (count - i >= BLOCK && convertAsciiBlock(unicode + i, text + i)) {
-            i += BLOCK;
-            continue;
-        }
-        for (const std::size_t end = std::min(count, i + BLOCK); i < end; ++i) {
-            const UniChar unit = unicode[i];
-            const UInt8 byte = BYTES.pages[BYTES.pageOfHighByte[unit >> 8]][unit & 0xFF];
-            if (byte == 0 && unit != 0)
-                return i;
-            text[i] = byte;
-        }
-    }
-    return count;
+    while (count - i >= BLOCK && (convertAsciiBlock(unicode + i, text + i) || convertBlock(unicode + i, text + i)))
+        i += BLOCK;
+    for (; i < count && (unicode[i] == 0 || BYTES[unicode[i]] != 0); ++i)
+        text[i] = BYTES[unicode[i]];
+    return i;
 }
 
 }  // namespace Toolbox

@@ -90,13 +90,14 @@ TEST(MacRoman, MapsOneToOneBothWays)
     }
 }
 
-// Text is converted in blocks where it is ASCII: each unit has to come out the same in every place of every length.
-constexpr std::size_t LENGTHS = 50;
+// Text is converted in blocks of 64, ASCII apart: each unit has to come out the same in every place of one and of
+// several blocks, whole or not.
+constexpr std::size_t LENGTHS[] = {1, 2, 63, 64, 65, 127, 128, 129, 150};
 
 TEST(MacRoman, ConvertsEveryByteAlikeInEveryPlace)
 {
     for (unsigned byte = 0; byte < 256; ++byte) {
-        for (std::size_t length = 1; length < LENGTHS; ++length) {
+        for (const std::size_t length : LENGTHS) {
             for (std::size_t place = 0; place < length; ++place) {
                 std::vector<UInt8> text(length, 'a');
                 text[place] = static_cast<UInt8>(byte);
@@ -118,7 +119,7 @@ TEST(MacRoman, ConvertsEveryUnitAlikeInEveryPlace)
     for (unsigned unit : {0x0080u, 0x0100u, 0x0400u, 0x2126u, 0x4100u, 0x8061u, 0xD83Du, 0xFF61u, 0xFFFFu})
         units.push_back(unit);
     for (const unsigned unit : units) {
-        for (std::size_t length = 1; length < LENGTHS; ++length) {
+        for (const std::size_t length : LENGTHS) {
             for (std::size_t place = 0; place < length; ++place) {
                 std::vector<UniChar> unicode(length, 'a');
                 unicode[place] = static_cast<UniChar>(unit);
@@ -135,13 +136,27 @@ TEST(MacRoman, ConvertsEveryUnitAlikeInEveryPlace)
     }
 }
 
+TEST(MacRoman, ConvertsZeroUnitsAmongOthers)
+{
+    for (std::size_t place = 0; place < 150; ++place) {
+        std::vector<UniChar> unicode(150, unicodeOf(0x8E));
+        unicode[place] = 0;
+        std::vector<UInt8> text(150, '.');
+        std::vector<UInt8> expected(150, 0x8E);
+        expected[place] = 0;
+        ASSERT_EQ(unicodeToMacRoman(unicode.data(), unicode.size(), text.data()), unicode.size());
+        ASSERT_EQ(text, expected) << "a zero in place " << place;
+    }
+}
+
 TEST(MacRoman, StopsAtTheFirstOfSeveralUnitsThatItLacks)
 {
-    for (std::size_t first = 0; first < 40; ++first) {
-        std::vector<UniChar> unicode(40, 'a');
+    for (std::size_t first = 0; first < 150; ++first) {
+        std::vector<UniChar> unicode(150, 'a');
         std::fill(unicode.begin() + std::ptrdiff_t(first), unicode.end(), UniChar(0x4E00));
-        std::vector<UInt8> text(40, '.');
-        EXPECT_EQ(unicodeToMacRoman(unicode.data(), unicode.size(), text.data()), first);
+        std::vector<UInt8> text(150, '.');
+        ASSERT_EQ(unicodeToMacRoman(unicode.data(), unicode.size(), text.data()), first);
+        ASSERT_EQ(text[first], '.') << "nothing is written behind what was converted";
     }
 }
 
