@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "Velbase/common/common_string.h"
 
@@ -52,6 +53,12 @@ public:
         : m_text(new std::string(text, length))
         , m_count(new unsigned(1))
     {
+    }
+    Prototype(std::string_view head, std::string_view middle, std::string_view tail)
+        : Prototype("", 0)
+    {
+        m_text->reserve(head.size() + middle.size() + tail.size());
+        m_text->append(head).append(middle).append(tail);
     }
     Prototype(const Prototype& other)
         : m_text(other.m_text)

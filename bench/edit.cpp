@@ -82,6 +82,10 @@ void addInsertAndRemove(std::size_t n)
         result.Insert(at, piece.own);
         return result;
     });
+    add("insert", "prototype", n, [=] {
+        const std::string_view whole = text.plain;
+        return Prototype(whole.substr(0, middle), piece.plain, whole.substr(middle));
+    });
     add("insert", "std", n, [=] {
         std::string result = text.plain;
         return result.insert(middle, piece.plain);
@@ -99,6 +103,10 @@ void addInsertAndRemove(std::size_t n)
         String result = text.own;
         result.Remove(at, 8u);
         return result;
+    });
+    add("remove", "prototype", n, [=] {
+        const std::string_view whole = text.plain;
+        return Prototype(whole.substr(0, middle), whole.substr(middle + 8), "");
     });
     add("remove", "std", n, [=] {
         std::string result = text.plain;
@@ -118,6 +126,7 @@ void addInsertAndRemove(std::size_t n)
         result += piece.own;
         return result;
     });
+    add("append", "prototype", n, [=] { return Prototype(text.plain, piece.plain, ""); });
     add("append", "std", n, [=] { return text.plain + piece.plain; });
     add("append", "Abseil", n, [=] { return absl::StrCat(text.plain, piece.plain); });
     add("append", "QByteArray", n, [=] { return QByteArray(text.bytes + piece.bytes); });

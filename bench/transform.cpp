@@ -29,6 +29,10 @@ void addWhiteSpace(std::size_t n)
 {
     const Text padded("  \t" + Text(n - 6).plain + "\n  ");
     add("strip white space", "library", n, [padded] { return padded.own.StripWhiteSpace(); });
+    add("strip white space", "prototype", n, [padded] {
+        const absl::string_view rest = absl::StripAsciiWhitespace(padded.plain);
+        return Prototype(rest.data(), rest.size());
+    });
     add("strip white space", "Abseil", n, [padded] { return std::string(absl::StripAsciiWhitespace(padded.plain)); });
     add("strip white space", "QByteArray", n, [padded] { return padded.bytes.trimmed(); });
     add("strip white space", "GLib", n,
