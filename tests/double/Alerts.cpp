@@ -37,14 +37,18 @@ std::string describeRecord(const AlertStdCFStringAlertParamRec& parameters)
 
 DialogItemIndex StopAlert(SInt16 id, ModalFilterUPP filter)
 {
-    Call call("StopAlert", id, given(filter != nullptr));
+    Call call("StopAlert");
+    call.takes(id, given(filter != nullptr));
+    if (call.fails())
+        return call.returns(static_cast<DialogItemIndex>(call.failure()));
     return call.returns(state().pressedButton);
 }
 
 OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param explanation,
     const AlertStdAlertParamRec* parameters, SInt16* itemHit)
 {
-    Call call("StandardAlert", type, quoted(error), quoted(explanation), describeRecord(*parameters));
+    Call call("StandardAlert");
+    call.takes(type, quoted(error), quoted(explanation), describeRecord(*parameters));
     if (call.fails())
         return static_cast<OSErr>(call.returnsStatus(call.failure()));
     *itemHit = state().pressedButton;
@@ -56,7 +60,8 @@ OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param exp
 OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,
     const AlertStdCFStringAlertParamRec* parameters, DialogRef* alert)
 {
-    Call call("CreateStandardAlert", type, error, explanation, describeRecord(*parameters));
+    Call call("CreateStandardAlert");
+    call.takes(type, error, explanation, describeRecord(*parameters));
     if (call.fails()) {
         *alert = wrongReference<DialogRef>();
         return call.returnsStatus(call.failure());
@@ -69,7 +74,8 @@ OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef expl
 
 OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit)
 {
-    Call call("RunStandardAlert", alert, given(filter != nullptr));
+    Call call("RunStandardAlert");
+    call.takes(alert, given(filter != nullptr));
     Alert* const found = find<Alert>(alert);
     if (found != nullptr)
         found->alive = false;

@@ -41,7 +41,8 @@ std::string describeItems(const AuthorizationItemSet* set)
 OSStatus authorizationCreate(const AuthorizationRights* rights, const AuthorizationEnvironment* environment,
     AuthorizationFlags flags, AuthorizationRef* authorization)
 {
-    Call call("AuthorizationCreate", describeItems(rights), describeItems(environment), flags);
+    Call call("AuthorizationCreate");
+    call.takes(describeItems(rights), describeItems(environment), flags);
     if (call.fails())
         return call.returnsStatus(call.failure());
     call.returnsStatus(noErr);
@@ -54,8 +55,8 @@ OSStatus authorizationCreate(const AuthorizationRights* rights, const Authorizat
 OSStatus authorizationCopyRights(AuthorizationRef authorization, const AuthorizationRights* rights,
     const AuthorizationEnvironment* environment, AuthorizationFlags flags, AuthorizationRights** granted)
 {
-    Call call("AuthorizationCopyRights", authorization, describeItems(rights), describeItems(environment), flags,
-        given(granted != nullptr));
+    Call call("AuthorizationCopyRights");
+    call.takes(authorization, describeItems(rights), describeItems(environment), flags, given(granted != nullptr));
     return call.returnsStatus(call.fails() ? call.failure() : static_cast<long>(noErr));
 }
 
@@ -63,7 +64,8 @@ OSStatus authorizationCopyRights(AuthorizationRef authorization, const Authoriza
 
 OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder)
 {
-    Call call("FSFindFolder", volume, fourCharCode(type), create);
+    Call call("FSFindFolder");
+    call.takes(volume, fourCharCode(type), create);
     if (call.fails())
         return static_cast<OSErr>(call.returnsStatus(call.failure()));
     Folder& found = add(std::make_unique<Folder>(), numbered("folder"));
@@ -77,7 +79,8 @@ OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder)
 
 CFURLRef CFURLCreateFromFSRef(CFAllocatorRef allocator, const FSRef* file)
 {
-    Call call("CFURLCreateFromFSRef", allocator, folderIn(*file));
+    Call call("CFURLCreateFromFSRef");
+    call.takes(allocator, folderIn(*file));
     if (call.fails())
         return call.returns<CFURLRef>(nullptr);
     return call.returns(referenceTo<CFURLRef>(add(std::make_unique<URL>(), numbered("url"))));
@@ -86,7 +89,8 @@ CFURLRef CFURLCreateFromFSRef(CFAllocatorRef allocator, const FSRef* file)
 CFURLRef CFURLCreateCopyAppendingPathComponent(
     CFAllocatorRef allocator, CFURLRef url, CFStringRef component, Boolean isFolder)
 {
-    Call call("CFURLCreateCopyAppendingPathComponent", allocator, url, component, isFolder);
+    Call call("CFURLCreateCopyAppendingPathComponent");
+    call.takes(allocator, url, component, isFolder);
     if (call.fails())
         return call.returns<CFURLRef>(nullptr);
     return call.returns(referenceTo<CFURLRef>(add(std::make_unique<URL>(), numbered("url"))));
@@ -94,7 +98,8 @@ CFURLRef CFURLCreateCopyAppendingPathComponent(
 
 CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
 {
-    Call call("CFBundleCreate", allocator, url);
+    Call call("CFBundleCreate");
+    call.takes(allocator, url);
     if (call.fails())
         return call.returns<CFBundleRef>(nullptr);
     return call.returns(referenceTo<CFBundleRef>(add(std::make_unique<Bundle>(), numbered("bundle"))));
@@ -102,13 +107,15 @@ CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
 
 Boolean CFBundleLoadExecutable(CFBundleRef bundle)
 {
-    Call call("CFBundleLoadExecutable", bundle);
+    Call call("CFBundleLoadExecutable");
+    call.takes(bundle);
     return call.returns<Boolean>(!call.fails());
 }
 
 void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)
 {
-    Call call("CFBundleGetFunctionPointerForName", bundle, name);
+    Call call("CFBundleGetFunctionPointerForName");
+    call.takes(bundle, name);
     void* function = nullptr;
     if (!call.fails() && name == CFSTR("AuthorizationCreate"))
         function = reinterpret_cast<void*>(authorizationCreate);

@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "tests/double/State.h"
-
 namespace ToolboxDouble {
 
 namespace {
@@ -70,11 +68,11 @@ std::string nameOf(const void* reference)
     return object->alive ? object->name : "dead " + object->name;
 }
 
-void Call::begin(const std::string& function, const std::string& line)
+Call::Call(const char* function)
+    : m_line(state().log.size())
 {
     State& all = state();
-    m_line = all.log.size();
-    all.log.push_back(std::string(2 * all.depth, ' ') + line);
+    all.log.push_back(std::string(2 * all.depth, ' ') + function);
     ++all.depth;
 
     const int occurrence = ++all.callCounts[function];

@@ -8,6 +8,8 @@
 #include <string>
 #include <type_traits>
 
+#include "tests/double/State.h"
+
 namespace ToolboxDouble {
 
 /// `text` between quotes, bytes that are not printable ASCII as \xE9.
@@ -42,17 +44,18 @@ template <typename T> std::string describe(const T& value)
 /// One call, from its beginning to its end.
 class Call {
 public:
-    template <typename... Arguments> explicit Call(const std::string& function, const Arguments&... arguments)
-    {
-        std::string line = function + "(";
-        const char* separator = "";
-        ((line += separator + describe(arguments), separator = ", "), ...);
-        begin(function, line + ")");
-    }
-
+    explicit Call(const char* function);
     ~Call();
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
+
+    /// Notes what it is called with. A step of its own, so that what describing them takes is the call's.
+    template <typename... Arguments> void takes(const Arguments&... arguments)
+    {
+        const char* separator = "(";
+        ((append(separator + describe(arguments)), separator = ", "), ...);
+        append(")");
+    }
 
     /// Whether a test wants it to fail.
     bool fails() const { return m_fails; }
@@ -78,10 +81,10 @@ public:
     }
 
 private:
-    void begin(const std::string& function, const std::string& line);
     void append(const std::string& text);
 
-    std::size_t m_line = 0;
+    const AtWork m_atWork = AtWork(AtWork::Double);
+    const std::size_t m_line;
     bool m_fails = false;
     long m_failure = 0;
     bool m_gives = false;

@@ -69,7 +69,8 @@ const CFAllocatorRef kCFAllocatorSystemDefault = reinterpret_cast<CFAllocatorRef
 
 void CFRelease(CFTypeRef object)
 {
-    Call call("CFRelease", object);
+    Call call("CFRelease");
+    call.takes(object);
     CFObject* const released = find<CFObject>(object);
     if (released == nullptr || !released->alive || released->references == 0)
         return;
@@ -81,13 +82,15 @@ void CFRelease(CFTypeRef object)
 
 Boolean CFEqual(CFTypeRef first, CFTypeRef second)
 {
-    Call call("CFEqual", first, second);
+    Call call("CFEqual");
+    call.takes(first, second);
     return call.returns<Boolean>(first == second && first != nullptr);
 }
 
 CFStringRef CFStringCreateWithCString(CFAllocatorRef allocator, const char* text, CFStringEncoding encoding)
 {
-    Call call("CFStringCreateWithCString", allocator, quoted(std::string(text)), encoding);
+    Call call("CFStringCreateWithCString");
+    call.takes(allocator, quoted(std::string(text)), encoding);
     if (call.fails())
         return call.returns<CFStringRef>(nullptr);
     StringObject& string = add(std::make_unique<StringObject>(), numbered("string"));
@@ -97,7 +100,8 @@ CFStringRef CFStringCreateWithCString(CFAllocatorRef allocator, const char* text
 
 CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar* units, CFIndex count)
 {
-    Call call("CFStringCreateWithCharacters", allocator, quoted(units, static_cast<std::size_t>(count)), count);
+    Call call("CFStringCreateWithCharacters");
+    call.takes(allocator, quoted(units, static_cast<std::size_t>(count)), count);
     if (call.fails())
         return call.returns<CFStringRef>(nullptr);
     return call.returns(referenceTo<CFStringRef>(add(std::make_unique<StringObject>(), numbered("string"))));
@@ -105,7 +109,8 @@ CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar
 
 ConstStringPtr CFStringGetPascalStringPtr(CFStringRef string, CFStringEncoding encoding)
 {
-    Call call("CFStringGetPascalStringPtr", string, encoding);
+    Call call("CFStringGetPascalStringPtr");
+    call.takes(string, encoding);
     const StringObject* const found = find<StringObject>(string);
     const bool answers = !call.fails() && found != nullptr && found->alive && !found->pascal.empty();
     const ConstStringPtr bytes = answers ? found->pascal.data() : nullptr;
@@ -115,6 +120,7 @@ ConstStringPtr CFStringGetPascalStringPtr(CFStringRef string, CFStringEncoding e
 
 CFStringRef __CFStringMakeConstantString(const char* text)
 {
+    const AtWork own(AtWork::Double);
     const std::string name = quoted(std::string(text));
     for (const auto& object : state().objects) {
         if (object->name == name)
@@ -131,13 +137,19 @@ CFUUIDRef CFUUIDGetConstantUUIDWithBytes(CFAllocatorRef allocator, UInt8 byte0, 
 {
     const CFUUIDBytes bytes = {byte0, byte1, byte2, byte3, byte4, byte5, byte6, byte7, byte8, byte9, byte10, byte11,
         byte12, byte13, byte14, byte15};
-    Call call("CFUUIDGetConstantUUIDWithBytes", allocator, textForm(bytes));
+    Call call("CFUUIDGetConstantUUIDWithBytes");
+    call.takes(allocator, textForm(bytes));
     return referenceTo<CFUUIDRef>(uniqueUUID(bytes));
 }
 
 CFUUIDRef CFUUIDCreateFromUUIDBytes(CFAllocatorRef allocator, CFUUIDBytes bytes)
 {
-    Call call("CFUUIDCreateFromUUIDBytes", allocator, textForm(bytes));
+    Call call("CFUUIDCreateFromUUIDBytes");
+    call.takes(allocator, textForm(bytes));
+    if (call.fails()) {
+        call.returns(nullptr);
+        return nullptr;
+    }
     UUIDObject& uuid = uniqueUUID(bytes);
     ++uuid.references;
     return referenceTo<CFUUIDRef>(uuid);
@@ -145,5 +157,6 @@ CFUUIDRef CFUUIDCreateFromUUIDBytes(CFAllocatorRef allocator, CFUUIDBytes bytes)
 
 void CFPlugInRemoveInstanceForFactory(CFUUIDRef factory)
 {
-    Call call("CFPlugInRemoveInstanceForFactory", factory);
+    Call call("CFPlugInRemoveInstanceForFactory");
+    call.takes(factory);
 }

@@ -41,6 +41,12 @@ std::string describeTypes(UInt32 count, const EventTypeSpec* types)
     return '{' + text + '}';
 }
 
+OSStatus callHandler(const Handler& handler, EventRef event, void* userData)
+{
+    const AtWork theirs(AtWork::Caller);
+    return handler.procedure(nullptr, event, userData);
+}
+
 void sendEvent(const Act& act, const Handler& handler)
 {
     EventObject& event = add(std::make_unique<EventObject>(), numbered("event"));
@@ -51,8 +57,9 @@ void sendEvent(const Act& act, const Handler& handler)
     event.command.commandID = act.command;
 
     const bool hasUserData = act.kind != Act::Kind::CommandWithoutUserData;
-    Call call("handler", fourCharCode(act.eventClass), act.eventKind, fourCharCode(act.command), given(hasUserData));
-    call.returns(handler.procedure(nullptr, referenceTo<EventRef>(event), hasUserData ? handler.userData : nullptr));
+    Call call("handler");
+    call.takes(fourCharCode(act.eventClass), act.eventKind, fourCharCode(act.command), given(hasUserData));
+    call.returns(callHandler(handler, referenceTo<EventRef>(event), hasUserData ? handler.userData : nullptr));
 }
 
 void perform(const Act& act, Window& window)
@@ -71,14 +78,22 @@ void perform(const Act& act, Window& window)
 
 EventTargetRef GetWindowEventTarget(WindowRef reference)
 {
-    Call call("GetWindowEventTarget", reference);
+    Call call("GetWindowEventTarget");
+    call.takes(reference);
+    if (call.fails())
+        return call.returns<EventTargetRef>(nullptr);
     const Window* const window = find<Window>(reference);
     return call.returns(window != nullptr ? referenceTo<EventTargetRef>(*window->target) : nullptr);
 }
 
 EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure)
 {
-    Call call("NewEventHandlerUPP", given(procedure != nullptr));
+    Call call("NewEventHandlerUPP");
+    call.takes(given(procedure != nullptr));
+    if (call.fails()) {
+        call.returns(nullptr);
+        return nullptr;
+    }
     ProcedurePointer& made = add(std::make_unique<ProcedurePointer>(), numbered("upp"), procedureReference());
     made.procedure = procedure;
     call.returns(made.reference);
@@ -87,7 +102,8 @@ EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure)
 
 void DisposeEventHandlerUPP(EventHandlerUPP upp)
 {
-    Call call("DisposeEventHandlerUPP", reinterpret_cast<const void*>(upp));
+    Call call("DisposeEventHandlerUPP");
+    call.takes(reinterpret_cast<const void*>(upp));
     ProcedurePointer* const found = find<ProcedurePointer>(reinterpret_cast<const void*>(upp));
     if (found != nullptr)
         found->alive = false;
@@ -96,10 +112,13 @@ void DisposeEventHandlerUPP(EventHandlerUPP upp)
 OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UInt32 count, const EventTypeSpec* types,
     void* userData, EventHandlerRef* installed)
 {
-    Call call("InstallEventHandler", target, reinterpret_cast<const void*>(handler), count, describeTypes(count, types),
+    Call call("InstallEventHandler");
+    call.takes(target, reinterpret_cast<const void*>(handler), count, describeTypes(count, types),
         given(userData != nullptr), given(installed != nullptr));
     if (call.fails())
         return call.returnsStatus(call.failure());
+    if (handler == nullptr)
+        return call.returnsStatus(paramErr);
     for (const auto& object : state().objects) {
         Window* const window = dynamic_cast<Window*>(object.get());
         if (window == nullptr || window->target->reference != target)
@@ -115,7 +134,8 @@ OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UIn
 
 UInt32 GetEventClass(EventRef event)
 {
-    Call call("GetEventClass", event);
+    Call call("GetEventClass");
+    call.takes(event);
     const UInt32 eventClass = find<EventObject>(event)->eventClass;
     call.returns(fourCharCode(eventClass));
     return eventClass;
@@ -123,14 +143,16 @@ UInt32 GetEventClass(EventRef event)
 
 UInt32 GetEventKind(EventRef event)
 {
-    Call call("GetEventKind", event);
+    Call call("GetEventKind");
+    call.takes(event);
     return call.returns(find<EventObject>(event)->eventKind);
 }
 
 OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type, EventParamType* actualType,
     UInt32 size, UInt32* actualSize, void* data)
 {
-    Call call("GetEventParameter", event, fourCharCode(name), fourCharCode(type), given(actualType != nullptr), size,
+    Call call("GetEventParameter");
+    call.takes(event, fourCharCode(name), fourCharCode(type), given(actualType != nullptr), size,
         given(actualSize != nullptr));
     if (call.fails())
         return call.returnsStatus(call.failure());
@@ -143,7 +165,8 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
 
 OSStatus RunAppModalLoopForWindow(WindowRef reference)
 {
-    Call call("RunAppModalLoopForWindow", reference);
+    Call call("RunAppModalLoopForWindow");
+    call.takes(reference);
     if (call.fails())
         return call.returnsStatus(call.failure());
     Window* const window = find<Window>(reference);
@@ -160,7 +183,8 @@ OSStatus RunAppModalLoopForWindow(WindowRef reference)
 
 OSStatus QuitAppModalLoopForWindow(WindowRef reference)
 {
-    Call call("QuitAppModalLoopForWindow", reference);
+    Call call("QuitAppModalLoopForWindow");
+    call.takes(reference);
     if (call.fails())
         return call.returnsStatus(call.failure());
     Window* const window = find<Window>(reference);

@@ -66,7 +66,8 @@ void setLocked(Handle handle, bool locked)
 
 Ptr NewPtr(Size size)
 {
-    Call call("NewPtr", size);
+    Call call("NewPtr");
+    call.takes(size);
     if (call.fails())
         return call.returns<Ptr>(nullptr);
     auto block = std::make_unique<Block>();
@@ -78,7 +79,10 @@ Ptr NewPtr(Size size)
 
 void DisposePtr(Ptr block)
 {
-    Call call("DisposePtr", block);
+    Call call("DisposePtr");
+    call.takes(block);
+    if (call.fails())
+        return;
     Block* const found = find<Block>(block);
     if (found != nullptr)
         found->alive = false;
@@ -86,33 +90,44 @@ void DisposePtr(Ptr block)
 
 void HLock(Handle handle)
 {
-    Call call("HLock", handle);
+    Call call("HLock");
+    call.takes(handle);
+    if (call.fails())
+        return;
     setLocked(handle, true);
 }
 
 void HUnlock(Handle handle)
 {
-    Call call("HUnlock", handle);
+    Call call("HUnlock");
+    call.takes(handle);
+    if (call.fails())
+        return;
     setLocked(handle, false);
 }
 
 void BlockMoveData(const void* source, void* destination, Size count)
 {
-    Call call("BlockMoveData", place(source), count);
+    Call call("BlockMoveData");
+    call.takes(place(source), count);
     std::memmove(destination, source, static_cast<std::size_t>(count));
     call.gives(hexadecimal(destination, count));
 }
 
 Boolean BitTst(const void* bytes, long bit)
 {
-    Call call("BitTst", hexadecimal(bytes, bit / 8 + 1), bit);
+    Call call("BitTst");
+    call.takes(hexadecimal(bytes, bit / 8 + 1), bit);
     const UInt8 byte = static_cast<const UInt8*>(bytes)[bit / 8];
     return call.returns<Boolean>((byte & 0x80 >> bit % 8) != 0);
 }
 
 Handle GetResource(ResType type, SInt16 id)
 {
-    Call call("GetResource", fourCharCode(type), id);
+    Call call("GetResource");
+    call.takes(fourCharCode(type), id);
+    if (call.fails())
+        return call.returns<Handle>(nullptr);
     for (const ResourceData& resource : state().resources) {
         if (resource.type != type || resource.id != id)
             continue;
@@ -129,7 +144,10 @@ Handle GetResource(ResType type, SInt16 id)
 
 void ReleaseResource(Handle resource)
 {
-    Call call("ReleaseResource", resource);
+    Call call("ReleaseResource");
+    call.takes(resource);
+    if (call.fails())
+        return;
     ResourceHandle* const found = find<ResourceHandle>(resource);
     if (found != nullptr)
         found->alive = false;

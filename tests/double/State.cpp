@@ -41,6 +41,11 @@ std::string LeftBehind()
     return lines;
 }
 
+bool IsAtWork()
+{
+    return state().atWork;
+}
+
 SInt32 ItemShown()
 {
     return state().itemShown;

@@ -52,6 +52,7 @@ struct ResourceData {
 struct State {
     std::vector<std::string> log;
     std::size_t depth = 0;  // of calls inside calls
+    bool atWork = false;
     std::map<std::string, int> callCounts;
     std::vector<FailingCall> failingCalls;
 
@@ -67,6 +68,25 @@ struct State {
 };
 
 State& state();
+
+/// Says, for as long as it lives, who is at work: the double, or somebody whom it calls.
+class AtWork {
+public:
+    enum Who { Double, Caller };
+
+    explicit AtWork(Who who)
+        : m_before(state().atWork)
+    {
+        state().atWork = who == Double;
+    }
+
+    ~AtWork() { state().atWork = m_before; }
+    AtWork(const AtWork&) = delete;
+    AtWork& operator=(const AtWork&) = delete;
+
+private:
+    const bool m_before;
+};
 
 /// Takes over `object` under `name`; a reference to it is `reference`, or else its address.
 template <typename T> T& add(std::unique_ptr<T> object, const std::string& name, const void* reference = nullptr)

@@ -35,6 +35,9 @@ void ClearLog();
 /// What somebody would still have to release or dispose of, in the order in which it was made: "nib1\nwindow1 shown\n".
 std::string LeftBehind();
 
+/// Whether one of the double's functions is being called, and no handler from inside it: whose allocations are made.
+bool IsAtWork();
+
 /// The item that the pop-up showed when the modal loop began; 0 if none began.
 SInt32 ItemShown();
 
@@ -45,6 +48,7 @@ const int EVERY_CALL = 0;
 
 /// Makes a call of `function` fail: the first for 1, or EVERY_CALL. It has no effect then and returns `result`; what
 /// returns a pointer or a Boolean gives null or false. A `result` of 0 is a success that has brought about nothing.
+/// Functions that have no way to fail on the platform do not fail.
 void FailCall(const std::string& function, long result = 0, int occurrence = EVERY_CALL);
 
 // ---- What the platform holds

@@ -34,7 +34,8 @@ void setShown(WindowRef reference, bool shown)
 
 OSStatus CreateNibReference(CFStringRef name, IBNibRef* nib)
 {
-    Call call("CreateNibReference", name);
+    Call call("CreateNibReference");
+    call.takes(name);
     if (call.fails()) {
         *nib = wrongReference<IBNibRef>();
         return call.returnsStatus(call.failure());
@@ -47,7 +48,8 @@ OSStatus CreateNibReference(CFStringRef name, IBNibRef* nib)
 
 OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window)
 {
-    Call call("CreateWindowFromNib", nib, name);
+    Call call("CreateWindowFromNib");
+    call.takes(nib, name);
     if (call.fails()) {
         *window = call.failure() == noErr ? nullptr : wrongReference<WindowRef>();
         return call.returnsStatus(call.failure());
@@ -60,7 +62,8 @@ OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window)
 
 void DisposeNibReference(IBNibRef nib)
 {
-    Call call("DisposeNibReference", nib);
+    Call call("DisposeNibReference");
+    call.takes(nib);
     Nib* const found = find<Nib>(nib);
     if (found != nullptr)
         found->alive = false;
@@ -68,19 +71,22 @@ void DisposeNibReference(IBNibRef nib)
 
 void ShowWindow(WindowRef window)
 {
-    Call call("ShowWindow", window);
+    Call call("ShowWindow");
+    call.takes(window);
     setShown(window, true);
 }
 
 void HideWindow(WindowRef window)
 {
-    Call call("HideWindow", window);
+    Call call("HideWindow");
+    call.takes(window);
     setShown(window, false);
 }
 
 void DisposeWindow(WindowRef reference)
 {
-    Call call("DisposeWindow", reference);
+    Call call("DisposeWindow");
+    call.takes(reference);
     Window* const window = find<Window>(reference);
     if (window == nullptr)
         return;
@@ -93,7 +99,8 @@ void DisposeWindow(WindowRef reference)
 
 OSStatus GetControlByID(WindowRef reference, const ControlID* id, ControlRef* control)
 {
-    Call call("GetControlByID", reference, fourCharCode(id->signature), id->id);
+    Call call("GetControlByID");
+    call.takes(reference, fourCharCode(id->signature), id->id);
     Window* const window = find<Window>(reference);
     *control = wrongReference<ControlRef>();
     if (call.fails())
@@ -108,14 +115,18 @@ OSStatus GetControlByID(WindowRef reference, const ControlID* id, ControlRef* co
 
 SInt32 GetControl32BitValue(ControlRef reference)
 {
-    Call call("GetControl32BitValue", reference);
+    Call call("GetControl32BitValue");
+    call.takes(reference);
+    if (call.fails())
+        return call.returns(static_cast<SInt32>(call.failure()));
     const Control* const control = find<Control>(reference);
     return call.returns(control != nullptr ? control->value : 0);
 }
 
 void SetControl32BitValue(ControlRef reference, SInt32 value)
 {
-    Call call("SetControl32BitValue", reference, value);
+    Call call("SetControl32BitValue");
+    call.takes(reference, value);
     Control* const control = find<Control>(reference);
     if (control != nullptr)
         control->value = value;

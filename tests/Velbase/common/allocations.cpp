@@ -8,6 +8,7 @@ const std::size_t MAX_RECORDED = 4096;
 
 long liveBlocks = 0;
 bool isRecording = false;
+bool (*isExempt)() = nullptr;
 int refusedNumber = -1;
 int asked = 0;
 bool hasRefused = false;
@@ -18,7 +19,7 @@ std::size_t sizes[MAX_RECORDED];
 
 void* operator new(std::size_t size)
 {
-    if (isRecording) {
+    if (isRecording && (isExempt == nullptr || !isExempt())) {
         if (asked++ == refusedNumber) {
             hasRefused = true;
             throw std::bad_alloc();
@@ -66,6 +67,11 @@ namespace allocations {
 long live()
 {
     return liveBlocks;
+}
+
+void exempt(bool (*condition)())
+{
+    isExempt = condition;
 }
 
 void start(int refused)

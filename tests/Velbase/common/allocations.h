@@ -15,6 +15,9 @@ namespace allocations {
 /// The blocks handed out and not yet given back since the program began.
 long live();
 
+/// Allocations that are made while `condition` holds are neither recorded nor refused: those of a test double, say.
+void exempt(bool (*condition)());
+
 /// From now on the sizes of what is handed out are recorded, and the allocation number `refused`, counted from 0,
 /// fails. A negative number refuses none.
 void start(int refused);
