@@ -60,8 +60,8 @@ configure() {
     output=$(cmake --preset "$preset" "$@" 2>&1) || { say "$output"; return 1; }
 }
 
-# build PRESET [TARGET]: says nothing when there is nothing to do.
+# build PRESET [TARGET...]: says nothing when there is nothing to do.
 build() {
-    local arguments=(--preset "$1" ${2:+--target "$2"})
+    local arguments=(--preset "$1" ${2:+--target "${@:2}"})
     [[ $(cmake --build "${arguments[@]}" -- -n) == *"no work to do"* ]] || cmake --build "${arguments[@]}" >&2
 }
