@@ -47,9 +47,10 @@ void useTerminal()
 
 }  // namespace
 
-void chooseDisplay(const Options& options)
+DisplayKind chooseDisplay(const Options& options)
 {
-    switch (displayFor(options)) {
+    const DisplayKind kind = displayFor(options);
+    switch (kind) {
     case DisplayKind::Window:
         useWindow();
         break;
@@ -62,6 +63,7 @@ void chooseDisplay(const Options& options)
     }
     if (options.picture)
         Toolbox::SavePicture(*options.picture);
+    return kind;
 }
 
 }  // namespace Host

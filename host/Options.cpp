@@ -28,6 +28,8 @@ Exit status:
       of no use; also when the picture or the record could not be saved
   3   the external set its error flag, or showed an alert and chose nothing
   4   the external could not be loaded
+  5   the call did not return: the screen went away, or the external ended the
+      process; the record was not saved
 )";
 
 Problem wrongUsage(const std::string& line)

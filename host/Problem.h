@@ -15,6 +15,7 @@ enum class ExitStatus {
     NotDone = 2,          // wrong usage, or a file, a display or an answer that is of no use
     Refused = 3,          // the external set its error flag, or showed an alert and wrote no language
     PlugInNotLoaded = 4,  // no call was made
+    NotReturned = 5,      // the process was ended from inside the call
 };
 
 /// Thrown by whatever cannot go on; main prints it and ends. The text is one line that says what was tried and what is

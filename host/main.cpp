@@ -1,6 +1,7 @@
 // visex-host: stands in for the installer. Loads an external, calls it once, and says what it answered.
 
 #include "host/Application.h"
+#include "host/CallGuard.h"
 #include "host/Display.h"
 #include "host/Environment.h"
 #include "host/ExternalCall.h"
@@ -76,9 +77,12 @@ ExitStatus callWith(const Options& options)
     if (options.requireAdmin)
         application.requireAdministrator();
     PlugIn plugIn(options.plugIn ? std::filesystem::path(*options.plugIn) : application.builtInPlugIn());
-    chooseDisplay(options);
+    const DisplayKind display = chooseDisplay(options);
 
-    const Report report = callExternal(plugIn, record, options.trace);
+    const Report report = [&] {
+        const CallGuard guard(display);
+        return callExternal(plugIn, record, options.trace);
+    }();
     const bool noProblem = tellProblems(options);
     const bool printed = print(options.json ? inJson(report) : inWords(report));
     if (options.writeRecord)

@@ -55,6 +55,34 @@ class StandardStreams(HostTest):
                 self.assertEqual(process.returncode, NOT_DONE)
         os.close(writer)
 
+    def test_readers_that_have_gone_do_not_lose_the_record(self):
+        # In the last two ways there is nobody to tell.
+        reader, writer = os.pipe()
+        os.close(reader)
+        after = self.folder / "after"
+        command = [HOST, "--display", "unattended", "--current", "german", "--write-record", after]
+        for streams in ({"stdout": writer}, {"stdout": writer, "stderr": writer},
+                        {"stdout": writer, "stderr": subprocess.DEVNULL}):
+            for options in ([], ["--json"], ["--trace"]):
+                with self.subTest(streams=streams, options=options):
+                    process = subprocess.run([*command, *options], env=environment(), timeout=TIMEOUT,
+                                             **{"stderr": subprocess.PIPE, **streams})
+                    self.assertEqual(process.returncode, NOT_DONE, "and no signal")
+                    self.assertEqual(after.read_bytes(), record(current=GERMAN, chosen=GERMAN))
+                    after.unlink()
+        os.close(writer)
+
+    def test_a_reader_of_the_errors_that_has_gone_changes_nothing(self):
+        reader, writer = os.pipe()
+        os.close(reader)
+        for options in ([], ["--trace"], ["--answer", "german", "--answer", "ok"]):
+            with self.subTest(options):
+                process = subprocess.run([HOST, "--display", "unattended", *options], env=environment(), timeout=TIMEOUT,
+                                         stdout=subprocess.PIPE, stderr=writer)
+                self.assertEqual(process.returncode, CHOSE)
+                self.assertIn(b"was written to the record.", process.stdout)
+        os.close(writer)
+
     def test_closed_streams_are_not_taken_for_files(self):
         # The shell closes the streams; the record, which is opened first, must not take their place.
         after = self.folder / "after"

@@ -140,6 +140,10 @@ class XServer:
         self.process.terminate()
         self.process.wait(TIMEOUT)
 
+    def break_down(self):
+        self.process.kill()
+        self.process.wait(TIMEOUT)
+
 
 class InAWindow(HostTest):
     @classmethod
@@ -193,6 +197,32 @@ class InAWindow(HostTest):
         outcome = self.press("Return", arguments=["--picture", picture])
         self.assertEqual(outcome.status, CHOSE)
         self.assertTrue(picture.read_bytes().startswith(b"\x89PNG"))
+
+
+class OnAScreenThatGoesAway(HostTest):
+    def break_down(self, title, *arguments):
+        """Runs the host until the window of this title is there, ends the X server, and returns the Outcome."""
+        server = XServer()
+        self.addCleanup(server.close)
+        with subprocess.Popen([HOST, *arguments], env=environment(DISPLAY=server.display), stdin=subprocess.DEVNULL,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+            try:
+                server.window(title)
+                server.break_down()
+                output, errors = process.communicate(timeout=TIMEOUT)
+            finally:
+                process.kill()
+        return Outcome(process.returncode, output.decode(), errors.decode())
+
+    def test_the_call_does_not_return_and_the_record_stays(self):
+        for title, message in ((WINDOW_TITLE, 1000), ("^Stop$", 999)):
+            with self.subTest(title):
+                before = record(message=message, current=GERMAN, chosen=FRENCH, filler=0x5A)
+                file = self.file("record", before)
+                outcome = self.break_down(title, "--record", file, "--write-record", file)
+                self.assert_fails(outcome, NOT_RETURNED, "the call did not return: the screen went away")
+                self.assertEqual(file.read_bytes(), before)
+                self.assertEqual(list(self.folder.iterdir()), [file])
 
 
 class WithoutAScreen(HostTest):

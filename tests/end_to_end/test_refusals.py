@@ -142,6 +142,20 @@ class BadFramework(HostTest):
     def test_an_executable_that_is_none(self):
         self.assert_stops(lambda folder: (folder / "Security.framework/Security").write_bytes(b"\x7fELF or not"))
 
+    def test_an_executable_without_one_of_the_functions(self):
+        for lacking in ("create", "copy_rights"):
+            with self.subTest(lacking):
+                code = BUILD / f"tests/end_to_end/libsecurity_without_{lacking}.so"
+                self.assert_stops(lambda folder: shutil.copy(code, folder / "Security.framework/Security"))
+                shutil.rmtree(self.folder / "bin")
+                shutil.rmtree(self.folder / "lib")
+
+    def test_an_executable_with_both_passes(self):
+        # What the two others lack is all that stops them: they grant whatever they are asked for.
+        code = BUILD / "tests/end_to_end/libsecurity_with_both.so"
+        host = self.host_with(lambda folder: shutil.copy(code, folder / "Security.framework/Security"))
+        self.assertEqual(unattended("--app", DEMO, "--require-admin", host=host).status, CHOSE)
+
     def test_a_property_list_that_is_none(self):
         # Nothing in it is needed to find the executable, so the answer is as with a good one.
         host = self.host_with(lambda folder: [each.write_bytes(b"<plist") for each in folder.rglob("Info.plist")])

@@ -23,7 +23,7 @@ NAMES = {0: "English", 1: "French", 2: "German", 3: "Italian", 6: "Spanish", 11:
 RECORD_SIZE = 614
 MESSAGE, FLAGS, CHOSEN, CURRENT = slice(0, 2), slice(8, 12), slice(582, 584), slice(610, 614)
 
-CHOSE, NOTHING_CHOSEN, NOT_DONE, REFUSED, NOT_LOADED = 0, 1, 2, 3, 4
+CHOSE, NOTHING_CHOSEN, NOT_DONE, REFUSED, NOT_LOADED, NOT_RETURNED = 0, 1, 2, 3, 4, 5
 
 # Long enough for a slow machine under the sanitizers; what takes this long hangs.
 TIMEOUT = 60

@@ -105,7 +105,8 @@ TEST(Options, HelpNamesThemAll)
     const std::string help = std::get<std::string>(parseOptions({"--help"}));
     for (const char* const name : {"--message N", "--current LANG", "--display KIND", "--answer ANSWER", "--app DIR",
              "--resources FILE", "--require-admin", "--record FILE", "--write-record FILE", "--picture FILE", "--json",
-             "--trace", "--help", "--version", "BUNDLE", "Exit status"})
+             "--trace", "--help", "--version", "BUNDLE", "Exit status", "\n  0 ", "\n  1 ", "\n  2 ", "\n  3 ",
+             "\n  4 ", "\n  5   the call did not return"})
         EXPECT_NE(help.find(name), std::string::npos) << name;
 }
 

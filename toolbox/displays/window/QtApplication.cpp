@@ -18,29 +18,33 @@ void sayOnlyTheWorst(QtMsgType type, const QMessageLogContext&, const QString& t
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
-// Qt sets the process's locale to the user's, which would change how everybody else's numbers are read, and complains
-// where that is not UTF-8, of which nobody here takes notice. While this lives it may; then all is as before.
+// Qt sets the process's locale to the user's, which would change how everybody else's numbers are read. While this
+// lives it may; then all is as before.
 class KeptLocale {
 public:
     KeptLocale()
         : m_locale(std::setlocale(LC_ALL, nullptr))
-        , m_handler(qInstallMessageHandler(sayOnlyTheWorst))
     {
     }
-    ~KeptLocale()
-    {
-        qInstallMessageHandler(m_handler);
-        std::setlocale(LC_ALL, m_locale.c_str());
-    }
+    ~KeptLocale() { std::setlocale(LC_ALL, m_locale.c_str()); }
     KeptLocale(const KeptLocale&) = delete;
     KeptLocale& operator=(const KeptLocale&) = delete;
 
 private:
     const std::string m_locale;
-    const QtMessageHandler m_handler;
 };
 
 }  // namespace
+
+QuietQt::QuietQt()
+    : m_handler(qInstallMessageHandler(sayOnlyTheWorst))
+{
+}
+
+QuietQt::~QuietQt()
+{
+    qInstallMessageHandler(m_handler);
+}
 
 QtApplication::QtApplication(const QByteArray& platform)
     : m_platform(platform)
@@ -49,6 +53,7 @@ QtApplication::QtApplication(const QByteArray& platform)
 {
     if (QCoreApplication::instance() != nullptr)
         return;
+    m_quiet.emplace();
     const KeptLocale kept;
     m_own = std::make_unique<QApplication>(m_argumentCount, m_arguments);
     m_own->setQuitOnLastWindowClosed(false);  // the end of a dialog is none of the program

@@ -1,0 +1,22 @@
+// Calls that do not return, because something in them ends the process: Qt does when the screen goes away.
+
+#ifndef HOST_CALLGUARD_H
+#define HOST_CALLGUARD_H
+
+#include "host/Options.h"
+
+namespace Host {
+
+/// While one lives, whoever calls exit ends the process with ExitStatus::NotReturned and one line on standard error,
+/// which tells what that means on the display `kind`. Nothing else is done any more. One at a time.
+class CallGuard {
+public:
+    explicit CallGuard(DisplayKind kind);
+    ~CallGuard();
+    CallGuard(const CallGuard&) = delete;
+    CallGuard& operator=(const CallGuard&) = delete;
+};
+
+}  // namespace Host
+
+#endif

@@ -1,0 +1,196 @@
+// What goes wrong between two calls that the external makes of the real toolbox, and what a call that failed has left
+// behind: nothing may touch that again.
+
+#include "host/Application.h"
+#include "host/PlugIn.h"
+#include "host/Record.h"
+#include "tests/host/TemporaryFolder.h"
+
+#include <Carbon/CarbonEvents.h>
+#include <Toolbox/Displays.h>
+#include <Toolbox/LiveObjects.h>
+#include <Toolbox/Trace.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace Host;
+using Toolbox::Answer;
+
+namespace fs = std::filesystem;
+
+const std::uint16_t UNTOUCHED = 0xBEEF;
+const std::uint16_t GERMAN = 2;
+const std::vector<Answer> CHOOSE_GERMAN = {{Answer::Kind::Item, 3}, {Answer::Kind::Command, kHICommandOK}};
+
+// An application of the test's own, whose nib it may spoil.
+class Faults : public testing::Test {
+protected:
+    Faults()
+        : app(folder / "Application.app")
+        , nib(app / "Contents/Resources/LanguageSelector.nib")
+    {
+        fs::copy(DEMO_APPLICATION_FOLDER, app, fs::copy_options::recursive);
+        application.emplace(app, std::nullopt);
+        plugIn.emplace(application->builtInPlugIn());
+    }
+
+    ~Faults() override { Toolbox::SetTrace(nullptr); }
+
+    // The chosen language after one call, UNTOUCHED if none was.
+    std::uint16_t call(const std::vector<Answer>& answers)
+    {
+        Toolbox::UseUnattendedDisplay(answers);
+        Record record;
+        record.block().message = MESSAGE_SELECT_LANGUAGE;
+        record.block().chosenLanguage = UNTOUCHED;
+        plugIn->call(record.block());
+        return record.block().chosenLanguage;
+    }
+
+    // Does `action` when the external's next call of `function` returns.
+    static void after(const std::string& function, const std::function<void()>& action)
+    {
+        Toolbox::SetTrace([function, action](const std::string& line) {
+            if (line.rfind(function + "(", 0) == 0)
+                action();
+        });
+    }
+
+    // Takes the command `command` from every control of the nib.
+    void takeFromNib(const std::string& command) const
+    {
+        std::string objects = contents(nib / "objects.xib");
+        const std::string element = "<ostype name=\"command\">" + command;
+        ASSERT_NE(objects.find(element), std::string::npos);
+        objects.replace(objects.find(element), element.size(), "<ostype name=\"command\">none");
+        folder.write((nib / "objects.xib").string(), objects);
+    }
+
+    // The last alert's text.
+    static std::string lastAlert()
+    {
+        const std::vector<Toolbox::ShownAlert> alerts = Toolbox::ShownAlerts();
+        return alerts.empty() ? std::string() : alerts.back().text;
+    }
+
+    TemporaryFolder folder;
+    const fs::path app;
+    const fs::path nib;
+    std::optional<Application> application;
+    std::optional<PlugIn> plugIn;
+};
+
+// ---- The nib, between two calls
+
+TEST_F(Faults, NibThatGoesWhenItWasFoundIsDrawnAllTheSame)
+{
+    after("CreateNibReference", [this] { fs::remove_all(nib); });
+    EXPECT_EQ(call(CHOOSE_GERMAN), GERMAN);
+    EXPECT_FALSE(fs::exists(nib));
+    EXPECT_TRUE(Toolbox::ShownAlerts().empty());
+
+    EXPECT_EQ(call(CHOOSE_GERMAN), UNTOUCHED) << "it is looked for at every call";
+    EXPECT_EQ(lastAlert(), "Can't find Nib Reference");
+}
+
+TEST_F(Faults, NibThatIsSpoiledWhenItWasFoundIsDrawnAsItWas)
+{
+    after("CreateNibReference", [this] { folder.write((nib / "objects.xib").string(), "<object"); });
+    EXPECT_EQ(call(CHOOSE_GERMAN), GERMAN);
+    EXPECT_EQ(call(CHOOSE_GERMAN), UNTOUCHED);
+    EXPECT_EQ(lastAlert(), "Can't create windows from Nib");
+}
+
+TEST_F(Faults, NibThatGoesBeforeItIsLookedForIsMissed)
+{
+    after("GetResource", [this] { fs::remove_all(nib); });
+    EXPECT_EQ(call(CHOOSE_GERMAN), UNTOUCHED);
+    EXPECT_EQ(lastAlert(), "Can't find Nib Reference");
+}
+
+TEST_F(Faults, ApplicationThatGoesWhenTheWindowIsMadeIsNoLongerNeeded)
+{
+    after("CreateWindowFromNib", [this] { fs::remove_all(app); });
+    EXPECT_EQ(call(CHOOSE_GERMAN), GERMAN);
+}
+
+// ---- What a failed modal loop leaves behind
+
+// What is alive, without the constants, which come into being once and stay.
+std::map<std::string, std::size_t> mortalObjects()
+{
+    std::map<std::string, std::size_t> alive = Toolbox::CountLiveObjects();
+    alive.erase("Core Foundation constant");
+    return alive;
+}
+
+class FailedModalLoop : public Faults {
+protected:
+    // How often the external's handlers were called in one call of the main entry.
+    int handlerCalls(const std::vector<Answer>& answers)
+    {
+        int calls = 0;
+        after("GetEventClass", [&calls] { ++calls; });
+        call(answers);
+        Toolbox::SetTrace(nullptr);
+        return calls;
+    }
+
+    // Calls the external with a dialog that nothing can end.
+    void failOnce()
+    {
+        const std::string objects = contents(nib / "objects.xib");
+        takeFromNib("ok  ");
+        takeFromNib("not!");
+        EXPECT_EQ(call({}), UNTOUCHED);
+        EXPECT_EQ(lastAlert(), "Can't run modal loop for window");
+        folder.write((nib / "objects.xib").string(), objects);
+    }
+};
+
+// The handler that is left has its state on a stack that is gone. The address sanitizer sees whoever looks there.
+TEST_F(FailedModalLoop, LeavesAHandlerThatNobodyCallsAgain)
+{
+    const int calls = handlerCalls(CHOOSE_GERMAN);
+    EXPECT_GT(calls, 0);
+    for (int times = 1; times <= 3; ++times) {
+        failOnce();
+        EXPECT_EQ(handlerCalls(CHOOSE_GERMAN), calls) << "after " << times << " failed calls";
+        EXPECT_EQ(handlerCalls({{Answer::Kind::Command, kHICommandCancel}}), 1);
+        EXPECT_EQ(call(CHOOSE_GERMAN), GERMAN);
+    }
+}
+
+TEST_F(FailedModalLoop, LeavesTheWindowWithItsHandlerEachTimeAndNothingElse)
+{
+    call(CHOOSE_GERMAN);
+    const std::map<std::string, std::size_t> before = mortalObjects();
+    failOnce();
+    const std::map<std::string, std::size_t> once = mortalObjects();
+    failOnce();
+    const std::map<std::string, std::size_t> twice = mortalObjects();
+
+    std::map<std::string, std::size_t> left;
+    for (const auto& [kind, count] : once) {
+        const std::size_t more = count - (before.count(kind) == 0 ? 0 : before.at(kind));
+        if (more != 0)
+            left[kind] = more;
+        EXPECT_EQ(twice.at(kind), count + more) << kind;
+    }
+    EXPECT_EQ(left.count("nib"), 0u);
+    EXPECT_EQ(left.count("Core Foundation object"), 0u);
+    EXPECT_EQ(left["window"], 1u);
+    EXPECT_EQ(left["event handler"], 1u);
+    EXPECT_EQ(twice.size(), once.size());
+}
+
+}  // namespace

@@ -1,0 +1,7 @@
+#include <Security/Authorization.h>
+
+OSStatus AuthorizationCopyRights(AuthorizationRef, const AuthorizationRights*, const AuthorizationEnvironment*,
+    AuthorizationFlags, AuthorizationRights**)
+{
+    return errAuthorizationSuccess;
+}

@@ -1,0 +1,7 @@
+#include <Security/Authorization.h>
+
+OSStatus AuthorizationCreate(
+    const AuthorizationRights*, const AuthorizationEnvironment*, AuthorizationFlags, AuthorizationRef*)
+{
+    return errAuthorizationSuccess;
+}

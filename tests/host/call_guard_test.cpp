@@ -1,0 +1,59 @@
+#include "host/CallGuard.h"
+
+#include "host/Problem.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace {
+
+using namespace Host;
+
+constexpr int NOT_RETURNED = 5;
+static_assert(static_cast<int>(ExitStatus::NotReturned) == NOT_RETURNED, "as it is documented");
+
+// Ends the process from inside a call, as Qt does.
+void endInACall(DisplayKind kind)
+{
+    const CallGuard guard(kind);
+    std::exit(0);
+}
+
+TEST(CallGuardDeath, OnAScreenIsPutDownToTheScreen)
+{
+    EXPECT_EXIT(endInACall(DisplayKind::Window), testing::ExitedWithCode(NOT_RETURNED),
+        "^visex-host: the call did not return: the screen went away\n$");
+}
+
+TEST(CallGuardDeath, ElsewhereIsPutDownToTheExternal)
+{
+    for (const DisplayKind kind : {DisplayKind::Terminal, DisplayKind::Unattended}) {
+        EXPECT_EXIT(endInACall(kind), testing::ExitedWithCode(NOT_RETURNED),
+            "^visex-host: the call did not return: the external ended the process\n$");
+    }
+}
+
+TEST(CallGuardDeath, IsOverWhenTheCallHasReturned)
+{
+    const auto endAfterACall = [] {
+        {
+            const CallGuard guard(DisplayKind::Window);
+        }
+        std::exit(7);
+    };
+    EXPECT_EXIT(endAfterACall(), testing::ExitedWithCode(7), "^$");
+}
+
+TEST(CallGuardDeath, CanComeAgainAfterwards)
+{
+    const auto endInASecondCall = [] {
+        {
+            const CallGuard guard(DisplayKind::Window);
+        }
+        endInACall(DisplayKind::Unattended);
+    };
+    EXPECT_EXIT(endInASecondCall(), testing::ExitedWithCode(NOT_RETURNED), "the external ended the process");
+}
+
+}  // namespace
