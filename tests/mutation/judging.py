@@ -1,0 +1,116 @@
+"""Whether tests notice a mutant: it is built in a copy of the checkout, and the test programs are run on it."""
+
+import os
+import pathlib
+import resource
+import shutil
+import signal
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+WORK = ROOT / "build/mutation"
+
+KILLED, TIMED_OUT, SURVIVED, NOT_COMPILING = "killed", "timed out", "survived", "does not compile"
+
+# A mutant may ask for any amount of memory; the tests themselves stay far below this.
+MOST_MEMORY = 2 << 30
+
+# How long a program may take that ran for so many seconds before the change. Others have the machine too.
+PATIENCE = 10
+SLOWER = 5
+
+
+class Tree:
+    """A copy of the checkout with a build of its own, in which one file at a time is changed."""
+
+    def __init__(self, number):
+        self.sources = WORK / f"tree{number}"
+        self.build = self.sources / "build"
+        self.temporary = WORK / f"temporary{number}"
+        self.changed = None
+        self.seconds = {}
+
+    def prepare(self, programs):
+        """Copies what is new in the checkout, builds the programs and runs them: they have to pass."""
+        listed = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"], cwd=ROOT,
+                                check=True, capture_output=True).stdout.decode()
+        for name in filter(None, listed.split("\0")):
+            self._copy(name)
+
+        # Without assertions, as a release: what is wrong has to be noticed by a test.
+        options = ["-DCMAKE_BUILD_TYPE=", "-DCMAKE_CXX_FLAGS=-O0 -DNDEBUG -w"]
+        if shutil.which("ld.gold"):
+            options += [f"-DCMAKE_{kind}_LINKER_FLAGS=-fuse-ld=gold" for kind in ("EXE", "SHARED", "MODULE")]
+        subprocess.run(["cmake", "-S", self.sources, "-B", self.build, "-G", "Ninja", *options], check=True,
+                       stdout=subprocess.DEVNULL)
+        if not self._make(programs, output=sys.stderr):
+            sys.exit(f"{self.build}: the unchanged sources do not build")
+        for program in programs:
+            start = time.monotonic()
+            if self._run(program, 300) != SURVIVED:
+                sys.exit(f"{self.build / program} fails with the unchanged sources")
+            self.seconds[program] = time.monotonic() - start
+
+    def judge(self, mutant, programs):
+        """The outcome, and which program it was that noticed."""
+        if self.changed != mutant.file:
+            self.restore()
+        self.changed = mutant.file
+        (self.sources / mutant.file).write_text(mutant.text)
+        for program in programs:
+            if not self._make([program]):
+                return NOT_COMPILING, None
+            outcome = self._run(program, PATIENCE + SLOWER * self.seconds[program])
+            if outcome != SURVIVED:
+                return outcome, program
+        return SURVIVED, None
+
+    def restore(self):
+        """Takes the change back."""
+        if self.changed is not None:
+            self._copy(self.changed)
+
+    def _copy(self, name):
+        source, copy = ROOT / name, self.sources / name
+        if not source.is_file():
+            return
+        content = source.read_bytes()
+        if not copy.exists() or copy.read_bytes() != content:
+            copy.parent.mkdir(parents=True, exist_ok=True)
+            copy.write_bytes(content)
+            shutil.copymode(source, copy)
+
+    def _make(self, programs, output=subprocess.DEVNULL):
+        made = subprocess.run(["ninja", "-C", self.build, "-j", "1", *programs], stdout=output, stderr=output)
+        return made.returncode == 0
+
+    def _run(self, program, seconds):
+        shutil.rmtree(self.temporary, ignore_errors=True)
+        self.temporary.mkdir(parents=True)
+        return run([self.build / program, "--gtest_fail_fast", "--gtest_brief=1"], seconds, self.temporary)
+
+
+def run(command, seconds, temporary):
+    """What a mutant is, by how a test program ends that is given so many seconds, and a folder for its files.
+
+    The program's processes are a group of their own, of which nothing is left."""
+    process = subprocess.Popen(
+        command, env={**os.environ, "TMPDIR": str(temporary)}, cwd=temporary, stdin=subprocess.DEVNULL,
+        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit)
+    try:
+        return SURVIVED if process.wait(seconds) == 0 else KILLED
+    except subprocess.TimeoutExpired:
+        return TIMED_OUT
+    finally:
+        try:
+            os.killpg(process.pid, signal.SIGKILL)
+        except ProcessLookupError:
+            pass
+        process.wait()
+
+
+def limit():
+    resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
