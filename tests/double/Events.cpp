@@ -154,13 +154,15 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
     Call call("GetEventParameter");
     call.takes(event, fourCharCode(name), fourCharCode(type), given(actualType != nullptr), size,
         given(actualSize != nullptr));
+    const bool isThere = name == kEventParamDirectObject && type == typeHICommand;
+    if (isThere) {
+        const HICommand& command = find<EventObject>(event)->command;
+        std::memcpy(data, &command, std::min<std::size_t>(size, sizeof command));
+    }
+    // A call that is to fail has filled the buffer too: what is in it then is nobody's business.
     if (call.fails())
         return call.returnsStatus(call.failure());
-    if (name != kEventParamDirectObject || type != typeHICommand)
-        return call.returnsStatus(eventParameterNotFoundErr);
-    const HICommand& command = find<EventObject>(event)->command;
-    std::memcpy(data, &command, std::min<std::size_t>(size, sizeof command));
-    return call.returnsStatus(noErr);
+    return call.returnsStatus(isThere ? OSStatus(noErr) : OSStatus(eventParameterNotFoundErr));
 }
 
 OSStatus RunAppModalLoopForWindow(WindowRef reference)

@@ -13,9 +13,15 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 WORK = ROOT / "build/mutation"
 
 KILLED, TIMED_OUT, SURVIVED, NOT_COMPILING = "killed", "timed out", "survived", "does not compile"
+SANITIZED = "killed by a sanitizer"
+
+# Without assertions, as a release: what is wrong has to be noticed by a test.
+PLAIN = "-O0 -DNDEBUG -w"
+# As the lane of that name has it, assertions included: then reading past the end of something is noticed too.
+SANITIZERS = "-O1 -fsanitize=address,undefined -fno-sanitize-recover=all -w"
 
 # A mutant may ask for any amount of memory; the tests themselves stay far below this.
-MOST_MEMORY = 2 << 30
+MOST_MEBIBYTES = 2048
 
 # How long a program may take that ran for so many seconds before the change. Others have the machine too.
 PATIENCE = 10
@@ -25,10 +31,11 @@ SLOWER = 5
 class Tree:
     """A copy of the checkout with a build of its own, in which one file at a time is changed."""
 
-    def __init__(self, number):
-        self.sources = WORK / f"tree{number}"
+    def __init__(self, name, flags):
+        self.sources = WORK / name
+        self.flags = flags
         self.build = self.sources / "build"
-        self.temporary = WORK / f"temporary{number}"
+        self.temporary = WORK / f"{name}.temporary"
         self.changed = None
         self.seconds = {}
 
@@ -39,8 +46,7 @@ class Tree:
         for name in filter(None, listed.split("\0")):
             self._copy(name)
 
-        # Without assertions, as a release: what is wrong has to be noticed by a test.
-        options = ["-DCMAKE_BUILD_TYPE=", "-DCMAKE_CXX_FLAGS=-O0 -DNDEBUG -w"]
+        options = ["-DCMAKE_BUILD_TYPE=", f"-DCMAKE_CXX_FLAGS={self.flags}"]
         if shutil.which("ld.gold"):
             options += [f"-DCMAKE_{kind}_LINKER_FLAGS=-fuse-ld=gold" for kind in ("EXE", "SHARED", "MODULE")]
         subprocess.run(["cmake", "-S", self.sources, "-B", self.build, "-G", "Ninja", *options], check=True,
@@ -63,6 +69,8 @@ class Tree:
             if not self._make([program]):
                 return NOT_COMPILING, None
             outcome = self._run(program, PATIENCE + SLOWER * self.seconds[program])
+            if outcome == KILLED and self.flags == SANITIZERS:
+                outcome = SANITIZED
             if outcome != SURVIVED:
                 return outcome, program
         return SURVIVED, None
@@ -89,16 +97,23 @@ class Tree:
     def _run(self, program, seconds):
         shutil.rmtree(self.temporary, ignore_errors=True)
         self.temporary.mkdir(parents=True)
-        return run([self.build / program, "--gtest_fail_fast", "--gtest_brief=1"], seconds, self.temporary)
+        variables = {
+            "TMPDIR": str(self.temporary),
+            "ASAN_OPTIONS": f"allocator_may_return_null=1:hard_rss_limit_mb={MOST_MEBIBYTES}",
+            "LSAN_OPTIONS": f"suppressions={self.sources}/tests/leak_suppressions:print_suppressions=0",
+        }
+        command = [self.build / program, "--gtest_fail_fast", "--gtest_brief=1"]
+        # A sanitizer takes more addresses than there is memory.
+        return run(command, seconds, variables, limit if self.flags == PLAIN else without_core)
 
 
-def run(command, seconds, temporary):
-    """What a mutant is, by how a test program ends that is given so many seconds, and a folder for its files.
+def run(command, seconds, variables, prepare=None):
+    """What a mutant is, by how a test program ends that is given so many seconds.
 
     The program's processes are a group of their own, of which nothing is left."""
     process = subprocess.Popen(
-        command, env={**os.environ, "TMPDIR": str(temporary)}, cwd=temporary, stdin=subprocess.DEVNULL,
-        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit)
+        command, env={**os.environ, **variables}, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=prepare)
     try:
         return SURVIVED if process.wait(seconds) == 0 else KILLED
     except subprocess.TimeoutExpired:
@@ -112,5 +127,9 @@ def run(command, seconds, temporary):
 
 
 def limit():
-    resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
+    resource.setrlimit(resource.RLIMIT_AS, (MOST_MEBIBYTES << 20, MOST_MEBIBYTES << 20))
+    without_core()
+
+
+def without_core():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))

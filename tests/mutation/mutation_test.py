@@ -2,7 +2,6 @@
 
 import pathlib
 import sys
-import tempfile
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
@@ -85,8 +84,7 @@ class Tokens(unittest.TestCase):
 
 class Programs(unittest.TestCase):
     def outcome(self, *command, seconds=60):
-        with tempfile.TemporaryDirectory() as folder:
-            return run(command, seconds, folder)
+        return run(command, seconds, {})
 
     def test_that_find_nothing_wrong_let_a_mutant_survive(self):
         self.assertEqual(self.outcome("true"), SURVIVED)
