@@ -46,7 +46,7 @@ class Tree:
         for name in filter(None, listed.split("\0")):
             self._copy(name)
 
-        options = ["-DCMAKE_BUILD_TYPE=", f"-DCMAKE_CXX_FLAGS={self.flags}"]
+        options = ["-DCMAKE_BUILD_TYPE=", f"-DCMAKE_CXX_FLAGS={self.flags}", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"]
         if shutil.which("ld.gold"):
             options += [f"-DCMAKE_{kind}_LINKER_FLAGS=-fuse-ld=gold" for kind in ("EXE", "SHARED", "MODULE")]
         subprocess.run(["cmake", "-S", self.sources, "-B", self.build, "-G", "Ninja", *options], check=True,
