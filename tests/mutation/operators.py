@@ -155,7 +155,7 @@ def characters(code):
 
 
 def conditions(code):
-    """Negates what `if`, `while` and `for` ask, unless that is a single comparison or `!`: those are mutated already."""
+    """Negates what `if`, `while` and `for` ask, unless it is a comparison or a `!`, which are mutated already."""
     for index, token in enumerate(code.tokens):
         if token.text not in ("if", "while", "for") or code.text(index + 1) != "(":
             continue
