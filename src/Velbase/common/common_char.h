@@ -18,37 +18,37 @@ class Char {
 public:
     /// The Unicode general categories, each with its abbreviation there.
     enum Category {
-        NO_CATEGORY = 0,
-        MARK_NONSPACING = 1,            // Mn
-        MARK_SPACINGCOMBINING = 2,      // Mc
-        MARK_ENCLOSING = 3,             // Me
-        NUMBER_DECIMALDIGIT = 4,        // Nd
-        NUMBER_LETTER = 5,              // Nl
-        NUMBER_OTHER = 6,               // No
-        SEPARATOR_SPACE = 7,            // Zs
-        SEPARATOR_LINE = 8,             // Zl
-        SEPARATOR_PARAGRAPH = 9,        // Zp
-        OTHER_CONTROL = 10,             // Cc
-        OTHER_FORMAT = 11,              // Cf
-        OTHER_SURROGATE = 12,           // Cs
-        OTHER_PRIVATEUSE = 13,          // Co
-        OTHER_NOTASSIGNED = 14,         // Cn
-        LETTER_UPPERCASE = 15,          // Lu
-        LETTER_LOWERCASE = 16,          // Ll
-        LETTER_TITLECASE = 17,          // Lt
-        LETTER_MODIFIER = 18,           // Lm
-        LETTER_OTHER = 19,              // Lo
-        PUNCTUATION_CONNECTOR = 20,     // Pc
-        PUNCTUATION_DASH = 21,          // Pd
-        PUNCTUATION_OPEN = 22,          // Ps
-        PUNCTUATION_CLOSE = 23,         // Pe
-        PUNCTUATION_INITIALQUOTE = 24,  // Pi
-        PUNCTUATION_FINALQUOTE = 25,    // Pf
-        PUNCTUATION_OTHER = 26,         // Po
-        SYMBOL_MATH = 27,               // Sm
-        SYMBOL_CURRENCY = 28,           // Sc
-        SYMBOL_MODIFIER = 29,           // Sk
-        SYMBOL_OTHER = 30               // So
+        NO_CATEGORY = 0,                ///< of no byte
+        MARK_NONSPACING = 1,            ///< Mn
+        MARK_SPACINGCOMBINING = 2,      ///< Mc
+        MARK_ENCLOSING = 3,             ///< Me
+        NUMBER_DECIMALDIGIT = 4,        ///< Nd
+        NUMBER_LETTER = 5,              ///< Nl
+        NUMBER_OTHER = 6,               ///< No
+        SEPARATOR_SPACE = 7,            ///< Zs
+        SEPARATOR_LINE = 8,             ///< Zl
+        SEPARATOR_PARAGRAPH = 9,        ///< Zp
+        OTHER_CONTROL = 10,             ///< Cc
+        OTHER_FORMAT = 11,              ///< Cf
+        OTHER_SURROGATE = 12,           ///< Cs
+        OTHER_PRIVATEUSE = 13,          ///< Co
+        OTHER_NOTASSIGNED = 14,         ///< Cn
+        LETTER_UPPERCASE = 15,          ///< Lu
+        LETTER_LOWERCASE = 16,          ///< Ll
+        LETTER_TITLECASE = 17,          ///< Lt
+        LETTER_MODIFIER = 18,           ///< Lm
+        LETTER_OTHER = 19,              ///< Lo
+        PUNCTUATION_CONNECTOR = 20,     ///< Pc
+        PUNCTUATION_DASH = 21,          ///< Pd
+        PUNCTUATION_OPEN = 22,          ///< Ps
+        PUNCTUATION_CLOSE = 23,         ///< Pe
+        PUNCTUATION_INITIALQUOTE = 24,  ///< Pi
+        PUNCTUATION_FINALQUOTE = 25,    ///< Pf
+        PUNCTUATION_OTHER = 26,         ///< Po
+        SYMBOL_MATH = 27,               ///< Sm
+        SYMBOL_CURRENCY = 28,           ///< Sc
+        SYMBOL_MODIFIER = 29,           ///< Sk
+        SYMBOL_OTHER = 30               ///< So
     };
 
     /// The zero byte.
@@ -63,6 +63,7 @@ public:
     {
     }
 
+    /// The byte.
     operator char() const { return m_char; }
 
     /// The byte's entry in CHAR_CATEGORIES; never NO_CATEGORY.

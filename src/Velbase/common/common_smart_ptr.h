@@ -62,6 +62,7 @@ public:
         return *this;
     }
 
+    /// Gives up what is owned, as dispose() does.
     ~counted_owner() { dispose(); }
 
     /// Gives up what is owned, which is freed with its count if this was the last owner.
@@ -125,11 +126,15 @@ private:
     std::int32_t* m_count;  // how many owners have this very pointer to it; null only after dispose()
 };
 
+/// How a shared_ptr frees what it owned.
 struct object_disposal {
+    /// checked_delete.
     template <typename T> static void dispose(T* p) { checked_delete(p); }
 };
 
+/// How a shared_array frees what it owned.
 struct array_disposal {
+    /// checked_array_delete.
     template <typename T> static void dispose(T* p) { checked_array_delete(p); }
 };
 

@@ -36,6 +36,7 @@
 
 class CharRef;
 
+/// A text of 8-bit characters. What holds for all its operations is said at the head of common_string.h.
 class String {
 public:
     // ---- Making one
@@ -231,15 +232,17 @@ public:
 
     /// This text with `a` in place of the placeholder of the lowest number, the leftmost of these. A placeholder is "%"
     /// and one digit; there is no way to write a "%" before a digit that is none. Without a placeholder `a` is
-    /// appended. String("%1 of %2").Arg(3).Arg("5") is "3 of 5". The result shares `a`'s buffer if the text is a
+    /// appended. `String("%1 of %2").Arg(3).Arg("5")` is "3 of 5". The result shares `a`'s buffer if the text is a
     /// placeholder alone, or null or empty, and `a` is not; and this one if there is no placeholder and `a` is null or
     /// empty.
     String Arg(const String& a) const;
     String Arg(const char* a) const;
 
-    /// Fills in the character, a zero byte too; "true" or "false".
+    /// Fills in the character, a zero byte too.
     String Arg(char c) const;
     String Arg(const Char& c) const;
+
+    /// Fills in "true" or "false".
     String Arg(bool b) const;
 
     /// Fills in the text that Number gives, but in base 16 that of the same bits read as unsigned: -1 is "FFFFFFFF".
@@ -294,6 +297,7 @@ public:
     {
     }
 
+    /// The same character of the same string.
     CharRef(const CharRef& other) = default;
 
     /// Write the character, not the reference.
@@ -305,6 +309,7 @@ public:
     CharRef& operator=(const Char& c) { return *this = static_cast<char>(c); }
     CharRef& operator=(const CharRef& other) { return *this = other.ToChar(); }
 
+    /// The character; Char() at and past the end.
     operator Char() const { return m_str.At(m_iChar); }
     char ToChar() const { return m_str.At(m_iChar); }
 

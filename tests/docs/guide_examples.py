@@ -1,0 +1,65 @@
+#!/usr/bin/env python3
+"""The examples of docs/guide.md: makes a program of them, and compares what it prints with what the page says.
+
+    guide_examples.py extract GUIDE SOURCE     writes the program, in which `program N` runs example N, from 0
+    guide_examples.py check GUIDE PROGRAM      runs each example
+
+Each block marked "cpp" is the inside of a function, but the one with the includes, and the block marked "text" right
+behind it is what it prints.
+"""
+
+import difflib
+import pathlib
+import re
+import subprocess
+import sys
+
+
+class Block:
+    def __init__(self, kind, first_line, text):
+        self.kind, self.first_line, self.text = kind, first_line, text
+        self.is_example = kind == "cpp" and not text.startswith("#include")
+
+
+def blocks_of(guide):
+    text = guide.read_text(encoding="utf-8")
+    return [Block(found[1], text.count("\n", 0, found.start(2)) + 1, found[2])
+            for found in re.finditer(r"^```(\w*)\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)]
+
+
+def extract(guide, source):
+    blocks = blocks_of(guide)
+    examples = [block for block in blocks if block.is_example]
+    lines = [block.text for block in blocks if block.kind == "cpp" and not block.is_example]
+    for number, block in enumerate(examples):
+        lines.append(f'static void example{number}()\n{{\n#line {block.first_line} "{guide}"\n{block.text}}}\n')
+    names = ", ".join(f"example{number}" for number in range(len(examples)))
+    lines.append("#include <cstdlib>\n\nint main(int, char** arguments)\n{\n"
+                 f"    void (*const EXAMPLES[])() = {{{names}}};\n    EXAMPLES[std::atoi(arguments[1])]();\n}}\n")
+    pathlib.Path(source).write_text("\n".join(lines), encoding="utf-8")
+
+
+def check(guide, program):
+    blocks = blocks_of(guide)
+    failures = [f"{guide}:{block.first_line}: there is no example in front of this output"
+                for before, block in zip([None, *blocks], blocks)
+                if block.kind == "text" and not (before and before.is_example)]
+    examples = [(block, behind) for block, behind in zip(blocks, [*blocks[1:], None]) if block.is_example]
+    for number, (example, output) in enumerate(examples):
+        place = f"{guide}:{example.first_line}"
+        if not output or output.kind != "text":
+            failures.append(f"{place}: no output is shown behind this example")
+            continue
+        run = subprocess.run([program, str(number)], capture_output=True, timeout=60)
+        printed = run.stdout.decode(errors="backslashreplace")
+        if run.returncode or run.stderr:
+            failures.append(f"{place}: status {run.returncode}: {run.stderr.decode(errors='replace')}")
+        if printed != output.text:
+            failures.append(f"{place}: the page and the program differ\n" + "".join(difflib.unified_diff(
+                output.text.splitlines(True), printed.splitlines(True), "page", "program")))
+    print("\n".join([*failures, f"{len(examples)} examples, {len(failures)} failures"]))
+    return 1 if failures or not examples else 0
+
+
+command, guide_path, other = sys.argv[1:]
+sys.exit({"extract": extract, "check": check}[command](pathlib.Path(guide_path), other))
