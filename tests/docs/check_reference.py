@@ -30,6 +30,8 @@ UNWANTED = ["common__string__buffer_8h.html", "common__string__format_8h.html"]
 
 
 def text_of(page):
+    if not page.exists():
+        return ""
     text = re.sub(r"<[^>]*>", "", page.read_text(encoding="utf-8"))
     return re.sub(r"\s+", " ", html.unescape(text)) if page.name != "index.html" else html.unescape(text)
 

@@ -1,0 +1,78 @@
+// Values for gdb to show, at the moment when stop_here is called.
+
+#include <cstdint>
+#include <cstring>
+#include <new>
+
+#include "Velbase/common/common_string.h"
+
+namespace {
+
+// The bytes of a String, of which none has been made or is left.
+struct Raw {
+    alignas(String) unsigned char bytes[sizeof(String)];
+};
+
+// What a String points to, in the same order.
+struct Parts {
+    const void* text;
+    const std::int32_t* owners;
+};
+
+void stop_here() { }
+
+}  // namespace
+
+int main()
+{
+    const String null;
+    const String null_copy = null;
+    const String empty("");
+    const String text("abc");
+    const String title("Gr\303\274\303\237e");
+    const String title_copy = title;
+    const String quoted("say \"a\\b\"\n\r\t\x7F\x01");
+    const String before_digit("\0011");
+    String with_zero("a");
+    with_zero[2] = 'b';
+    const String of_15("123456789012345");
+    const String of_16("1234567890123456");
+    const String of_200(std::string(200, 'x').c_str());
+    const String of_201(std::string(201, 'x').c_str());
+    const String& reference = text;
+    const std::vector<String> words{"one", "", String()};
+    const String* const pointer = &text;
+    const String* const nowhere = nullptr;
+
+    const Char letter('a');
+    const Char accented('\xE9');
+    const Char apostrophe('\'');
+    const Char quote('"');
+    const Char backslash('\\');
+    const Char zero;
+
+    const checked_uint position = 7u;
+    const checked_uint missing;
+    const checked_value<char> some_char = 'a';
+    const checked_value<String> some_text = String("abc");
+
+    Raw unmade;
+    std::memset(unmade.bytes, 0xAA, sizeof unmade.bytes);
+    Raw destroyed;
+    (new (destroyed.bytes) String("gone"))->~String();
+
+    const std::int32_t one = 1;
+    const std::int32_t none = 0;
+    const std::uintptr_t endless[] = {16, UINTPTR_MAX};
+    const std::uintptr_t dead_characters[] = {16, 5};
+    const Parts dead_text = {reinterpret_cast<const void*>(16), &one};
+    const Parts without_owners = {&one, &none};
+    const Parts too_long = {endless, &one};
+    const Parts dead = {dead_characters, &one};
+    const String& dead_string = *reinterpret_cast<const String*>(16);
+    const Char& dead_char = *reinterpret_cast<const Char*>(16);
+    const checked_uint& dead_number = *reinterpret_cast<const checked_uint*>(16);
+
+    stop_here();
+    return 0;
+}

@@ -1,0 +1,90 @@
+#!/usr/bin/env python3
+"""velbase_gdb_test.py PROGRAM: whether gdb shows the values of values.cpp as it should with velbase_gdb.py, and those of
+docs/guide.md as that page says. Status 77 where gdb is not to be had."""
+
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[3]
+PRINTERS = ROOT / "src/Velbase/gdb/velbase_gdb.py"
+GUIDE = ROOT / "docs/guide.md"
+SKIPPED = 77
+
+# What gdb says where it is no use: a container may forbid it to watch a program, and Debian has one without Python.
+NOT_HERE = re.compile(r"ptrace: Operation not permitted|Could not trace the inferior|Python scripting is not supported")
+
+EXPECTED = [
+    # expression                shown
+    ("null",                    "null (2 owners)"),
+    ("empty",                   '"" (length 0, 1 owner)'),
+    ("text",                    '"abc" (length 3, 1 owner)'),
+    ("title",                   r'"Gr\303\274\303\237e" (length 7, 2 owners)'),
+    ("quoted",                  r'"say \"a\\b\"\n\r\t\177\001" (length 14, 1 owner)'),
+    ("before_digit",            r'"\0011" (length 2, 1 owner)'),
+    ("with_zero",               r'"a\000b" (length 3, 1 owner)'),
+    ("of_15",                   '"123456789012345" (length 15, 1 owner)'),
+    ("of_16",                   '"1234567890123456" (length 16, 1 owner)'),
+    ("of_200",                  '"' + 200 * "x" + '" (length 200, 1 owner)'),
+    ("of_201",                  '"' + 200 * "x" + '"... (length 201, 1 owner)'),
+    ("*pointer",                '"abc" (length 3, 1 owner)'),
+    ("words",                   'std::vector of length 3, capacity 3 = '
+                                '{"one" (length 3, 1 owner), "" (length 0, 1 owner), null (1 owner)}'),
+    ("letter",                  "97 'a'"),
+    ("accented",                r"233 '\351'"),
+    ("apostrophe",              r"39 '\''"),
+    ("quote",                   "34 '\"'"),
+    ("backslash",               r"92 '\\'"),
+    ("zero",                    r"0 '\000'"),
+    ("position",                "7"),
+    ("missing",                 "no value"),
+    ("some_char",               "97 'a'"),
+    ("some_text",               '"abc" (length 3, 1 owner)'),
+    ("reference",               '"abc" (length 3, 1 owner)'),
+    ("*nowhere",                "Cannot access memory at address 0x0"),
+    ("*(String*)&unmade",       "<Cannot access memory at address 0xaaaaaaaaaaaaaaaa>"),
+    ("*(String*)&destroyed",    "<no String: not made yet, or destroyed>"),
+    ("*(String*)&dead_text",    "<Cannot access memory at address 0x10>"),
+    ("*(String*)&without_owners", "<not a String: it has 0 owners>"),
+    ("*(String*)&too_long",     "<not a String: it has 18446744073709551615 bytes>"),
+    ("*(String*)&dead",         "<Cannot access memory at address 0x10>"),
+    ("dead_string",             "<Cannot access memory at address 0x18>"),
+    ("dead_char",               "<Cannot access memory at address 0x10>"),
+    ("dead_number",             "<Cannot access memory at address 0x14>"),
+]
+
+
+def gdb(program, commands):
+    """All that gdb says, and what it answers to each command, given while `program` stands in stop_here."""
+    arguments = ["gdb", "-nx", "-batch", "-iex", "set debuginfod enabled off", "-iex", "set width 0",
+                 "-iex", "set disable-randomization off", "-iex", "set startup-with-shell off",
+                 "-ex", f"source {PRINTERS}", "-ex", "break stop_here", "-ex", "run", "-ex", "up"]
+    for command in [*commands, "kill"]:
+        arguments += ["-ex", "echo \\n@@", "-ex", command]
+    said = subprocess.run([*arguments, program], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          stdin=subprocess.DEVNULL, timeout=120).stdout
+    return said, [answer.strip() for answer in said.split("\n@@")[1:-1]]
+
+
+def skip(reason):
+    print(f"Skipped: {reason}")
+    sys.exit(SKIPPED)
+
+
+if not shutil.which("gdb"):
+    skip("there is no gdb here (see scripts/packages)")
+sessions = re.findall(r"^```gdb\n(.*?)^```$", GUIDE.read_text(encoding="utf-8"), re.MULTILINE | re.DOTALL)
+guide = re.findall(r"\(gdb\) (.*)\n(.*)\n", "".join(sessions))
+expected = [(f"output {expression}", shown) for expression, shown in EXPECTED] + guide
+said, answers = gdb(sys.argv[1], [command for command, _ in expected])
+if NOT_HERE.search(said):
+    skip(f"gdb cannot be used here: {NOT_HERE.search(said)[0]}")
+
+failures = [f"{command}\n    answer:   {answer}\n    expected: {wanted}"
+            for (command, wanted), answer in zip(expected, answers) if answer != wanted]
+if not guide or len(answers) != len(expected):
+    failures.append(f"{len(answers)} answers to {len(expected)} commands, {len(guide)} of them from the guide:\n{said}")
+print("\n".join([*failures, f"{len(answers)} answers, {len(failures)} failures"]))
+sys.exit(1 if failures else 0)
