@@ -16,7 +16,8 @@ STAND_INS = {
                   'echo "config-files removed-package"\n',
     "apt-get": 'if [ "$1" = "$APT_FAILS" ]; then exit 100; fi\necho "apt-get speaks"\n',
     "sudo": 'exec "$@"\n',
-    "ctest": '[ "$2" != "$CTEST_FAILS" ]\n',
+    "ctest": 'if [ "$2" = "$CTEST_FAILS" ]; then exit 8; fi\n'
+             'while [ "$1" != --output-junit ]; do shift; done\necho "$CTEST_RESULTS" > "$2"\n',
     "cmake": """
 case $* in
     "--preset "*)
@@ -251,6 +252,13 @@ class Test(CommandTest):
                 self.assertEqual(result.returncode, status)
                 self.assertEqual([row[1] for row in self.table(result)], [word, "passed"])
                 self.assertIn("Skipped: this lane needs no-such-tool", result.stderr)
+
+    def test_a_test_that_is_skipped_fails_in_ci_alone(self):
+        for command, word in (("test", "passed"), (".ci/run", "FAILED")):
+            with self.subTest(command):
+                result = self.call(self.checkout / command, "release", CTEST_RESULTS="<skipped/>")
+                self.assertEqual([row[1] for row in self.table(result)], [word])
+                self.assertEqual("A test of release was skipped" in result.stderr, word == "FAILED")
 
     def test_one_lane_can_be_named(self):
         self.call(self.checkout / "test", "sanitizers")
