@@ -55,8 +55,8 @@ class StringPrinter:
 
     @staticmethod
     def characters(text):
-        """Address and number of the characters of the std::string at `text`. They are its first two words in libstdc++,
-        whose type has no members here if the program was compiled with clang."""
+        """Address and number of the characters of the std::string at `text`: its first two words in libstdc++. They are
+        read as such, since the type has no members in a program that clang compiled."""
         library = text.type.target().strip_typedefs().name
         if "__cxx11::basic_string" not in library:
             raise gdb.error(f"characters of a {library}: this layout is not known")

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""velbase_gdb_test.py PROGRAM: whether gdb shows the values of values.cpp as it should with velbase_gdb.py, and those of
-docs/guide.md as that page says. Status 77 where gdb is not to be had."""
+"""velbase_gdb_test.py PROGRAM: whether gdb shows the values of values.cpp, which is PROGRAM, as it should with
+velbase_gdb.py, and some of them as docs/guide.md says. Status 77 where gdb is not to be had."""
 
 import pathlib
 import re
