@@ -17,7 +17,7 @@ EXPECTED = [
     ("index.html",                 1, "is a text of 8-bit characters that copies share"),       # the guide comes first
     ("index.html",                 1, 'null:  1 1 0 ""'),                                       # with its examples
     ("common__string_8h.html",     1, "No operation changes a text that another string shares"),  # the file's head
-    ("classString.html",           1, "Nothing is found in a null string, or with from at or past the end"),  # its section
+    ("classString.html",           1, "Nothing is found in a null string, or with from at or past the end"),
     ("classString.html",           2, "The first or last count bytes"),                         # Left and Right
     ("classString.html",           2, 'String("%1 of %2").Arg(3).Arg("5") is "3 of 5"'),        # of both overloads
     ("classChar.html",             4, "The classes of the same names"),
