@@ -22,9 +22,10 @@ const std::size_t BLOCK = 64;
 // them.
 bool isSimple(const char* block)
 {
+    const char* const before = block - 1;
     unsigned char other = 0;
     for (std::size_t i = 0; i < BLOCK; ++i)
-        other = static_cast<unsigned char>(other | (isSpace(block[i]) & (isSpace(block[i - 1]) | (block[i] != ' '))));
+        other = static_cast<unsigned char>(other | (isSpace(block[i]) & (isSpace(before[i]) | (block[i] != ' '))));
     return other == 0;
 }
 
