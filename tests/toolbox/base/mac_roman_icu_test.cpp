@@ -1,55 +1,11 @@
 // The table of Mac OS Roman against ICU's own: every byte, and every unit of UTF-16.
 
+#include "tests/toolbox/base/icu_mac_roman.h"
 #include "toolbox/text_encoding/MacRoman.h"
 
-#include <memory>
-#include <optional>
-
 #include <gtest/gtest.h>
-#include <unicode/ucnv.h>
-#include <unicode/ucnv_err.h>
 
 namespace {
-
-struct CloseConverter {
-    void operator()(UConverter* converter) const { ucnv_close(converter); }
-};
-
-class IcuMacRoman {
-public:
-    IcuMacRoman()
-    {
-        UErrorCode error = U_ZERO_ERROR;
-        m_converter.reset(ucnv_open("macos-0_2-10.2", &error));
-        if (U_FAILURE(error))
-            throw std::runtime_error(u_errorName(error));
-        // Without this, ICU also maps look-alikes.
-        ucnv_setFallback(m_converter.get(), false);
-        ucnv_setFromUCallBack(m_converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
-        ucnv_setToUCallBack(m_converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
-        if (U_FAILURE(error))
-            throw std::runtime_error(u_errorName(error));
-    }
-
-    std::optional<UChar> unicodeOf(char byte)
-    {
-        UErrorCode error = U_ZERO_ERROR;
-        UChar unicode[2] = {};
-        const int units = ucnv_toUChars(m_converter.get(), unicode, 2, &byte, 1, &error);
-        return U_SUCCESS(error) && units == 1 ? std::optional(unicode[0]) : std::nullopt;
-    }
-
-    std::optional<char> byteOf(UChar unit)
-    {
-        UErrorCode error = U_ZERO_ERROR;
-        char text[2] = {};
-        const int bytes = ucnv_fromUChars(m_converter.get(), text, 2, &unit, 1, &error);
-        return U_SUCCESS(error) && bytes == 1 ? std::optional(text[0]) : std::nullopt;
-    }
-
-private:
-    std::unique_ptr<UConverter, CloseConverter> m_converter;
-};
 
 TEST(MacRomanAgainstIcu, HasTheSameCharacterForEveryByte)
 {
