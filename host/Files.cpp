@@ -76,8 +76,11 @@ std::vector<std::uint8_t> readFile(const std::string& name, const fs::path& file
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"), std::fclose);
     if (!stream)
         throw notRead(name, file, lastError());
-    std::vector<std::uint8_t> bytes(largest + 1);
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
+    std::vector<std::uint8_t> bytes;
+    std::uint8_t piece[4096];
+    std::size_t count = 0;
+    while (bytes.size() <= largest && (count = std::fread(piece, 1, sizeof piece, stream.get())) > 0)
+        bytes.insert(bytes.end(), piece, piece + count);
     if (std::ferror(stream.get()) != 0)
         throw notRead(name, file, lastError());
     if (bytes.size() > largest)
