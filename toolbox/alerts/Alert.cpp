@@ -82,6 +82,11 @@ SInt16 runAlert(const Alert& alert)
     return shown.pressed;
 }
 
+void forgetShownAlerts()
+{
+    shownAlerts().clear();
+}
+
 std::vector<ShownAlert> ShownAlerts()
 {
     return shownAlerts();

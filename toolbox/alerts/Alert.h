@@ -59,6 +59,9 @@ struct Alert {
 /// number of the button pressed.
 SInt16 runAlert(const Alert& alert);
 
+/// Forgets the alerts that were noted so far. For whoever shows them without end.
+void forgetShownAlerts();
+
 }  // namespace Toolbox
 
 #endif

@@ -110,6 +110,9 @@ TEST_F(StopAlertCall, IsNotedWithItsNumber)
     EXPECT_EQ(noted.text, "Text");
     EXPECT_EQ(noted.buttons, (std::vector<std::string>{"", "OK"}));
     EXPECT_EQ(noted.pressed, 2);
+
+    Toolbox::forgetShownAlerts();
+    EXPECT_TRUE(Toolbox::ShownAlerts().empty());
 }
 
 TEST_F(StopAlertCall, FindsItsResourcesThroughTheChain)
