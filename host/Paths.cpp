@@ -36,7 +36,7 @@ fs::path pathOf(CFURLRef url)
 
 fs::path supportFolder()
 {
-    return (ownExecutable().parent_path() / HOST_SUPPORT_FOLDER).lexically_normal();
+    return ownExecutable().parent_path();
 }
 
 }  // namespace Host

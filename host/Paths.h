@@ -15,8 +15,8 @@ CFURLRef createURL(const std::filesystem::path& path);
 /// The path of `url`; empty for null.
 std::filesystem::path pathOf(CFURLRef url);
 
-/// What the host brings along: the demo application and the system's frameworks. The folder is looked for from the
-/// host's own executable, so that the build tree and an installation are alike and both can be moved.
+/// What the host brings along: the demo application and the system's frameworks. It is the folder that the host's own
+/// executable lies in, not a link to it, so that the build tree and an installation are alike and both can be moved.
 std::filesystem::path supportFolder();
 
 }  // namespace Host

@@ -141,7 +141,7 @@ class Applications(HostTest):
         program.parent.mkdir()
         shutil.copy(HOST, program)
         self.assert_fails(unattended(host=program), NOT_DONE,
-                          f"there is no application bundle in '{self.folder}/lib/visex-host/DemoInstaller.app'")
+                          f"there is no application bundle in '{program.parent}/DemoInstaller.app'")
 
     def test_it_must_have_one_external(self):
         app = self.demo_copy()

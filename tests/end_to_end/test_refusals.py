@@ -79,7 +79,6 @@ class AdministratorCheck(HostTest):
         """A copy of everything that the host needs, where every user can read it."""
         os.chmod(self.folder, 0o755)
         shutil.copytree(BUILD / "bin", self.folder / "bin")
-        shutil.copytree(BUILD / "lib", self.folder / "lib")
         libraries = self.folder / "toolbox"
         libraries.mkdir()
         for library in BUILD.glob("toolbox/**/*.so"):
@@ -115,8 +114,7 @@ class BadFramework(HostTest):
         program = self.folder / "bin/visex-host"
         program.parent.mkdir()
         shutil.copy(HOST, program)
-        folder = self.folder / "lib/visex-host/Frameworks"
-        folder.parent.mkdir(parents=True)
+        folder = program.parent / "Frameworks"
         shutil.copytree(SUPPORT / "Frameworks", folder)
         frameworks(folder)
         return program
@@ -131,7 +129,7 @@ class BadFramework(HostTest):
 
     def test_no_frameworks_folder(self):
         self.assert_stops(shutil.rmtree)
-        self.assertFalse((self.folder / "lib/visex-host/Frameworks").exists(), "it is never made")
+        self.assertFalse((self.folder / "bin/Frameworks").exists(), "it is never made")
 
     def test_no_security_framework(self):
         self.assert_stops(lambda folder: shutil.rmtree(folder / "Security.framework"))
@@ -148,7 +146,6 @@ class BadFramework(HostTest):
                 code = BUILD / f"tests/end_to_end/libsecurity_without_{lacking}.so"
                 self.assert_stops(lambda folder: shutil.copy(code, folder / "Security.framework/Security"))
                 shutil.rmtree(self.folder / "bin")
-                shutil.rmtree(self.folder / "lib")
 
     def test_an_executable_with_both_passes(self):
         # What the two others lack is all that stops them: they grant whatever they are asked for.

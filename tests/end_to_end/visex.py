@@ -14,7 +14,7 @@ import unittest
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("VISEX_BUILD", ROOT / "build/release"))
 HOST = BUILD / "bin/visex-host"
-SUPPORT = BUILD / "lib/visex-host"
+SUPPORT = HOST.parent
 DEMO = SUPPORT / "DemoInstaller.app"
 
 ENGLISH, FRENCH, GERMAN, ITALIAN, SPANISH, JAPANESE = 0, 1, 2, 3, 6, 11

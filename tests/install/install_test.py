@@ -1,0 +1,182 @@
+"""What `cmake --install` makes of the build, after it was moved: its files, its host, and projects that use its library.
+
+The two parts are installed and moved each for itself, as each is a package of its own.
+"""
+
+import subprocess
+
+from visex import *
+
+LIBDIR = os.environ["INSTALL_LIBDIR"]
+VERSION = os.environ["INSTALLED_VERSION"]
+CONSUMERS = ROOT / "tests/consumers"
+
+FILES = {
+    "library": """
+        include/Velbase/common/common_cast.h
+        include/Velbase/common/common_char.h
+        include/Velbase/common/common_checked_types.h
+        include/Velbase/common/common_smart_ptr.h
+        include/Velbase/common/common_string.h
+        LIBDIR/cmake/Velbase/VelbaseConfig-release.cmake
+        LIBDIR/cmake/Velbase/VelbaseConfig.cmake
+        LIBDIR/cmake/Velbase/VelbaseConfigVersion.cmake
+        LIBDIR/libvelbase.a
+        LIBDIR/libvelbase_toolbox.a
+        LIBDIR/pkgconfig/velbase-toolbox.pc
+        LIBDIR/pkgconfig/velbase.pc
+    """,
+    "host": """
+        bin/visex-host
+        LIBDIR/visex-host/DemoInstaller.app/Contents/Info.plist
+        LIBDIR/visex-host/DemoInstaller.app/Contents/PkgInfo
+        LIBDIR/visex-host/DemoInstaller.app/Contents/PlugIns/LanguageSelector.bundle/Contents/Info.plist
+        LIBDIR/visex-host/DemoInstaller.app/Contents/PlugIns/LanguageSelector.bundle/Contents/Linux/LanguageSelector
+        LIBDIR/visex-host/DemoInstaller.app/Contents/PlugIns/LanguageSelector.bundle/Contents/PkgInfo
+        LIBDIR/visex-host/DemoInstaller.app/Contents/Resources/DemoInstaller.rsrc
+        LIBDIR/visex-host/DemoInstaller.app/Contents/Resources/LanguageSelector.nib/classes.nib
+        LIBDIR/visex-host/DemoInstaller.app/Contents/Resources/LanguageSelector.nib/info.nib
+        LIBDIR/visex-host/DemoInstaller.app/Contents/Resources/LanguageSelector.nib/objects.xib
+        LIBDIR/visex-host/Frameworks/Security.framework/Resources/Info.plist
+        LIBDIR/visex-host/Frameworks/Security.framework/Security
+        LIBDIR/visex-host/libtoolbox_base.so
+        LIBDIR/visex-host/libtoolbox_core.so
+        LIBDIR/visex-host/libtoolbox_window.so
+        LIBDIR/visex-host/visex-host
+    """,
+}
+
+folder = None  # of this whole run
+
+
+def first_prefix(component):
+    return folder / f"installed-{component}"
+
+
+def prefix(component):
+    """Where the component is now."""
+    return folder / f"moved-{component}"
+
+
+def setUpModule():
+    global folder
+    folder = pathlib.Path(tempfile.mkdtemp(prefix="install-test-"))
+    unittest.addModuleCleanup(shutil.rmtree, folder)
+    for component in FILES:
+        subprocess.run(["cmake", "--install", BUILD, "--component", component, "--prefix", first_prefix(component)],
+                       check=True, stdout=subprocess.DEVNULL)
+        first_prefix(component).rename(prefix(component))
+
+
+def files_in(place):
+    return [file for file in place.rglob("*") if file.is_symlink() or not file.is_dir()]
+
+
+class Files(unittest.TestCase):
+    def test_nothing_is_missing_and_nothing_too_much(self):
+        for component, listed in FILES.items():
+            with self.subTest(component):
+                found = {str(file.relative_to(prefix(component))) for file in files_in(prefix(component))}
+                self.assertEqual(found, set(listed.replace("LIBDIR", LIBDIR).split()))
+
+    def test_nothing_names_where_it_was_built_or_first_installed(self):
+        for component in FILES:
+            for file in files_in(prefix(component)):
+                with self.subTest(file.name):
+                    contents = os.readlink(file).encode() if file.is_symlink() else file.read_bytes()
+                    for place in (ROOT, BUILD, first_prefix(component)):
+                        self.assertNotIn(str(place).encode(), contents)
+
+
+class InstalledHost(HostTest):
+    def setUp(self):
+        super().setUp()
+        self.prefix = prefix("host")
+        self.host = self.prefix / "bin/visex-host"
+
+    def assert_chooses_japanese(self, *arguments, **options):
+        outcome = unattended("--json", *arguments, answers=["japanese"], **{"host": self.host, **options})
+        self.assertEqual(outcome.errors, "")
+        self.assertEqual(outcome.status, CHOSE)
+        self.assertEqual(outcome.json()["chosen"], {"code": JAPANESE, "name": "Japanese"})
+
+    def test_it_runs_in_any_folder(self):
+        for place in ("/", self.folder, self.prefix, self.host.parent):
+            with self.subTest(place):
+                self.assert_chooses_japanese(cwd=place)
+
+    def test_it_runs_from_the_search_path(self):
+        self.assert_chooses_japanese(host="visex-host", variables={"PATH": str(self.host.parent)})
+
+    def test_it_runs_in_a_folder_with_a_space(self):
+        copy = self.folder / "another place"
+        shutil.copytree(self.prefix, copy, symlinks=True)
+        self.assert_chooses_japanese(host=copy / "bin/visex-host")
+
+    def test_each_library_finds_the_others(self):
+        for library in (self.prefix / LIBDIR / "visex-host").glob("*.so"):
+            with self.subTest(library.name):
+                needed = subprocess.run(["ldd", library], check=True, capture_output=True, text=True).stdout
+                self.assertIn("libc.so.6 => /", needed)
+                self.assertNotIn("not found", needed)
+
+    def test_it_finds_its_library_for_windows(self):
+        picture = self.folder / "dialog.png"
+        self.assert_chooses_japanese("--picture", picture)
+        self.assertEqual(picture.read_bytes()[:4], b"\x89PNG")
+
+    @unittest.skipUnless(os.geteuid() == 0, "only the superuser is given the right")
+    def test_it_finds_its_frameworks(self):
+        self.assert_chooses_japanese("--require-admin")
+
+    def test_its_version_is_the_projects(self):
+        self.assertEqual(run("--version", host=self.host).output.split()[-1], VERSION)
+
+
+class Projects(HostTest):
+    """Other projects, which find the library, with and without the toolbox."""
+
+    def setUp(self):
+        super().setUp()
+        self.libdir = prefix("library") / LIBDIR
+
+    def call(self, *command):
+        return subprocess.run(command, env=environment(PKG_CONFIG_PATH=str(self.libdir / "pkgconfig")),
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+
+    def output_of(self, *command):
+        result = self.call(*command)
+        self.assertEqual(result.returncode, 0, result.stdout)
+        return result.stdout
+
+    def configure(self, version):
+        return self.call("cmake", "-S", CONSUMERS, "-B", self.folder, "-G", "Ninja",
+                         f"-DCMAKE_PREFIX_PATH={prefix('library')}", f"-DVELBASE_VERSION={version}")
+
+    def assert_programs_work(self):
+        self.assertEqual(self.output_of(self.folder / "text"), "twice 21 is 42\n")
+        self.assertEqual(self.output_of(self.folder / "unicode"), "U+00E9\n")
+
+    def test_cmake_finds_it(self):
+        configured = self.configure(VERSION)
+        self.assertEqual(configured.returncode, 0, configured.stdout)
+        self.output_of("cmake", "--build", self.folder)
+        self.assert_programs_work()
+
+        following = str(int(VERSION.split(".")[0]) + 1)
+        refused = self.configure(following)
+        self.assertNotEqual(refused.returncode, 0)
+        self.assertIn("compatible with requested version", refused.stdout)
+
+    def test_pkg_config_finds_it(self):
+        self.output_of(CONSUMERS / "build-with-pkg-config", self.folder)
+        self.assert_programs_work()
+        for name in ("velbase", "velbase-toolbox"):
+            self.assertEqual(self.output_of("pkg-config", "--modversion", name), VERSION + "\n")
+
+    def test_the_library_alone_brings_no_toolbox(self):
+        self.assertNotIn("toolbox", self.output_of("pkg-config", "--libs", "velbase"))
+
+
+if __name__ == "__main__":
+    unittest.main()
