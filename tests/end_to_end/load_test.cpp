@@ -1,0 +1,211 @@
+// The external called very often in one process, each time from the factory to the last release, as its installer
+// does: nothing grows but what a call leaves behind on purpose. VISEX_LOAD_CALLS in the environment says how often.
+
+#include "host/Application.h"
+#include "host/CFOwner.h"
+#include "host/Paths.h"
+#include "host/Record.h"
+#include "tests/host/TemporaryFolder.h"
+
+#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
+
+#include <Carbon/CarbonEvents.h>
+#include <CoreFoundation/CFPlugIn.h>
+#include <Toolbox/Application.h>
+#include <Toolbox/Displays.h>
+#include <Toolbox/LiveObjects.h>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace Host;
+using Toolbox::Answer;
+
+namespace fs = std::filesystem;
+
+using Counts = std::map<std::string, long>;
+
+// The number in the environment's `variable`, at least 1; `otherwise` if there is none.
+long numberIn(const char* variable, long otherwise)
+{
+    const char* const text = std::getenv(variable);
+    return text == nullptr ? otherwise : std::max(std::atol(text), 1L);
+}
+
+long callsAskedFor()
+{
+    return numberIn("VISEX_LOAD_CALLS", 5000);
+}
+
+// How many bytes resident memory may grow by without a leak. The address sanitizer keeps aside what is freed, so that
+// its lane sets a larger one and relies on the sanitizer's own search for leaks.
+long tolerance()
+{
+    return numberIn("VISEX_LOAD_TOLERANCE", 256 * 1024);
+}
+
+// In bytes.
+long residentMemory()
+{
+    std::ifstream file("/proc/self/statm");
+    long size = 0;
+    long resident = 0;
+    file >> size >> resident;
+    return resident * sysconf(_SC_PAGESIZE);
+}
+
+Counts liveObjects()
+{
+    Counts counts;
+    for (const auto& [kind, count] : Toolbox::CountLiveObjects())
+        counts[kind] = static_cast<long>(count);
+    return counts;
+}
+
+// What there is more of in `after` than in `before`, for each of `calls`, which must divide it.
+Counts growth(const Counts& before, const Counts& after, long calls)
+{
+    Counts more;
+    for (const auto& [kind, count] : after) {
+        const auto old = before.find(kind);
+        const long added = count - (old == before.end() ? 0 : old->second);
+        EXPECT_EQ(added % calls, 0) << kind << " grew by " << added << " in " << calls << " calls";
+        if (added / calls != 0)
+            more[kind] = added / calls;
+    }
+    return more;
+}
+
+struct Load {
+    const char* name;
+    SInt16 message;
+    bool requiresAdministrator;
+    bool hasNib;
+    std::vector<const char*> spoiled;  // texts that are taken out of the nib
+    std::vector<Answer> answers;
+    long share;         // of the calls asked for that are made, one in so many
+    Counts left;        // by each call
+    long bytesPerCall;  // that resident memory may grow by, at most
+};
+
+const UInt16 GERMAN = 2;
+const std::vector<Answer> CHOOSE = {{Answer::Kind::Item, 3}, {Answer::Kind::Command, kHICommandOK}};
+const std::vector<Answer> CANCEL = {{Answer::Kind::Command, kHICommandCancel}};
+
+// The toolbox keeps a list of the alerts that it showed, for ShownAlerts, so that each alert costs a little.
+// clang-format off
+const Load LOADS[] = {
+    {"Chosen",       1000, false, true,  {}, CHOOSE, 1, {}, 0},
+    {"Cancelled",    1000, false, true,  {}, CANCEL, 10, {}, 0},
+    // Security.framework's one bundle is retained once more by each call, and there is one authorization for all.
+    {"WithTheRight", 1000, true,  true,  {}, CHOOSE, 10, {}, 0},
+    {"NotServed",    999,  false, true,  {}, {}, 10, {}, 1024},
+    {"NoNib",        1000, false, false, {}, {}, 10, {}, 1024},
+    {"NoWindow",     1000, false, true,  {"Language_Selector"}, {}, 10, {{"nib", 1}}, 8 * 1024},
+    {"NoModalLoop",  1000, false, true,  {"ok  ", "not!"}, {}, 10,
+        {{"window", 1}, {"control", 5}, {"event target", 1}, {"event handler", 1}}, 8 * 1024},
+};
+// clang-format on
+
+class LoadTest : public testing::TestWithParam<Load> {
+protected:
+    LoadTest()
+        : m_app(m_folder / fs::path(DEMO_APPLICATION_FOLDER).filename().string())
+    {
+        fs::copy(DEMO_APPLICATION_FOLDER, m_app, fs::copy_options::recursive);
+        spoilNib();
+        Toolbox::SetFrameworksFolder(FRAMEWORKS_FOLDER);
+        m_application.emplace(m_app, std::nullopt);
+        if (GetParam().requiresAdministrator)
+            m_application->requireAdministrator();
+        const CFOwner<CFURLRef> url(createURL(m_application->builtInPlugIn()));
+        m_plugIn.emplace(CFPlugInCreate(kCFAllocatorDefault, url.get()));
+    }
+
+    void call() const
+    {
+        const CFUUIDRef type = CFUUIDGetConstantUUIDWithBytes(kCFAllocatorDefault, 0x5C, 0xD9, 0x48, 0x4B, 0x4A, 0x86,
+            0x4C, 0xA2, 0xA7, 0x9A, 0x15, 0x25, 0xA3, 0xB5, 0xF6, 0xE8);
+        const CFUUIDBytes interface = {
+            0x00, 0xD5, 0xFB, 0xFE, 0x3D, 0x3D, 0x40, 0xE2, 0x9D, 0xCB, 0x92, 0xED, 0x69, 0x58, 0x34, 0xF8};
+
+        const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(type, m_plugIn->get()));
+        const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories.get(), 0));
+        auto* const made = static_cast<XcodInstance*>(CFPlugInInstanceCreate(kCFAllocatorDefault, factory, type));
+        ASSERT_NE(made, nullptr);
+        LPVOID queried = nullptr;
+        ASSERT_EQ(made->functions->QueryInterface(made, interface, &queried), S_OK);
+        auto* const instance = static_cast<XcodInstance*>(queried);
+
+        Toolbox::UseUnattendedDisplay(GetParam().answers);
+        Record record;
+        record.block().message = GetParam().message;
+        instance->functions->XCodMain(&record.block());
+        ASSERT_EQ(record.block().chosenLanguage, expectedChoice());
+        ASSERT_EQ(instance->functions->Release(instance), 1u);
+        ASSERT_EQ(made->functions->Release(made), 0u);
+    }
+
+private:
+    static UInt16 expectedChoice()
+    {
+        const bool passes = !GetParam().requiresAdministrator || geteuid() == 0;
+        return passes && GetParam().answers.size() == CHOOSE.size() ? GERMAN : 0;
+    }
+
+    void spoilNib() const
+    {
+        const fs::path nib = m_app / "Contents/Resources/LanguageSelector.nib";
+        if (!GetParam().hasNib) {
+            fs::remove_all(nib);
+            return;
+        }
+        const fs::path file = nib / "objects.xib";
+        std::string objects = contents(file);
+        for (const std::string text : GetParam().spoiled) {
+            ASSERT_NE(objects.find(text), std::string::npos) << text;
+            objects.replace(objects.find(text), text.size(), std::string(text.size(), 'x'));
+        }
+        m_folder.write(file.string(), objects);
+    }
+
+    const TemporaryFolder m_folder;
+    const fs::path m_app;
+    std::optional<Application> m_application;
+    std::optional<CFOwner<CFPlugInRef>> m_plugIn;
+};
+
+TEST_P(LoadTest, GrowsByWhatEachCallLeavesAndNoMore)
+{
+    const long calls = std::max(callsAskedFor() / GetParam().share, 1L);
+    for (int warmUp = 0; warmUp < 100; ++warmUp)
+        call();
+
+    const Counts before = liveObjects();
+    const long residentBefore = residentMemory();
+    for (long made = 0; made < calls && !HasFatalFailure(); ++made)
+        call();
+    const long grown = residentMemory() - residentBefore;
+
+    EXPECT_EQ(growth(before, liveObjects(), calls), GetParam().left);
+    EXPECT_LE(grown, tolerance() + calls * GetParam().bytesPerCall);
+    std::printf("%s: %ld calls, resident memory %ld + %ld bytes, %ld a call\n", GetParam().name, calls, residentBefore,
+        grown, grown / calls);
+}
+
+INSTANTIATE_TEST_SUITE_P(Loads, LoadTest, testing::ValuesIn(LOADS), [](const auto& row) { return row.param.name; });
+
+}  // namespace
