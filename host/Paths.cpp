@@ -31,7 +31,7 @@ fs::path pathOf(CFURLRef url)
     UInt8 path[PATH_MAX];
     if (!CFURLGetFileSystemRepresentation(url, true, path, sizeof path))
         return fs::path();
-    return reinterpret_cast<const char*>(path);
+    return fs::path(reinterpret_cast<const char*>(path));
 }
 
 fs::path supportFolder()

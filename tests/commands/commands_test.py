@@ -271,5 +271,39 @@ class Test(CommandTest):
         self.assertEqual(self.logged(), [])
 
 
+class CheckText(unittest.TestCase):
+    """scripts/check-text in a folder with the checkout's .editorconfig and one file."""
+
+    def check(self, name, contents):
+        with tempfile.TemporaryDirectory() as folder:
+            shutil.copy(ROOT / ".editorconfig", folder)
+            file = pathlib.Path(folder, name)
+            file.parent.mkdir(parents=True, exist_ok=True)
+            file.write_bytes(contents)
+            return subprocess.run([ROOT / "scripts/check-text", folder], capture_output=True, text=True)
+
+    def test_each_fault_is_named_with_its_line(self):
+        cases = [
+            (b"one\ntwo\r\n", "2: a carriage return"),
+            (b"one \ntwo\n", "1: blanks at the end of the line"),
+            (b"one\n\n two\t", "3: blanks at the end of the line"),
+            (b"one\n\ttwo\n", "2: a tab"),
+            (b"one\ntwo", "2: no newline at the end of the file"),
+            (b"one\n\xe9\n", "2: bytes that are not UTF-8"),
+        ]
+        for contents, fault in cases:
+            with self.subTest(contents):
+                result = self.check("file.txt", contents)
+                self.assertEqual(result.returncode, 1)
+                self.assertEqual(result.stdout.splitlines()[0], f"file.txt:{fault}")
+
+    def test_nothing_is_said_of_what_is_well(self):
+        for name, contents in (("file.txt", "é\nn\n".encode()), ("empty.txt", b""), ("PkgInfo", b"APPL????"),
+                               ("picture.png", b"\0\r\n\t"), ("fuzz/seeds/string/a", b"\xff\t \r"), ("build/file.txt", b"\t"), (".git/index", b"\t")):
+            with self.subTest(name):
+                result = self.check(name, contents)
+                self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+
+
 if __name__ == "__main__":
     unittest.main()

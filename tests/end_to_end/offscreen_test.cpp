@@ -85,7 +85,7 @@ protected:
 
 TEST_P(Offscreen, ShowsTheCurrentLanguageAmongSix)
 {
-    call([this](QWidget& dialog) {
+    call([](QWidget& dialog) {
         const QList<QComboBox*> popUps = dialog.findChildren<QComboBox*>();
         ASSERT_EQ(popUps.size(), 1);
         ASSERT_EQ(popUps[0]->count(), 6);
@@ -106,7 +106,7 @@ TEST_P(Offscreen, ReturnWritesTheCurrentLanguage)
 TEST_P(Offscreen, ArrowsChooseEveryOther)
 {
     for (std::size_t wanted = 0; wanted < LANGUAGES.size(); ++wanted) {
-        const Report report = call([this, wanted](QWidget& dialog) {
+        const Report report = call([wanted](QWidget& dialog) {
             for (std::size_t item = GetParam(); item < wanted; ++item)
                 press(dialog, Qt::Key_Down);
             for (std::size_t item = GetParam(); item > wanted; --item)
