@@ -66,7 +66,7 @@ class Tree:
         self.changed = mutant.file
         (self.sources / mutant.file).write_text(mutant.text)
         for program in programs:
-            if not self._make([program]):
+            if not self._make([program], CCACHE_DISABLE="1"):  # a mutant is seldom built twice
                 return NOT_COMPILING, None
             outcome = self._run(program, PATIENCE + SLOWER * self.seconds[program])
             if outcome == KILLED and self.flags == SANITIZERS:
@@ -90,8 +90,9 @@ class Tree:
             copy.write_bytes(content)
             shutil.copymode(source, copy)
 
-    def _make(self, programs, output=subprocess.DEVNULL):
-        made = subprocess.run(["ninja", "-C", self.build, "-j", "1", *programs], stdout=output, stderr=output)
+    def _make(self, programs, output=subprocess.DEVNULL, **variables):
+        made = subprocess.run(["ninja", "-C", self.build, "-j", "1", *programs], env={**os.environ, **variables},
+                              stdout=output, stderr=output)
         return made.returncode == 0
 
     def _run(self, program, seconds):
