@@ -188,6 +188,7 @@ std::string writeHole(const TemporaryFolder& folder, std::uintmax_t length)
 
 TEST_F(Forks, ForkMayBeAsLargeAsTheFormatCanBe)
 {
+    EXPECT_EQ(Toolbox::MAX_FORK_LENGTH, 0x100u + 0x1000000u + 0x100000u);
     EXPECT_EQ(readFork(writeHole(m_folder, Toolbox::MAX_FORK_LENGTH), Fork::Data, &m_bytes), noErr);
     EXPECT_EQ(m_bytes.size(), Toolbox::MAX_FORK_LENGTH);
 }

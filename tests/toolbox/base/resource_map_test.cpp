@@ -251,6 +251,17 @@ TEST(ResourceMapField, MayHaveAnyValueWithoutHarm)
     }
 }
 
+TEST(ResourceMap, IsThirtyBytesLongAtLeast)
+{
+    // A map of zeros, which lies before the data: one resource of type 0.
+    Bytes fork = makeFork({{'CALL', 1, "abc"}}).bytes();
+    setNumber(fork, 4, 4, 32);
+    setNumber(fork, 12, 4, 30);
+    EXPECT_EQ(resultOf(fork), noErr);
+    setNumber(fork, 12, 4, 29);
+    EXPECT_EQ(resultOf(fork), mapReadErr);
+}
+
 TEST(ResourceMap, IsRefusedWhereverTheForkIsCut)
 {
     const Bytes good = makeFork(RESOURCES).bytes();
@@ -307,6 +318,20 @@ TEST(ResourceMap, HasRoomForAllIdsOfAType)
     EXPECT_EQ(read(fork.bytes(), &resources), noErr);
     EXPECT_EQ(resources.size(), 65536u);
     EXPECT_LE(fork.bytes().size(), Toolbox::MAX_FORK_LENGTH);
+}
+
+TEST(ResourceMap, MayHaveNoMoreReferencesThanTheMapHasRoomFor)
+{
+    // Two types of four references each, which share their list. Eight references would be as long as this map.
+    TestFork fork = makeFork({{'AAAA', 1, ""}, {'AAAA', 2, ""}, {'AAAA', 3, ""}, {'AAAA', 4, ""}, {'BBBB', 1, ""}});
+    fork.references.resize(4 * 12);
+    setNumber(fork.types, 2 + 8 + 4, 2, 4 - 1);
+    setNumber(fork.types, 2 + 8 + 6, 2, fork.types.size());
+    fork.names.resize(2);
+    ASSERT_EQ(28 + fork.types.size() + fork.references.size() + fork.names.size(), 8u * 12);
+    EXPECT_EQ(resultOf(fork.bytes()), noErr);
+    fork.names.resize(1);
+    EXPECT_EQ(resultOf(fork.bytes()), mapReadErr);
 }
 
 // A map of less than a megabyte that would otherwise name billions of references.
