@@ -74,29 +74,65 @@ TEST_F(ELFFile, WithAnImpossibleHeaderIsNotWhole)
     EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phentsize += 1; })));
 }
 
-// The plug-in, with the first segment that is mapped changed by `change`. Which segment that is depends on the linker.
-template <typename Change> std::string withMappedSegment(Change change)
+// The plug-in with one of its segments, which `isWanted` picks by its place and content, changed by `change`.
+template <typename IsWanted, typename Change> std::string withSegment(IsWanted isWanted, Change change)
 {
     std::string content = contentsOf(PLUG_IN_FILE);
     FileHeader header;
     std::memcpy(&header, content.data(), sizeof header);
-    char* place = content.data() + header.e_phoff;
-    Segment segment;
-    for (int index = 0; index < header.e_phnum; ++index, place += sizeof segment) {
+    for (int index = 0; index < header.e_phnum; ++index) {
+        char* const place = content.data() + header.e_phoff + static_cast<std::size_t>(index) * sizeof(Segment);
+        Segment segment;
         std::memcpy(&segment, place, sizeof segment);
-        if (segment.p_type == PT_LOAD)
-            break;
+        if (isWanted(segment, header.e_phnum - 1 - index)) {
+            change(segment);
+            std::memcpy(place, &segment, sizeof segment);
+            return content;
+        }
     }
-    EXPECT_EQ(segment.p_type, static_cast<ElfW(Word)>(PT_LOAD));
-    change(segment);
-    std::memcpy(place, &segment, sizeof segment);
+    ADD_FAILURE() << "there is no such segment";
     return content;
+}
+
+// Which segments there are, and in what order, depends on the linker.
+bool isMapped(const Segment& segment, int)
+{
+    return segment.p_type == PT_LOAD;
+}
+
+bool isNotMapped(const Segment& segment, int)
+{
+    return segment.p_type != PT_LOAD;
+}
+
+bool isLast(const Segment&, int followers)
+{
+    return followers == 0;
+}
+
+void leadPastTheEnd(Segment& segment)
+{
+    segment.p_offset = 1U << 30;
+}
+
+TEST_F(ELFFile, WithAMappedSegmentThatIsNotThereIsNotWhole)
+{
+    EXPECT_TRUE(isWhole(withSegment(isMapped, [](Segment&) {})));
+    EXPECT_FALSE(isWhole(withSegment(isMapped, leadPastTheEnd)));
+    EXPECT_FALSE(isWhole(withSegment(isLast, [](Segment& segment) {
+        segment.p_type = PT_LOAD;
+        leadPastTheEnd(segment);
+    })));
+}
+
+TEST_F(ELFFile, MayHaveSegmentsThatAreNotThereAndNotMapped)
+{
+    EXPECT_TRUE(isWhole(withSegment(isNotMapped, leadPastTheEnd)));
 }
 
 TEST_F(ELFFile, WithASegmentPastAllNumbersIsNotWhole)
 {
-    EXPECT_TRUE(isWhole(withMappedSegment([](Segment&) {})));
-    EXPECT_FALSE(isWhole(withMappedSegment([](Segment& segment) {
+    EXPECT_FALSE(isWhole(withSegment(isMapped, [](Segment& segment) {
         segment.p_offset = static_cast<ElfW(Off)>(-1);  // offset and size together are a small number again
         segment.p_filesz = 2;
     })));

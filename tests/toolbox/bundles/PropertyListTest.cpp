@@ -191,6 +191,8 @@ struct RefusedCase {
     std::string document;
 };
 
+// One that is not read, so that it may well declare the entity that follows.
+const std::string EXTERNAL_TYPE = "<!DOCTYPE plist SYSTEM 'file:///nowhere.dtd'>";
 const std::string WITH_ENTITY = "<plist><dict><key>k</key><string>&e;</string></dict></plist>";
 
 const RefusedCase REFUSED_CASES[] = {
@@ -213,6 +215,7 @@ const RefusedCase REFUSED_CASES[] = {
     {"UnknownElement", propertyList("<key>k</key><set/>")},
     {"UpperCaseElement", propertyList("<key>k</key><STRING>v</STRING>")},
     {"ValueWithoutKey", propertyList("<string>v</string>")},
+    {"StringAsKey", propertyList("<string>k</string><string>v</string>")},
     {"KeyWithoutValue", propertyList("<key>k</key>")},
     {"TwoKeys", propertyList("<key>k</key><key>l</key>")},
     {"KeyInArray", propertyList("<key>k</key><array><key>k</key></array>")},
@@ -224,7 +227,10 @@ const RefusedCase REFUSED_CASES[] = {
     {"Unclosed", "<plist><dict>"},
     {"WronglyClosed", "<plist><dict></plist></dict>"},
     {"UndeclaredEntity", WITH_ENTITY},
-    {"EntityOfAnExternalDocumentType", "<!DOCTYPE plist SYSTEM 'file:///nowhere.dtd'>" + WITH_ENTITY},
+    {"EntityOfAnExternalDocumentType", EXTERNAL_TYPE + WITH_ENTITY},
+    {"EntityBetweenKeyAndValue", EXTERNAL_TYPE + "<plist><dict><key>k</key>&e;<string>v</string></dict></plist>"},
+    {"EntityInAnArray", EXTERNAL_TYPE + "<plist><dict><key>k</key><array>&e;</array></dict></plist>"},
+    {"EntityBesideTheValue", EXTERNAL_TYPE + "<plist>&e;<dict/></plist>"},
     {"DeclaredEntity", "<!DOCTYPE plist [<!ENTITY e 'v'>]>" + WITH_ENTITY},
     {"DeclaredEntityThatIsNotUsed", std::string("<!DOCTYPE plist [<!ENTITY e 'v'>]>") + DICTIONARY},
     {"ExternalEntity", "<!DOCTYPE plist [<!ENTITY e SYSTEM 'file:///etc/passwd'>]>" + WITH_ENTITY},
