@@ -4,6 +4,7 @@
 #include "toolbox/bundles/PlugInRegister.h"
 #include "toolbox/bundles/PropertyList.h"
 #include "toolbox/core_foundation/FileName.h"
+#include "toolbox/core_foundation/Quoted.h"
 
 #include <fstream>
 #include <map>
@@ -56,6 +57,11 @@ Bundle::~Bundle()
 {
     unregisterFactories(*this);
     bundlesByFolder().erase(m_folder);
+}
+
+std::string Bundle::traceName() const
+{
+    return quoted(QString::fromStdString(m_folder.filename().native()));
 }
 
 Bundle* Bundle::create(const fs::path& folder)

@@ -25,6 +25,9 @@ public:
     /// Takes its factories out of the register. Its code stays.
     ~Bundle() override;
 
+    /// The folder's name, quoted.
+    std::string traceName() const override;
+
     /// What the Info.plist says.
     const QVariantMap& info() const { return m_info; }
 

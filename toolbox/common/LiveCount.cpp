@@ -1,7 +1,5 @@
 #include "toolbox/common/LiveCount.h"
 
-#include "toolbox/common/Referenced.h"
-
 #include <Toolbox/LiveObjects.h>
 
 namespace Toolbox {
@@ -31,13 +29,6 @@ LiveCount::~LiveCount()
 std::map<std::string, std::size_t> CountLiveObjects()
 {
     return counts();
-}
-
-std::uintptr_t nextReference()
-{
-    // Far apart and never small, so that neither a count nor an index passes for a reference.
-    static std::uintptr_t last = 0x10000;
-    return last += 16;
 }
 
 }  // namespace Toolbox

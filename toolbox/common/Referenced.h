@@ -11,54 +11,58 @@
 
 #include <cstdint>
 #include <optional>
-#include <unordered_map>
+#include <string>
 
 namespace Toolbox {
 
-/// A number that no other object has or had, as the value of an opaque reference.
-std::uintptr_t nextReference();
+/// What all objects with a reference have in common. They are known by their references for as long as they live.
+class AnyReferenced {
+public:
+    AnyReferenced(const AnyReferenced&) = delete;
+    AnyReferenced& operator=(const AnyReferenced&) = delete;
+
+    /// The live object of `reference`, or null for a null, dead or foreign reference.
+    static AnyReferenced* find(std::uintptr_t reference);
+
+    /// What the trace calls the object: its kind and a number that no other has, as in "window#3".
+    virtual std::string traceName() const;
+
+protected:
+    explicit AnyReferenced(const char* kind);
+    virtual ~AnyReferenced();
+
+    /// Counts this object as of another kind from now on: one that is not meant to end, and so is no leak.
+    void countAs(const char* kind);
+
+    const std::uintptr_t m_reference;
+
+private:
+    const char* m_kind;
+    std::optional<LiveCount> m_alive;
+};
+
+/// What the trace calls what `reference` refers to, or "dead" and its number when that has ended; nothing if the number
+/// was never given out as a reference.
+std::optional<std::string> traceNameOf(std::uintptr_t reference);
 
 /// What an `Object` derives from to be known by a `Ref` for as long as it lives. Whoever makes it owns it; this keeps
 /// only the way from the reference to the object, and counts it as alive under Object::KIND.
-template <typename Object, typename Ref> class Referenced {
+template <typename Object, typename Ref> class Referenced : public AnyReferenced {
 public:
-    Referenced(const Referenced&) = delete;
-    Referenced& operator=(const Referenced&) = delete;
-
-    /// The live object of `ref`, or null for a null, dead or foreign reference.
+    /// The live object of `ref`, or null for a null, dead or foreign reference, and for one of another type.
     static Object* find(Ref ref)
     {
-        const auto found = objects().find(ref);
-        return found == objects().end() ? nullptr : static_cast<Object*>(found->second);
+        return dynamic_cast<Object*>(AnyReferenced::find(reinterpret_cast<std::uintptr_t>(ref)));
     }
 
     /// The reference that callers know this object by.
-    Ref ref() const { return m_ref; }
+    Ref ref() const { return reinterpret_cast<Ref>(m_reference); }
 
 protected:
     Referenced()
-        : m_ref(reinterpret_cast<Ref>(nextReference()))
+        : AnyReferenced(Object::KIND)
     {
-        countAs(Object::KIND);
-        objects().emplace(m_ref, this);
     }
-
-    ~Referenced() { objects().erase(m_ref); }
-
-    /// Counts this object as of another kind from now on: one that is not meant to end, and so is no leak.
-    void countAs(const char* kind) { m_alive.emplace(kind); }
-
-private:
-    // By their bases, since an object enters before it is an Object.
-    static std::unordered_map<Ref, Referenced*>& objects()
-    {
-        // Never destroyed: objects that live until the process ends still take themselves out.
-        static auto* const all = new std::unordered_map<Ref, Referenced*>;
-        return *all;
-    }
-
-    const Ref m_ref;
-    std::optional<LiveCount> m_alive;
 };
 
 }  // namespace Toolbox

@@ -1,8 +1,11 @@
 #include "toolbox/common/TracedCall.h"
 
+#include "toolbox/common/Referenced.h"
+
 #include <Toolbox/Trace.h>
 
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 namespace Toolbox {
@@ -61,8 +64,20 @@ std::string TracedCall::describePointer(const void* pointer)
 {
     if (pointer == nullptr)
         return "null";
+    if (const std::optional<std::string> name = traceNameOf(reinterpret_cast<std::uintptr_t>(pointer)))
+        return *name;
     char text[32];
     std::snprintf(text, sizeof text, "%p", pointer);
+    return text;
+}
+
+std::string TracedCall::describeResults() const
+{
+    std::string text;
+    for (const void* const* const result : m_results) {
+        if (result != nullptr)
+            text += " -> " + describePointer(*result);
+    }
     return text;
 }
 

@@ -1,11 +1,15 @@
 // The trace point. Each public function begins with a TracedCall of its name and arguments, and hands what it returns
 // through gives(). With tracing off that is a test of one flag.
+//
+// A line names objects by what they are ("window#3", a string's text), codes by their characters, other memory by its
+// address; behind a call that succeeded stand the references that it has given: CreateNibReference(...) = 0 -> nib#2.
 
 #ifndef TOOLBOX_COMMON_TRACEDCALL_H
 #define TOOLBOX_COMMON_TRACEDCALL_H
 
 #include <string>
 #include <type_traits>
+#include <vector>
 
 namespace Toolbox {
 
@@ -23,6 +27,7 @@ public:
         [[maybe_unused]] const char* separator = "";
         ((m_line += separator, m_line += describe(arguments), separator = ", "), ...);
         m_line += ')';
+        (noteResult(arguments), ...);
     }
 
     ~TracedCall() { leave(m_reported ? &m_line : nullptr); }
@@ -33,11 +38,34 @@ public:
     template <typename Result> Result gives(Result result)
     {
         if (m_reported)
-            m_line += " = " + describe(result);
+            m_line += " = " + describe(result) + (isSuccess(result) ? describeResults() : std::string());
         return result;
     }
 
 private:
+    // A place where the caller wants a reference: a pointer to a pointer to a structure. Bytes behind pointers, such as
+    // a Handle's, are none.
+    template <typename Value> void noteResult(const Value& value)
+    {
+        if constexpr (std::is_pointer_v<Value>) {
+            using Place = std::remove_pointer_t<Value>;
+            if constexpr (std::is_pointer_v<Place> && std::is_class_v<std::remove_pointer_t<Place>>)
+                m_results.push_back(reinterpret_cast<const void* const*>(value));
+        }
+    }
+
+    // Only noErr says that the results were written.
+    template <typename Result> static bool isSuccess(Result result)
+    {
+        if constexpr (std::is_integral_v<Result>)
+            return result == 0;
+        else
+            return false;
+    }
+
+    // The references that the call has given, behind arrows.
+    std::string describeResults() const;
+
     static bool enter();
     static void leave(const std::string* line);
 
@@ -58,6 +86,7 @@ private:
 
     const bool m_reported;
     std::string m_line;
+    std::vector<const void* const*> m_results;
 };
 
 /// While this lives, code that is not the toolbox's runs inside one of its calls, and its calls are reported again:

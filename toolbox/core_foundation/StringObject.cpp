@@ -1,5 +1,7 @@
 #include "toolbox/core_foundation/StringObject.h"
 
+#include "toolbox/core_foundation/Quoted.h"
+
 #include <algorithm>
 
 namespace Toolbox {
@@ -48,6 +50,11 @@ bool StringObject::equals(const CFObject& other) const
 {
     const auto* const string = dynamic_cast<const StringObject*>(&other);
     return string != nullptr && string->m_text == m_text;
+}
+
+std::string StringObject::traceName() const
+{
+    return quoted(m_text);
 }
 
 QString textOf(CFStringRef string)

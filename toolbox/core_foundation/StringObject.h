@@ -28,6 +28,9 @@ public:
 
     bool equals(const CFObject& other) const override;
 
+    /// The text, quoted.
+    std::string traceName() const override;
+
 private:
     const QString m_text;
     const bool m_isASCII;

@@ -1,5 +1,7 @@
 #include "toolbox/core_foundation/URLObject.h"
 
+#include "toolbox/core_foundation/Quoted.h"
+
 #include <string>
 
 namespace Toolbox {
@@ -26,6 +28,11 @@ bool URLObject::equals(const CFObject& other) const
 {
     const auto* const url = dynamic_cast<const URLObject*>(&other);
     return url != nullptr && url->m_path.native() == m_path.native() && url->m_isFolder == m_isFolder;
+}
+
+std::string URLObject::traceName() const
+{
+    return quoted(QString::fromStdString(m_path.native()));
 }
 
 CFURLRef createURL(const std::filesystem::path& path, bool isFolder)

@@ -22,6 +22,9 @@ public:
     /// Whether `other` names the same path as the same kind of thing.
     bool equals(const CFObject& other) const override;
 
+    /// The path, quoted.
+    std::string traceName() const override;
+
 private:
     const std::filesystem::path m_path;
     const bool m_isFolder;

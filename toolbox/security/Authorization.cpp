@@ -13,12 +13,17 @@ using Toolbox::TracedCall;
 
 namespace {
 
-// Every caller gets this one reference. It stands for the process, whose rights are judged anew at each call, so there
-// is nothing to keep for it; and callers that never free theirs lose nothing.
+// Every caller gets the reference of this one object. It stands for the process, whose rights are judged anew at each
+// call, so there is nothing to keep in it; and callers that never free theirs lose nothing.
+class Authorization : public Toolbox::Referenced<Authorization, AuthorizationRef> {
+public:
+    static constexpr const char* KIND = "authorization";
+};
+
 AuthorizationRef ownAuthorization()
 {
-    static const auto authorization = reinterpret_cast<AuthorizationRef>(Toolbox::nextReference());
-    return authorization;
+    static const Authorization authorization;
+    return authorization.ref();
 }
 
 OSStatus checkCreation(const AuthorizationRights* rights, AuthorizationFlags flags)

@@ -48,6 +48,18 @@ TEST(Referenced, IsFoundByItsReferenceWhileItLives)
     EXPECT_EQ(alive("thing"), 0u);
 }
 
+class OtherThing : public Toolbox::Referenced<OtherThing, ThingRef> {
+public:
+    static constexpr const char* KIND = "other thing";
+};
+
+TEST(Referenced, IsNotFoundAsAnotherType)
+{
+    const OtherThing other;
+    EXPECT_EQ(OtherThing::find(other.ref()), &other);
+    EXPECT_EQ(Thing::find(other.ref()), nullptr);
+}
+
 TEST(Referenced, IsNotFoundByAForeignReference)
 {
     const Thing thing;

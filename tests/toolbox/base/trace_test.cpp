@@ -1,3 +1,4 @@
+#include "toolbox/common/Referenced.h"
 #include "toolbox/common/TracedCall.h"
 
 #include <Carbon/MacMemory.h>
@@ -7,6 +8,7 @@
 
 #include <cinttypes>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -147,6 +149,100 @@ TEST_F(Trace, TellsFourCharacterCodesByTheirCharacters)
         }
         EXPECT_EQ(m_lines.back(), std::string("Call(") + row.text + ") = " + row.text);
     }
+}
+
+struct OpaqueThing;
+using ThingRef = OpaqueThing*;
+
+class Thing : public Toolbox::Referenced<Thing, ThingRef> {
+public:
+    static constexpr const char* KIND = "thing";
+};
+
+// A thing that has a better name than its number.
+class NamedThing : public Thing {
+    std::string traceName() const override { return "the thing"; }
+};
+
+std::string numberOf(const std::string& name)
+{
+    return name.substr(name.find('#'));
+}
+
+TEST_F(Trace, NamesObjectsByKindAndNumber)
+{
+    const Thing first;
+    const Thing second;
+    {
+        TracedCall call("Call", first.ref(), second.ref());
+        call.gives(second.ref());
+    }
+    const std::string one = first.traceName();
+    const std::string two = second.traceName();
+    EXPECT_EQ(one.find("thing#"), 0u) << one;
+    EXPECT_EQ(std::stoi(two.substr(6)), std::stoi(one.substr(6)) + 1) << "objects are numbered as they are made";
+    EXPECT_EQ(m_lines, Lines{"Call(" + one + ", " + two + ") = " + two});
+}
+
+TEST_F(Trace, NamesObjectsAsTheyNameThemselves)
+{
+    const NamedThing thing;
+    {
+        const TracedCall call("Call", thing.ref());
+    }
+    EXPECT_EQ(m_lines, Lines{"Call(the thing)"});
+}
+
+TEST_F(Trace, SaysThatAnObjectHasEnded)
+{
+    auto thing = std::make_unique<Thing>();
+    const std::string number = numberOf(thing->traceName());
+    const ThingRef dead = thing->ref();
+    thing.reset();
+    {
+        const TracedCall call("Call", dead);
+    }
+    EXPECT_EQ(m_lines, Lines{"Call(dead" + number + ")"});
+}
+
+TEST_F(Trace, TellsWhatIsNoReferenceByItsAddress)
+{
+    const Thing thing;
+    const auto value = reinterpret_cast<std::uintptr_t>(thing.ref());
+    for (const std::uintptr_t foreign :
+        {value - 1, value + 1, value + 16, std::uintptr_t(0x10000), std::uintptr_t(16)}) {
+        {
+            const TracedCall call("Call", reinterpret_cast<ThingRef>(foreign));
+        }
+        EXPECT_EQ(m_lines.back().find("Call(0x"), 0u) << m_lines.back();
+    }
+}
+
+TEST_F(Trace, TellsTheReferencesThatASuccessfulCallGave)
+{
+    const Thing thing;
+    ThingRef given = nullptr;
+    ThingRef none = nullptr;
+    for (const OSStatus status : {noErr, paramErr}) {
+        TracedCall call("Call", &given, &none, static_cast<ThingRef*>(nullptr));
+        given = thing.ref();
+        call.gives(status);
+    }
+    ASSERT_EQ(m_lines.size(), 2u);
+    const std::string success = " = 0 -> " + thing.traceName() + " -> null";
+    EXPECT_EQ(m_lines[0].substr(m_lines[0].find(" = ")), success) << "a place that is null gets nothing";
+    EXPECT_EQ(m_lines[1].substr(m_lines[1].find(" = ")), " = -50") << "a call that failed has given nothing";
+}
+
+TEST_F(Trace, TakesBytesBehindPointersForNoReferences)
+{
+    char byte = 'a';
+    char* pointer = &byte;
+    {
+        TracedCall call("Call", &pointer);
+        call.gives(OSStatus(noErr));
+    }
+    EXPECT_EQ(m_lines.back().find("->"), std::string::npos) << m_lines.back();
 }
 
 void procedure() { }
