@@ -1,14 +1,12 @@
 #include "host/ExternalCall.h"
 
 #include "host/ChosenLanguage.h"
-#include "host/StandardStreams.h"
 
 #include <Toolbox/Displays.h>
-#include <Toolbox/Trace.h>
 
 namespace Host {
 
-Report callExternal(PlugIn& plugIn, Record& record, bool trace)
+Report callExternal(PlugIn& plugIn, Record& record, const Toolbox::TraceSink& trace)
 {
     ExternParmBlock& block = record.block();
     Report report;
@@ -18,8 +16,7 @@ Report callExternal(PlugIn& plugIn, Record& record, bool trace)
     report.flagsBefore = block.resultFlags;
 
     ChosenLanguage chosen(block);
-    if (trace)
-        Toolbox::SetTrace(complain);
+    Toolbox::SetTrace(trace);
     plugIn.call(block);
     Toolbox::SetTrace(nullptr);
 

@@ -7,11 +7,13 @@
 #include "host/Record.h"
 #include "host/Report.h"
 
+#include <Toolbox/Trace.h>
+
 namespace Host {
 
-/// Calls `plugIn` with `record` and returns what came of it. With `trace`, each call that the external makes of the
-/// toolbox is a line on standard error.
-Report callExternal(PlugIn& plugIn, Record& record, bool trace);
+/// Calls `plugIn` with `record` and returns what came of it. `trace`, if it is not empty, is given a line for each call
+/// that the external makes of the toolbox.
+Report callExternal(PlugIn& plugIn, Record& record, const Toolbox::TraceSink& trace);
 
 }  // namespace Host
 

@@ -10,27 +10,12 @@ namespace Host {
 
 namespace {
 
-constexpr const char* DESCRIPTION = "Calls an external as its installer would, and says what it answered.";
+constexpr const char* DESCRIPTION = "Calls an external (BUNDLE, else the application's) and says what it answered.";
 
-constexpr const char* NOTES = R"(Answers, for the unattended display, in the order in which they are needed:
-  ok, cancel         press that button of the dialog
-  LANG               choose that language, by name or code, and press OK
-  button:N           press button N of an alert
-When none is left, the dialog is confirmed as it stands and an alert takes its
-default button. Answers without --display choose the unattended display.
-
-With --record, what is not given comes from the file.
-
-Exit status:
-  0   a language was chosen
-  1   nothing was chosen: cancelled, or stopped by the administrator check
-  2   wrong usage, or a file, a display, an answer or standard output that is
-      of no use; also when the picture or the record could not be saved
-  3   the external set its error flag, or showed an alert and chose nothing
-  4   the external could not be loaded
-  5   the call did not return: the screen went away, or the external ended the
-      process; the record was not saved
-)";
+constexpr const char* NOTES = R"(Examples: visex-host                                 open the dialog
+          visex-host --answer german --json          answer it unattended
+          visex-host --app My.app --trace My.bundle  follow another external
+Exit status: 0 chosen, 1 not, 2 misuse, 3 refused, 4 not loaded, 5 cut short)";
 
 Problem wrongUsage(const std::string& line)
 {
@@ -102,14 +87,15 @@ struct Option {
 
 const Option OPTIONS[] = {
     {"--message", "N", "Message in the record [1000]", takeMessage},
-    {"--current", "LANG", "Current language, by code or English name\n[the user's own, else English]", takeCurrent},
-    {"--display", "KIND", "window, terminal or unattended\n[the first that there is here]", takeDisplay},
-    {"--answer", "ANSWER", "Answer for the unattended display; repeatable", takeAnswer},
+    {"--current", "LANG", "Current language: English name or code [user's]", takeCurrent},
+    {"--display", "KIND", "window, terminal or unattended [the first here]", takeDisplay},
+    {"--answer", "ANSWER", "ok, cancel, LANG or button:N, unattended; repeatable", takeAnswer},
     {"--app", "DIR", "Application bundle [the demo application]", takePath<&Options::application>},
     {"--resources", "FILE", "Resource file [the application's]", takePath<&Options::resources>},
     {"--record", "FILE", "Record to start from [zeros]", takePath<&Options::record>},
     {"--write-record", "FILE", "Where to store the record after the call", takePath<&Options::writeRecord>},
     {"--picture", "FILE", "Save the dialog as a picture (PNG)", takePath<&Options::picture>},
+    {"--trace-file", "FILE", "Write its toolbox calls into a file", takePath<&Options::traceFile>},
 };
 
 struct Flag {
@@ -122,6 +108,11 @@ const Flag FLAGS[] = {
     {"--require-admin", "Have it ask for the administrator's right", &Options::requireAdmin},
     {"--json", "Print the answer as one JSON object", &Options::json},
     {"--trace", "Write its toolbox calls to standard error", &Options::trace},
+};
+
+// Leaves out the section on BUNDLE, which the first line of --help has explained.
+class HelpFormatter : public CLI::Formatter {
+    std::string make_positionals(const CLI::App*) const override { return std::string(); }
 };
 
 // CLI11 says what is wrong in its own words; these are ours.
@@ -145,8 +136,7 @@ void addPlugIn(CLI::App& app, Options& options)
             throw wrongUsage("BUNDLE needs a value");
         options.plugIn = text;
     };
-    app.add_option_function<std::string>("BUNDLE", take, "The external [the one that the application has]")
-        ->option_text(" ");
+    app.add_option_function<std::string>("BUNDLE", take);
 }
 
 void addOption(CLI::App& app, const Option& option, Options& options)
@@ -169,6 +159,8 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
 {
     Options options;
     CLI::App app(DESCRIPTION, "visex-host");
+    app.formatter(std::make_shared<HelpFormatter>());
+    app.get_formatter()->column_width(25);
     app.footer(NOTES);
     addPlugIn(app, options);
     for (const Option& option : OPTIONS)

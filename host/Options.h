@@ -26,6 +26,7 @@ struct Options {
     std::optional<std::string> record;
     std::optional<std::string> writeRecord;
     std::optional<std::string> picture;
+    std::optional<std::string> traceFile;
     std::optional<std::string> plugIn;
     bool requireAdmin = false;
     bool json = false;

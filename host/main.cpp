@@ -9,12 +9,14 @@
 #include "host/Options.h"
 #include "host/Paths.h"
 #include "host/StandardStreams.h"
+#include "host/TraceFile.h"
 
 #include <Toolbox/Application.h>
 #include <Toolbox/Displays.h>
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -58,6 +60,23 @@ bool tellProblems(const Options& options)
     return picture.empty();
 }
 
+// Where the trace goes: into the file if there is one, else to standard error if it is wanted at all.
+Toolbox::TraceSink traceSink(const Options& options, std::optional<TraceFile>& file)
+{
+    if (file)
+        return [&file](const std::string& line) { file->write(line); };
+    return options.trace ? Toolbox::TraceSink(complain) : nullptr;
+}
+
+bool finish(std::optional<TraceFile>& traceFile)
+{
+    std::string problem;
+    if (!traceFile || traceFile->finish(&problem))
+        return true;
+    complain(problem);
+    return false;
+}
+
 bool print(const std::string& answer)
 {
     std::string problem;
@@ -79,11 +98,15 @@ ExitStatus callWith(const Options& options)
     PlugIn plugIn(options.plugIn ? std::filesystem::path(*options.plugIn) : application.builtInPlugIn());
     const DisplayKind display = chooseDisplay(options);
 
+    std::optional<TraceFile> traceFile;
+    if (options.traceFile)
+        traceFile.emplace(*options.traceFile);
     const Report report = [&] {
         const CallGuard guard(display);
-        return callExternal(plugIn, record, options.trace);
+        return callExternal(plugIn, record, traceSink(options, traceFile));
     }();
-    const bool noProblem = tellProblems(options);
+    const bool traced = finish(traceFile);
+    const bool noProblem = tellProblems(options) && traced;
     const bool printed = print(options.json ? inJson(report) : inWords(report));
     if (options.writeRecord)
         record.save(*options.writeRecord);

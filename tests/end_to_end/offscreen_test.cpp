@@ -74,7 +74,7 @@ protected:
             if (dialog)
                 dialog->close();  // also when the work failed half way
         });
-        const Report report = callExternal(plugIn, record, false);
+        const Report report = callExternal(plugIn, record, nullptr);
         EXPECT_TRUE(worked) << "no dialog was opened";
         EXPECT_EQ(record.block().chosenLanguage, report.chosen.value_or(0));
         return report;

@@ -1,5 +1,6 @@
 """The main job with answers from a list: what is chosen, written and printed."""
 
+import re
 import unittest
 
 from visex import *
@@ -144,6 +145,39 @@ class Defaults(HostTest):
         self.assertEqual([each for each in called if each in order],
                          ["GetResource", "CreateNibReference", "CreateWindowFromNib", "GetEventParameter",
                           "RunAppModalLoopForWindow", "DisposeWindow"], "a call is told when it returns")
+
+
+    def test_the_trace_names_what_the_calls_are_about(self):
+        lines = unattended("--trace").errors.splitlines()
+
+        def arguments(function):
+            return next(line for line in lines if line.startswith(f"visex-host: {function}("))
+
+        nib = re.search(r'\("LanguageSelector", 0x\w+\) = 0 -> (nib#\d+)$', arguments("CreateNibReference"))[1]
+        window = re.search(rf'\({nib}, "Language_Selector", 0x\w+\) = 0 -> (window#\d+)$',
+                           arguments("CreateWindowFromNib"))[1]
+        self.assertTrue(arguments("DisposeNibReference").endswith(f"({nib})"))
+        self.assertTrue(arguments("DisposeWindow").endswith(f"({window})"))
+        self.assertRegex(arguments("GetControlByID"), rf"\({window}, .* -> control#\d+$")
+
+    def test_the_trace_may_go_into_a_file(self):
+        file = self.folder / "calls"
+        outcome = unattended("--trace", "--trace-file", file)
+        self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
+        calls = [line.split("(")[0] for line in file.read_text().splitlines()]
+        self.assertEqual((calls[0], calls[-1]), ("GetResource", "DisposeEventHandlerUPP"))
+
+    def test_a_trace_that_cannot_be_written_is_told_and_the_answer_stands(self):
+        outcome = unattended("--trace-file", "/dev/full")
+        self.assertEqual(outcome.status, NOT_DONE)
+        self.assertEqual(outcome.errors,
+                         "visex-host: cannot write the trace into '/dev/full': No space left on device\n")
+        self.assertIn("English (0) was written to the record.", outcome.output)
+
+    def test_without_its_trace_file_no_call_is_made(self):
+        outcome = unattended("--trace-file", self.folder, "--write-record", self.folder / "record")
+        self.assert_fails(outcome, NOT_DONE, f"cannot write the trace into '{self.folder}': Is a directory")
+        self.assertFalse((self.folder / "record").exists())
 
 
 class HelpAndVersion(HostTest):

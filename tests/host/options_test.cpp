@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <variant>
 #include <vector>
@@ -29,6 +30,7 @@ TEST(Options, AreEmptyWhenNothingIsGiven)
     EXPECT_FALSE(none.record);
     EXPECT_FALSE(none.writeRecord);
     EXPECT_FALSE(none.picture);
+    EXPECT_FALSE(none.traceFile);
     EXPECT_FALSE(none.plugIn);
     EXPECT_FALSE(none.requireAdmin);
     EXPECT_FALSE(none.json);
@@ -39,7 +41,7 @@ TEST(Options, AreTakenAllAtOnce)
 {
     const Options all = options({"--message", "999", "--current", "german", "--display", "unattended", "--answer", "ok",
         "--answer", "button:2", "--app", "an app", "--resources", "r", "--require-admin", "--record", "in",
-        "--write-record", "out", "--picture", "p.png", "--json", "--trace", "a.bundle"});
+        "--write-record", "out", "--picture", "p.png", "--trace-file", "calls", "--json", "--trace", "a.bundle"});
     EXPECT_EQ(all.message, 999);
     EXPECT_EQ(all.current, 2u);
     EXPECT_EQ(all.display, DisplayKind::Unattended);
@@ -51,6 +53,7 @@ TEST(Options, AreTakenAllAtOnce)
     EXPECT_EQ(all.record, "in");
     EXPECT_EQ(all.writeRecord, "out");
     EXPECT_EQ(all.picture, "p.png");
+    EXPECT_EQ(all.traceFile, "calls");
     EXPECT_EQ(all.plugIn, "a.bundle");
     EXPECT_TRUE(all.requireAdmin);
     EXPECT_TRUE(all.json);
@@ -105,14 +108,15 @@ TEST(Options, HelpNamesThemAll)
     const std::string help = std::get<std::string>(parseOptions({"--help"}));
     for (const char* const name : {"--message N", "--current LANG", "--display KIND", "--answer ANSWER", "--app DIR",
              "--resources FILE", "--require-admin", "--record FILE", "--write-record FILE", "--picture FILE", "--json",
-             "--trace", "--help", "--version", "BUNDLE", "Exit status", "\n  0 ", "\n  1 ", "\n  2 ", "\n  3 ",
-             "\n  4 ", "\n  5   the call did not return"})
+             "--trace-file FILE", "--trace ", "--help", "--version", "BUNDLE", "Exit status", " 0 chosen", " 1 not",
+             " 2 misuse", " 3 refused", " 4 not loaded", " 5 cut short", "Examples"})
         EXPECT_NE(help.find(name), std::string::npos) << name;
 }
 
 TEST(Options, HelpFitsATerminal)
 {
     const std::string help = std::get<std::string>(parseOptions({"--help"}));
+    EXPECT_LE(std::count(help.begin(), help.end(), '\n'), 24);
     std::size_t start = 0;
     for (std::size_t end; (end = help.find('\n', start)) != std::string::npos; start = end + 1)
         EXPECT_LE(end - start, 80u) << help.substr(start, end - start);
