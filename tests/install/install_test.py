@@ -1,4 +1,4 @@
-"""What `cmake --install` makes of the build, after it was moved: its files, its host, and projects that use its library.
+"""What `cmake --install` makes of the build, after it was moved: its files, its host, projects that use its library.
 
 The two parts are installed and moved each for itself, as each is a package of its own.
 """
@@ -25,6 +25,7 @@ FILES = {
         LIBDIR/libvelbase_toolbox.a
         LIBDIR/pkgconfig/velbase-toolbox.pc
         LIBDIR/pkgconfig/velbase.pc
+        share/velbase/velbase_gdb.py
     """,
     "host": """
         bin/visex-host
