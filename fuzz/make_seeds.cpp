@@ -1,5 +1,5 @@
-// Makes the seeds that are no texts: make_seeds FOLDER writes them into FOLDER/TARGET. Like everything in resource
-// files they are drawn by the tests' own helpers, field by field.
+// Makes the seeds that are no texts: make_seeds FOLDER writes them into FOLDER/TARGET. Resource files are drawn by the
+// tests' own helpers, field by field.
 
 #include "tests/toolbox/alerts/AlertBytes.h"
 #include "tests/toolbox/base/resource_fork.h"

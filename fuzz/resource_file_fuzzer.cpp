@@ -14,7 +14,6 @@
 #include <Carbon/Carbon.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
