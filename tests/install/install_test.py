@@ -44,6 +44,8 @@ FILES = {
         LIBDIR/visex-host/libtoolbox_core.so
         LIBDIR/visex-host/libtoolbox_window.so
         LIBDIR/visex-host/visex-host
+        share/bash-completion/completions/visex-host
+        share/man/man1/visex-host.1.gz
     """,
 }
 
