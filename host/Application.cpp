@@ -68,6 +68,7 @@ SInt16 openResourceFile(const fs::path& file)
 }  // namespace
 
 Application::Application(const fs::path& folder, const std::optional<std::string>& resourceFile)
+    : m_folder(folder)
 {
     if (!Toolbox::SetMainBundle(folder.string()))
         throw Problem(ExitStatus::NotDone, "there is no application bundle in '" + folder.string() + "'");
@@ -103,7 +104,7 @@ fs::path Application::builtInPlugIn() const
     std::vector<fs::path> found;
     std::error_code error;
     for (fs::directory_iterator each(folder, error), end; !error && each != end; each.increment(error)) {
-        if (each->path().extension() == ".bundle")
+        if (each->path().extension() == ".bundle" && isInside(m_folder, each->path()))
             found.push_back(each->path());
     }
     if (found.empty())

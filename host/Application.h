@@ -27,10 +27,12 @@ public:
     /// stays as it is. Throws Problem when there is no such resource or it is too short for the flag.
     void requireAdministrator();
 
-    /// The external that the application brings along. Throws Problem when it has none, or more than one.
+    /// The external that the application brings along; a link that leads out of the application is none. Throws Problem
+    /// when it has none, or more than one.
     std::filesystem::path builtInPlugIn() const;
 
 private:
+    const std::filesystem::path m_folder;
     std::optional<SInt16> m_resourceFile;  // open
 };
 

@@ -3,9 +3,15 @@
 #ifndef HOST_ENVIRONMENT_H
 #define HOST_ENVIRONMENT_H
 
+#include <vector>
+
 namespace Host {
 
-/// Takes out the variables that would have foreign plug-ins loaded into the process. To be called before anything of
+/// The variables by which foreign code could get into the process: those of the libraries that it loads, not those of
+/// the loader itself, which has read its own before any code runs.
+const std::vector<const char*>& plugInVariables();
+
+/// Takes these variables out of the environment. To be called before anything of
 /// the toolbox is.
 void clearPlugInPaths();
 

@@ -1,5 +1,6 @@
 #include "host/Paths.h"
 
+#include <algorithm>
 #include <climits>
 #include <string>
 #include <system_error>
@@ -32,6 +33,14 @@ fs::path pathOf(CFURLRef url)
     if (!CFURLGetFileSystemRepresentation(url, true, path, sizeof path))
         return fs::path();
     return fs::path(reinterpret_cast<const char*>(path));
+}
+
+bool isInside(const fs::path& folder, const fs::path& path)
+{
+    std::error_code missing;
+    const fs::path root = fs::canonical(folder, missing);
+    const fs::path real = missing ? fs::path() : fs::canonical(path, missing);
+    return !missing && std::mismatch(root.begin(), root.end(), real.begin(), real.end()).first == root.end();
 }
 
 fs::path supportFolder()

@@ -75,20 +75,6 @@ class OtherMessages(HostTest):
 
 @unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
 class AdministratorCheck(HostTest):
-    def installation(self):
-        """A copy of everything that the host needs, where every user can read it."""
-        os.chmod(self.folder, 0o755)
-        shutil.copytree(BUILD / "bin", self.folder / "bin")
-        libraries = self.folder / "toolbox"
-        libraries.mkdir()
-        for library in BUILD.glob("toolbox/**/*.so"):
-            shutil.copy(library, libraries)
-        return self.folder / "bin/visex-host"
-
-    def as_nobody(self, *arguments):
-        return unattended(*arguments, host=self.installation(), user="nobody", group="nogroup", extra_groups=[],
-                          cwd="/", variables={"LD_LIBRARY_PATH": str(self.folder / "toolbox")})
-
     def test_the_superuser_passes(self):
         outcome = unattended("--require-admin", "--current", "japanese")
         self.assertEqual(outcome.errors, "")
@@ -96,14 +82,14 @@ class AdministratorCheck(HostTest):
         self.assertIn("Japanese (11) was written to the record.", outcome.output)
 
     def test_another_user_is_stopped_in_silence(self):
-        outcome = self.as_nobody("--require-admin", "--json")
+        outcome = self.as_nobody(self.installation(), "--require-admin", "--json")
         self.assertEqual(outcome.errors, "")
         self.assertEqual(outcome.status, NOTHING_CHOSEN)
         self.assertIsNone(outcome.json()["chosen"])
         self.assertEqual(outcome.json()["alerts"], [])
 
     def test_another_user_passes_when_it_is_not_required(self):
-        self.assertEqual(self.as_nobody().status, CHOSE)
+        self.assertEqual(self.as_nobody(self.installation()).status, CHOSE)
 
 
 class BadFramework(HostTest):
@@ -152,6 +138,13 @@ class BadFramework(HostTest):
         code = BUILD / "tests/end_to_end/libsecurity_with_both.so"
         host = self.host_with(lambda folder: shutil.copy(code, folder / "Security.framework/Security"))
         self.assertEqual(unattended("--app", DEMO, "--require-admin", host=host).status, CHOSE)
+
+    def test_an_executable_that_a_link_leads_to(self):
+        def lead_out(folder):
+            executable = folder / "Security.framework/Security"
+            executable.rename(self.folder / "Security")
+            executable.symlink_to(self.folder / "Security")
+        self.assert_stops(lead_out)
 
     def test_a_property_list_that_is_none(self):
         # Nothing in it is needed to find the executable, so the answer is as with a good one.

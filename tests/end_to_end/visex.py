@@ -94,6 +94,21 @@ class HostTest(unittest.TestCase):
         shutil.copytree(DEMO, copy)
         return copy
 
+    def installation(self):
+        """A host with a copy of everything that it needs, where every user can read it."""
+        os.chmod(self.folder, 0o755)
+        shutil.copytree(BUILD / "bin", self.folder / "bin")
+        libraries = self.folder / "toolbox"
+        libraries.mkdir()
+        for library in BUILD.glob("toolbox/**/*.so"):
+            shutil.copy(library, libraries)
+        return self.folder / "bin/visex-host"
+
+    def as_nobody(self, host, *arguments):
+        """Runs the `host` of an installation as a user without rights."""
+        return unattended(*arguments, host=host, user="nobody", group="nogroup", extra_groups=[], cwd="/",
+                          variables={"LD_LIBRARY_PATH": str(self.folder / "toolbox")})
+
     def assert_fails(self, outcome, status, line):
         """The host printed no answer and one line on standard error, which is `line`."""
         self.assertEqual(outcome.errors, f"visex-host: {line}\n")

@@ -1,4 +1,5 @@
 #include "host/Application.h"
+#include "host/Problem.h"
 #include "tests/host/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -78,6 +79,27 @@ TEST(Application, NamesItsExternal)
 {
     const Application application(DEMO, std::nullopt);
     EXPECT_EQ(application.builtInPlugIn(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
+}
+
+TEST(Application, BringsNoExternalThatALinkLeadsTo)
+{
+    namespace fs = std::filesystem;
+    const TemporaryFolder folder;
+    const fs::path outside = folder / "Outside.bundle";
+    const fs::path plugIns = folder / "Test.app/Contents/PlugIns";
+    fs::create_directory(outside);
+    fs::create_directories(plugIns);
+    fs::create_directory_symlink(outside, plugIns / "Link.bundle");
+    fs::create_directory_symlink(folder / "none", plugIns / "Dangling.bundle");
+    const Application application(folder / "Test.app", std::nullopt);
+    EXPECT_THROW(application.builtInPlugIn(), Problem);
+
+    fs::create_directory(plugIns / "Own.bundle");
+    EXPECT_EQ(application.builtInPlugIn().filename(), "Own.bundle");
+    fs::remove(plugIns / "Own.bundle");
+    fs::create_directory(plugIns.parent_path() / "Shared");
+    fs::create_directory_symlink("../Shared", plugIns / "Own.bundle");
+    EXPECT_EQ(application.builtInPlugIn().filename(), "Own.bundle") << "a link may lead about in the application";
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include <sys/stat.h>
+
 namespace {
 
 class Picture : public WindowTest {
@@ -119,6 +121,20 @@ TEST_F(Picture, ReplacesAFileWholeOrNotAtAll)
     Dialog().run();
     EXPECT_NE(Toolbox::PictureProblem(), "");
     EXPECT_EQ(files(), 2u) << "nothing half written lies about";
+}
+
+TEST_F(Picture, ReplacesNothingButRegularFiles)
+{
+    const std::string pipe = m_folder.path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::filesystem::create_symlink(pipe, m_folder.path("link"));
+    for (const char* const name : {"pipe", "link"}) {
+        Toolbox::SavePicture(m_folder.path(name));
+        EXPECT_EQ(Dialog().run(), "ended: ok");
+        EXPECT_EQ(Toolbox::PictureProblem(), "it is not a regular file");
+    }
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+    EXPECT_EQ(files(), 2u);
 }
 
 TEST_F(Picture, MayBeOfAWindowThatHoldsNothing)

@@ -8,6 +8,7 @@
 #include "toolbox/windows/ModalLoop.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QSaveFile>
 #include <QScreen>
@@ -20,11 +21,15 @@ namespace {
 // Whole or not at all; returns what went wrong, or nothing.
 QString savePicture(QWidget& widget, const QString& name)
 {
+    // What is saved takes the place of what has the name, and a device or a pipe must not lose its own.
+    if (const QFileInfo present(name); present.exists() && !present.isFile())
+        return QStringLiteral("it is not a regular file");
     const QPixmap picture = widget.grab();
     if (picture.isNull())
         return QStringLiteral("there is nothing to draw");
     QSaveFile file(name);
-    const bool saved = file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.commit();
+    // Flushed before it is committed, which takes no notice when what is still held back cannot be written.
+    const bool saved = file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.flush() && file.commit();
     return saved ? QString() : file.errorString();
 }
 

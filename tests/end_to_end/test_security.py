@@ -1,0 +1,230 @@
+"""What docs/security.md states: what is trusted, what is not, and that nothing is written that was not asked for."""
+
+import os
+import re
+import resource
+import signal
+import unittest
+
+from visex import *
+
+
+def tree(folder):
+    """Every file under `folder` with its bytes, every link with its goal, every other thing with its kind."""
+    contents = {}
+    for path in sorted(folder.rglob("*")):
+        if path.is_symlink():
+            contents[path] = os.readlink(path)
+        else:
+            contents[path] = path.read_bytes() if path.is_file() else os.stat(path).st_mode
+    return contents
+
+
+class Links(HostTest):
+    """A link out of a bundle, in the place of each thing that is read or loaded from one, is as if nothing were there."""
+
+    def lead_out(self, path):
+        outside = self.folder / "outside"
+        outside.mkdir()
+        path.rename(outside / path.name)
+        path.symlink_to(outside / path.name)
+
+    def outcome_without(self, place, *arguments, **options):
+        app = self.demo_copy()
+        self.lead_out(app / "Contents" / place)
+        return unattended("--app", app, *arguments, **options)
+
+    def test_the_copy_works(self):
+        self.assertEqual(unattended("--app", self.demo_copy()).status, CHOSE)
+
+    def test_the_nib(self):
+        for place in ("Resources/LanguageSelector.nib", "Resources/LanguageSelector.nib/objects.xib"):
+            with self.subTest(place):
+                outcome = self.outcome_without(place, "--json")
+                self.assertEqual(outcome.status, REFUSED)
+                self.assertIn("Can't find Nib Reference", outcome.json()["alerts"][0]["text"])
+                shutil.rmtree(self.folder / "outside")
+                shutil.rmtree(self.folder / "DemoInstaller.app")
+
+    def test_the_resource_file(self):
+        outcome = self.outcome_without("Resources/DemoInstaller.rsrc", "--require-admin")
+        self.assert_fails(outcome, NOT_DONE, "the administrator flag cannot be set: the resource file has no "
+                                             "'CALL' 1000, which would hold it")
+
+    def test_the_folder_of_externals(self):
+        outcome = self.outcome_without("PlugIns")
+        self.assert_fails(outcome, NOT_LOADED,
+                          f"there is no external in '{self.folder}/DemoInstaller.app/Contents/PlugIns'; name one")
+
+    def test_an_external_in_that_folder(self):
+        outcome = self.outcome_without("PlugIns/LanguageSelector.bundle")
+        self.assert_fails(outcome, NOT_LOADED,
+                          f"there is no external in '{self.folder}/DemoInstaller.app/Contents/PlugIns'; name one")
+
+    def test_what_an_external_is_made_of(self):
+        bundle = self.folder / "Test.bundle"
+        for place in ("Contents/Info.plist", "Contents/Linux", "Contents/Linux/LanguageSelector", "Contents"):
+            with self.subTest(place):
+                shutil.copytree(DEMO / "Contents/PlugIns/LanguageSelector.bundle", bundle)
+                self.assertEqual(unattended(bundle).status, CHOSE)
+                self.lead_out(bundle / place)
+                outcome = unattended(bundle)
+                self.assertEqual(outcome.status, NOT_LOADED)
+                self.assertTrue(outcome.errors.startswith(f"visex-host: cannot load the external '{bundle}': "))
+                shutil.rmtree(self.folder / "outside")
+                shutil.rmtree(bundle)
+
+
+class Code(HostTest):
+    """What the process loads is the system's or the host's own, whatever the environment and the folder say."""
+
+    def loaded_files(self, *arguments, **options):
+        """The files that the loader maps, and the outcome."""
+        variables = {**options.pop("variables", {}), "LD_DEBUG": "files", "LD_DEBUG_OUTPUT": str(self.folder / "loaded")}
+        outcome = unattended(*arguments, variables=variables, **options)
+        told = "".join(file.read_text(errors="replace") for file in self.folder.glob("loaded.*"))
+        return set(re.findall(r"calling init: (.+)", told)), outcome
+
+    def test_none_is_from_the_environment_or_the_working_directory(self):
+        decoys = self.folder / "decoys"
+        offscreen = next(pathlib.Path("/usr/lib").glob("*/qt6/plugins/platforms/libqoffscreen.so"))
+        for place in ("platforms/libqoffscreen.so", "libqoffscreen.so", "Security", "libSecurity.so",
+                      "LanguageSelector", "libtoolbox_window.so", "libqttestability.so", "libttestability.so"):
+            (decoys / place).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(offscreen, decoys / place)
+        shutil.copytree(SUPPORT / "Frameworks", decoys / "Frameworks")
+        shutil.copytree(DEMO, decoys / "DemoInstaller.app")
+        (decoys / "qt.conf").write_text(f"[Paths]\nPlugins={decoys}\n")
+        names = ("QT_PLUGIN_PATH", "QT_QPA_PLATFORM_PLUGIN_PATH", "DYLD_FRAMEWORK_PATH", "DYLD_LIBRARY_PATH",
+                 "CFProcessPath", "GCONV_PATH", "GIO_MODULE_DIR", "GIO_EXTRA_MODULES", "GTK_PATH", "HOME", "PWD",
+                 "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "TMPDIR", "PATH")
+        variables = {**{name: str(decoys) for name in names}, "QT_LOAD_TESTABILITY": "1"}
+
+        loaded, outcome = self.loaded_files("--require-admin", "--picture", self.folder / "picture.png",
+                                            cwd=decoys, variables=variables)
+        self.assertEqual(outcome.errors, "")
+        names = {pathlib.Path(path).name for path in loaded}
+        self.assertLessEqual({"LanguageSelector", "libqoffscreen.so"}, names, "what must be loaded is listed")
+        homes = (str(BUILD) + "/", "/lib/", "/lib64/", "/usr/lib/", "/usr/local/lib/")
+        self.assertEqual([path for path in loaded if not path.startswith((*homes, str(HOST)))], [])
+
+    def test_the_nib_and_the_resources_are_the_applications(self):
+        app = self.demo_copy()
+        nib = app / "Contents/Resources/LanguageSelector.nib"
+        resources = app / "Contents/Resources/DemoInstaller.rsrc"
+        decoys = self.folder / "decoys"
+        for place in ("", "Resources", "Contents/Resources", "English.lproj"):
+            (decoys / place).mkdir(parents=True, exist_ok=True)
+            shutil.copytree(nib, decoys / place / nib.name)
+            shutil.copy(resources, decoys / place)
+        shutil.rmtree(nib)
+        resources.unlink()
+        variables = {name: str(decoys) for name in ("HOME", "PWD", "PATH", "CFProcessPath", "XDG_DATA_HOME")}
+        outcome = unattended("--app", app, "--json", cwd=decoys, variables=variables)
+        self.assertIn("Can't find Nib Reference", outcome.json()["alerts"][0]["text"])
+        outcome = unattended("--app", app, "--require-admin", cwd=decoys, variables=variables)
+        self.assertEqual(outcome.status, NOT_DONE)
+        self.assertIn("the resource file has no 'CALL' 1000", outcome.errors)
+
+
+class Traces(HostTest):
+    """Nothing is left anywhere but the files that options name."""
+
+    def test_nothing_is_written_but_what_an_option_names(self):
+        for name in ("home", "work", "temporary", "configuration", "cache", "data", "runtime"):
+            (self.folder / name).mkdir(mode=0o700)
+        record_file = self.file("work/record", record(current=GERMAN))
+        places = {"HOME": "home", "TMPDIR": "temporary", "XDG_CONFIG_HOME": "configuration", "XDG_CACHE_HOME": "cache",
+                  "XDG_DATA_HOME": "data", "XDG_RUNTIME_DIR": "runtime"}
+        variables = {name: str(self.folder / place) for name, place in places.items()}
+        cases = [
+            ([], []),
+            (["--json", "--trace", "--require-admin"], []),
+            (["--record", record_file.name], []),
+            (["--message", "5"], []),
+            (["--answer", "cancel"], []),
+            (["--app", "missing"], []),
+            (["--help"], []),
+            (["--write-record", "after"], ["after"]),
+            (["--picture", "picture.png"], ["picture.png"]),
+            (["--picture", "missing/picture.png", "--write-record", "missing/after"], []),
+        ]
+        for arguments, written in cases:
+            with self.subTest(arguments):
+                before, own = tree(self.folder), tree(SUPPORT)
+                unattended(*arguments, cwd=self.folder / "work", variables=variables)
+                after = tree(self.folder)
+                named = {self.folder / "work" / name for name in written}
+                self.assertEqual({path for path in after if path not in before}, named)
+                self.assertEqual({path: after.get(path) for path in before}, before)
+                self.assertEqual(tree(SUPPORT), own)
+                for path in named:
+                    path.unlink()
+
+
+def full_disk(ignore_signal):
+    """What makes no file grow past 100 bytes: writing fails if the signal is ignored, else the process is killed by it."""
+    def limit():
+        signal.signal(signal.SIGXFSZ, signal.SIG_IGN if ignore_signal else signal.SIG_DFL)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (100, 100))
+    return {"preexec_fn": limit, "restore_signals": False}
+
+
+class Files(HostTest):
+    """A file is written whole or stays what it was."""
+
+    OPTIONS = (("--write-record", "record"), ("--picture", "picture"))
+
+    def setUp(self):
+        super().setUp()
+        self.target = self.file("target", b"what stood here before")
+
+    def test_a_full_disk_is_said(self):
+        for option, name in self.OPTIONS:
+            with self.subTest(option):
+                outcome = unattended(option, self.target, **full_disk(ignore_signal=True))
+                self.assertEqual(outcome.status, NOT_DONE)
+                self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the {name} (in )?'{self.target}': .+\n\Z")
+                self.assertEqual(tree(self.folder), {self.target: b"what stood here before"})
+
+    def test_being_killed_half_way_leaves_what_was_there(self):
+        for option, _ in self.OPTIONS:
+            with self.subTest(option):
+                outcome = unattended(option, self.target, **full_disk(ignore_signal=False))
+                self.assertEqual(outcome.status, -signal.SIGXFSZ)
+                self.assertEqual(self.target.read_bytes(), b"what stood here before")
+
+    def test_only_a_regular_file_is_replaced(self):
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        (self.folder / "link").symlink_to(pipe)
+        (self.folder / "folder").mkdir()
+        before = tree(self.folder)
+        for option, name in self.OPTIONS:
+            for target in ("pipe", "link", "folder"):
+                with self.subTest(option, target=target):
+                    outcome = unattended(option, self.folder / target)
+                    self.assertEqual(outcome.status, NOT_DONE)
+                    self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the {name} .*: it is not a regular file\n")
+                    self.assertEqual(tree(self.folder), before)
+
+    @unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
+    def test_a_folder_that_may_only_be_read(self):
+        host = self.installation()
+        for option, name in self.OPTIONS:
+            with self.subTest(option):
+                outcome = self.as_nobody(host, option, self.target)
+                self.assertEqual(outcome.status, NOT_DONE)
+                self.assertRegex(outcome.errors, rf"visex-host: cannot save the {name} .+\n")
+                self.assertEqual(self.target.read_bytes(), b"what stood here before")
+
+    def test_a_trace_that_nobody_takes_changes_nothing(self):
+        with open("/dev/full", "w") as full:
+            process = subprocess.run([HOST, "--answer", "german", "--trace", "--write-record", self.target],
+                                     env=environment(), stdout=subprocess.DEVNULL, stderr=full, timeout=TIMEOUT)
+        self.assertEqual(process.returncode, CHOSE)
+        self.assertEqual(self.target.read_bytes(), record(chosen=GERMAN))
+
+
+if __name__ == "__main__":
+    unittest.main()

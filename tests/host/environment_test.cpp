@@ -1,0 +1,45 @@
+#include "host/Environment.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+using namespace Host;
+
+bool isCleared(const std::string& variable)
+{
+    return std::count(plugInVariables().begin(), plugInVariables().end(), variable) == 1;
+}
+
+TEST(ClearPlugInPaths, TakesOutEveryVariableThatNamesCode)
+{
+    for (const char* const variable : plugInVariables())
+        setenv(variable, "/foreign", 1);
+    clearPlugInPaths();
+    for (const char* const variable : plugInVariables())
+        EXPECT_EQ(std::getenv(variable), nullptr) << variable;
+}
+
+TEST(ClearPlugInPaths, KnowsThoseOfTheLibrariesThatAreLoaded)
+{
+    for (const char* const variable :
+        {"QT_PLUGIN_PATH", "QT_QPA_PLATFORM_PLUGIN_PATH", "QT_VULKAN_LIB", "QT_LOAD_TESTABILITY", "GCONV_PATH",
+            "GTK_MODULES", "GTK_PATH", "GIO_EXTRA_MODULES", "GIO_MODULE_DIR", "LIBGL_DRIVERS_PATH"})
+        EXPECT_TRUE(isCleared(variable)) << variable;
+}
+
+TEST(ClearPlugInPaths, LeavesTheOthersAlone)
+{
+    for (const char* const variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "LANG", "HOME", "PATH"})
+        EXPECT_FALSE(isCleared(variable)) << variable;
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    clearPlugInPaths();
+    EXPECT_STREQ(std::getenv("QT_QPA_PLATFORM"), "offscreen");
+    unsetenv("QT_QPA_PLATFORM");
+}
+
+}  // namespace
