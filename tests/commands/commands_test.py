@@ -220,7 +220,8 @@ class Test(CommandTest):
 
     def test_each_lane_has_its_function(self):
         script = (self.checkout / "test").read_text()
-        lanes = script.split("LANES=(")[1].split(")")[0].split()
+        lanes = [lane for listed in ("LANES", "ONLY_BY_NAME")
+                 for lane in script.split(f"\n{listed}=(")[1].split(")")[0].split()]
         self.assertLessEqual(set(self.NATIVE), set(lanes))
         for lane in lanes:
             self.assertIn(f"\nlane_{lane}() {{\n", script)
