@@ -53,8 +53,10 @@ class Outcome:
 
 def run(*arguments, host=HOST, variables=None, **options):
     """Runs the host to its end, with neither a screen nor a terminal, and returns its Outcome."""
+    # A host that was copied does not know where the libraries are.
+    libraries = {} if host == HOST else {"LD_LIBRARY_PATH": str(BUILD / "toolbox")}
     process = subprocess.run(
-        [host, *arguments], env=environment(**(variables or {})), stdin=subprocess.DEVNULL, capture_output=True,
+        [host, *arguments], env=environment(**{**libraries, **(variables or {})}), stdin=subprocess.DEVNULL, capture_output=True,
         timeout=TIMEOUT, start_new_session=True, **options)
     return Outcome(process.returncode, process.stdout.decode(), process.stderr.decode())
 
