@@ -25,6 +25,9 @@ public:
     /// not.
     bool answers() const;
 
+    /// `name` as it can be read here (TerminalEncoding.h).
+    QString readableName(const QString& name) const { return m_encoding.readableName(name); }
+
     /// Writes the lines of `text`, broken at 80 columns.
     void writeLines(const QString& text);
 

@@ -2,6 +2,7 @@
 
 #include <QChar>
 #include <QList>
+#include <QRegularExpression>
 #include <QStringView>
 
 #include <algorithm>
@@ -90,6 +91,11 @@ bool isTreacherous(char32_t character)
     }
 }
 
+bool hasALetter(const QString& text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar each) { return each.isLetterOrNumber(); });
+}
+
 }  // namespace
 
 TerminalEncoding::TerminalEncoding()
@@ -127,6 +133,17 @@ QString TerminalEncoding::showableCharacter(char32_t character) const
         return itself;
     const QString replaced = transliterate(character);
     return !replaced.isEmpty() && canEncode(replaced) ? replaced : QString(QLatin1Char('?'));
+}
+
+QString TerminalEncoding::readableName(const QString& name) const
+{
+    static const QRegularExpression twoParts(QStringLiteral("^(.+)\\((.+)\\)$"));
+    const QRegularExpressionMatch parts = twoParts.match(name.simplified());
+    const QString before = showable(parts.captured(1).trimmed());
+    const QString inBrackets = showable(parts.captured(2).trimmed());
+    if (hasALetter(before) == hasALetter(inBrackets))
+        return showable(name);
+    return hasALetter(before) ? before : inBrackets;
 }
 
 int TerminalEncoding::columns(char32_t character) const

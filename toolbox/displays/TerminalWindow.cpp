@@ -91,8 +91,9 @@ void TerminalWindow::appendOffers(Control& control, std::vector<Offer>& all) con
     case ControlKind::PopupButton:
         for (std::size_t index = 0; index < control.items.size(); ++index) {
             const SInt32 item = static_cast<SInt32>(index + 1);
+            const QString name = m_terminal.readableName(control.items[index].title.simplified());
             if (control.offers(item))
-                all.push_back({&control, item, control.items[index].title.simplified(), std::nullopt, QString()});
+                all.push_back({&control, item, name, std::nullopt, QString()});
         }
         break;
     case ControlKind::Button:

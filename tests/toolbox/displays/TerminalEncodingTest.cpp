@@ -53,6 +53,41 @@ const ShowableCase SHOWABLE_CASES[] = {
 };
 // clang-format on
 
+struct NameCase {
+    const char* name;
+    const char* whole;
+    const char* inUTF8;
+    const char* inASCII;
+};
+
+// clang-format off
+const NameCase NAME_CASES[] = {
+    {"Japanese",           "日本語 (Japanese)",    "日本語 (Japanese)",   "Japanese"},
+    {"JapaneseInBrackets", "Japanese (日本語)",    "Japanese (日本語)",   "Japanese"},
+    {"Accents",            "Français (French)",   "Français (French)",  "Francais (French)"},
+    {"OnlyOneLetterReads", "A語 (Alpha)",          "A語 (Alpha)",         "A? (Alpha)"},
+    {"NeitherPart",        "日本 (語)",            "日本 (語)",            "?\? (?)"},
+    {"OnePart",            "日本語",               "日本語",               "???"},
+    {"BracketsAlone",      "(日本語)",             "(日本語)",             "(?\?\?)"},
+    {"EmptyBrackets",      "日本語 ()",            "日本語 ()",            "?\?? ()"},
+    {"MoreBehind",         "日本 (Nippon) 語",     "日本 (Nippon) 語",     "?\? (Nippon) ?"},
+    {"Digits",             "日本語 (11)",          "日本語 (11)",          "11"},
+    {"Nothing",            "",                    "",                   ""},
+};
+// clang-format on
+
+class ReadableName : public testing::TestWithParam<NameCase> { };
+
+TEST_P(ReadableName, IsThePartThatCanBeRead)
+{
+    const QString whole = QString::fromUtf8(GetParam().whole);
+    EXPECT_EQ(encodingOf("C.UTF-8")->readableName(whole).toStdString(), GetParam().inUTF8);
+    EXPECT_EQ(encodingOf("C")->readableName(whole).toStdString(), GetParam().inASCII);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ReadableName, testing::ValuesIn(NAME_CASES), [](const auto& row) { return row.param.name; });
+
 class ShowableText : public testing::TestWithParam<ShowableCase> { };
 
 TEST_P(ShowableText, KeepsWhatTheEncodingHas)
