@@ -94,7 +94,7 @@ const Option OPTIONS[] = {
     {"--resources", "FILE", "Resource file [the application's]", takePath<&Options::resources>},
     {"--record", "FILE", "Record to start from [zeros]", takePath<&Options::record>},
     {"--write-record", "FILE", "Where to store the record after the call", takePath<&Options::writeRecord>},
-    {"--picture", "FILE", "Save the dialog as a picture (PNG)", takePath<&Options::picture>},
+    {"--picture", "FILE", "Save the dialog or alert as a picture (PNG)", takePath<&Options::picture>},
     {"--trace-file", "FILE", "Write its toolbox calls into a file", takePath<&Options::traceFile>},
 };
 

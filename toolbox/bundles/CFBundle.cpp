@@ -60,6 +60,12 @@ bool Toolbox::SetMainBundle(const std::string& folder)
     return true;
 }
 
+QString Toolbox::mainBundleName()
+{
+    const auto* const bundle = findObject<Bundle>(mainBundle);
+    return bundle == nullptr ? QString() : bundle->info().value(QStringLiteral("CFBundleName")).toString();
+}
+
 QString Toolbox::mainBundleResource(const QString& name, const QString& type, const QString& subfolder)
 {
     const auto* const bundle = findObject<Bundle>(mainBundle);

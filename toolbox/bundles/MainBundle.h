@@ -7,6 +7,9 @@
 
 namespace Toolbox {
 
+/// What the running application is called: the CFBundleName of the main bundle. Empty when there is none.
+QString mainBundleName();
+
 /// The path of the resource `name`.`type` of the main bundle, in the folder `subfolder` of its resources if one is
 /// given; searched for as CFBundleCopyResourceURL does. A resource may be a folder; what lies in it is found with the
 /// folder as `subfolder`, so that no symbolic link leads out of the bundle there either:

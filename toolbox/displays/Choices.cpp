@@ -72,18 +72,29 @@ std::optional<std::size_t> Choices::find(const QString& typed, QString* problem)
     return std::nullopt;
 }
 
+std::vector<std::size_t> Choices::beginningLike(const QString& typed) const
+{
+    return allThat(&Choice::beginsLike, oneSpelling(typed));
+}
+
 // The choices that fit the surest reading that fits any.
 std::vector<std::size_t> Choices::findAll(const QString& wanted) const
 {
-    for (const auto fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
-        std::vector<std::size_t> found;
-        for (std::size_t index = 0; index < m_choices.size(); ++index)
-            if ((m_choices[index].*fits)(wanted))
-                found.push_back(index);
+    for (const Test fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
+        const std::vector<std::size_t> found = allThat(fits, wanted);
         if (!found.empty())
             return found;
     }
     return {};
+}
+
+std::vector<std::size_t> Choices::allThat(Test fits, const QString& wanted) const
+{
+    std::vector<std::size_t> found;
+    for (std::size_t index = 0; index < m_choices.size(); ++index)
+        if ((m_choices[index].*fits)(wanted))
+            found.push_back(index);
+    return found;
 }
 
 }  // namespace Toolbox

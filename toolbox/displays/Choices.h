@@ -22,6 +22,10 @@ public:
     /// `*problem`, a sentence.
     std::optional<std::size_t> find(const QString& typed, QString* problem) const;
 
+    /// The indexes, in the order of adding, of the choices whose name or a part of it begins as `typed` says, which
+    /// must not be empty.
+    std::vector<std::size_t> beginningLike(const QString& typed) const;
+
 private:
     struct Choice {
         bool hasNumber(const QString& wanted) const;
@@ -35,7 +39,10 @@ private:
         QString word;
     };
 
+    using Test = bool (Choice::*)(const QString& wanted) const;
+
     std::vector<std::size_t> findAll(const QString& wanted) const;
+    std::vector<std::size_t> allThat(Test fits, const QString& wanted) const;
 
     std::vector<Choice> m_choices;
 };

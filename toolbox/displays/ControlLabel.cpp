@@ -2,25 +2,22 @@
 
 namespace Toolbox {
 
-namespace {
-
-QString textBefore(const Control& control)
+const Control* labelBefore(const Control& control)
 {
-    QString text;
+    const Control* label = nullptr;
     for (const Control* const each : control.window.controls()) {
         if (each == &control)
             break;
         if (each->kind == ControlKind::StaticText && each->shown())
-            text = each->title;
+            label = each;
     }
-    return text;
+    return label;
 }
-
-}  // namespace
 
 QString labelOf(const Control& control)
 {
-    QString label = (control.title.isEmpty() ? textBefore(control) : control.title).simplified();
+    const Control* const labelled = control.title.isEmpty() ? labelBefore(control) : &control;
+    QString label = labelled == nullptr ? QString() : labelled->title.simplified();
     if (label.endsWith(QLatin1Char(':')))
         label.chop(1);
     return label.trimmed();

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <functional>
 #include <utility>
 
 namespace Toolbox {
@@ -17,7 +18,7 @@ namespace {
 std::optional<QString> request;
 std::string pictureProblem;
 
-QString drawPicture(Window& window, const QString& file)
+QString drawPicture(const std::function<QString(const WindowLibrary&)>& draw)
 {
     QString problem;
     const WindowLibrary* const library = windowLibrary(&problem);
@@ -25,7 +26,7 @@ QString drawPicture(Window& window, const QString& file)
         return problem;
     if (QCoreApplication::instance() == nullptr && !platformAnswers("offscreen"))
         return QStringLiteral("Qt cannot draw without a screen");
-    return library->drawPicture(window, file);
+    return draw(*library);
 }
 
 }  // namespace
@@ -44,7 +45,16 @@ void drawRequestedPicture(Window& window)
 {
     const std::optional<QString> file = takePictureRequest();
     if (file)
-        notePictureProblem(drawPicture(window, *file));
+        notePictureProblem(
+            drawPicture([&](const WindowLibrary& library) { return library.drawPicture(window, *file); }));
+}
+
+void drawRequestedPicture(const Alert& alert)
+{
+    const std::optional<QString> file = takePictureRequest();
+    if (file)
+        notePictureProblem(
+            drawPicture([&](const WindowLibrary& library) { return library.drawAlertPicture(alert, *file); }));
 }
 
 void SavePicture(const std::string& file)
@@ -55,7 +65,7 @@ void SavePicture(const std::string& file)
 
 std::string PictureProblem()
 {
-    return request ? "no window was shown" : pictureProblem;
+    return request ? "nothing was shown" : pictureProblem;
 }
 
 }  // namespace Toolbox

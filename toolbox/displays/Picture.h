@@ -1,8 +1,9 @@
-// The picture that SavePicture asked for: one file, of the next window that is run.
+// The picture that SavePicture asked for: one file, of the next window or alert that is run.
 
 #ifndef TOOLBOX_DISPLAYS_PICTURE_H
 #define TOOLBOX_DISPLAYS_PICTURE_H
 
+#include "toolbox/alerts/Alert.h"
 #include "toolbox/windows/Window.h"
 
 #include <QString>
@@ -21,6 +22,9 @@ void notePictureProblem(const QString& problem);
 /// For a display without a screen: if a picture was asked for, draws `window` as it would be shown on one, and saves
 /// it.
 void drawRequestedPicture(Window& window);
+
+/// The same of `alert`.
+void drawRequestedPicture(const Alert& alert);
 
 }  // namespace Toolbox
 

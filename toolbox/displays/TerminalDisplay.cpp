@@ -20,6 +20,7 @@ bool TerminalDisplay::runWindow(Window& window, QString* problem)
 
 SInt16 TerminalDisplay::runAlert(const Alert& alert)
 {
+    drawRequestedPicture(alert);
     Terminal terminal;
     return askAlert(terminal, alert);
 }

@@ -129,6 +129,7 @@ bool UnattendedDisplay::runWindow(Window& window, QString* problem)
 
 SInt16 UnattendedDisplay::runAlert(const Alert& alert)
 {
+    drawRequestedPicture(alert);
     if (m_answers.empty() || !isForAlerts(m_answers.front()))
         return defaultButton(alert);
     const UInt32 wanted = buttonOf(alert, takeAnswer());

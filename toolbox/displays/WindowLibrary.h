@@ -25,6 +25,9 @@ struct WindowLibrary {
 
     /// Draws `window` as it would be shown, on no screen, and saves it as `file`. Returns what went wrong, or nothing.
     QString (*drawPicture)(Window& window, const QString& file);
+
+    /// The same of `alert`.
+    QString (*drawAlertPicture)(const Alert& alert, const QString& file);
 };
 
 /// The library, or null with the reason in `*problem`.

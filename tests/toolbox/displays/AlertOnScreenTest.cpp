@@ -1,6 +1,7 @@
 #include "tests/toolbox/displays/Person.h"
 #include "tests/toolbox/displays/WindowDisplayTest.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -147,15 +148,26 @@ TEST_F(AlertOnScreen, HasItsButtonsInTheOrderOfThePlatform)
 TEST_F(AlertOnScreen, ShowsItsTextsAsTheyAre)
 {
     lookAt(fourButtons(), [](QDialog& shown) {
-        const QLabel& text = titled<QLabel>(shown, "Replace <b>everything</b> & more?\nReally?");
+        const QLabel& text = titled<QLabel>(shown, "Replace <b>everything</b> && more?\nReally?");
         const QLabel& explanation = titled<QLabel>(shown, "It cannot be undone.");
         EXPECT_EQ(text.textFormat(), Qt::PlainText);
-        EXPECT_EQ(text.accessibleName(), text.text());
+        EXPECT_EQ(text.accessibleName(), QStringLiteral("Replace <b>everything</b> & more?\nReally?"));
         EXPECT_TRUE(text.font().bold());
         EXPECT_FALSE(explanation.font().bold());
         EXPECT_LT(explanation.font().pixelSize(), text.font().pixelSize());
         EXPECT_EQ(placeOf(text).left(), placeOf(explanation).left());
         EXPECT_LT(placeOf(text).bottom(), placeOf(explanation).top());
+    });
+}
+
+TEST_F(AlertOnScreen, IsAnnouncedWithItsTexts)
+{
+    lookAt(fourButtons(), [](QDialog& shown) {
+        QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&shown);
+        EXPECT_EQ(accessible->role(), QAccessible::AlertMessage);
+        EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Caution"));
+        EXPECT_EQ(accessible->text(QAccessible::Description),
+            QStringLiteral("Replace <b>everything</b> & more?\nReally?\nIt cannot be undone."));
     });
 }
 
@@ -167,16 +179,19 @@ TEST_F(AlertOnScreen, HasTheIconOfItsType)
         bool hasIcon;
     } const types[] = {{kAlertStopAlert, "Stop", true}, {kAlertNoteAlert, "Note", true},
         {kAlertCautionAlert, "Caution", true}, {kAlertPlainAlert, "Alert", false}, {-7, "Alert", false}};
+    QList<QImage> icons;
     for (const auto& [type, title, hasIcon] : types) {
         Alert alert = oneButton();
         alert.type = type;
         lookAt(alert, [&, expectedTitle = title, expectsIcon = hasIcon](QDialog& shown) {
             EXPECT_EQ(shown.windowTitle(), QString::fromLatin1(expectedTitle));
-            const QList<QLabel*> labels = shown.findChildren<QLabel*>();
-            const bool has = std::any_of(labels.begin(), labels.end(), [&](const QLabel* each) {
-                return !each->pixmap(Qt::ReturnByValue).isNull() && each->accessibleName() == shown.windowTitle();
-            });
-            EXPECT_EQ(has, expectsIcon) << expectedTitle;
+            QImage icon;
+            for (const QLabel* const each : shown.findChildren<QLabel*>())
+                if (!each->pixmap(Qt::ReturnByValue).isNull() && each->accessibleName() == shown.windowTitle())
+                    icon = each->pixmap(Qt::ReturnByValue).toImage();
+            EXPECT_EQ(icon.size(), expectsIcon ? QSize(48, 48) : QSize(0, 0)) << expectedTitle;
+            EXPECT_FALSE(expectsIcon && icons.contains(icon)) << "each type has its own";
+            icons.append(icon);
         });
     }
 }

@@ -57,6 +57,13 @@ void comeToTheScreen()
         lookAgain();
 }
 
+// Of the menu, while one is open.
+QWidget* focus()
+{
+    QWidget* const menu = QApplication::activePopupWidget();
+    return menu != nullptr && menu->focusWidget() != nullptr ? menu->focusWidget() : QApplication::focusWidget();
+}
+
 const bool REGISTERED = (qAddPreRoutine(comeToTheScreen), true);
 
 }  // namespace
@@ -78,12 +85,15 @@ Person::~Person()
 
 Person::Act press(Qt::Key key)
 {
-    return [key](QDialog&) { QTest::keyClick(QApplication::focusWidget(), key); };
+    return [key](QDialog&) { QTest::keyClick(focus(), key); };
 }
 
 Person::Act type(const char* text)
 {
-    return [text](QDialog&) { QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text)); };
+    return [text](QDialog&) {
+        for (const QChar letter : QString::fromUtf8(text))
+            QTest::sendKeyEvent(QTest::Click, focus(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    };
 }
 
 Person::Act click(const char* title)

@@ -22,10 +22,10 @@ public:
     Person& operator=(const Person&) = delete;
 };
 
-/// Presses a key where the focus is.
+/// Presses a key where the focus is; in the menu, while one is open.
 Person::Act press(Qt::Key key);
 
-/// Types `text` where the focus is.
+/// Types `text` there, without a pause.
 Person::Act type(const char* text);
 
 /// Clicks on the beginning of the button, check box or radio button that shows `title`.

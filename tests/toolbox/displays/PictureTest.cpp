@@ -95,6 +95,45 @@ TEST_F(Picture, IsThatOfTheRealWindowOnAScreen)
     EXPECT_EQ(load("a.png").width(), 340);
 }
 
+SInt16 runNote()
+{
+    Toolbox::Alert alert;
+    alert.type = kAlertNoteAlert;
+    alert.text = QStringLiteral("Done.");
+    alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
+    alert.defaultButton = 1;
+    return Toolbox::runAlert(alert);
+}
+
+TEST_F(Picture, IsOfTheAlertThatComesFirst)
+{
+    Toolbox::SavePicture(m_folder.path("a.png"));
+    EXPECT_EQ(runNote(), 1);
+    EXPECT_EQ(Toolbox::PictureProblem(), "");
+    const QImage unattended = load("a.png");
+    EXPECT_GE(unattended.width(), 260);
+    EXPECT_NE(unattended.width(), 340) << "that is the width of the window";
+    Dialog().run();
+    EXPECT_EQ(load("a.png"), unattended);
+
+    const std::string onTerminal = m_folder.path("terminal.png");
+    EXPECT_EQ(reportWithoutTerminal([&] {
+        Toolbox::UseTerminalDisplay();
+        Toolbox::SavePicture(onTerminal);
+        return std::to_string(runNote());
+    }),
+        "1");
+    EXPECT_EQ(load("terminal.png"), unattended);
+
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    std::string problem;
+    ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
+    Toolbox::SavePicture(m_folder.path("window.png"));
+    const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
+    EXPECT_EQ(runNote(), 1);
+    EXPECT_EQ(load("window.png").size(), unattended.size());
+}
+
 TEST_F(Picture, SaysWhyItCannotBeWritten)
 {
     Toolbox::SavePicture(m_folder.path("missing/a.png"));
@@ -102,7 +141,7 @@ TEST_F(Picture, SaysWhyItCannotBeWritten)
     EXPECT_EQ(Toolbox::PictureProblem(), "No such file or directory");
 
     Toolbox::SavePicture(m_folder.path("a.png"));
-    EXPECT_EQ(Toolbox::PictureProblem(), "no window was shown") << "the problem was that of the picture before";
+    EXPECT_EQ(Toolbox::PictureProblem(), "nothing was shown") << "the problem was that of the picture before";
     Dialog().run();
     EXPECT_EQ(Toolbox::PictureProblem(), "");
     EXPECT_EQ(files(), 1u);

@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextLayout>
 
@@ -59,6 +60,11 @@ struct SessionCase {
     const char* report;
 };
 
+void openMenu(QDialog& shown)
+{
+    only<QComboBox>(shown).showPopup();
+}
+
 const SessionCase SESSION_CASES[] = {
     {"ReturnConfirms", {press(Qt::Key_Return)}, "ended: ok"},
     {"EnterConfirms", {press(Qt::Key_Enter)}, "ended: ok"},
@@ -66,7 +72,11 @@ const SessionCase SESSION_CASES[] = {
     {"ClosingCancels", {close()}, "ended: closed"},
     {"DownChoosesTheNext", {press(Qt::Key_Down), press(Qt::Key_Return)}, "ended: item 3 ok"},
     {"UpChoosesTheOneBefore", {press(Qt::Key_Up), press(Qt::Key_Return)}, "ended: item 1 ok"},
-    {"LettersChooseByName", {type("l"), press(Qt::Key_Return)}, "ended: item 3 ok"},
+    {"EscapeCancelsFromTheDefaultButton", {press(Qt::Key_Tab), press(Qt::Key_Escape)}, "ended: cancel"},
+    {"EscapeCancelsFromTheCancelButton", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Escape)},
+        "ended: cancel"},
+    {"EscapeClosesTheMenuOnly", {openMenu, press(Qt::Key_Down), press(Qt::Key_Escape), press(Qt::Key_Return)},
+        "ended: ok"},
     {"TabAndSpacePress", {press(Qt::Key_Tab), press(Qt::Key_Space)}, "ended: ok"},
     {"TabTwiceAndSpacePress", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Space)}, "ended: cancel"},
     {"ReturnConfirmsFromEveryButton", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Return)}, "ended: ok"},
@@ -89,7 +99,7 @@ TEST_F(WindowOnScreen, OpensItsMenuAndChoosesThere)
 {
     Dialog dialog;
     EXPECT_EQ(runWith(dialog,
-                  {[](QDialog& shown) { only<QComboBox>(shown).showPopup(); },
+                  {openMenu,
                       [](QDialog& shown) {
                           QAbstractItemView& menu = *only<QComboBox>(shown).view();
                           QTest::mouseClick(
@@ -215,6 +225,70 @@ TEST_F(WindowOnScreen, MayShowAnAlertInside)
     EXPECT_EQ(runWith(dialog, {press(Qt::Key_Return), click("Yes")}), "ended: ok");
 }
 
+// ---- Typing ahead
+
+// A key with `text`, pressed at a time in milliseconds.
+Person::Act typeAt(quint64 time, const char* text, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    return [=](QDialog&) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, modifiers, QString::fromUtf8(text));
+        event.setTimestamp(time);
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    };
+}
+
+constexpr quint64 A_PAUSE = 60'000;
+
+// In "One", "日本 (Medium)", "Óptima (Largest)", "Large", "Medial - Medley" of which the second is chosen.
+const SessionCase TYPING_CASES[] = {
+    {"Beginning", {type("on")}, "ended: item 3 item 1 ok"},
+    {"Capitals", {type("ON")}, "ended: item 3 item 1 ok"},
+    {"AccentsDoNotCount", {type("opt")}, "ended: item 3 ok"},
+    {"PartInBrackets", {press(Qt::Key_Up), type("medium")}, "ended: item 1 item 2 ok"},
+    {"LettersThatAreNotASCII", {press(Qt::Key_Up), type("日本")}, "ended: item 1 item 2 ok"},
+    {"OneLetterGoesOn", {type("l")}, "ended: item 3 ok"},
+    {"TheSameLetterGoesOn", {type("ll")}, "ended: item 3 item 4 ok"},
+    {"TheSameLetterComesRound", {type("lll")}, "ended: item 3 item 4 item 3 ok"},
+    {"MoreLettersStayWhereTheyCan", {type("lar")}, "ended: item 3 ok"},
+    {"MoreLettersGoOnWhereTheyMust", {press(Qt::Key_Down), type("medl")}, "ended: item 3 item 5 ok"},
+    {"MoreLettersComeRound", {type("mediu")}, "ended: item 5 item 2 ok"},
+    {"TheOnlyOneStaysChosen", {type("日")}, "ended: ok"},
+    {"NothingBeginsSo", {type("x")}, "ended: ok"},
+    {"NothingGoesOnSo", {type("lx")}, "ended: item 3 ok"},
+    {"LettersBelongTogether", {typeAt(A_PAUSE, "m"), typeAt(A_PAUSE + 100, "o")}, "ended: item 5 ok"},
+    {"APauseBeginsAnew", {typeAt(A_PAUSE, "m"), typeAt(2 * A_PAUSE, "o")}, "ended: item 5 item 1 ok"},
+    {"CommandsAreNotLetters", {typeAt(0, "o", Qt::ControlModifier), typeAt(0, "o", Qt::AltModifier)}, "ended: ok"},
+    {"NotOnAButton", {press(Qt::Key_Tab), type("on")}, "ended: ok"},
+    {"InTheOpenMenu", {openMenu, type("lar"), press(Qt::Key_Return)}, "ended: item 3 ok"},
+    {"InTheOpenMenuItGoesOn", {openMenu, type("ll"), press(Qt::Key_Return)}, "ended: item 4 ok"},
+    {"InTheOpenMenuNothingIsChosenYet", {openMenu, type("lar"), press(Qt::Key_Escape)}, "ended: ok"},
+};
+
+class TypingAhead : public WindowOnScreen, public testing::WithParamInterface<SessionCase> { };
+
+TEST_P(TypingAhead, ChoosesByTheBeginning)
+{
+    Dialog dialog;
+    dialog.popUp.items = {{QStringLiteral("One")}, {QStringLiteral("日本 (Medium)")},
+        {QStringLiteral("Óptima (Largest)")}, {QStringLiteral("Large")}, {QStringLiteral("Medial - Medley")}};
+    dialog.popUp.maximum = 5;
+    std::vector<Person::Act> acts = GetParam().acts;
+    acts.push_back(press(Qt::Key_Return));
+    EXPECT_EQ(runWith(dialog, acts), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, TypingAhead, testing::ValuesIn(TYPING_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(WindowOnScreen, PassesOverWhatCannotBeChosenWhenTyping)
+{
+    Dialog dialog;
+    dialog.popUp.items = {{QStringLiteral("One")}, {QStringLiteral("Two")}, {QStringLiteral("Three"), 0, false},
+        {QStringLiteral("Tiny"), 0, true, false, true}, {QStringLiteral("Ten")}};
+    dialog.popUp.maximum = 5;
+    EXPECT_EQ(runWith(dialog, {type("t"), press(Qt::Key_Return)}), "ended: item 5 ok");
+}
+
 // ---- How it looks
 
 TEST_F(WindowOnScreen, HasItsControlsAtTheirPlaces)
@@ -303,7 +377,8 @@ TEST_F(WindowOnScreen, ShowsTextsAsTheyAre)
     lookAt(dialog, [](QDialog& shown) {
         EXPECT_EQ(shown.windowTitle(), QStringLiteral("All & [*][*] <b>")) << "Qt shows [*][*] as [*]";
         const QLabel& label = only<QLabel>(shown);
-        EXPECT_EQ(label.text(), QStringLiteral("A & <b>b</b>\nc  "));
+        EXPECT_EQ(label.text(), QStringLiteral("A && <b>b</b>\nc  "));
+        EXPECT_EQ(label.accessibleName(), QStringLiteral("A & <b>b</b>\nc  "));
         EXPECT_EQ(label.textFormat(), Qt::PlainText);
         EXPECT_EQ(only<QComboBox>(shown).currentText(), QStringLiteral("D & <i>e</i> f"));
         titled<QPushButton>(shown, "O && <u>K</u>");
@@ -331,6 +406,8 @@ TEST_F(WindowOnScreen, NamesItsControlsForThoseWhoCannotSee)
     dialog.made.add(ControlKind::EditText).bounds = {4, 100, 18, 200};
     lookAt(dialog, [](QDialog& shown) {
         EXPECT_EQ(only<QComboBox>(shown).accessibleName(), QStringLiteral("Choose a size"));
+        EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").buddy(), &only<QComboBox>(shown));
+        EXPECT_EQ(titled<QLabel>(shown, "Your name:").buddy(), &only<QLineEdit>(shown));
         EXPECT_EQ(only<QLineEdit>(shown).accessibleName(), QStringLiteral("Your name"));
     });
 }
@@ -344,6 +421,7 @@ TEST_F(WindowOnScreen, ShowsThePopUpsOwnLabelBesideIt)
         const QComboBox& box = only<QComboBox>(shown);
         const QLabel& label = titled<QLabel>(shown, "Size:");
         EXPECT_EQ(box.accessibleName(), QStringLiteral("Size"));
+        EXPECT_EQ(label.buddy(), &box);
         EXPECT_LT(placeOf(label).right(), placeOf(box).left());
         EXPECT_EQ(placeOf(label).left(), 20);
         EXPECT_EQ(placeOf(box).right(), 319);
@@ -484,6 +562,25 @@ TEST_F(WindowOnScreen, ScrollsWhatIsLargerThanTheScreen)
         EXPECT_GT(only<QScrollArea>(shown).widget()->width(), screen.width());
         EXPECT_GT(only<QScrollArea>(shown).widget()->height(), screen.height());
     });
+}
+
+TEST_F(WindowOnScreen, ScrollsOneWayOnlyWhereThatIsEnough)
+{
+    struct {
+        QSize content;
+        bool scrollsAcross;
+        bool scrollsDown;
+    } const cases[] = {{{760, 200}, true, false}, {{340, 760}, false, true}, {{760, 760}, true, true}};
+    for (const auto& [content, scrollsAcross, scrollsDown] : cases) {
+        Dialog dialog;
+        dialog.made.window().content = {
+            0, 0, static_cast<SInt16>(content.height()), static_cast<SInt16>(content.width())};
+        lookAt(dialog, [across = scrollsAcross, down = scrollsDown](QDialog& shown) {
+            const QScrollArea& area = only<QScrollArea>(shown);
+            EXPECT_EQ(area.horizontalScrollBar()->isVisible(), across);
+            EXPECT_EQ(area.verticalScrollBar()->isVisible(), down);
+        });
+    }
 }
 
 TEST_F(WindowOnScreen, SurvivesBoundsOfEveryKind)

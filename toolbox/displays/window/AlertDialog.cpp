@@ -1,11 +1,13 @@
 #include "toolbox/displays/window/AlertDialog.h"
 
+#include "toolbox/displays/window/AlertIcon.h"
 #include "toolbox/displays/window/DialogContent.h"
 #include "toolbox/displays/window/DialogFont.h"
 #include "toolbox/displays/window/PlacedItems.h"
 #include "toolbox/displays/window/PlainLabel.h"
 #include "toolbox/displays/window/PlainText.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -33,35 +35,31 @@ constexpr int MOST_BUTTON_WIDTH = 600;
 // Where alerts from resources have their icon.
 constexpr QRect LAYOUT_ICON(20, 10, 32, 32);
 
-struct Look {
-    const char* title;  // says what the icon shows
-    QStyle::StandardPixmap icon;
-};
-
-Look lookOf(AlertType type)
+// Says what the icon shows.
+QString titleOf(AlertType type)
 {
     switch (type) {
     case kAlertStopAlert:
-        return {"Stop", QStyle::SP_MessageBoxCritical};
+        return QStringLiteral("Stop");
     case kAlertNoteAlert:
-        return {"Note", QStyle::SP_MessageBoxInformation};
+        return QStringLiteral("Note");
     case kAlertCautionAlert:
-        return {"Caution", QStyle::SP_MessageBoxWarning};
+        return QStringLiteral("Caution");
     default:
-        return {"Alert", QStyle::SP_CustomBase};
+        return QStringLiteral("Alert");
     }
 }
 
 // Null for an alert without an icon.
 QLabel* makeIcon(AlertType type, int size, QWidget* parent)
 {
-    const Look look = lookOf(type);
-    if (look.icon == QStyle::SP_CustomBase)
+    const QPixmap picture = alertIcon(type, size, *parent);
+    if (picture.isNull())
         return nullptr;
     auto* const icon = new QLabel(parent);
-    icon->setPixmap(parent->style()->standardIcon(look.icon, nullptr, parent).pixmap(size));
+    icon->setPixmap(picture);
     icon->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    icon->setAccessibleName(QString::fromLatin1(look.title));
+    icon->setAccessibleName(titleOf(type));
     return icon;
 }
 
@@ -128,6 +126,21 @@ SInt16 closingButton(const Alert& alert)
     return alert.cancelButton == 0 && alert.buttons.size() == 1 ? alert.buttons.front().number : alert.cancelButton;
 }
 
+QAccessibleInterface* makeAccessibleAlert(const QString&, QObject* object)
+{
+    auto* const alert = dynamic_cast<AlertDialog*>(object);
+    return alert == nullptr ? nullptr : new QAccessibleWidget(alert, QAccessible::AlertMessage);
+}
+
+// Has assistive technology say at once what the alert is about.
+void announce(AlertDialog& dialog, const Alert& alert)
+{
+    QAccessible::installFactory(makeAccessibleAlert);  // once, however often it is called
+    QStringList texts{plainText(alert.text), plainText(alert.explanation)};
+    texts.removeAll(QString());
+    dialog.setAccessibleDescription(texts.join(QLatin1Char('\n')));
+}
+
 Qt::WindowFlags flagsFor(const Alert& alert)
 {
     const Qt::WindowFlags flags = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
@@ -141,8 +154,9 @@ AlertDialog::AlertDialog(const Alert& alert, QWidget* parent)
     , m_alert(alert)
     , m_pressed(alert.unansweredButton())
 {
-    setWindowTitle(QString::fromLatin1(lookOf(alert.type).title));
+    setWindowTitle(titleOf(alert.type));
     setFont(dialogFont());
+    announce(*this, alert);
     if (!alert.layout || !arrangeByLayout())
         arrangeAsStandardAlert();
 }

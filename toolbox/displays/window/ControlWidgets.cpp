@@ -3,16 +3,14 @@
 #include "toolbox/displays/ControlLabel.h"
 #include "toolbox/displays/window/PlainLabel.h"
 #include "toolbox/displays/window/PlainText.h"
+#include "toolbox/displays/window/PopUpButton.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStandardItemModel>
 
 namespace Toolbox {
 
@@ -37,46 +35,32 @@ ControlWidget makeButton(Control& control, QWidget* parent, const ControlActions
     button->setAutoDefault(false);
     button->setDefault(control.role == ButtonRole::Default);
     QObject::connect(button, &QPushButton::clicked, [&control, press = actions.press] { press(control); });
-    return {&control, button, [] {}};
+    return {&control, button, button, [] {}};
 }
 
 ControlWidget makeStaticText(Control& control, QWidget* parent)
 {
-    return {&control, new PlainLabel(control.title, alignmentOf(control.justification), parent), [] {}};
+    return {&control, new PlainLabel(control.title, alignmentOf(control.justification), parent), nullptr, [] {}};
 }
 
-// The menu of a pop-up, with what nobody can choose marked as such.
-void addItems(QComboBox& box, const Control& control)
-{
-    for (std::size_t index = 0; index < control.items.size(); ++index) {
-        const int row = static_cast<int>(index);
-        if (control.items[index].separator)
-            box.insertSeparator(row);
-        else
-            box.addItem(plainText(control.items[index].title).simplified());
-        qobject_cast<QStandardItemModel*>(box.model())->item(row)->setEnabled(control.offers(row + 1));
-        qobject_cast<QListView*>(box.view())->setRowHidden(row, control.items[index].hidden);
-    }
-}
-
+// With the pop-up's own label before it, where it has one.
 ControlWidget makePopUp(Control& control, QWidget* parent, const ControlActions& actions)
 {
-    auto* const row = new QWidget(parent);
-    auto* const layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    if (!control.title.isEmpty()) {
+    QWidget* const row = control.title.isEmpty() ? nullptr : new QWidget(parent);
+    auto* const box = new PopUpButton(control, row != nullptr ? row : parent);
+    box->setAccessibleName(plainText(labelOf(control)));
+    if (row != nullptr) {
         auto* const label = new PlainLabel(control.title, Qt::AlignLeft, row);
         label->setFixedSize(label->sizeHint());
+        label->setBuddy(box);
+        auto* const layout = new QHBoxLayout(row);
+        layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(label);
+        layout->addWidget(box, 1);
     }
-    auto* const box = new QComboBox(row);
-    box->setAccessibleName(plainText(labelOf(control)));
-    addItems(*box, control);
-    layout->addWidget(box, 1);
-    row->setFocusProxy(box);
     QObject::connect(
         box, &QComboBox::activated, [&control, choose = actions.choose](int index) { choose(control, index + 1); });
-    return {&control, row, [&control, box] { box->setCurrentIndex(control.value - 1); }};
+    return {&control, row != nullptr ? row : box, box, [&control, box] { box->setCurrentIndex(control.value - 1); }};
 }
 
 ControlWidget makeEditText(Control& control, QWidget* parent)
@@ -85,7 +69,7 @@ ControlWidget makeEditText(Control& control, QWidget* parent)
     edit->setAccessibleName(plainText(labelOf(control)));
     edit->setEchoMode(control.secret ? QLineEdit::Password : QLineEdit::Normal);
     QObject::connect(edit, &QLineEdit::textEdited, [&control](const QString& text) { control.text = text; });
-    return {&control, edit, [&control, edit] {
+    return {&control, edit, edit, [&control, edit] {
                 if (edit->text() != control.text)  // or the cursor would jump
                     edit->setText(control.text);
             }};
@@ -96,7 +80,7 @@ ControlWidget makeCheckBox(Control& control, QWidget* parent, const ControlActio
     constexpr SInt32 MIXED = 2;
     auto* const box = new QCheckBox(plainTitle(control.title), parent);
     QObject::connect(box, &QCheckBox::clicked, [&control, press = actions.press] { press(control); });
-    return {&control, box, [&control, box] {
+    return {&control, box, box, [&control, box] {
                 if (control.value == MIXED)
                     box->setCheckState(Qt::PartiallyChecked);
                 else
@@ -109,7 +93,7 @@ ControlWidget makeRadioButton(Control& control, QWidget* parent, const ControlAc
     auto* const button = new QRadioButton(plainTitle(control.title), parent);
     button->setAutoExclusive(false);  // the controls' values say which one is on
     QObject::connect(button, &QRadioButton::clicked, [&control, press = actions.press] { press(control); });
-    return {&control, button, [&control, button] { button->setChecked(control.value != 0); }};
+    return {&control, button, button, [&control, button] { button->setChecked(control.value != 0); }};
 }
 
 ControlWidget makeSeparator(Control& control, QWidget* parent)
@@ -117,7 +101,7 @@ ControlWidget makeSeparator(Control& control, QWidget* parent)
     auto* const line = new QFrame(parent);
     const bool isWide = control.bounds.right - control.bounds.left >= control.bounds.bottom - control.bounds.top;
     line->setFrameStyle(static_cast<int>(isWide ? QFrame::HLine : QFrame::VLine) | QFrame::Sunken);
-    return {&control, line, [] {}};
+    return {&control, line, nullptr, [] {}};
 }
 
 ControlWidget makeByKind(Control& control, QWidget* parent, const ControlActions& actions)
@@ -136,14 +120,14 @@ ControlWidget makeByKind(Control& control, QWidget* parent, const ControlActions
     case ControlKind::RadioButton:
         return makeRadioButton(control, parent, actions);
     case ControlKind::GroupBox:
-        return {&control, new QGroupBox(plainTitle(control.title), parent), [] {}};
+        return {&control, new QGroupBox(plainTitle(control.title), parent), nullptr, [] {}};
     case ControlKind::Separator:
         return makeSeparator(control, parent);
     case ControlKind::Root:
     case ControlKind::Other:
         break;
     }
-    return {&control, nullptr, [] {}};
+    return {&control, nullptr, nullptr, [] {}};
 }
 
 }  // namespace

@@ -15,6 +15,7 @@ namespace Toolbox {
 struct ControlWidget {
     Control* control;
     QWidget* widget;                  // owned by its parent; null for a kind that is not drawn
+    QWidget* input;                   // what of it has the focus when somebody works it; null for what nobody can work
     std::function<void()> showState;  // brings the widget to the control's present state
 };
 

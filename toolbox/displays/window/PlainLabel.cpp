@@ -44,16 +44,17 @@ QSizeF layOut(QTextLayout& layout, qreal width)
 
 PlainLabel::PlainLabel(const QString& text, Qt::Alignment alignment, QWidget* parent)
     : QLabel(parent)
+    , m_text(plainText(text))
 {
     setTextFormat(Qt::PlainText);
-    setText(plainText(text));
-    setAccessibleName(plainText(text));
+    setText(plainTitle(text));  // the label of a control would take an ampersand for the mark of a shortcut
+    setAccessibleName(m_text);
     setAlignment(alignment);
 }
 
 QSize PlainLabel::sizeHint() const
 {
-    QTextLayout layout(separatedLines(text()), font());
+    QTextLayout layout(separatedLines(m_text), font());
     layout.setTextOption(wrappingOption(Qt::AlignLeft));
     const QSizeF size = layOut(layout, NO_LIMIT);
     return QSize(static_cast<int>(std::ceil(size.width())), static_cast<int>(size.height()));
@@ -66,14 +67,14 @@ QSize PlainLabel::minimumSizeHint() const
 
 int PlainLabel::heightForWidth(int width) const
 {
-    QTextLayout layout(separatedLines(text()), font());
+    QTextLayout layout(separatedLines(m_text), font());
     layout.setTextOption(wrappingOption(alignment()));
     return static_cast<int>(layOut(layout, width).height());
 }
 
 void PlainLabel::paintEvent(QPaintEvent*)
 {
-    QTextLayout layout(separatedLines(text()), font());
+    QTextLayout layout(separatedLines(m_text), font());
     layout.setTextOption(wrappingOption(alignment()));
     const qreal unused = height() - layOut(layout, width()).height();
     QPainter painter(this);

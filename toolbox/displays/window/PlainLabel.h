@@ -22,6 +22,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    const QString m_text;
 };
 
 }  // namespace Toolbox

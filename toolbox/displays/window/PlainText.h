@@ -11,7 +11,8 @@ namespace Toolbox {
 /// gets.
 QString plainText(const QString& text);
 
-/// The same for a button or a group box, which would take an ampersand for the mark of a shortcut.
+/// The same for a button, a group box or the label of a control, which would take an ampersand for the mark of a
+/// shortcut.
 QString plainTitle(const QString& text);
 
 /// The same on one line for a window, which would take "[*]" for the place of the mark of a change.

@@ -1,5 +1,7 @@
 #include "toolbox/displays/window/QtApplication.h"
 
+#include "toolbox/bundles/MainBundle.h"
+
 #include <clocale>
 #include <cstdio>
 #include <string>
@@ -56,6 +58,8 @@ QtApplication::QtApplication(const QByteArray& platform)
     m_quiet.emplace();
     const KeptLocale kept;
     m_own = std::make_unique<QApplication>(m_argumentCount, m_arguments);
+    if (const QString name = mainBundleName(); !name.isEmpty())
+        m_own->setApplicationName(name);      // which assistive technology says
     m_own->setQuitOnLastWindowClosed(false);  // the end of a dialog is none of the program
 }
 

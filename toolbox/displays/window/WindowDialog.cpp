@@ -1,5 +1,6 @@
 #include "toolbox/displays/window/WindowDialog.h"
 
+#include "toolbox/displays/ControlLabel.h"
 #include "toolbox/displays/WindowButtons.h"
 #include "toolbox/displays/window/DialogContent.h"
 #include "toolbox/displays/window/DialogFont.h"
@@ -9,6 +10,7 @@
 #include "toolbox/windows/ModalLoop.h"
 
 #include <QCloseEvent>
+#include <QLabel>
 
 #include <algorithm>
 
@@ -30,6 +32,13 @@ bool isForInput(const ControlWidget& each)
     }
 }
 
+// Whether it shows no title of its own that says what it is for.
+bool needsLabel(const Control& control)
+{
+    const bool showsOnlyItsState = control.kind == ControlKind::PopupButton || control.kind == ControlKind::EditText;
+    return showsOnlyItsState && control.title.isEmpty();
+}
+
 }  // namespace
 
 WindowDialog::WindowDialog(Window& window, QWidget* parent)
@@ -40,6 +49,7 @@ WindowDialog::WindowDialog(Window& window, QWidget* parent)
     setWindowTitle(plainWindowTitle(window.title));
     setFont(dialogFont());
     addControls();
+    relateLabels();
     focusFirstControl();
 }
 
@@ -61,15 +71,27 @@ void WindowDialog::addControls()
     setContent(*this, content, items.place(areaOf(m_window.content).size()));
 }
 
+// Tells assistive technology which text is the label of which control.
+void WindowDialog::relateLabels()
+{
+    for (const ControlWidget& each : m_widgets) {
+        const Control* const text = needsLabel(*each.control) ? labelBefore(*each.control) : nullptr;
+        const auto label = std::find_if(m_widgets.begin(), m_widgets.end(),
+            [text](const ControlWidget& other) { return text != nullptr && other.control == text; });
+        if (label != m_widgets.end())
+            qobject_cast<QLabel*>(label->widget)->setBuddy(each.input);
+    }
+}
+
 void WindowDialog::focusFirstControl()
 {
     const auto first = std::find_if(m_widgets.begin(), m_widgets.end(), isForInput);
     const auto confirming = std::find_if(m_widgets.begin(), m_widgets.end(),
         [this](const ControlWidget& each) { return each.control == confirmingControl(m_window); });
     if (first != m_widgets.end())
-        first->widget->setFocus();
+        first->input->setFocus();
     else if (confirming != m_widgets.end())
-        confirming->widget->setFocus();
+        confirming->input->setFocus();
 }
 
 void WindowDialog::reject()

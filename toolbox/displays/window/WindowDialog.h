@@ -27,6 +27,7 @@ protected:
 
 private:
     void addControls();
+    void relateLabels();
     void focusFirstControl();
     void act(const std::function<void()>& action);
 

@@ -33,10 +33,13 @@ QString savePicture(QWidget& widget, const QString& name)
     return saved ? QString() : file.errorString();
 }
 
-// Shows `dialog` over the one that is up, which is the one to type in again when it has ended: not every window
-// manager, and no screen without one, sees to that.
+// Shows `dialog`, of which a picture is saved if one was asked for, over the one that is up, which is the one to type
+// in again when it has ended: not every window manager, and no screen without one, sees to that.
 void runOverOthers(QDialog& dialog)
 {
+    const std::optional<QString> picture = takePictureRequest();
+    if (picture)
+        QTimer::singleShot(0, &dialog, [&] { notePictureProblem(savePicture(dialog, *picture)); });
     dialog.exec();
     if (dialog.parentWidget() != nullptr)
         dialog.parentWidget()->activateWindow();
@@ -54,9 +57,6 @@ public:
         const WindowRef ref = window.ref();
         const QtApplication application(m_platform);
         WindowDialog dialog(window, QApplication::activeModalWidget());
-        const std::optional<QString> picture = takePictureRequest();
-        if (picture)
-            QTimer::singleShot(0, &dialog, [&] { notePictureProblem(savePicture(dialog, *picture)); });
         runOverOthers(dialog);
         *problem = QStringLiteral("the screen went away");
         return modalLoopEnded(ref);
@@ -85,13 +85,25 @@ std::unique_ptr<Display> makeDisplay(const QByteArray& platform)
     return std::make_unique<WindowDisplay>(platform);
 }
 
+QString saveShown(QDialog& dialog, const QString& file)
+{
+    dialog.show();
+    QCoreApplication::processEvents();  // it becomes active, and shows where the focus is
+    return savePicture(dialog, file);
+}
+
 QString drawPicture(Window& window, const QString& file)
 {
     const QtApplication application("offscreen");
     WindowDialog dialog(window, nullptr);
-    dialog.show();
-    QCoreApplication::processEvents();  // it becomes active, and shows where the focus is
-    return savePicture(dialog, file);
+    return saveShown(dialog, file);
+}
+
+QString drawAlertPicture(const Alert& alert, const QString& file)
+{
+    const QtApplication application("offscreen");
+    AlertDialog dialog(alert, nullptr);
+    return saveShown(dialog, file);
 }
 
 }  // namespace
@@ -100,5 +112,6 @@ QString drawPicture(Window& window, const QString& file)
 
 extern "C" {
 extern const Toolbox::WindowLibrary toolboxWindowLibrary;
-const Toolbox::WindowLibrary toolboxWindowLibrary{Toolbox::tryPlatform, Toolbox::makeDisplay, Toolbox::drawPicture};
+const Toolbox::WindowLibrary toolboxWindowLibrary{
+    Toolbox::tryPlatform, Toolbox::makeDisplay, Toolbox::drawPicture, Toolbox::drawAlertPicture};
 }
