@@ -1,50 +1,13 @@
 """The dialog where people see it: on a terminal, and in a window of a real X server, worked with the keyboard alone."""
 
-import fcntl
-import os
-import pty
-import select
 import subprocess
-import termios
 import unittest
 
+from screens import *
 from visex import *
 
 PROMPT = "or Return for OK: "
 WINDOW_TITLE = "^Language Selector$"
-
-
-class Terminal:
-    """The host with a controlling terminal of its own, and with standard output and error elsewhere."""
-
-    def __init__(self, *arguments):
-        self.screen, side = pty.openpty()
-        self.process = subprocess.Popen(
-            [HOST, *arguments], env=environment(LC_ALL="C.UTF-8"), stdin=side, stdout=subprocess.PIPE,
-            stderr=subprocess.PIPE, start_new_session=True, preexec_fn=lambda: fcntl.ioctl(0, termios.TIOCSCTTY))
-        os.close(side)
-
-    def read_until(self, end):
-        """What is shown until `end` is; an error when that does not come."""
-        shown = b""
-        while not shown.endswith(end.encode()):
-            if not select.select([self.screen], [], [], TIMEOUT)[0]:
-                raise TimeoutError(shown)
-            shown += os.read(self.screen, 4096)
-        return shown.decode()
-
-    def type(self, text):
-        os.write(self.screen, text.encode())
-
-    def hang_up(self):
-        os.close(self.screen)
-        self.screen = None
-
-    def finish(self):
-        output, errors = self.process.communicate(timeout=TIMEOUT)
-        if self.screen is not None:
-            os.close(self.screen)
-        return Outcome(self.process.returncode, output.decode(), errors.decode())
 
 
 class OnATerminal(HostTest):
@@ -111,38 +74,53 @@ class OnATerminal(HostTest):
         self.assert_fails(run("--display", "terminal"), NOT_DONE, "cannot ask on the terminal: the process has none")
 
 
-class XServer:
-    """An X server without a screen to look at."""
+    def test_the_transcript_in_the_docs_is_what_it_shows(self):
+        command, transcript = (ROOT / "docs/terminal.txt").read_text().split("\n", 1)
+        terminal = Terminal(*command.removeprefix("$ ./run ").split())
+        shown = ""
+        for typed in ("Dutch", "e", "japa", ""):
+            shown += terminal.read_until(PROMPT)
+            terminal.type(typed + "\n")
+        shown += terminal.read_rest()
+        self.assertEqual(shown.replace("\r\n", "\n") + terminal.finish().output, transcript)
 
-    def __init__(self):
-        reader, writer = os.pipe()
-        self.process = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24", "-nolisten", "tcp"],
-            pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        os.close(writer)
-        with os.fdopen(reader) as number:  # which the server writes when it is ready
-            self.display = ":" + number.readline().strip()
+    def test_it_stays_within_80_columns_and_moves_no_cursor(self):
+        for locale in ("C.UTF-8", "C"):
+            with self.subTest(locale):
+                terminal = Terminal("--display", "terminal", LC_ALL=locale)
+                shown = terminal.read_until(PROMPT)
+                terminal.type("x\x04japanese\n\n")
+                shown += terminal.read_rest()
+                self.assertEqual(terminal.finish().status, CHOSE)
+                self.assertLessEqual(max(map(len, shown.splitlines())), 80)
+                plain = shown.replace("\r\n", "\n").replace("\n", "")
+                self.assertTrue(plain.isprintable(), plain)
+                self.assertEqual(plain.isascii(), locale == "C")
 
-    def tool(self, *arguments):
-        """The output of xdotool on this display, or None when it failed."""
-        result = subprocess.run(["xdotool", *arguments], env=environment(DISPLAY=self.display), text=True,
-                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=TIMEOUT)
-        return result.stdout if result.returncode == 0 else None
 
-    def window(self, title):
-        """The number of the window with this title, as soon as it is there."""
-        found = None
-        while not found:  # the search fails when some other window goes while it looks
-            found = self.tool("search", "--sync", "--onlyvisible", "--name", title)
-        return found.split()[0]
+class Unattended(HostTest):
+    """With a screen and a terminal at hand, neither of which it is to touch."""
 
-    def close(self):
-        self.process.terminate()
-        self.process.wait(TIMEOUT)
+    def setUp(self):
+        super().setUp()
+        self.screen = ScreenThatNoticesOnly()
+        self.addCleanup(self.screen.close)
 
-    def break_down(self):
-        self.process.kill()
-        self.process.wait(TIMEOUT)
+    def test_it_neither_shows_nor_asks_anything(self):
+        for arguments in (["--display", "unattended"], ["--answer", "german"], ["--answer", "cancel"],
+                          ["--display", "unattended", "--message", "999"],
+                          ["--display", "unattended", "--picture", self.folder / "a.png"]):
+            with self.subTest(arguments):
+                terminal = Terminal(*arguments, DISPLAY=self.screen.display)
+                terminal.type("japanese\n")  # echoed, and read by nobody
+                self.assertEqual(terminal.read_rest(), "japanese\r\n")
+                self.assertNotIn("Japanese", terminal.finish().output)
+                self.assertFalse(self.screen.was_asked())
+
+    def test_a_window_would_have_asked_for_that_screen(self):
+        terminal = Terminal("--display", "window", DISPLAY=self.screen.display)
+        self.assertTrue(self.screen.was_asked(TIMEOUT))
+        self.assertEqual(terminal.finish().status, NOT_DONE)
 
 
 class InAWindow(HostTest):
@@ -151,11 +129,11 @@ class InAWindow(HostTest):
         cls.server = XServer()
         cls.addClassCleanup(cls.server.close)
 
-    def press(self, *keys, title=WINDOW_TITLE, arguments=()):
+    def press(self, *keys, title=WINDOW_TITLE, arguments=(), **variables):
         """Runs the host, presses `keys` in the window of this title, and returns the Outcome."""
         command = [HOST, *arguments]
-        with subprocess.Popen(command, env=environment(DISPLAY=self.server.display), stdin=subprocess.DEVNULL,
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+        with subprocess.Popen(command, env=environment(DISPLAY=self.server.display, **variables),
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
             try:
                 self.server.tool("windowfocus", "--sync", self.server.window(title), "key", *keys)
                 output, errors = process.communicate(timeout=TIMEOUT)
@@ -173,6 +151,20 @@ class InAWindow(HostTest):
             with self.subTest(current):
                 outcome = self.press(key, "Return", arguments=["--current", current, "--json"])
                 self.assert_chosen(outcome, JAPANESE)
+
+    def test_the_letters_of_a_name_choose_it(self):
+        for keys, code in ((("g", "e", "r"), GERMAN), (("D", "e", "u"), GERMAN), (("e", "s", "p"), SPANISH)):
+            with self.subTest(keys):
+                self.assert_chosen(self.press(*keys, "Return", arguments=["--json"]), code)
+
+    def test_nothing_is_remembered(self):
+        folders = {name: str(self.folder) for name in
+                   ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR")}
+        for run_number in (1, 2):
+            with self.subTest(run_number):
+                outcome = self.press("Down", "Return", arguments=["--current", "english", "--json"], **folders)
+                self.assert_chosen(outcome, JAPANESE)
+        self.assertEqual([path for path in self.folder.rglob("*") if path.is_file()], [])
 
     def test_return_confirms_each_current_language_of_a_record(self):
         for code in NAMES:
@@ -255,11 +247,19 @@ class WithoutAScreen(HostTest):
         self.assertIn("was written to the record.", outcome.output)
         self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the picture '{picture}': .+\n\Z")
 
-    def test_without_a_dialog_there_is_no_picture(self):
-        picture = self.folder / "picture.png"
+    def test_a_picture_may_be_of_an_alert(self):
+        picture = self.folder / "alert.png"
         outcome = unattended("--message", "999", "--picture", picture)
-        self.assertEqual(outcome.status, NOT_DONE)
-        self.assertEqual(outcome.errors, f"visex-host: cannot save the picture '{picture}': no window was shown\n")
+        self.assertEqual((outcome.status, outcome.errors), (REFUSED, ""))
+        self.assertTrue(picture.read_bytes().startswith(b"\x89PNG"))
+
+    def test_a_picture_has_the_pixels_of_the_screen(self):
+        sizes = []
+        for scale in ("1", "2"):
+            picture = self.folder / f"{scale}.png"
+            unattended("--picture", picture, variables={"QT_SCALE_FACTOR": scale})
+            sizes.append([int.from_bytes(picture.read_bytes()[at:at + 4], "big") for at in (16, 20)])
+        self.assertEqual(sizes[1], [2 * length for length in sizes[0]])
 
     def test_foreign_plug_ins_are_not_loaded(self):
         # Qt would look in these folders first, and find what pretends to be the platform.

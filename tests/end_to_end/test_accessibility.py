@@ -1,0 +1,174 @@
+"""What assistive technology reads of the dialog and of alerts, on the accessibility bus, and what it can do there.
+
+Ends with status 77, which CTest takes for skipped, where the tools for that are not at hand.
+"""
+
+import importlib.util
+import os
+import shutil
+import subprocess
+import sys
+import time
+import unittest
+
+from screens import *
+from visex import *
+
+SKIPPED = 77
+ON_A_BUS = "--on-a-bus"
+
+LABEL = "Install in this language:"
+ITEMS = ["English", "日本語 (Japanese)", "Deutsch (German)", "Français (French)", "Italiano (Italian)",
+         "Español (Spanish)"]
+
+
+def tools_are_here():
+    if shutil.which("dbus-run-session") is None or importlib.util.find_spec("gi") is None:
+        return False
+    try:
+        import gi
+        gi.require_version("Atspi", "2.0")
+    except ValueError:
+        return False
+    return os.path.exists("/usr/libexec/at-spi-bus-launcher")
+
+
+def below(accessible):
+    """Everything in `accessible`, in its order."""
+    for index in range(accessible.get_child_count()):
+        child = accessible.get_child_at_index(index)
+        yield child
+        yield from below(child)
+
+
+def has(accessible, state):
+    return accessible.get_state_set().contains(state)
+
+
+def label_of(accessible):
+    """The names of what is said to be its label."""
+    return [relation.get_target(index).get_name() for relation in accessible.get_relation_set()
+            if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY
+            for index in range(relation.get_n_targets())]
+
+
+class Host:
+    """The host with its window on the X server, as the accessibility bus knows it."""
+
+    def __init__(self, server, *arguments):
+        self.process = subprocess.Popen(
+            [HOST, "--display", "window", "--json", *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE,
+            env=environment(DISPLAY=server.display, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"))
+        self.application = wait_for(self.find_application)
+        self.application.set_cache_mask(Atspi.Cache.NONE)  # what is asked is asked anew each time
+        self.dialog = wait_for(lambda: next(below(self.application), None))
+
+    def find_application(self):
+        desktop = Atspi.get_desktop(0)
+        for index in range(desktop.get_child_count()):
+            found = desktop.get_child_at_index(index)
+            if found is not None and found.get_process_id() == self.process.pid:
+                return found
+        return None
+
+    def of_role(self, role):
+        """What has this role in the dialog."""
+        return [each for each in below(self.dialog) if each.get_role() == role]
+
+    def press(self, name):
+        """Presses the button of this name as assistive technology does."""
+        button, = (each for each in self.of_role(Atspi.Role.PUSH_BUTTON) if each.get_name() == name)
+        Atspi.Action.do_action(button, 0)
+
+    def finish(self):
+        output, errors = self.process.communicate(timeout=TIMEOUT)
+        return Outcome(self.process.returncode, output.decode(), errors.decode())
+
+
+def wait_for(look):
+    """What `look` finds, as soon as it finds something."""
+    end = time.monotonic() + TIMEOUT
+    while time.monotonic() < end:
+        found = look()
+        if found:
+            return found
+        time.sleep(0.05)
+    raise TimeoutError(look)
+
+
+class Accessibility(HostTest):
+    @classmethod
+    def setUpClass(cls):
+        cls.server = XServer()
+        cls.addClassCleanup(cls.server.close)
+
+    def run_host(self, *arguments):
+        host = Host(self.server, *arguments)
+        self.addCleanup(host.process.communicate)
+        self.addCleanup(host.process.kill)
+        return host
+
+    def test_the_dialog_says_what_is_in_it(self):
+        host = self.run_host("--current", "german")
+        self.assertEqual(host.application.get_name(), "Demo Installer")
+        self.assertEqual(host.dialog.get_role(), Atspi.Role.DIALOG)
+        self.assertEqual(host.dialog.get_name(), "Language Selector")
+        label, = host.of_role(Atspi.Role.LABEL)
+        self.assertEqual(label.get_name(), LABEL)
+        pop_up, = host.of_role(Atspi.Role.COMBO_BOX)
+        self.assertEqual(pop_up.get_name(), "Deutsch (German)", "the current item")
+        self.assertEqual(label_of(pop_up), [LABEL])
+        self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.LIST_ITEM)], ITEMS)
+        ok, cancel = host.of_role(Atspi.Role.PUSH_BUTTON)
+        self.assertEqual([ok.get_name(), cancel.get_name()], ["OK", "Cancel"])
+        self.assertTrue(has(ok, Atspi.StateType.IS_DEFAULT))
+        self.assertFalse(has(cancel, Atspi.StateType.IS_DEFAULT))
+        host.press("OK")
+        self.assertEqual(host.finish().json()["chosen"], {"code": GERMAN, "name": "German"})
+
+    def test_the_focus_is_on_the_pop_up_alone_and_its_item_follows_the_keys(self):
+        host = self.run_host()
+        pop_up, = host.of_role(Atspi.Role.COMBO_BOX)
+        self.server.tool("windowfocus", "--sync", self.server.window("^Language Selector$"))
+        wait_for(lambda: has(pop_up, Atspi.StateType.FOCUSED))
+        focused = [each.get_role_name() for each in below(host.dialog) if has(each, Atspi.StateType.FOCUSED)]
+        self.assertEqual(focused, ["combo box"])
+        for keys, item in ((["Down"], "日本語 (Japanese)"), (["g"], "Deutsch (German)")):
+            self.server.tool("key", *keys)
+            wait_for(lambda: pop_up.get_name() == item)
+        host.press("Cancel")
+        self.assertEqual(host.finish().status, NOTHING_CHOSEN)
+
+    def assert_alert(self, host, kind, text):
+        self.assertEqual(host.dialog.get_role(), Atspi.Role.ALERT)
+        self.assertEqual(host.dialog.get_name(), kind)
+        self.assertEqual(host.dialog.get_description(), text)
+        self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.LABEL)], [text])
+        self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.IMAGE)], [kind])
+        ok, = host.of_role(Atspi.Role.PUSH_BUTTON)
+        self.assertTrue(has(ok, Atspi.StateType.IS_DEFAULT))
+        host.press("OK")
+        alert, = host.finish().json()["alerts"]
+        self.assertEqual((alert["text"], alert["pressed"]), (text, 1))
+
+    def test_an_alert_from_the_resources_says_its_text(self):
+        self.assert_alert(self.run_host("--message", "999"), "Stop",
+                          "The language selection was called with a message that it does not serve. "
+                          "The installation goes on in the current language.")
+
+    def test_an_alert_about_a_failure_says_its_text(self):
+        demo = self.demo_copy()
+        shutil.rmtree(next(demo.rglob("LanguageSelector.nib")))
+        self.assert_alert(self.run_host("--app", demo), "Note", "Can't find Nib Reference")
+
+
+if __name__ == "__main__":
+    if not tools_are_here():
+        print("Skipped: this needs at-spi2-core, dbus, gir1.2-atspi-2.0 and python3-gi")
+        sys.exit(SKIPPED)
+    if ON_A_BUS not in sys.argv:  # again, in a session with a bus of its own
+        os.execvp("dbus-run-session", ["dbus-run-session", "--", sys.executable, "-B", __file__, ON_A_BUS])
+    sys.argv.remove(ON_A_BUS)
+    from gi.repository import Atspi
+    unittest.main()
