@@ -254,12 +254,14 @@ class WithoutAScreen(HostTest):
         self.assertTrue(picture.read_bytes().startswith(b"\x89PNG"))
 
     def test_a_picture_has_the_pixels_of_the_screen(self):
-        sizes = []
-        for scale in ("1", "2"):
-            picture = self.folder / f"{scale}.png"
-            unattended("--picture", picture, variables={"QT_SCALE_FACTOR": scale})
-            sizes.append([int.from_bytes(picture.read_bytes()[at:at + 4], "big") for at in (16, 20)])
-        self.assertEqual(sizes[1], [2 * length for length in sizes[0]])
+        for message in ("1000", "999"):  # the dialog, and an alert, which is larger
+            with self.subTest(message):
+                sizes = []
+                for scale in ("1", "2"):
+                    picture = self.folder / f"{scale}.png"
+                    unattended("--message", message, "--picture", picture, variables={"QT_SCALE_FACTOR": scale})
+                    sizes.append([int.from_bytes(picture.read_bytes()[at:at + 4], "big") for at in (16, 20)])
+                self.assertEqual(sizes[1], [2 * length for length in sizes[0]])
 
     def test_foreign_plug_ins_are_not_loaded(self):
         # Qt would look in these folders first, and find what pretends to be the platform.
