@@ -48,7 +48,7 @@ GivenAnswer parseAnswer(const std::string& text)
     if (const Language* const language = parseLanguage(text))
         return {text, {{Answer::Kind::Item, popUpItem(*language)}, {Answer::Kind::Command, kHICommandOK}}};
     throw Problem(ExitStatus::NotDone,
-        "'" + text + "' is no answer: give ok, cancel, button:N, or one of the six languages by name or code");
+        "'" + text + "' is no answer: give ok, cancel, button:N, or a language: " + listLanguages());
 }
 
 std::vector<Answer> stepsOf(const std::vector<GivenAnswer>& answers)

@@ -86,6 +86,10 @@ Application::~Application()
 
 void Application::requireAdministrator()
 {
+    if (!m_resourceFile)
+        throw Problem(ExitStatus::NotDone,
+            "the administrator flag cannot be set: the application has no resource file, which would hold it; name one "
+            "with --resources");
     const Handle call = GetResource('CALL', 1000);
     if (call == nullptr)
         throw Problem(ExitStatus::NotDone,

@@ -27,12 +27,22 @@ const char* describe(DisplayKind kind)
                                        : "the call did not return: the external ended the process";
 }
 
+void guardWith(const char* line)
+{
+    static const int registered = std::atexit(endTheCall);
+    unreturned = registered == 0 ? line : nullptr;
+}
+
 }  // namespace
+
+CallGuard::CallGuard()
+{
+    guardWith("the external ended the process while it was loaded");
+}
 
 CallGuard::CallGuard(DisplayKind kind)
 {
-    static const int registered = std::atexit(endTheCall);
-    unreturned = registered == 0 ? describe(kind) : nullptr;
+    guardWith(describe(kind));
 }
 
 CallGuard::~CallGuard()

@@ -7,10 +7,14 @@
 
 namespace Host {
 
-/// While one lives, whoever calls exit ends the process with ExitStatus::NotReturned and one line on standard error,
-/// which tells what that means on the display `kind`. Nothing else is done any more. One at a time.
+/// While one lives, whoever calls exit ends the process with ExitStatus::NotReturned and one line on standard error.
+/// Nothing else is done any more. One at a time.
 class CallGuard {
 public:
+    /// Around the loading of an external, in which its code runs.
+    CallGuard();
+
+    /// Around its call, with what the line says that an end means on the display `kind`.
     explicit CallGuard(DisplayKind kind);
     ~CallGuard();
     CallGuard(const CallGuard&) = delete;

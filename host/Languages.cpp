@@ -63,6 +63,14 @@ std::string userLocale()
     return std::string();
 }
 
+std::string listLanguages()
+{
+    std::string list;
+    for (const Language& language : LANGUAGES)
+        list += (list.empty() ? "" : ", ") + describeLanguage(language.code);
+    return list;
+}
+
 std::string describeLanguage(std::uint32_t code)
 {
     const Language* const language = languageOfCode(code);

@@ -41,6 +41,9 @@ const Language* languageOfLocale(std::string_view locale);
 /// The locale in which the user wants to read messages: LC_ALL, LC_MESSAGES or LANG, the first that says something.
 std::string userLocale();
 
+/// The six languages with their codes, as they are told to somebody who has given another.
+std::string listLanguages();
+
 /// A code in words: "German (2)", "no known language (4)".
 std::string describeLanguage(std::uint32_t code);
 

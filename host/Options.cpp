@@ -36,7 +36,8 @@ std::uint32_t parseCurrent(const std::string& text)
         return language->code;
     const std::optional<std::uint32_t> code = parseNumber<std::uint32_t>(text);
     if (!code)
-        throw wrongUsage("--current takes a language code or one of the six languages, and '" + text + "' is neither");
+        throw wrongUsage(
+            "--current takes a language, " + listLanguages() + ", or its code, and '" + text + "' is neither");
     return *code;
 }
 
@@ -125,6 +126,9 @@ Problem describe(const CLI::ParseError& error, const CLI::App& commandLine)
             (isOption ? "there is no option '" : "one external at a time, and not also '") + unexpected.front() + "'");
     }
     const std::string text = error.what();
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr
+        && text.find("flag override") != std::string::npos)
+        return wrongUsage("--" + text.substr(0, text.find(' ')) + " takes no value");
     const bool lacksValue = text.substr(0, 2) == "--";  // as in "--message: 1 required TEXT missing"
     return wrongUsage(lacksValue ? text.substr(0, text.find(':')) + " needs a value" : text);
 }

@@ -37,10 +37,13 @@ PlugIn::PlugIn(const std::filesystem::path& folder)
     if (CFArrayGetCount(factories.get()) == 0)
         throw notLoaded("its Info.plist registers no factory for externals of this installer");
 
+    if (!CFBundleLoadExecutable(m_bundle.get()))
+        throw notLoaded("its executable is not there, or is none that can be loaded here");
+
     const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories.get(), 0));
     m_instance = static_cast<XcodInstance*>(CFPlugInInstanceCreate(kCFAllocatorDefault, factory, externalType()));
     if (m_instance == nullptr)
-        throw notLoaded("its executable cannot be loaded, or its factory gives no instance");
+        throw notLoaded("its factory gives no instance");
 }
 
 PlugIn::~PlugIn()

@@ -95,7 +95,11 @@ ExitStatus callWith(const Options& options)
     Application application(options.application.value_or(support / "DemoInstaller.app"), options.resources);
     if (options.requireAdmin)
         application.requireAdministrator();
-    PlugIn plugIn(options.plugIn ? std::filesystem::path(*options.plugIn) : application.builtInPlugIn());
+    std::optional<PlugIn> plugIn;
+    {
+        const CallGuard guard;
+        plugIn.emplace(options.plugIn ? std::filesystem::path(*options.plugIn) : application.builtInPlugIn());
+    }
     const DisplayKind display = chooseDisplay(options);
 
     std::optional<TraceFile> traceFile;
@@ -103,7 +107,9 @@ ExitStatus callWith(const Options& options)
         traceFile.emplace(*options.traceFile);
     const Report report = [&] {
         const CallGuard guard(display);
-        return callExternal(plugIn, record, traceSink(options, traceFile));
+        Report made = callExternal(*plugIn, record, traceSink(options, traceFile));
+        plugIn.reset();  // its last code runs
+        return made;
     }();
     const bool traced = finish(traceFile);
     const bool noProblem = tellProblems(options) && traced;

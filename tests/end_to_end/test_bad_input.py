@@ -18,16 +18,19 @@ def truncations(contents):
     return [contents[:length] for length in [*range(0, len(contents), step), len(contents) - 1]]
 
 
+# As it stands in messages about languages.
+LANGUAGES = "English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6)"
+
+
 class Usage(HostTest):
     def test_wrong_options_are_one_line(self):
         cases = [
             (["--foo"], "there is no option '--foo'; --help lists the options"),
             (["--message", "65536"],
              "--message takes a number from -32768 to 32767, and '65536' is none; --help lists the options"),
-            (["--current", "klingon"], "--current takes a language code or one of the six languages, "
+            (["--current", "klingon"], f"--current takes a language, {LANGUAGES}, or its code, "
                                        "and 'klingon' is neither; --help lists the options"),
-            (["--answer", "4"], "'4' is no answer: give ok, cancel, button:N, or one of the six languages by name "
-                                "or code"),
+            (["--answer", "4"], f"'4' is no answer: give ok, cancel, button:N, or a language: {LANGUAGES}"),
             (["--foo\nbar\x1b[2J"], "there is no option '--foo bar [2J'; --help lists the options"),
         ]
         for arguments, line in cases:
@@ -352,16 +355,16 @@ class Bundles(HostTest):
         self.plist.unlink()
         self.assert_not_loaded("its Info.plist registers no factory for externals of this installer")
 
-    def assert_no_instance(self):
-        self.assert_not_loaded("its executable cannot be loaded, or its factory gives no instance")
+    def assert_no_executable(self):
+        self.assert_not_loaded("its executable is not there, or is none that can be loaded here")
 
     def test_a_factory_that_is_not_there(self):
         self.plist.write_bytes(self.plist.read_bytes().replace(b"MyFactory", b"NoFactory"))
-        self.assert_no_instance()
+        self.assert_not_loaded("its factory gives no instance")
 
     def test_a_missing_executable(self):
         self.executable.unlink()
-        self.assert_no_instance()
+        self.assert_no_executable()
 
     def test_executables_that_are_none(self):
         contents = self.executable.read_bytes()
@@ -369,7 +372,7 @@ class Bundles(HostTest):
             with self.subTest(case[:10], length=len(case)):
                 self.executable.unlink()
                 self.executable.write_bytes(case)
-                self.assert_no_instance()
+                self.assert_no_executable()
 
     def test_an_executable_outside_the_bundle(self):
         outside = self.folder / "Outside"
@@ -379,13 +382,13 @@ class Bundles(HostTest):
             with self.subTest(name):
                 properties["CFBundleExecutable"] = name
                 self.plist.write_bytes(plistlib.dumps(properties))
-                self.assert_no_instance()
+                self.assert_no_executable()
 
     def test_a_link_that_leaves_the_bundle(self):
         outside = self.folder / "Outside"
         self.executable.rename(outside)
         self.executable.symlink_to(outside)
-        self.assert_no_instance()
+        self.assert_no_executable()
 
 
 if __name__ == "__main__":

@@ -20,6 +20,16 @@ void endInACall(DisplayKind kind)
     std::exit(0);
 }
 
+TEST(CallGuardDeath, WhileLoadingIsPutDownToTheExternal)
+{
+    const auto endWhileLoading = [] {
+        const CallGuard guard;
+        std::exit(0);
+    };
+    EXPECT_EXIT(endWhileLoading(), testing::ExitedWithCode(NOT_RETURNED),
+        "^visex-host: the external ended the process while it was loaded\n$");
+}
+
 TEST(CallGuardDeath, OnAScreenIsPutDownToTheScreen)
 {
     EXPECT_EXIT(endInACall(DisplayKind::Window), testing::ExitedWithCode(NOT_RETURNED),

@@ -166,15 +166,18 @@ const WrongCase WRONG_CASES[] = {
     {"MessageNoNumber", {"--message", "1000x"}, "--message takes a number from -32768 to 32767, and '1000x' is none"},
     {"MessageEmpty", {"--message", ""}, "--message needs a value"},
     {"EmptyAnswer", {"--answer", ""}, "--answer needs a value"},
-    {"ValueForAFlag", {"--json=3"}, "json was given a disallowed flag override"},
+    {"ValueForAFlag", {"--json=3"}, "--json takes no value"},
     {"MessageTakesAnOption", {"--message", "--json"},
         "--message takes a number from -32768 to 32767, and '--json' is none"},
     {"CurrentNoLanguage", {"--current", "klingon"},
-        "--current takes a language code or one of the six languages, and 'klingon' is neither"},
+        "--current takes a language, English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6), or "
+        "its code, and 'klingon' is neither"},
     {"CurrentNegative", {"--current", "-1"},
-        "--current takes a language code or one of the six languages, and '-1' is neither"},
+        "--current takes a language, English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6), or "
+        "its code, and '-1' is neither"},
     {"CurrentPast32Bits", {"--current", "4294967296"},
-        "--current takes a language code or one of the six languages, and '4294967296' is neither"},
+        "--current takes a language, English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6), or "
+        "its code, and '4294967296' is neither"},
     {"DisplayUnknown", {"--display", "tv"}, "--display takes window, terminal or unattended, and 'tv' is none of them"},
     {"AnswerForAWindow", {"--display", "window", "--answer", "ok"},
         "--answer is for the unattended display, and --display names another"},
