@@ -48,8 +48,8 @@ class Links(HostTest):
 
     def test_the_resource_file(self):
         outcome = self.outcome_without("Resources/DemoInstaller.rsrc", "--require-admin")
-        self.assert_fails(outcome, NOT_DONE, "the administrator flag cannot be set: the resource file has no "
-                                             "'CALL' 1000, which would hold it")
+        self.assert_fails(outcome, NOT_DONE, "the administrator flag cannot be set: the application has no "
+                                             "resource file, which would hold it; name one with --resources")
 
     def test_the_folder_of_externals(self):
         outcome = self.outcome_without("PlugIns")
@@ -125,7 +125,7 @@ class Code(HostTest):
         self.assertIn("Can't find Nib Reference", outcome.json()["alerts"][0]["text"])
         outcome = unattended("--app", app, "--require-admin", cwd=decoys, variables=variables)
         self.assertEqual(outcome.status, NOT_DONE)
-        self.assertIn("the resource file has no 'CALL' 1000", outcome.errors)
+        self.assertIn("the application has no resource file", outcome.errors)
 
 
 class Traces(HostTest):
