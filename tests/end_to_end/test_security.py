@@ -184,7 +184,8 @@ class Files(HostTest):
     def test_a_full_disk_is_said(self):
         for option, name in self.OPTIONS:
             with self.subTest(option):
-                outcome = unattended(option, self.target, **full_disk(ignore_signal=True))
+                outcome = unattended(option, self.target, variables=WITHOUT_PROFILE,
+                                     **full_disk(ignore_signal=True))
                 self.assertEqual(outcome.status, NOT_DONE)
                 self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the {name} (in )?'{self.target}': .+\n\Z")
                 self.assertEqual(tree(self.folder), {self.target: b"what stood here before"})

@@ -39,6 +39,10 @@ def environment(**variables):
     return {**kept, **variables}
 
 
+# For runs that may not write files: a build that measures coverage would try to, and complain.
+WITHOUT_PROFILE = {"LLVM_PROFILE_FILE": "/dev/null"}
+
+
 class Outcome:
     """How a run of the host ended."""
 
@@ -109,7 +113,7 @@ class HostTest(unittest.TestCase):
     def as_nobody(self, host, *arguments):
         """Runs the `host` of an installation as a user without rights."""
         return unattended(*arguments, host=host, user="nobody", group="nogroup", extra_groups=[], cwd="/",
-                          variables={"LD_LIBRARY_PATH": str(self.folder / "toolbox")})
+                          variables={"LD_LIBRARY_PATH": str(self.folder / "toolbox"), **WITHOUT_PROFILE})
 
     def assert_fails(self, outcome, status, line):
         """The host printed no answer and one line on standard error, which is `line`."""

@@ -400,6 +400,22 @@ TEST_F(WindowOnScreen, HasGlyphsForJapanese)
     });
 }
 
+TEST_F(WindowOnScreen, JustifiesTextsAsTheirControlsSay)
+{
+    const struct {
+        Toolbox::Justification justification;
+        Qt::Alignment alignment;
+    } rows[] = {{Toolbox::Justification::Natural, Qt::AlignLeft}, {Toolbox::Justification::Left, Qt::AlignLeft},
+        {Toolbox::Justification::Center, Qt::AlignHCenter}, {Toolbox::Justification::Right, Qt::AlignRight}};
+    for (const auto& row : rows) {
+        Dialog dialog;
+        dialog.label.justification = row.justification;
+        lookAt(dialog, [&](QDialog& shown) {
+            EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").alignment() & Qt::AlignHorizontal_Mask, row.alignment);
+        });
+    }
+}
+
 TEST_F(WindowOnScreen, NamesItsControlsForThoseWhoCannotSee)
 {
     Dialog dialog;
