@@ -15,7 +15,7 @@ public:
     static constexpr const char* KIND = "Core Foundation object";
     static constexpr const char* CONSTANT_KIND = "Core Foundation constant";
 
-    virtual ~CFObject() = default;
+    ~CFObject() override = default;
 
     /// One more owner.
     void retain();

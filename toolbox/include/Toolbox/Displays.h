@@ -60,8 +60,8 @@ void UseTerminalDisplay();
 /// can only be meant for a window, which then stays in the list.
 void UseUnattendedDisplay(const std::vector<Answer>& answers);
 
-/// Saves the next window or alert that is run as a picture (PNG) in `file`, as it looks at first, whichever display runs it. The
-/// file is written whole or not at all.
+/// Saves the next window or alert that is run as a picture (PNG) in `file`, as it looks at first, whichever display
+/// runs it. The file is written whole or not at all.
 void SavePicture(const std::string& file);
 
 /// What went wrong with SavePicture, in one clause, also when nothing was run yet; empty when the picture was saved
