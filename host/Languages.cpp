@@ -74,7 +74,7 @@ std::string listLanguages()
 std::string describeLanguage(std::uint32_t code)
 {
     const Language* const language = languageOfCode(code);
-    const std::string_view name = language == nullptr ? "no known language" : language->name;
+    const std::string_view name = language == nullptr ? "unknown" : language->name;
     return std::string(name) + " (" + std::to_string(code) + ")";
 }
 

@@ -44,7 +44,7 @@ std::string userLocale();
 /// The six languages with their codes, as they are told to somebody who has given another.
 std::string listLanguages();
 
-/// A code in words: "German (2)", "no known language (4)".
+/// A code in words: "German (2)", "unknown (4)".
 std::string describeLanguage(std::uint32_t code);
 
 }  // namespace Host

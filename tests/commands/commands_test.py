@@ -271,6 +271,12 @@ class Test(CommandTest):
         self.assertIn("There is no lane 'relase'. The lanes are: release", result.stderr)
         self.assertEqual(self.logged(), [])
 
+    def test_it_tells_its_usage_and_does_nothing(self):
+        result = self.call(self.checkout / "test", "--help")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertIn("The lanes are: release", result.stdout)
+        self.assertEqual(self.logged(), [])
+
 
 class CheckText(unittest.TestCase):
     """scripts/check-text in a folder with the checkout's .editorconfig and one file."""

@@ -145,8 +145,8 @@ TEST(DescribeLanguage, GivesNameAndCode)
 {
     EXPECT_EQ(describeLanguage(2), "German (2)");
     EXPECT_EQ(describeLanguage(0), "English (0)");
-    EXPECT_EQ(describeLanguage(4), "no known language (4)");
-    EXPECT_EQ(describeLanguage(0xFFFFFFFF), "no known language (4294967295)");
+    EXPECT_EQ(describeLanguage(4), "unknown (4)");
+    EXPECT_EQ(describeLanguage(0xFFFFFFFF), "unknown (4294967295)");
 }
 
 }  // namespace

@@ -99,9 +99,9 @@ TEST(InWords, TellsOfAMessageThatIsNotServed)
     report.flagsAfter = 0xFFFFFF81;
     report.alerts = {ALERT_5000};
     EXPECT_EQ(inWords(report),
-        "Before: message -1, current language no known language (4), chosen language French (1), flags 0x00000080\n"
+        "Before: message -1, current language unknown (4), chosen language French (1), flags 0x00000080\n"
         "Alert:  stop 5000, \"Not served.\" [OK], button 1 was pressed\n"
-        "After:  message -1, current language no known language (4), chosen language French (1), flags 0xffffff81\n"
+        "After:  message -1, current language unknown (4), chosen language French (1), flags 0xffffff81\n"
         "No language was written to the record: the external does not serve this message.\n");
 }
 
