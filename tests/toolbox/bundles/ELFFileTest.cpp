@@ -125,6 +125,30 @@ TEST_F(ELFFile, WithAMappedSegmentThatIsNotThereIsNotWhole)
     })));
 }
 
+TEST_F(ELFFile, MayHaveAnEmptySegmentAtItsEndAndNotBehind)
+{
+    const std::size_t size = contentsOf(PLUG_IN_FILE).size();
+    for (const std::size_t past : {0, 1}) {
+        const std::string content = withSegment(isMapped, [&](Segment& segment) {
+            segment.p_offset = size + past;
+            segment.p_filesz = 0;
+        });
+        EXPECT_EQ(isWhole(content), past == 0) << past << " past the end";
+    }
+}
+
+TEST_F(ELFFile, HasNoSegmentsBehindItsTable)
+{
+    std::string content = contentsOf(PLUG_IN_FILE);
+    FileHeader header;
+    std::memcpy(&header, content.data(), sizeof header);
+    Segment segment = {};
+    segment.p_type = PT_LOAD;
+    leadPastTheEnd(segment);
+    std::memcpy(content.data() + header.e_phoff + header.e_phnum * sizeof segment, &segment, sizeof segment);
+    EXPECT_TRUE(isWhole(content));
+}
+
 TEST_F(ELFFile, MayHaveSegmentsThatAreNotThereAndNotMapped)
 {
     EXPECT_TRUE(isWhole(withSegment(isNotMapped, leadPastTheEnd)));
