@@ -149,6 +149,21 @@ TEST(MacRoman, ConvertsZeroUnitsAmongOthers)
     }
 }
 
+TEST(MacRoman, ConvertsABlockOfOneCharacterAsItConvertsTheCharacter)
+{
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        std::vector<UniChar> unicode(64);
+        macRomanToUnicode(std::vector<UInt8>(64, static_cast<UInt8>(byte)).data(), 64, unicode.data());
+        EXPECT_EQ(unicode, std::vector<UniChar>(64, unicodeOf(byte))) << byte;
+    }
+    for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+        UInt8 text[64] = {};
+        const std::size_t done = unicodeToMacRoman(std::vector<UniChar>(64, UniChar(unit)).data(), 64, text);
+        ASSERT_EQ(done, byteOf(unit) >= 0 ? 64u : 0u) << std::hex << unit;
+        ASSERT_EQ(std::count(text, text + done, byteOf(unit)), std::ptrdiff_t(done)) << std::hex << unit;
+    }
+}
+
 TEST(MacRoman, StopsAtTheFirstOfSeveralUnitsThatItLacks)
 {
     for (std::size_t first = 0; first < 150; ++first) {
