@@ -175,6 +175,8 @@ const std::string FIVE_RADIO_BUTTONS = "<array name='radioTitles'>"
                                        "<array><string>A</string><string>B</string></array>"
                                        "<array><string>C</string><string>D</string></array>"
                                        "<array><string>E</string></array></array><int name='numCols'>2</int>";
+const std::string TWO_RADIO_BUTTONS = "<array name='radioTitles'>"
+                                      "<array><string>A</string></array><array><string>B</string></array></array>";
 const std::string TWO_TABS = "<array name='tabItems'><dictionary/><dictionary/></array>";
 
 std::string number(const char* name, long long value)
@@ -211,6 +213,7 @@ const ClassCase CLASS_CASES[] = {
     {"RadioGroupFourth",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", 2) + number("selectedCol", 2), ControlKind::Other, 0, 5, 4},
     {"RadioGroupTooFar",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", 0x7FFFFFFF) + number("selectedCol", 0x7FFFFFFF), ControlKind::Other, 0, 5, 5},
     {"RadioGroupBefore",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", -0x7FFFFFFF), ControlKind::Other, 0, 5, 0},
+    {"RadioGroupOneColumn", "IBCarbonRadioGroup",  TWO_RADIO_BUTTONS + number("selectedRow", 2), ControlKind::Other,  0,   2, 2},
     {"RadioGroupEmpty",   "IBCarbonRadioGroup",    "",                                      ControlKind::Other,       0,   0, 0},
     {"ProgressBar",       "IBCarbonProgressBar",   "",                                      ControlKind::Other,       0, 100, 0},
     {"Slider",            "IBCarbonSlider",        range(-5, 5, 3),                         ControlKind::Other,      -5,   5, 3},
