@@ -325,6 +325,12 @@ TEST(NibArchive, MayNestTo200Elements)
     EXPECT_FALSE(read(repeated("<object>", 100000)).has_value());
 }
 
+TEST(NibArchive, MayHaveAnyNumberOfElementsBesideOneAnother)
+{
+    EXPECT_TRUE(readObject(repeated("<int>1</int>", 1000)).has_value());
+    EXPECT_TRUE(readObject("<array>" + repeated("<int>1</int>", 1000) + "</array>").has_value());
+}
+
 TEST(NibArchive, MayNestAnythingInWhatIsOfNoUse)
 {
     EXPECT_TRUE(readObject(repeated("<thing>", 1000) + repeated("</thing>", 1000)).has_value());

@@ -282,6 +282,13 @@ TEST_F(NibWindow, JustifiesTexts)
     }
 }
 
+TEST_F(NibWindow, JustifiesATextNaturallyThatDoesNotSayHow)
+{
+    const auto window = windowOf(nibOf(controlOf("IBCarbonStaticText", "")));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(onlyControl(window).justification, Justification::Natural);
+}
+
 TEST_F(NibWindow, TakesTheTitleOfAnEditableTextAsItsText)
 {
     const auto window = windowOf(nibOf(controlOf("IBCarbonEditText", "<string name='title'>abc</string>")));
