@@ -128,7 +128,7 @@ TEST_F(ELFFile, WithAMappedSegmentThatIsNotThereIsNotWhole)
 TEST_F(ELFFile, MayHaveAnEmptySegmentAtItsEndAndNotBehind)
 {
     const std::size_t size = contentsOf(PLUG_IN_FILE).size();
-    for (const std::size_t past : {0, 1}) {
+    for (const std::size_t past : {std::size_t(0), std::size_t(1)}) {
         const std::string content = withSegment(isMapped, [&](Segment& segment) {
             segment.p_offset = size + past;
             segment.p_filesz = 0;
