@@ -97,8 +97,8 @@ TEST(Application, BringsNoExternalThatALinkLeadsTo)
     fs::create_directory(plugIns / "Own.bundle");
     EXPECT_EQ(application.builtInPlugIn().filename(), "Own.bundle");
     fs::remove(plugIns / "Own.bundle");
-    fs::create_directory(plugIns.parent_path() / "Shared");
-    fs::create_directory_symlink("../Shared", plugIns / "Own.bundle");
+    fs::create_directory(plugIns.parent_path() / "Others");
+    fs::create_directory_symlink("../Others", plugIns / "Own.bundle");
     EXPECT_EQ(application.builtInPlugIn().filename(), "Own.bundle") << "a link may lead about in the application";
 }
 
