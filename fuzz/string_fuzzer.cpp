@@ -21,6 +21,9 @@ using reference::Text;
 
 constexpr unsigned LONGEST = 1200;  // of the strings, after a step: some operations go by pieces of 1024
 
+// How long a text may be that is made of each character of another. The model takes the square of it in time.
+constexpr unsigned LONGEST_REPLACED = 20 * LONGEST;
+
 class Program {
 public:
     Program(const std::uint8_t* data, std::size_t size)
@@ -251,6 +254,8 @@ void replace(Machine& m)
     const Twin& in = m.twin();
     const Twin& pattern = m.twin();
     const Twin& by = m.twin();
+    if (reference::length(in.text) * reference::length(by.text) > LONGEST_REPLACED)
+        return;
     m.take(t, in.string.Replace(pattern.string, by.string), reference::replace(in.text, pattern.text, by.text));
 }
 
