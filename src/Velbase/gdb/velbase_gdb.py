@@ -1,4 +1,4 @@
-"""Shows the text library's values in gdb as what they mean: String, Char and checked_value.
+"""Shows the text library's values in gdb as what they mean: String, Char, checked_value, shared_ptr and shared_array.
 
 Load it with gdb's command "source", or let gdb load it with the program. A value that cannot be read, because it is not
 made yet or no longer there, is shown with the reason in angle brackets. Nothing is called in the program.
@@ -30,6 +30,17 @@ def or_reason(describe):
     return described
 
 
+def owners_in_words(owner, kind):
+    """How many share what a shared_ptr or shared_array owns. An error if this is no `kind` that is alive."""
+    count = owner["m_count"]
+    if int(count) == 0:
+        raise gdb.error(f"no {kind}: not made yet, or gone")
+    owners = int(count.dereference())
+    if owners < 1:
+        raise gdb.error(f"not a {kind}: it has {owners} owners")
+    return f"{owners} owner" if owners == 1 else f"{owners} owners"
+
+
 class StringPrinter:
     """A text and its length, or null; and how many strings share it."""
 
@@ -39,13 +50,7 @@ class StringPrinter:
     @or_reason
     def to_string(self):
         owner = self.value["m_text"]
-        text, count = owner["m_owned"], owner["m_count"]
-        if int(count) == 0:
-            return "<no String: not made yet, or destroyed>"
-        owners = int(count.dereference())
-        if owners < 1:
-            return f"<not a String: it has {owners} owners>"
-        shared = f"{owners} owner" if owners == 1 else f"{owners} owners"
+        text, shared = owner["m_owned"], owners_in_words(owner, "String")
         if int(text) == 0:
             return f"null ({shared})"
         start, length = self.characters(text)
@@ -97,11 +102,48 @@ class CheckedValuePrinter:
         return self.value["m_value"].format_string()
 
 
+class OwnerPrinter:
+    """What is owned, or null; and how many owners share it."""
+
+    def __init__(self, value):
+        self.value = value
+
+    @or_reason
+    def to_string(self):
+        owned, shared = self.value["m_owned"], owners_in_words(self.value, self.kind)
+        return f"{'null' if int(owned) == 0 else self.shown(owned)} ({shared})"
+
+
+class SharedPtrPrinter(OwnerPrinter):
+    """The object."""
+
+    kind = "shared_ptr"
+
+    @staticmethod
+    def shown(owned):
+        return owned.dereference().format_string()
+
+
+class SharedArrayPrinter(OwnerPrinter):
+    """The text, if it is UTF-16 as String::Unicode makes it: up to the first zero. The address of another array, of which
+    nobody knows how long it is."""
+
+    kind = "shared_array"
+
+    @staticmethod
+    def shown(owned):
+        if owned.type.target().strip_typedefs().name != "unsigned short":
+            return f"{int(owned):#x}"
+        return owned.cast(gdb.lookup_type("char16_t").pointer()).format_string(address=False)
+
+
 def velbase_printers():
     printers = gdb.printing.RegexpCollectionPrettyPrinter("velbase")
     printers.add_printer("String", "^String$", StringPrinter)
     printers.add_printer("Char", "^Char$", CharPrinter)
     printers.add_printer("checked_value", "^checked_value<.*>$", CheckedValuePrinter)
+    printers.add_printer("shared_ptr", "^shared_ptr<.*>$", SharedPtrPrinter)
+    printers.add_printer("shared_array", "^shared_array<.*>$", SharedArrayPrinter)
     return printers
 
 

@@ -1,5 +1,6 @@
 // Values for gdb to show, at the moment when stop_here is called.
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <new>
@@ -13,9 +14,9 @@ struct Raw {
     alignas(String) unsigned char bytes[sizeof(String)];
 };
 
-// What a String points to, in the same order.
+// What an owner, and so a String, points to, in the same order.
 struct Parts {
-    const void* text;
+    const void* owned;
     const std::int32_t* owners;
 };
 
@@ -55,6 +56,24 @@ int main()
     const checked_uint missing;
     const checked_value<char> some_char = 'a';
     const checked_value<String> some_text = String("abc");
+
+    const shared_ptr<int> number(new int(7));
+    const shared_ptr<int> number_copy = number;
+    const shared_ptr<String> owned_text(new String("abc"));
+    const shared_ptr<int> no_number;
+    shared_ptr<int> disposed;
+    disposed.dispose();
+
+    // The UTF-16 that String::Unicode makes of such texts.
+    const shared_array<unsigned short> units(new unsigned short[4]{'G', 0xFC, 0x65E5, 0});
+    const shared_array<unsigned short> no_units_but_zero(new unsigned short[1]{0});
+    const shared_array<unsigned short> units_copy = units;
+    const shared_array<unsigned short> many_units(new unsigned short[202]);
+    std::fill_n(many_units.get(), 201, static_cast<unsigned short>('x'));
+    many_units[201] = 0;
+    const shared_array<unsigned short> no_units;
+    shared_array<int> disposed_array;
+    disposed_array.dispose();
 
     Raw unmade;
     std::memset(unmade.bytes, 0xAA, sizeof unmade.bytes);

@@ -2,6 +2,7 @@
 """velbase_gdb_test.py PROGRAM: whether gdb shows the values of values.cpp, which is PROGRAM, as it should with
 velbase_gdb.py, and some of them as docs/guide.md says. Status 77 where gdb is not to be had."""
 
+import os
 import pathlib
 import re
 import shutil
@@ -12,6 +13,10 @@ ROOT = pathlib.Path(__file__).resolve().parents[3]
 PRINTERS = ROOT / "src/Velbase/gdb/velbase_gdb.py"
 GUIDE = ROOT / "docs/guide.md"
 SKIPPED = 77
+
+# Where PROGRAM is found when it is missing.
+BUILT = "build/release/tests/Velbase/gdb/velbase_gdb_values"
+BUILDING = "cmake --preset release -DBUILD_TESTING=ON && cmake --build build/release --target velbase_gdb_values"
 
 # What gdb says where it is no use: a container may forbid it to watch a program, and Debian has one without Python.
 NOT_HERE = re.compile(r"ptrace: Operation not permitted|Could not trace the inferior|Python scripting is not supported")
@@ -42,14 +47,28 @@ EXPECTED = [
     ("missing",                 "no value"),
     ("some_char",               "97 'a'"),
     ("some_text",               '"abc" (length 3, 1 owner)'),
+    ("number",                  "7 (2 owners)"),
+    ("owned_text",              '"abc" (length 3, 1 owner) (1 owner)'),
+    ("no_number",               "null (1 owner)"),
+    ("disposed",                "<no shared_ptr: not made yet, or gone>"),
+    ("units",                   'u"Gü日" (2 owners)'),
+    ("no_units_but_zero",       'u"" (1 owner)'),
+    ("many_units",              "u'x' <repeats 200 times>... (1 owner)"),
+    ("no_units",                "null (1 owner)"),
+    ("disposed_array",          "<no shared_array: not made yet, or gone>"),
     ("reference",               '"abc" (length 3, 1 owner)'),
     ("*nowhere",                "Cannot access memory at address 0x0"),
     ("*(String*)&unmade",       "<Cannot access memory at address 0xaaaaaaaaaaaaaaaa>"),
-    ("*(String*)&destroyed",    "<no String: not made yet, or destroyed>"),
+    ("*(String*)&destroyed",    "<no String: not made yet, or gone>"),
     ("*(String*)&dead_text",    "<Cannot access memory at address 0x10>"),
     ("*(String*)&without_owners", "<not a String: it has 0 owners>"),
     ("*(String*)&too_long",     "<not a String: it has 18446744073709551615 bytes>"),
     ("*(String*)&dead",         "<Cannot access memory at address 0x10>"),
+    ("*(shared_ptr<int>*)&dead_text", "<Cannot access memory at address 0x10>"),
+    ("*(shared_ptr<int>*)&without_owners", "<not a shared_ptr: it has 0 owners>"),
+    ("*(shared_array<unsigned short>*)&dead_text", "<error: Cannot access memory at address 0x10> (1 owner)"),
+    ("*(shared_array<int>*)&dead_text", "0x10 (1 owner)"),
+    ("*(shared_array<int>*)&without_owners", "<not a shared_array: it has 0 owners>"),
     ("dead_string",             "<Cannot access memory at address 0x18>"),
     ("dead_char",               "<Cannot access memory at address 0x10>"),
     ("dead_number",             "<Cannot access memory at address 0x14>"),
@@ -63,8 +82,9 @@ def gdb(program, commands):
                  "-ex", f"source {PRINTERS}", "-ex", "break stop_here", "-ex", "run", "-ex", "up"]
     for command in [*commands, "kill"]:
         arguments += ["-ex", "echo \\n@@", "-ex", command]
-    said = subprocess.run([*arguments, program], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-                          stdin=subprocess.DEVNULL, timeout=120).stdout
+    said = subprocess.run([*arguments, program], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          stdin=subprocess.DEVNULL, encoding="utf-8", timeout=120,
+                          env={**os.environ, "LC_ALL": "C.UTF-8"}).stdout
     return said, [answer.strip() for answer in said.split("\n@@")[1:-1]]
 
 
@@ -73,6 +93,10 @@ def skip(reason):
     sys.exit(SKIPPED)
 
 
+if len(sys.argv) != 2:
+    sys.exit(f"usage: velbase_gdb_test.py PROGRAM; {BUILDING} builds {BUILT}")
+if not os.access(sys.argv[1], os.X_OK) or os.path.isdir(sys.argv[1]):
+    sys.exit(f"{sys.argv[1]} is no program; {BUILDING} builds {BUILT}")
 if not shutil.which("gdb"):
     skip("there is no gdb here (see scripts/packages)")
 sessions = re.findall(r"^```gdb\n(.*?)^```$", GUIDE.read_text(encoding="utf-8"), re.MULTILINE | re.DOTALL)
