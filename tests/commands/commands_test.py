@@ -1,4 +1,5 @@
-"""./run and ./test, in a copy of the checkout with stand-ins for the tools that install, build and test."""
+"""./run and ./test, in a copy of the checkout with stand-ins for the tools that install, build and test; and what the
+other commands say to a wrong call."""
 
 import os
 import pathlib
@@ -310,6 +311,59 @@ class CheckText(unittest.TestCase):
             with self.subTest(name):
                 result = self.check(name, contents)
                 self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+
+
+class Usage(unittest.TestCase):
+    """Every command that a person may call, called as it is not meant."""
+
+    COMMANDS = ("test", "scripts/analyze", "scripts/check-text", "scripts/make-pictures", "scripts/report-coverage",
+                "scripts/try-packages", "bench/ratios", "fuzz/run", "tests/mutation/mutate")
+
+    def call(self, *command):
+        return subprocess.run([ROOT / command[0], *command[1:]], cwd="/", stdin=subprocess.DEVNULL, capture_output=True,
+                              text=True, timeout=60)
+
+    def test_each_tells_its_usage(self):
+        for command in self.COMMANDS:
+            with self.subTest(command):
+                result = self.call(command, "--help")
+                self.assertEqual((result.returncode, result.stderr), (0, ""))
+                self.assertIn(os.path.basename(command), result.stdout)
+
+    def test_wrong_usage_is_told_in_one_line(self):
+        no_build = "scripts/analyze: this needs one folder with a configured build: " \
+                   "cmake --preset release -DBUILD_TESTING=ON makes build/release\n"
+        no_folder = "scripts/check-text: this takes one folder, in which there is an .editorconfig\n"
+        no_host = "usage: scripts/make-pictures [BUILD], in which there is bin/visex-host; " \
+                  "./run builds it in build/release\n"
+        coverage = "usage: scripts/report-coverage PROFILE FOLDER=PERCENT... -- PROGRAM...\n"
+        no_fuzzer = "There is no fuzzer 'none'. They are: bundle nib record resource_file string utf16\n"
+        cases = [
+            (("scripts/analyze",), no_build),
+            (("scripts/analyze", "none"), no_build),
+            (("scripts/analyze", "/", "/"), no_build),
+            (("scripts/check-text", "none"), no_folder),
+            (("scripts/check-text", ROOT, ROOT), no_folder),
+            (("scripts/make-pictures", "none"), no_host),
+            (("scripts/make-pictures", "none", "none"), no_host),
+            (("scripts/report-coverage",), coverage),
+            (("scripts/report-coverage", "--"), coverage),
+            (("scripts/report-coverage", "profile", "src=100", "--"), coverage),
+            (("scripts/report-coverage", "profile", "--", "program"), coverage),
+            (("scripts/report-coverage", "profile", "src", "--", "program"), coverage),
+            (("bench/ratios", "a", "b"), "usage: bench/ratios [FILTER]\n"),
+            (("fuzz/run", "none"), no_fuzzer),
+            (("fuzz/run", "--test", "none"), no_fuzzer),
+        ]
+        for command, problem in cases:
+            with self.subTest(command):
+                result = self.call(*command)
+                self.assertEqual((result.returncode, result.stdout, result.stderr), (2, "", problem))
+
+    def test_packages_are_not_made_by_mistake(self):
+        result = self.call("scripts/try-packages", "none")
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertEqual(result.stderr, "Not as it should be: this takes no arguments\n")
 
 
 if __name__ == "__main__":
