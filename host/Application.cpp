@@ -3,6 +3,7 @@
 #include "host/CFOwner.h"
 #include "host/Paths.h"
 #include "host/Problem.h"
+#include "host/StandardStreams.h"
 
 #include <Toolbox/Application.h>
 
@@ -26,6 +27,19 @@ std::string bundleName(const fs::path& folder)
     std::error_code error;
     const fs::path absolute = fs::canonical(folder, error);
     return absolute.stem().string();
+}
+
+// Tells of the resource files in the bundle `folder`, which is called `name`, when none of them is its own.
+void tellOfOtherResourceFiles(const fs::path& folder, const std::string& name)
+{
+    std::error_code error;
+    for (fs::directory_iterator each(folder / "Contents/Resources", error), end; !error && each != end;
+         each.increment(error)) {
+        const fs::path& file = each->path();
+        if (file.extension() == ".rsrc")
+            complain("the resource file '" + file.string() + "' was not opened: the application's own is called '"
+                + name + ".rsrc' and lies inside it");
+    }
 }
 
 // The resource file of the main bundle, which is called `name`; empty if it has none.
@@ -73,8 +87,11 @@ Application::Application(const fs::path& folder, const std::optional<std::string
     if (!Toolbox::SetMainBundle(folder.string()))
         throw Problem(ExitStatus::NotDone, "there is no application bundle in '" + folder.string() + "'");
 
-    const fs::path file = resourceFile ? fs::path(*resourceFile) : ownResourceFile(bundleName(folder));
-    if (!file.empty())
+    const std::string name = bundleName(folder);
+    const fs::path file = resourceFile ? fs::path(*resourceFile) : ownResourceFile(name);
+    if (file.empty())
+        tellOfOtherResourceFiles(folder, name);
+    else
         m_resourceFile = openResourceFile(file);
 }
 
@@ -112,9 +129,11 @@ fs::path Application::builtInPlugIn() const
             found.push_back(each->path());
     }
     if (found.empty())
-        throw Problem(ExitStatus::PlugInNotLoaded, "there is no external in '" + folder.string() + "'; name one");
+        throw Problem(
+            ExitStatus::PlugInNotLoaded, "there is no external in '" + folder.string() + "'; name one as BUNDLE");
     if (found.size() > 1)
-        throw Problem(ExitStatus::NotDone, "there is more than one external in '" + folder.string() + "'; name one");
+        throw Problem(
+            ExitStatus::NotDone, "there is more than one external in '" + folder.string() + "'; name one as BUNDLE");
     return found.front();
 }
 

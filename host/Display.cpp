@@ -1,7 +1,6 @@
 #include "host/Display.h"
 
 #include "host/Problem.h"
-#include "host/StandardStreams.h"
 
 #include <Toolbox/Displays.h>
 
@@ -16,10 +15,7 @@ DisplayKind displayHere()
 {
     if (Toolbox::ScreenAnswers())
         return DisplayKind::Window;
-    if (Toolbox::TerminalAnswers())
-        return DisplayKind::Terminal;
-    complain("no screen and no terminal here: the dialog is confirmed as it stands");
-    return DisplayKind::Unattended;
+    return Toolbox::TerminalAnswers() ? DisplayKind::Terminal : DisplayKind::Unattended;
 }
 
 DisplayKind displayFor(const Options& options)

@@ -27,9 +27,21 @@ Problem notRead(const std::string& name, const fs::path& file, const std::string
     return Problem(ExitStatus::NotDone, "cannot read the " + name + " '" + file.string() + "': " + reason);
 }
 
-Problem notWritten(const std::string& name, const fs::path& file, const std::string& reason)
+Problem saveFailure(const std::string& name, const fs::path& file, const std::string& reason)
 {
-    return Problem(ExitStatus::NotDone, "cannot save the " + name + " in '" + file.string() + "': " + reason);
+    return Problem(ExitStatus::NotDone, notWritten(name, file, reason));
+}
+
+// The file that `file` leads to, there or not. Throws Problem when it is something that a file must not replace.
+fs::path targetOf(const std::string& name, const fs::path& file)
+{
+    std::error_code error;
+    const fs::path target = fs::weakly_canonical(fs::absolute(file, error), error);
+    if (error)
+        throw saveFailure(name, file, error.message());
+    if (fs::exists(target, error) && !fs::is_regular_file(target, error))
+        throw saveFailure(name, file, NOT_REGULAR);
+    return target;
 }
 
 // Makes the new file `file` with these bytes. False, with the reason in errno and no new file, when it cannot be made.
@@ -88,24 +100,32 @@ std::vector<std::uint8_t> readFile(const std::string& name, const fs::path& file
     return bytes;
 }
 
+std::string notWritten(const std::string& name, const fs::path& file, const std::string& reason)
+{
+    return "cannot save the " + name + " in '" + file.string() + "': " + reason;
+}
+
+void checkWritable(const std::string& name, const fs::path& file)
+{
+    const fs::path target = targetOf(name, file);
+    const bool isLocked = access(target.c_str(), F_OK) == 0 && access(target.c_str(), W_OK) != 0;
+    // What is written takes the place of what is there, so it is the folder that has to take it.
+    if (isLocked || access(target.parent_path().c_str(), W_OK | X_OK) != 0)
+        throw saveFailure(name, file, lastError());
+}
+
 void writeFile(const std::string& name, const fs::path& file, const std::vector<std::uint8_t>& bytes)
 {
-    std::error_code error;
-    const fs::path target = fs::weakly_canonical(file, error);
-    if (error)
-        throw notWritten(name, file, error.message());
-    if (fs::exists(target, error) && !fs::is_regular_file(target, error))
-        throw notWritten(name, file, NOT_REGULAR);
-
+    const fs::path target = targetOf(name, file);
     fs::path temporary = target;
     temporary += "." + std::to_string(getpid());
     if (!makeFile(temporary, bytes))
-        throw notWritten(name, file, lastError());
-    error = moveInto(target, temporary);
+        throw saveFailure(name, file, lastError());
+    const std::error_code error = moveInto(target, temporary);
     if (error) {
         std::error_code ignored;  // what went wrong first is what counts
         fs::remove(temporary, ignored);
-        throw notWritten(name, file, error.message());
+        throw saveFailure(name, file, error.message());
     }
 }
 

@@ -15,6 +15,13 @@ namespace Host {
 /// or has more than `largest` bytes.
 std::vector<std::uint8_t> readFile(const std::string& name, const std::filesystem::path& file, std::size_t largest);
 
+/// The line that says why the `name` was not saved in `file`.
+std::string notWritten(const std::string& name, const std::filesystem::path& file, const std::string& reason);
+
+/// Throws Problem when it can be told beforehand that the `name` cannot be saved in `file`: its folder does not take
+/// it, what is there may not be written to, or is no regular file.
+void checkWritable(const std::string& name, const std::filesystem::path& file);
+
 /// Makes `bytes` the contents of `file`, whole or not at all: they are written beside it and then take its place, with
 /// its permissions. A link stays one, and the file that it leads to is written. Throws Problem; what was there before
 /// is then as it was. Only a regular file is replaced.

@@ -6,6 +6,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
 namespace Host {
 
 namespace {
@@ -79,6 +83,15 @@ template <std::optional<std::string> Options::*PATH> void takePath(Options& opti
     options.*PATH = text;
 }
 
+void takePicture(Options& options, const std::string& text)
+{
+    std::string ending = std::filesystem::path(text).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(), [](unsigned char c) { return std::tolower(c); });
+    if (!ending.empty() && ending != ".png")
+        throw wrongUsage("--picture saves a PNG, and '" + text + "' ends like something else");
+    options.picture = text;
+}
+
 struct Option {
     const char* name;
     const char* value;  // what --help calls it
@@ -95,7 +108,7 @@ const Option OPTIONS[] = {
     {"--resources", "FILE", "Resource file [the application's]", takePath<&Options::resources>},
     {"--record", "FILE", "Record to start from [zeros]", takePath<&Options::record>},
     {"--write-record", "FILE", "Where to store the record after the call", takePath<&Options::writeRecord>},
-    {"--picture", "FILE", "Save the dialog or alert as a picture (PNG)", takePath<&Options::picture>},
+    {"--picture", "FILE", "Save the dialog or alert as a picture (PNG)", takePicture},
     {"--trace-file", "FILE", "Write its toolbox calls into a file", takePath<&Options::traceFile>},
 };
 

@@ -35,7 +35,7 @@ PlugIn::PlugIn(const std::filesystem::path& folder)
 
     const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(externalType(), m_bundle.get()));
     if (CFArrayGetCount(factories.get()) == 0)
-        throw notLoaded("its Info.plist registers no factory for externals of this installer");
+        throw notLoaded("it has no Info.plist that registers a factory for externals of this installer");
 
     if (!CFBundleLoadExecutable(m_bundle.get()))
         throw notLoaded("its executable is not there, or is none that can be loaded here");

@@ -26,9 +26,9 @@ bool flagNewlySet(const Report& report)
 std::string recordInWords(const Report& report, std::uint32_t chosen, std::uint32_t flags)
 {
     char flagsInHexadecimal[sizeof "0x00000000"];
-    std::snprintf(flagsInHexadecimal, sizeof flagsInHexadecimal, "0x%08x", flags);
-    return "message " + std::to_string(report.message) + ", current language " + describeLanguage(report.current)
-        + ", chosen language " + describeLanguage(chosen) + ", flags " + flagsInHexadecimal;
+    std::snprintf(flagsInHexadecimal, sizeof flagsInHexadecimal, "0x%x", flags);
+    return "message " + std::to_string(report.message) + ", current " + describeLanguage(report.current) + ", chosen "
+        + describeLanguage(chosen) + ", flags " + flagsInHexadecimal;
 }
 
 std::string alertInWords(const ShownAlert& alert)

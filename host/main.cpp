@@ -2,17 +2,18 @@
 
 #include "host/Application.h"
 #include "host/CallGuard.h"
+#include "host/CallProblems.h"
 #include "host/Display.h"
 #include "host/Environment.h"
 #include "host/ExternalCall.h"
 #include "host/Languages.h"
 #include "host/Options.h"
+#include "host/Outputs.h"
 #include "host/Paths.h"
 #include "host/StandardStreams.h"
 #include "host/TraceFile.h"
 
 #include <Toolbox/Application.h>
-#include <Toolbox/Displays.h>
 
 #include <algorithm>
 #include <exception>
@@ -43,23 +44,6 @@ Record makeRecord(const Options& options)
     return record;
 }
 
-// Says what went wrong without making the answer worthless. False when a picture was wanted and there is none.
-bool tellProblems(const Options& options)
-{
-    if (const std::string problem = Toolbox::DisplayProblem(); !problem.empty())
-        complain("the dialog could not go on: " + problem);
-    if (Toolbox::AnswerWasUnfit())
-        complain("the answer '" + lastUsedAnswer(options.answers, Toolbox::UnusedAnswers())
-            + "' fits nothing that was shown");
-    for (const std::string& answer : unusedAnswers(options.answers, Toolbox::UnusedAnswers()))
-        complain("the answer '" + answer + "' was not needed");
-
-    const std::string picture = options.picture ? Toolbox::PictureProblem() : std::string();
-    if (!picture.empty())
-        complain("cannot save the picture '" + *options.picture + "': " + picture);
-    return picture.empty();
-}
-
 // Where the trace goes: into the file if there is one, else to standard error if it is wanted at all.
 Toolbox::TraceSink traceSink(const Options& options, std::optional<TraceFile>& file)
 {
@@ -88,6 +72,7 @@ bool print(const std::string& answer)
 
 ExitStatus callWith(const Options& options)
 {
+    checkOutputs(options);
     Record record = makeRecord(options);
 
     const std::filesystem::path support = supportFolder();
@@ -112,7 +97,7 @@ ExitStatus callWith(const Options& options)
         return made;
     }();
     const bool traced = finish(traceFile);
-    const bool noProblem = tellProblems(options) && traced;
+    const bool noProblem = tellCallProblems(options) && traced;
     const bool printed = print(options.json ? inJson(report) : inWords(report));
     if (options.writeRecord)
         record.save(*options.writeRecord);

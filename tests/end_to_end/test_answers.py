@@ -100,6 +100,10 @@ class Records(HostTest):
         self.assertEqual((self.folder / "after").read_bytes(), record(current=GERMAN))
 
 
+NOBODY_ASKED = ("visex-host: no screen and no terminal here: nobody was asked, "
+                "and the default button was pressed\n")
+
+
 class Defaults(HostTest):
     def test_the_users_language_is_the_current_one(self):
         cases = [({"LANG": "ja_JP.UTF-8"}, JAPANESE), ({"LANG": "C", "LC_ALL": "fr_FR"}, FRENCH),
@@ -113,12 +117,21 @@ class Defaults(HostTest):
     def test_without_screen_and_terminal_it_is_unattended_and_says_so(self):
         outcome = run("--current", "italian")
         self.assertEqual(outcome.errors,
-                         "visex-host: no screen and no terminal here: the dialog is confirmed as it stands\n")
+                         NOBODY_ASKED)
         self.assertEqual(outcome.status, CHOSE)
         self.assertEqual(outcome.output, (
-            "Before: message 1000, current language Italian (3), chosen language English (0), flags 0x00000000\n"
-            "After:  message 1000, current language Italian (3), chosen language Italian (3), flags 0x00000000\n"
+            "Before: message 1000, current Italian (3), chosen English (0), flags 0x0\n"
+            "After:  message 1000, current Italian (3), chosen Italian (3), flags 0x0\n"
             "Italian (3) was written to the record.\n"))
+
+    def test_that_nobody_was_asked_is_said_of_alerts_too_but_not_where_nothing_was_shown(self):
+        self.assertEqual(run("--message", "999").errors, NOBODY_ASKED)
+        resources = self.file("resources", (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
+                              .replace(b"ALRT", b"none"))
+        outcome = run("--message", "999", "--resources", resources)
+        self.assertNotIn("nobody was asked", outcome.errors)
+        self.assert_fails(run("--record", self.folder / "missing"), NOT_DONE,
+                          f"cannot read the record '{self.folder / 'missing'}': No such file or directory")
 
     def test_answers_alone_choose_the_unattended_display(self):
         outcome = run("--answer", "french")
@@ -130,6 +143,10 @@ class Defaults(HostTest):
         link.symlink_to(HOST)
         outcome = unattended(host=link, cwd=self.folder)
         self.assertEqual(outcome.status, CHOSE)
+
+    def test_what_it_says_fits_a_narrow_terminal(self):
+        outcome = unattended("--current", "japanese")
+        self.assertEqual([line for line in outcome.output.splitlines() if len(line) > 80], [])
 
     def test_an_external_can_be_named(self):
         outcome = unattended("--current", "german", DEMO / "Contents/PlugIns/LanguageSelector.bundle")

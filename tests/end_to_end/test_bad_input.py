@@ -124,12 +124,28 @@ class RecordFiles(HostTest):
         file = self.file("longest", record(tail=bytes(1024 * 1024 - RECORD_SIZE)))
         self.assertEqual(unattended("--record", file).status, CHOSE)
 
-    def test_what_cannot_be_written_is_said_after_the_answer(self):
+    def test_what_cannot_be_written_is_said_before_anybody_is_asked(self):
         file = self.folder / "missing/record"
-        outcome = unattended("--write-record", file)
-        self.assertIn("was written to the record.", outcome.output)
-        self.assertEqual(outcome.errors, f"visex-host: cannot save the record in '{file}': No such file or directory\n")
-        self.assertEqual(outcome.status, NOT_DONE)
+        self.assert_fails(unattended("--write-record", file), NOT_DONE,
+                          f"cannot save the record in '{file}': No such file or directory")
+
+    @unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
+    def test_what_may_not_be_written_to_is_left_alone(self):
+        host = self.installation()
+        file = self.file("record", record())
+        for mode, where in ((0o777, 0o444), (0o755, 0o666)):
+            os.chmod(self.folder, mode)
+            os.chmod(file, where)
+            with self.subTest(folder=mode, file=where):
+                self.assert_fails(self.as_nobody(host, "--write-record", str(file)), NOT_DONE,
+                                  f"cannot save the record in '{file}': Permission denied")
+                self.assertEqual(file.read_bytes(), record())
+
+    def test_one_file_is_not_taken_for_two(self):
+        file = self.file("record", record())
+        self.assert_fails(unattended("--record", file, "--trace-file", file), NOT_DONE,
+                          f"--trace-file and --record name the same file, '{file}'; give each its own")
+        self.assertEqual(file.read_bytes(), record())
 
 
 class Applications(HostTest):
@@ -150,10 +166,12 @@ class Applications(HostTest):
         app = self.demo_copy()
         plug_ins = app / "Contents/PlugIns"
         shutil.copytree(plug_ins / "LanguageSelector.bundle", plug_ins / "Other.bundle")
-        self.assert_fails(unattended("--app", app), NOT_DONE, f"there is more than one external in '{plug_ins}'; name one")
+        self.assert_fails(unattended("--app", app), NOT_DONE,
+                          f"there is more than one external in '{plug_ins}'; name one as BUNDLE")
         self.assertEqual(unattended("--app", app, plug_ins / "Other.bundle").status, CHOSE)
         shutil.rmtree(plug_ins)
-        self.assert_fails(unattended("--app", app), NOT_LOADED, f"there is no external in '{plug_ins}'; name one")
+        self.assert_fails(unattended("--app", app), NOT_LOADED,
+                          f"there is no external in '{plug_ins}'; name one as BUNDLE")
 
     def test_its_property_list_may_be_anything(self):
         # Nothing in it is needed, so a damaged one is no worse than none.
@@ -257,6 +275,16 @@ class ResourceFiles(HostTest):
         self.assertEqual(unattended("--app", app).status, CHOSE)
         self.assertEqual(unattended("--app", app, "--message", "999").status, REFUSED)
 
+    def test_a_resource_file_with_another_name_is_pointed_out(self):
+        app = self.demo_copy()
+        folder = app / "Contents/Resources"
+        (folder / "DemoInstaller.rsrc").rename(folder / "Other.rsrc")
+        outcome = unattended("--app", app)
+        self.assertEqual(outcome.status, CHOSE)
+        self.assertEqual(outcome.errors, f"visex-host: the resource file '{folder / 'Other.rsrc'}' was not opened: the "
+                                         "application's own is called 'DemoInstaller.rsrc' and lies inside it\n")
+        self.assertEqual(unattended("--app", app, "--resources", folder / "Other.rsrc").errors, "")
+
     def test_truncated_ones(self):
         file = self.folder / "resources"
         for contents in truncations(self.resources):
@@ -316,7 +344,8 @@ class ResourceFiles(HostTest):
                 contents[start + 401] = byte
                 outcome = unattended("--app", DEMO, "--resources", self.file("flagged", contents), host=program)
                 self.assertEqual(outcome.status, status)
-                self.assertEqual(outcome.errors, "")
+                self.assertEqual(outcome.errors, "" if status == CHOSE else
+                                 f'visex-host: there is no frameworks folder "{program.parent / "Frameworks"}"\n')
 
 
 class Bundles(HostTest):
@@ -351,9 +380,9 @@ class Bundles(HostTest):
         for case in cases:
             with self.subTest(case[:60], length=len(case)):
                 self.plist.write_bytes(case)
-                self.assert_not_loaded("its Info.plist registers no factory for externals of this installer")
+                self.assert_not_loaded("it has no Info.plist that registers a factory for externals of this installer")
         self.plist.unlink()
-        self.assert_not_loaded("its Info.plist registers no factory for externals of this installer")
+        self.assert_not_loaded("it has no Info.plist that registers a factory for externals of this installer")
 
     def assert_no_executable(self):
         self.assert_not_loaded("its executable is not there, or is none that can be loaded here")

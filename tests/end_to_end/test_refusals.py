@@ -33,9 +33,9 @@ class OtherMessages(HostTest):
     def test_they_are_told_in_words(self):
         outcome = unattended("--message", "999")
         self.assertEqual(outcome.output, (
-            "Before: message 999, current language English (0), chosen language English (0), flags 0x00000000\n"
+            "Before: message 999, current English (0), chosen English (0), flags 0x0\n"
             f"Alert:  stop 5000, \"{ALERT_TEXT}\" [OK], button 1 was pressed\n"
-            "After:  message 999, current language English (0), chosen language English (0), flags 0x00000001\n"
+            "After:  message 999, current English (0), chosen English (0), flags 0x1\n"
             "No language was written to the record: the external does not serve this message.\n"))
 
     def test_the_button_can_be_pressed(self):
@@ -71,6 +71,8 @@ class OtherMessages(HostTest):
                 self.assertEqual(outcome.status, REFUSED)
                 self.assertEqual(outcome.json()["alerts"], [])
                 self.assertEqual(outcome.json()["flags"]["after"], 1)
+                self.assertEqual(outcome.errors, "visex-host: the alert 5000 was not shown: the resources have no "
+                                                 f"'{missing.decode()}' 5000, or a damaged one\n")
 
 
 @unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
@@ -81,9 +83,10 @@ class AdministratorCheck(HostTest):
         self.assertEqual(outcome.status, CHOSE)
         self.assertIn("Japanese (11) was written to the record.", outcome.output)
 
-    def test_another_user_is_stopped_in_silence(self):
+    def test_another_user_is_stopped_without_an_alert(self):
         outcome = self.as_nobody(self.installation(), "--require-admin", "--json")
-        self.assertEqual(outcome.errors, "")
+        self.assertEqual(outcome.errors, 'visex-host: the right "system.privilege.admin" was not granted: '
+                                         "only the superuser's processes have it\n")
         self.assertEqual(outcome.status, NOTHING_CHOSEN)
         self.assertIsNone(outcome.json()["chosen"])
         self.assertEqual(outcome.json()["alerts"], [])
@@ -92,8 +95,11 @@ class AdministratorCheck(HostTest):
         self.assertEqual(self.as_nobody(self.installation()).status, CHOSE)
 
 
+NO_EXECUTABLE = 'the bundle "Security.framework" has no executable that can be loaded'
+
+
 class BadFramework(HostTest):
-    """The check without a framework to make it with: as silent as a refusal."""
+    """The check without a framework to make it with: only the host says a word."""
 
     def host_with(self, frameworks):
         """A host whose frameworks folder is made by `frameworks`."""
@@ -105,32 +111,35 @@ class BadFramework(HostTest):
         frameworks(folder)
         return program
 
-    def assert_stops(self, frameworks):
+    def assert_stops(self, frameworks, remark):
         host = self.host_with(frameworks)
         outcome = unattended("--app", DEMO, "--require-admin", "--json", host=host)
-        self.assertEqual(outcome.errors, "")
+        self.assertEqual(outcome.errors, f"visex-host: {remark}\n")
         self.assertEqual(outcome.status, NOTHING_CHOSEN)
         self.assertEqual(outcome.json()["alerts"], [])
         self.assertEqual(unattended("--app", DEMO, host=host).status, CHOSE, "without the flag nobody looks")
 
     def test_no_frameworks_folder(self):
-        self.assert_stops(shutil.rmtree)
+        self.assert_stops(shutil.rmtree, f'there is no frameworks folder "{self.folder}/bin/Frameworks"')
         self.assertFalse((self.folder / "bin/Frameworks").exists(), "it is never made")
 
     def test_no_security_framework(self):
-        self.assert_stops(lambda folder: shutil.rmtree(folder / "Security.framework"))
+        self.assert_stops(lambda folder: shutil.rmtree(folder / "Security.framework"),
+                          f'there is no bundle "{self.folder}/bin/Frameworks/Security.framework"')
 
     def test_no_executable(self):
-        self.assert_stops(lambda folder: (folder / "Security.framework/Security").unlink())
+        self.assert_stops(lambda folder: (folder / "Security.framework/Security").unlink(), NO_EXECUTABLE)
 
     def test_an_executable_that_is_none(self):
-        self.assert_stops(lambda folder: (folder / "Security.framework/Security").write_bytes(b"\x7fELF or not"))
+        self.assert_stops(lambda folder: (folder / "Security.framework/Security").write_bytes(b"\x7fELF or not"),
+                          NO_EXECUTABLE)
 
     def test_an_executable_without_one_of_the_functions(self):
-        for lacking in ("create", "copy_rights"):
+        for lacking, function in (("create", "AuthorizationCreate"), ("copy_rights", "AuthorizationCopyRights")):
             with self.subTest(lacking):
                 code = BUILD / f"tests/end_to_end/libsecurity_without_{lacking}.so"
-                self.assert_stops(lambda folder: shutil.copy(code, folder / "Security.framework/Security"))
+                self.assert_stops(lambda folder: shutil.copy(code, folder / "Security.framework/Security"),
+                                  f'the bundle "Security.framework" has no function "{function}"')
                 shutil.rmtree(self.folder / "bin")
 
     def test_an_executable_with_both_passes(self):
@@ -144,7 +153,7 @@ class BadFramework(HostTest):
             executable = folder / "Security.framework/Security"
             executable.rename(self.folder / "Security")
             executable.symlink_to(self.folder / "Security")
-        self.assert_stops(lead_out)
+        self.assert_stops(lead_out, NO_EXECUTABLE)
 
     def test_a_property_list_that_is_none(self):
         # Nothing in it is needed to find the executable, so the answer is as with a good one.

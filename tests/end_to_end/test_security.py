@@ -48,18 +48,22 @@ class Links(HostTest):
 
     def test_the_resource_file(self):
         outcome = self.outcome_without("Resources/DemoInstaller.rsrc", "--require-admin")
-        self.assert_fails(outcome, NOT_DONE, "the administrator flag cannot be set: the application has no "
-                                             "resource file, which would hold it; name one with --resources")
+        file = self.folder / "DemoInstaller.app/Contents/Resources/DemoInstaller.rsrc"
+        self.assert_fails(outcome, NOT_DONE,
+                          f"the resource file '{file}' was not opened: the application's own is called "
+                          "'DemoInstaller.rsrc' and lies inside it\n"
+                          "visex-host: the administrator flag cannot be set: the application has no resource file, "
+                          "which would hold it; name one with --resources")
 
     def test_the_folder_of_externals(self):
         outcome = self.outcome_without("PlugIns")
         self.assert_fails(outcome, NOT_LOADED,
-                          f"there is no external in '{self.folder}/DemoInstaller.app/Contents/PlugIns'; name one")
+                          f"there is no external in '{self.folder}/DemoInstaller.app/Contents/PlugIns'; name one as BUNDLE")
 
     def test_an_external_in_that_folder(self):
         outcome = self.outcome_without("PlugIns/LanguageSelector.bundle")
         self.assert_fails(outcome, NOT_LOADED,
-                          f"there is no external in '{self.folder}/DemoInstaller.app/Contents/PlugIns'; name one")
+                          f"there is no external in '{self.folder}/DemoInstaller.app/Contents/PlugIns'; name one as BUNDLE")
 
     def test_what_an_external_is_made_of(self):
         bundle = self.folder / "Test.bundle"
@@ -187,7 +191,8 @@ class Files(HostTest):
                 outcome = unattended(option, self.target, variables=WITHOUT_PROFILE,
                                      **full_disk(ignore_signal=True))
                 self.assertEqual(outcome.status, NOT_DONE)
-                self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the {name} (in )?'{self.target}': .+\n\Z")
+                self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the {name} in '{self.target}': .+\n\Z")
+                self.assertIn("was written to the record.", outcome.output)
                 self.assertEqual(tree(self.folder), {self.target: b"what stood here before"})
 
     def test_being_killed_half_way_leaves_what_was_there(self):

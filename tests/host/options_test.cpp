@@ -178,6 +178,7 @@ const WrongCase WRONG_CASES[] = {
     {"CurrentPast32Bits", {"--current", "4294967296"},
         "--current takes a language, English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6), or "
         "its code, and '4294967296' is neither"},
+    {"PictureOfAnotherKind", {"--picture", "x.jpg"}, "--picture saves a PNG, and 'x.jpg' ends like something else"},
     {"DisplayUnknown", {"--display", "tv"}, "--display takes window, terminal or unattended, and 'tv' is none of them"},
     {"AnswerForAWindow", {"--display", "window", "--answer", "ok"},
         "--answer is for the unattended display, and --display names another"},
@@ -186,6 +187,12 @@ const WrongCase WRONG_CASES[] = {
 };
 INSTANTIATE_TEST_SUITE_P(
     Cases, WrongOptions, testing::ValuesIn(WRONG_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(Options, TakePicturesThatMayBeAPng)
+{
+    for (const char* const name : {"p.png", "P.PNG", "picture", "a.folder/picture", ".png"})
+        EXPECT_EQ(options({"--picture", name}).picture, name);
+}
 
 TEST(Options, RefuseAnUnknownAnswer)
 {

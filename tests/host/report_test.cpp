@@ -78,16 +78,16 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(InWords, TellsOfAChosenLanguage)
 {
     EXPECT_EQ(inWords(chosenReport(11)),
-        "Before: message 1000, current language German (2), chosen language French (1), flags 0x00000080\n"
-        "After:  message 1000, current language German (2), chosen language Japanese (11), flags 0x00000080\n"
+        "Before: message 1000, current German (2), chosen French (1), flags 0x80\n"
+        "After:  message 1000, current German (2), chosen Japanese (11), flags 0x80\n"
         "Japanese (11) was written to the record.\n");
 }
 
 TEST(InWords, TellsThatNothingWasWritten)
 {
     EXPECT_EQ(inWords(plainReport()),
-        "Before: message 1000, current language German (2), chosen language French (1), flags 0x00000080\n"
-        "After:  message 1000, current language German (2), chosen language French (1), flags 0x00000080\n"
+        "Before: message 1000, current German (2), chosen French (1), flags 0x80\n"
+        "After:  message 1000, current German (2), chosen French (1), flags 0x80\n"
         "No language was written to the record.\n");
 }
 
@@ -99,9 +99,9 @@ TEST(InWords, TellsOfAMessageThatIsNotServed)
     report.flagsAfter = 0xFFFFFF81;
     report.alerts = {ALERT_5000};
     EXPECT_EQ(inWords(report),
-        "Before: message -1, current language unknown (4), chosen language French (1), flags 0x00000080\n"
+        "Before: message -1, current unknown (4), chosen French (1), flags 0x80\n"
         "Alert:  stop 5000, \"Not served.\" [OK], button 1 was pressed\n"
-        "After:  message -1, current language unknown (4), chosen language French (1), flags 0xffffff81\n"
+        "After:  message -1, current unknown (4), chosen French (1), flags 0xffffff81\n"
         "No language was written to the record: the external does not serve this message.\n");
 }
 

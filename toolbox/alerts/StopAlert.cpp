@@ -1,6 +1,7 @@
 #include "toolbox/alerts/Alert.h"
 #include "toolbox/alerts/AlertResources.h"
 #include "toolbox/alerts/MacText.h"
+#include "toolbox/common/Remark.h"
 #include "toolbox/common/TracedCall.h"
 
 #include <Carbon/MacMemory.h>
@@ -17,6 +18,17 @@ namespace {
 
 constexpr DialogItemIndex NO_BOX = -1;
 constexpr SInt16 ESCAPE_ITEM = 2;  // "Cancel", by convention
+
+DialogItemIndex notShown(SInt16 id, const std::string& reason)
+{
+    remark("the alert " + std::to_string(id) + " was not shown: " + reason);
+    return NO_BOX;
+}
+
+std::string noResource(const char* type, SInt16 id)
+{
+    return "the resources have no " + std::string(type) + " " + std::to_string(id) + ", or a damaged one";
+}
 
 // The bytes of a resource, empty when there is none; it is given back at once.
 QByteArray resourceBytes(ResType type, SInt16 id)
@@ -72,13 +84,13 @@ DialogItemIndex runResourceAlert(AlertType type, SInt16 id)
 {
     const auto alertTemplate = readAlertTemplate(resourceBytes('ALRT', id));
     if (!alertTemplate)
-        return NO_BOX;
+        return notShown(id, noResource("'ALRT'", id));
     const auto items = readItemList(resourceBytes('DITL', alertTemplate->itemListID));
     if (!items)
-        return NO_BOX;
+        return notShown(id, noResource("'DITL'", alertTemplate->itemListID));
     Alert alert = makeAlert(type, id, alertTemplate->bounds, *items);
     if (!alert.canEnd())
-        return NO_BOX;
+        return notShown(id, "it has no button that ends it");
 
     const AlertStage stage = alertTemplate->stage(nextOccurrence(id));
     if (!stage.drawsBox)

@@ -3,6 +3,7 @@
 #include "toolbox/bundles/Bundle.h"
 #include "toolbox/bundles/Languages.h"
 #include "toolbox/bundles/MainBundle.h"
+#include "toolbox/common/Remark.h"
 #include "toolbox/common/TracedCall.h"
 #include "toolbox/core_foundation/StringObject.h"
 #include "toolbox/core_foundation/URLObject.h"
@@ -16,6 +17,7 @@ namespace fs = std::filesystem;
 using Toolbox::Bundle;
 using Toolbox::createURL;
 using Toolbox::findObject;
+using Toolbox::remark;
 using Toolbox::StringObject;
 using Toolbox::TracedCall;
 using Toolbox::URLObject;
@@ -85,14 +87,22 @@ CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
 {
     TracedCall call("CFBundleCreate", allocator, url);
     const auto* const found = findObject<URLObject>(url);
-    return call.gives(found == nullptr ? nullptr : createBundle(found->path()));
+    if (found == nullptr)
+        return call.gives<CFBundleRef>(nullptr);
+    const CFBundleRef bundle = createBundle(found->path());
+    if (bundle == nullptr)
+        remark("there is no bundle " + found->traceName());
+    return call.gives(bundle);
 }
 
 Boolean CFBundleLoadExecutable(CFBundleRef bundle)
 {
     TracedCall call("CFBundleLoadExecutable", bundle);
     auto* const found = findObject<Bundle>(bundle);
-    return call.gives<Boolean>(found != nullptr && found->load());
+    const bool loaded = found != nullptr && found->load();
+    if (found != nullptr && !loaded)
+        remark("the bundle " + found->traceName() + " has no executable that can be loaded");
+    return call.gives<Boolean>(loaded);
 }
 
 void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)
@@ -102,7 +112,10 @@ void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)
     const auto* const string = findObject<StringObject>(name);
     if (found == nullptr || string == nullptr)
         return call.gives<void*>(nullptr);
-    return call.gives(found->findFunction(string->text()));
+    void* const function = found->findFunction(string->text());
+    if (function == nullptr)
+        remark("the bundle " + found->traceName() + " has no function " + string->traceName());
+    return call.gives(function);
 }
 
 CFURLRef CFBundleCopyResourceURL(CFBundleRef bundle, CFStringRef name, CFStringRef type, CFStringRef subfolder)

@@ -16,6 +16,13 @@ QString oneSpelling(const QString& text)
     return spelling.simplified();
 }
 
+// Short enough to be repeated within a line.
+QString shortened(const QString& text)
+{
+    constexpr qsizetype MOST = 40;
+    return text.size() <= MOST ? text : text.left(MOST) + QStringLiteral("...");
+}
+
 // The whole name, and its parts where brackets, strokes or dashes set them apart.
 QStringList keysOf(const QString& name)
 {
@@ -66,9 +73,10 @@ std::optional<std::size_t> Choices::find(const QString& typed, QString* problem)
     for (const std::size_t index : found)
         names.append(m_choices[index].name);
     if (names.isEmpty())
-        *problem = QStringLiteral("There is no \"%1\" here.").arg(typed.simplified());
+        *problem = QStringLiteral("There is no \"%1\" here.").arg(shortened(typed.simplified()));
     else
-        *problem = QStringLiteral("\"%1\" could be %2.").arg(typed.simplified(), names.join(QStringLiteral(" or ")));
+        *problem = QStringLiteral("\"%1\" could be %2.")
+                       .arg(shortened(typed.simplified()), names.join(QStringLiteral(" or ")));
     return std::nullopt;
 }
 

@@ -15,6 +15,7 @@ namespace {
 // Of the display that was chosen last; they outlive it.
 bool answerWasUnfit = false;
 std::size_t unusedAnswers = 0;
+bool answersRanOut = false;
 
 // ---- Windows
 
@@ -122,14 +123,17 @@ bool UnattendedDisplay::runWindow(Window& window, QString* problem)
         cancelWindow(window);
         return hasEnded(ref, "an answer fits nothing in the window, and cancelling does not end it", problem);
     }
-    if (!modalLoopEnded(ref))
+    if (!modalLoopEnded(ref)) {
+        answersRanOut = true;
         press(confirmingControl(window));
+    }
     return hasEnded(ref, "no answer is left, and confirming the window does not end it", problem);
 }
 
 SInt16 UnattendedDisplay::runAlert(const Alert& alert)
 {
     drawRequestedPicture(alert);
+    answersRanOut = answersRanOut || m_answers.empty();
     if (m_answers.empty() || !isForAlerts(m_answers.front()))
         return defaultButton(alert);
     const UInt32 wanted = buttonOf(alert, takeAnswer());
@@ -151,6 +155,7 @@ void UseUnattendedDisplay(const std::vector<Answer>& answers)
 {
     answerWasUnfit = false;
     unusedAnswers = answers.size();
+    answersRanOut = false;
     setCurrentDisplay(std::make_unique<UnattendedDisplay>(answers));
 }
 
@@ -162,6 +167,11 @@ bool AnswerWasUnfit()
 std::size_t UnusedAnswers()
 {
     return unusedAnswers;
+}
+
+bool AnswersRanOut()
+{
+    return answersRanOut;
 }
 
 }  // namespace Toolbox

@@ -3,6 +3,7 @@
 #include <Carbon/Folders.h>
 #include <Toolbox/Application.h>
 
+#include "toolbox/common/Remark.h"
 #include "toolbox/common/TracedCall.h"
 #include "toolbox/files/FileReferences.h"
 #include "toolbox/memory/OrMemFull.h"
@@ -30,8 +31,10 @@ OSErr findFolder(SInt16 volume, OSType type, FSRef* folder)
         return invalidFolderTypeErr;
 
     std::error_code unreachable;
-    if (!std::filesystem::is_directory(frameworksFolder(), unreachable))
+    if (!std::filesystem::is_directory(frameworksFolder(), unreachable)) {
+        remark("there is no frameworks folder \"" + frameworksFolder() + '"');
         return fnfErr;
+    }
     return makeFileReference(frameworksFolder(), folder);
 }
 

@@ -1,6 +1,9 @@
 #include "toolbox/security/Rights.h"
 
+#include "toolbox/common/Remark.h"
+
 #include <cstring>
+#include <string>
 
 namespace Toolbox {
 
@@ -9,6 +12,13 @@ namespace {
 // The one right that the rules know: to administer the system.
 constexpr const char* ADMINISTRATOR_RIGHT = "system.privilege.admin";
 constexpr uid_t SUPERUSER = 0;
+
+void remarkRefusal(const std::string& right, OSStatus judgement)
+{
+    const char* const who =
+        judgement == errAuthorizationDenied ? "nobody has it" : "only the superuser's processes have it";
+    remark("the right \"" + right + "\" was not granted: " + who);
+}
 
 bool isValid(const AuthorizationRights* rights)
 {
@@ -34,10 +44,15 @@ OSStatus judgeRights(const AuthorizationRights* rights, uid_t user)
 {
     if (!isValid(rights))
         return errAuthorizationInvalidSet;
-    OSStatus judgement = errAuthorizationSuccess;
-    for (UInt32 index = 0; index < rights->count && judgement == errAuthorizationSuccess; ++index)
-        judgement = judgeRight(rights->items[index].name, user);
-    return judgement;
+    for (UInt32 index = 0; index < rights->count; ++index) {
+        const char* const name = rights->items[index].name;
+        const OSStatus judgement = judgeRight(name, user);
+        if (judgement != errAuthorizationSuccess) {
+            remarkRefusal(name, judgement);
+            return judgement;
+        }
+    }
+    return errAuthorizationSuccess;
 }
 
 }  // namespace Toolbox

@@ -6,6 +6,9 @@
 
 #include <Carbon/Dialogs.h>
 #include <Carbon/Resources.h>
+#include <Toolbox/Remarks.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -205,22 +208,29 @@ INSTANTIATE_TEST_SUITE_P(
 
 // ---- What is missing or corrupt
 
+constexpr const char* NO_ALERT = "the resources have no 'ALRT' 5000, or a damaged one";
+constexpr const char* NO_ITEMS = "the resources have no 'DITL' 6000, or a damaged one";
+constexpr const char* NO_END = "it has no button that ends it";
+
 struct MissingCase {
     const char* name;
+    const char* reason;
     std::vector<TestResource> resources;
 };
 
 const MissingCase MISSING_CASES[] = {
-    {"NoAlert", {{'DITL', 6000, OK_AND_CANCEL}}},
-    {"AnotherAlert", {{'ALRT', 5001, alertTemplate(6000)}, {'DITL', 6000, OK_AND_CANCEL}}},
-    {"NoItems", {{'ALRT', 5000, alertTemplate(6000)}}},
-    {"OtherItems", {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6001, OK_AND_CANCEL}}},
-    {"EmptyAlert", {{'ALRT', 5000, ""}, {'DITL', 6000, OK_AND_CANCEL}}},
-    {"EmptyItems", {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, ""}}},
-    {"EmptyBounds", {{'ALRT', 5000, alertTemplate(6000, 0x5555, {9, 9, 9, 9})}, {'DITL', 6000, OK_AND_CANCEL}}},
-    {"NoItemAtAll", {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({})}}},
-    {"NoButton", {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({dialogItem(STATIC_TEXT, "Text")})}}},
-    {"NoEnabledButton",
+    {"NoAlert", NO_ALERT, {{'DITL', 6000, OK_AND_CANCEL}}},
+    {"AnotherAlert", NO_ALERT, {{'ALRT', 5001, alertTemplate(6000)}, {'DITL', 6000, OK_AND_CANCEL}}},
+    {"NoItems", NO_ITEMS, {{'ALRT', 5000, alertTemplate(6000)}}},
+    {"OtherItems", NO_ITEMS, {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6001, OK_AND_CANCEL}}},
+    {"EmptyAlert", NO_ALERT, {{'ALRT', 5000, ""}, {'DITL', 6000, OK_AND_CANCEL}}},
+    {"EmptyItems", NO_ITEMS, {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, ""}}},
+    {"EmptyBounds", NO_ALERT,
+        {{'ALRT', 5000, alertTemplate(6000, 0x5555, {9, 9, 9, 9})}, {'DITL', 6000, OK_AND_CANCEL}}},
+    {"NoItemAtAll", NO_END, {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({})}}},
+    {"NoButton", NO_END,
+        {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({dialogItem(STATIC_TEXT, "Text")})}}},
+    {"NoEnabledButton", NO_END,
         {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({dialogItem(BUTTON | DISABLED, "OK")})}}},
 };
 
@@ -235,6 +245,8 @@ TEST_P(StopAlertWithout, ShowsNothing)
     EXPECT_TRUE(shown().empty());
     EXPECT_EQ(Toolbox::ShownAlerts().size(), noted);
     EXPECT_EQ(liveObjects(), before);
+    const std::string remark = std::string("the alert 5000 was not shown: ") + GetParam().reason;
+    EXPECT_EQ(std::count(Toolbox::Remarks().begin(), Toolbox::Remarks().end(), remark), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -102,6 +102,15 @@ TEST(FindChoice, KnowsNamesakesByTheirNumbersOnly)
     EXPECT_EQ(choices.find(QStringLiteral("2"), &problem), std::optional<std::size_t>(1));
 }
 
+TEST(FindChoice, RepeatsTheBeginningOfALongText)
+{
+    QString problem;
+    EXPECT_FALSE(languages().find(QString(40, QLatin1Char('x')), &problem).has_value());
+    EXPECT_EQ(problem, QStringLiteral("There is no \"%1\" here.").arg(QString(40, QLatin1Char('x'))));
+    EXPECT_FALSE(languages().find(QString(41, QLatin1Char('x')), &problem).has_value());
+    EXPECT_EQ(problem, QStringLiteral("There is no \"%1...\" here.").arg(QString(40, QLatin1Char('x'))));
+}
+
 TEST(FindChoice, FindsNothingAmongNothing)
 {
     QString problem;

@@ -4,6 +4,7 @@ namespace {
 
 using Toolbox::Alert;
 using Toolbox::Answer;
+using Toolbox::AnswersRanOut;
 using Toolbox::AnswerWasUnfit;
 using Toolbox::ButtonRole;
 using Toolbox::Control;
@@ -116,6 +117,18 @@ TEST_F(UnattendedWindow, GoesOnToTheNextWindowWithTheAnswersThatAreLeft)
     EXPECT_EQ(run({command(kHICommandCancel), item(2), command(kHICommandOK)}), noErr);
     EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
     EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{kHICommandCancel, 0, kHICommandOK}));
+}
+
+TEST_F(UnattendedWindow, SaysWhetherTheAnswersRanOut)
+{
+    EXPECT_EQ(run({item(2)}), noErr);
+    EXPECT_TRUE(AnswersRanOut());
+    EXPECT_EQ(run({item(2), command(kHICommandOK)}), noErr);
+    EXPECT_FALSE(AnswersRanOut());
+    EXPECT_EQ(run({item(9)}), noErr);
+    EXPECT_FALSE(AnswersRanOut()) << "an unfit answer cancels";
+    EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
+    EXPECT_TRUE(AnswersRanOut()) << "in the next window";
 }
 
 TEST_F(UnattendedWindow, ChoosesAnItemThatAHandlerTakes)
@@ -295,6 +308,19 @@ TEST_F(UnattendedWindow, CountsTheAnswersThatWereNotTaken)
     EXPECT_EQ(Toolbox::UnusedAnswers(), 2u);
     EXPECT_EQ(run({}), noErr);
     EXPECT_EQ(Toolbox::UnusedAnswers(), 0u);
+}
+
+TEST(UnattendedAlert, SaysWhetherTheAnswersRanOut)
+{
+    UseUnattendedDisplay({button(1)});
+    EXPECT_FALSE(AnswersRanOut());
+    Toolbox::currentDisplay()->runAlert({});
+    EXPECT_FALSE(AnswersRanOut());
+    Toolbox::currentDisplay()->runAlert({});
+    EXPECT_TRUE(AnswersRanOut());
+    UseUnattendedDisplay({item(1)});
+    Toolbox::currentDisplay()->runAlert({});
+    EXPECT_FALSE(AnswersRanOut()) << "there is one, but for a window";
 }
 
 // ---- Alerts

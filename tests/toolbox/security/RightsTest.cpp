@@ -1,7 +1,10 @@
 #include "toolbox/security/Rights.h"
 
+#include <Toolbox/Remarks.h>
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -69,6 +72,19 @@ TEST(Rights, AreRefusedForTheFirstThatIsNotHeld)
 {
     EXPECT_EQ(judge({ADMINISTRATOR, "unknown"}, SOMEBODY), errAuthorizationInteractionNotAllowed);
     EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SOMEBODY), errAuthorizationDenied);
+}
+
+TEST(Rights, ThatAreRefusedAreRemarkedOn)
+{
+    const std::size_t before = Toolbox::Remarks().size();
+    judge({ADMINISTRATOR}, SUPERUSER);
+    EXPECT_EQ(Toolbox::Remarks().size(), before) << "of what is granted nothing is said";
+    judge({ADMINISTRATOR}, SOMEBODY);
+    const char* const refusal =
+        "the right \"system.privilege.admin\" was not granted: only the superuser's processes have it";
+    EXPECT_EQ(std::count(Toolbox::Remarks().begin(), Toolbox::Remarks().end(), refusal), 1);
+    judge({"unheard of"}, SUPERUSER);
+    EXPECT_EQ(Toolbox::Remarks().back(), "the right \"unheard of\" was not granted: nobody has it");
 }
 
 TEST(Rights, NoneAreHeldByEverybody)

@@ -75,6 +75,9 @@ bool AnswerWasUnfit();
 /// How many answers of the list were not taken so far.
 std::size_t UnusedAnswers();
 
+/// Whether the list had run out when a window or an alert wanted an answer, so that its default button was pressed.
+bool AnswersRanOut();
+
 /// Why a modal loop failed, in a few words: the last one that did since the display was chosen. Empty when none did.
 std::string DisplayProblem();
 

@@ -1,0 +1,16 @@
+// The files that a call is to leave behind, looked at before it is made.
+
+#ifndef HOST_OUTPUTS_H
+#define HOST_OUTPUTS_H
+
+#include "host/Options.h"
+
+namespace Host {
+
+/// Throws Problem when a file that `options` name for the record, the picture or the trace could not be written, or is
+/// another one that they name: only the record that the call starts from may be written over, by the record.
+void checkOutputs(const Options& options);
+
+}  // namespace Host
+
+#endif

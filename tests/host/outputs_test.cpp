@@ -1,0 +1,145 @@
+#include "host/Outputs.h"
+#include "host/Problem.h"
+#include "tests/host/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace {
+
+using namespace Host;
+namespace fs = std::filesystem;
+
+std::string problemWith(const Options& options)
+{
+    try {
+        checkOutputs(options);
+    } catch (const Problem& problem) {
+        EXPECT_EQ(problem.status, ExitStatus::NotDone);
+        return problem.what();
+    }
+    return "none";
+}
+
+struct PairCase {
+    const char* name;
+    std::optional<std::string> Options::*written;
+    std::optional<std::string> Options::*other;
+    const char* options;
+};
+
+// clang-format off
+const PairCase PAIR_CASES[] = {
+    {"RecordAndPicture",    &Options::writeRecord, &Options::picture,   "--write-record and --picture"},
+    {"RecordAndTrace",      &Options::writeRecord, &Options::traceFile, "--write-record and --trace-file"},
+    {"RecordAndResources",  &Options::writeRecord, &Options::resources, "--write-record and --resources"},
+    {"PictureAndTrace",     &Options::picture,     &Options::traceFile, "--picture and --trace-file"},
+    {"PictureAndRecord",    &Options::picture,     &Options::record,    "--picture and --record"},
+    {"PictureAndResources", &Options::picture,     &Options::resources, "--picture and --resources"},
+    {"TraceAndRecord",      &Options::traceFile,   &Options::record,    "--trace-file and --record"},
+    {"TraceAndResources",   &Options::traceFile,   &Options::resources, "--trace-file and --resources"},
+};
+// clang-format on
+
+class OutputPair : public testing::TestWithParam<PairCase> {
+protected:
+    // What is said when the two options have these values.
+    std::string problemOf(const fs::path& written, const fs::path& other) const
+    {
+        Options options;
+        options.*GetParam().written = written.string();
+        options.*GetParam().other = other.string();
+        return problemWith(options);
+    }
+
+    std::string refusalOf(const fs::path& file) const
+    {
+        return std::string(GetParam().options) + " name the same file, '" + file.string() + "'; give each its own";
+    }
+
+    const TemporaryFolder folder;
+};
+
+TEST_P(OutputPair, MayNotBeOneFile)
+{
+    const fs::path file = folder / "file";
+    EXPECT_EQ(problemOf(file, file), refusalOf(file)) << "not there yet";
+    EXPECT_EQ(problemOf(file, folder / "." / "file"), refusalOf(file)) << "in another spelling";
+    std::ofstream(file).put('x');
+    EXPECT_EQ(problemOf(file, file), refusalOf(file)) << "there";
+    const fs::path link = folder / "link";
+    fs::create_hard_link(file, link);
+    EXPECT_EQ(problemOf(link, file), refusalOf(link)) << "under another name";
+}
+
+TEST_P(OutputPair, MayBeTwoFiles)
+{
+    EXPECT_EQ(problemOf(folder / "file", folder / "other"), "none");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, OutputPair, testing::ValuesIn(PAIR_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(Outputs, MayWriteTheRecordOver)
+{
+    const TemporaryFolder folder;
+    Options options;
+    options.record = options.writeRecord = (folder / "record").string();
+    EXPECT_EQ(problemWith(options), "none");
+}
+
+struct FileCase {
+    const char* name;
+    std::optional<std::string> Options::*file;
+};
+
+const FileCase FILE_CASES[] = {{"record", &Options::writeRecord}, {"picture", &Options::picture}};
+
+class OutputFile : public testing::TestWithParam<FileCase> {
+protected:
+    std::string problemOf(const fs::path& file) const
+    {
+        Options options;
+        options.*GetParam().file = file.string();
+        return problemWith(options);
+    }
+
+    std::string refusalOf(const fs::path& file, const char* reason) const
+    {
+        return std::string("cannot save the ") + GetParam().name + " in '" + file.string() + "': " + reason;
+    }
+
+    const TemporaryFolder folder;
+};
+
+TEST_P(OutputFile, NeedsAFolder)
+{
+    const fs::path file = folder / "missing" / "file";
+    EXPECT_EQ(problemOf(file), refusalOf(file, "No such file or directory"));
+}
+
+TEST_P(OutputFile, ReplacesRegularFilesAlone)
+{
+    EXPECT_EQ(problemOf(folder / ""), refusalOf(folder / "", "it is not a regular file"));
+    EXPECT_EQ(problemOf("/dev/null"), refusalOf("/dev/null", "it is not a regular file"));
+}
+
+TEST_P(OutputFile, IsNeitherMadeNorChanged)
+{
+    EXPECT_EQ(problemOf(folder / "new"), "none");
+    EXPECT_FALSE(fs::exists(folder / "new"));
+    std::ofstream(folder / "old").put('x');
+    EXPECT_EQ(problemOf(folder / "old"), "none");
+    EXPECT_EQ(fs::file_size(folder / "old"), 1u);
+}
+
+TEST_P(OutputFile, MayBeNamedFromTheWorkingFolder)
+{
+    EXPECT_EQ(problemOf("a file that is not here"), "none");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, OutputFile, testing::ValuesIn(FILE_CASES), [](const auto& row) { return row.param.name; });
+
+}  // namespace
