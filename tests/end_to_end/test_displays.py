@@ -1,5 +1,6 @@
 """The dialog where people see it: on a terminal, and in a window of a real X server, worked with the keyboard alone."""
 
+import contextlib
 import subprocess
 import unittest
 
@@ -123,6 +124,23 @@ class Unattended(HostTest):
         self.assertEqual(terminal.finish().status, NOT_DONE)
 
 
+@contextlib.contextmanager
+def start_on(server, *arguments, **variables):
+    """The host on the screen of this X server; it is ended at the latest when the block ends."""
+    with subprocess.Popen([HOST, *arguments], env=environment(DISPLAY=server.display, **variables),
+                          stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+        try:
+            yield process
+        finally:
+            process.kill()
+
+
+def finish(process):
+    """The Outcome of a host that ends by itself."""
+    output, errors = process.communicate(timeout=TIMEOUT)
+    return Outcome(process.returncode, output.decode(), errors.decode())
+
+
 class InAWindow(HostTest):
     @classmethod
     def setUpClass(cls):
@@ -131,15 +149,9 @@ class InAWindow(HostTest):
 
     def press(self, *keys, title=WINDOW_TITLE, arguments=(), **variables):
         """Runs the host, presses `keys` in the window of this title, and returns the Outcome."""
-        command = [HOST, *arguments]
-        with subprocess.Popen(command, env=environment(DISPLAY=self.server.display, **variables),
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
-            try:
-                self.server.tool("windowfocus", "--sync", self.server.window(title), "key", *keys)
-                output, errors = process.communicate(timeout=TIMEOUT)
-            finally:
-                process.kill()
-        return Outcome(process.returncode, output.decode(), errors.decode())
+        with start_on(self.server, *arguments, **variables) as process:
+            self.server.tool("windowfocus", "--sync", self.server.window(title), "key", *keys)
+            return finish(process)
 
     def assert_chosen(self, outcome, code):
         self.assertEqual(outcome.errors, "")
@@ -184,6 +196,27 @@ class InAWindow(HostTest):
         self.assertEqual(outcome.status, REFUSED)
         self.assertEqual(outcome.json()["alerts"][0]["id"], 5000)
 
+    def test_a_window_that_somebody_else_destroys_counts_as_cancelled(self):
+        with start_on(self.server) as process:
+            self.server.tool("windowclose", self.server.window(WINDOW_TITLE))
+            outcome = finish(process)
+        self.assertEqual((outcome.status, outcome.errors), (NOTHING_CHOSEN, ""))
+
+    def test_so_does_an_alert(self):
+        with start_on(self.server, "--message", "999", "--json") as process:
+            self.server.tool("windowclose", self.server.window("^Stop$"))
+            outcome = finish(process)
+        self.assertEqual((outcome.status, outcome.errors), (REFUSED, ""))
+        self.assertEqual(outcome.json()["alerts"][0]["pressed"], 1)
+
+    def test_the_window_belongs_to_the_host_and_its_application(self):
+        with start_on(self.server) as process:
+            window = self.server.window(WINDOW_TITLE)
+            for kind, name in (("--class", "^Demo Installer$"), ("--classname", "^visex-host$")):
+                self.assertEqual(self.server.tool("search", "--onlyvisible", kind, name), f"{window}\n")
+            self.server.tool("windowfocus", "--sync", window, "key", "Escape")
+            self.assertEqual(finish(process).status, NOTHING_CHOSEN)
+
     def test_a_picture_of_it_is_saved(self):
         picture = self.folder / "a picture.png"
         outcome = self.press("Return", arguments=["--picture", picture])
@@ -196,15 +229,10 @@ class OnAScreenThatGoesAway(HostTest):
         """Runs the host until the window of this title is there, ends the X server, and returns the Outcome."""
         server = XServer()
         self.addCleanup(server.close)
-        with subprocess.Popen([HOST, *arguments], env=environment(DISPLAY=server.display), stdin=subprocess.DEVNULL,
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
-            try:
-                server.window(title)
-                server.break_down()
-                output, errors = process.communicate(timeout=TIMEOUT)
-            finally:
-                process.kill()
-        return Outcome(process.returncode, output.decode(), errors.decode())
+        with start_on(server, *arguments) as process:
+            server.window(title)
+            server.break_down()
+            return finish(process)
 
     def test_the_call_does_not_return_and_the_record_stays(self):
         for title, message in ((WINDOW_TITLE, 1000), ("^Stop$", 999)):

@@ -2,6 +2,7 @@
 
 #include "toolbox/bundles/MainBundle.h"
 
+#include <cerrno>
 #include <clocale>
 #include <cstdio>
 #include <string>
@@ -10,7 +11,6 @@ namespace Toolbox {
 
 namespace {
 
-char programName[] = "toolbox";
 char platformOption[] = "-platform";
 
 // Lets Qt say why it ends the process, and nothing else.
@@ -51,7 +51,7 @@ QuietQt::~QuietQt()
 QtApplication::QtApplication(const QByteArray& platform)
     : m_platform(platform)
     , m_argumentCount(platform.isEmpty() ? 1 : 3)
-    , m_arguments{programName, platformOption, m_platform.data(), nullptr}
+    , m_arguments{program_invocation_short_name, platformOption, m_platform.data(), nullptr}
 {
     if (QCoreApplication::instance() != nullptr)
         return;

@@ -3,6 +3,7 @@
 #include "toolbox/displays/Picture.h"
 #include "toolbox/displays/WindowLibrary.h"
 #include "toolbox/displays/window/AlertDialog.h"
+#include "toolbox/displays/window/DestructionWatch.h"
 #include "toolbox/displays/window/QtApplication.h"
 #include "toolbox/displays/window/WindowDialog.h"
 #include "toolbox/windows/ModalLoop.h"
@@ -40,6 +41,7 @@ void runOverOthers(QDialog& dialog)
     const std::optional<QString> picture = takePictureRequest();
     if (picture)
         QTimer::singleShot(0, &dialog, [&] { notePictureProblem(savePicture(dialog, *picture)); });
+    const DestructionWatch watch(dialog);
     dialog.exec();
     if (dialog.parentWidget() != nullptr)
         dialog.parentWidget()->activateWindow();
