@@ -5,7 +5,7 @@
 #include "fuzz/must_hold.h"
 #include "fuzz/nothing_left.h"
 #include "fuzz/scratch_file.h"
-#include "tests/toolbox/base/temporary_folder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "toolbox/bundles/ELFFile.h"
 #include "toolbox/bundles/PropertyList.h"
 
@@ -20,15 +20,15 @@ class Bundle {
 public:
     Bundle()
         : m_path(m_folder.makeFolder("fuzz.bundle"))
-        , m_info(m_folder.makeFolder("fuzz.bundle/Contents") + "/Info.plist")
-        , m_code(m_folder.path("code"))
+        , m_info(m_folder.makeFolder("fuzz.bundle/Contents") / "Info.plist")
+        , m_code(m_folder / "code")
         , m_url(CFURLCreateFromFileSystemRepresentation(
               nullptr, reinterpret_cast<const UInt8*>(m_path.data()), static_cast<CFIndex>(m_path.size()), true))
     {
         m_folder.makeFolder("fuzz.bundle/Contents/Linux");
         m_folder.makeFolder("fuzz.bundle/Contents/Resources/German.lproj");
-        m_folder.write("fuzz.bundle/Contents/Linux/fuzz", {'n', 'o', ' ', 'c', 'o', 'd', 'e'});
-        m_folder.write("fuzz.bundle/Contents/Resources/German.lproj/text", {'t', 'e', 'x', 't'});
+        m_folder.write("fuzz.bundle/Contents/Linux/fuzz", "no code");
+        m_folder.write("fuzz.bundle/Contents/Resources/German.lproj/text", "text");
     }
 
     ~Bundle() { CFRelease(m_url); }
@@ -37,7 +37,7 @@ public:
     void holdCode(const std::uint8_t* data, std::size_t size) { m_code.hold(data, size); }
 
     CFURLRef url() const { return m_url; }
-    std::string codePath() const { return m_folder.path("code"); }
+    std::string codePath() const { return m_folder / "code"; }
 
 private:
     const TemporaryFolder m_folder;

@@ -7,7 +7,7 @@
 #include "host/Problem.h"
 #include "host/Record.h"
 #include "host/Report.h"
-#include "tests/host/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <string_view>
@@ -66,7 +66,7 @@ void checkChange(Host::Record& record, std::string bytes, UInt16 chosen, const s
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const TemporaryFolder folder;
-    static ScratchFile file((folder / "record").string());
+    static ScratchFile file(folder / "record");
     file.hold(data, size);
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     try {

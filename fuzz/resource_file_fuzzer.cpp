@@ -4,7 +4,7 @@
 #include "fuzz/must_hold.h"
 #include "fuzz/nothing_left.h"
 #include "fuzz/scratch_file.h"
-#include "tests/toolbox/base/temporary_folder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "toolbox/alerts/Alert.h"
 #include "toolbox/files/FileReferences.h"
 #include "toolbox/memory/Handles.h"
@@ -30,10 +30,10 @@ bool isZero(char byte)
 class TwoForks {
 public:
     TwoForks()
-        : m_path(m_folder.path("file"))
+        : m_path(m_folder / "file")
         , m_file(m_path)
     {
-        std::filesystem::create_hard_link(m_path, m_folder.path("._file"));
+        std::filesystem::create_hard_link(m_path, m_folder / "._file");
         mustHold(makeFileReference(m_path, &m_reference) == noErr, "the file is there");
     }
 

@@ -4,7 +4,7 @@
 #include "host/Application.h"
 #include "host/PlugIn.h"
 #include "host/Record.h"
-#include "tests/host/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <Carbon/CarbonEvents.h>
 #include <Toolbox/Displays.h>

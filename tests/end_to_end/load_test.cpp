@@ -5,7 +5,7 @@
 #include "host/CFOwner.h"
 #include "host/Paths.h"
 #include "host/Record.h"
-#include "tests/host/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 

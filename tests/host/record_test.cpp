@@ -1,7 +1,7 @@
 #include "host/ChosenLanguage.h"
 #include "host/Problem.h"
 #include "host/Record.h"
-#include "tests/host/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "host/Problem.h"
 #include "host/TraceFile.h"
-#include "tests/host/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

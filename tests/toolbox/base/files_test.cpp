@@ -1,4 +1,4 @@
-#include "tests/toolbox/base/temporary_folder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "toolbox/files/FileErrors.h"
 #include "toolbox/files/FileReferences.h"
 #include "toolbox/files/InputFile.h"
@@ -57,8 +57,8 @@ private:
 TEST(FileReference, GivesItsPathBack)
 {
     const TemporaryFolder folder;
-    const std::string file = folder.write("a file", {});
-    for (const std::string& path : {file, folder.path(), std::string("/")}) {
+    const std::string file = folder.write("a file", "");
+    for (const std::string& path : {file, folder.path().string(), std::string("/")}) {
         FSRef reference = garbage();
         EXPECT_EQ(makeFileReference(path, &reference), noErr);
         EXPECT_EQ(pathOf(&reference), path);
@@ -80,9 +80,9 @@ TEST(FileReference, IsTheSameForTheSamePathAndAnotherForAnother)
     FSRef first;
     FSRef again;
     FSRef other;
-    makeFileReference(folder.write("first", {}), &first);
-    makeFileReference(folder.write("other", {}), &other);
-    makeFileReference(folder.path("first"), &again);
+    makeFileReference(folder.write("first", ""), &first);
+    makeFileReference(folder.write("other", ""), &other);
+    makeFileReference(folder / "first", &again);
     EXPECT_TRUE(areEqual(first, again));
     EXPECT_FALSE(areEqual(first, other));
 }
@@ -100,7 +100,7 @@ TEST(FileReference, IsCopiedFreely)
 TEST(FileReference, KeepsItsPathWhenTheFileIsGone)
 {
     const TemporaryFolder folder;
-    const std::string path = folder.write("file", {});
+    const std::string path = folder.write("file", "");
     FSRef reference;
     makeFileReference(path, &reference);
     std::filesystem::remove(path);
@@ -110,39 +110,39 @@ TEST(FileReference, KeepsItsPathWhenTheFileIsGone)
 TEST(FileReference, ToARelativePathStaysWhereItWas)
 {
     const TemporaryFolder folder;
-    folder.write("file", {});
+    folder.write("file", "");
     FSRef reference;
     {
         const WorkingDirectory here(folder.path());
         EXPECT_EQ(makeFileReference("file", &reference), noErr);
     }
-    EXPECT_EQ(pathOf(&reference), folder.path("file"));
+    EXPECT_EQ(pathOf(&reference), folder / "file");
 }
 
 TEST(FileReference, KeepsSymbolicLinksAsTheyWereNamed)
 {
     const TemporaryFolder folder;
-    std::filesystem::create_symlink(folder.makeFolder("target"), folder.path("link"));
+    std::filesystem::create_symlink(folder.makeFolder("target"), folder / "link");
     FSRef reference;
-    EXPECT_EQ(makeFileReference(folder.path("link"), &reference), noErr);
-    EXPECT_EQ(pathOf(&reference), folder.path("link"));
+    EXPECT_EQ(makeFileReference(folder / "link", &reference), noErr);
+    EXPECT_EQ(pathOf(&reference), folder / "link");
 }
 
 TEST(FileReference, IsNotMadeOfWhatIsNotThere)
 {
     const TemporaryFolder folder;
-    folder.write("file", {});
-    std::filesystem::create_symlink("nowhere", folder.path("dangling"));
-    std::filesystem::create_symlink("circle", folder.path("circle"));
+    folder.write("file", "");
+    std::filesystem::create_symlink("nowhere", folder / "dangling");
+    std::filesystem::create_symlink("circle", folder / "circle");
     const std::string missing[] = {
         "",
-        folder.path("missing"),
-        folder.path("missing/further"),
-        folder.path("file/further"),
-        folder.path("dangling"),
-        folder.path("circle"),
-        folder.path(std::string(300, 'x')),
-        folder.path("file") + '\0' + "x",
+        folder / "missing",
+        folder / "missing/further",
+        folder / "file/further",
+        folder / "dangling",
+        folder / "circle",
+        folder / std::string(300, 'x'),
+        (folder / "file").string() + '\0' + "x",
     };
     for (const std::string& path : missing) {
         FSRef reference = garbage();
@@ -206,7 +206,7 @@ TEST(InputFile, ReadsAnyPart)
 {
     const TemporaryFolder folder;
     Toolbox::InputFile file;
-    ASSERT_EQ(file.open(folder.write("file", {'a', 'b', 'c', 'd'})), noErr);
+    ASSERT_EQ(file.open(folder.write("file", "abcd")), noErr);
     EXPECT_EQ(file.length(), 4u);
     const std::vector<UInt8> whole = {'a', 'b', 'c', 'd'};
     for (std::size_t offset = 0; offset <= 5; ++offset) {
@@ -225,16 +225,16 @@ TEST(InputFile, ReadsAnyPart)
 TEST(InputFile, IsARegularFile)
 {
     const TemporaryFolder folder;
-    ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
-    for (const std::string& path : {folder.path(), folder.path("pipe"), std::string("/dev/null")})
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    for (const std::filesystem::path& path : {folder.path(), folder / "pipe", std::filesystem::path("/dev/null")})
         EXPECT_EQ(Toolbox::InputFile().open(path), ioErr) << path;
-    EXPECT_EQ(Toolbox::InputFile().open(folder.path("missing")), fnfErr);
+    EXPECT_EQ(Toolbox::InputFile().open(folder / "missing"), fnfErr);
 }
 
 TEST(InputFile, IsClosedWhenItGoes)
 {
     const TemporaryFolder folder;
-    const std::string path = folder.write("file", {});
+    const std::string path = folder.write("file", "");
     const int before = dup(0);
     close(before);
     for (int i = 0; i < 10; ++i) {
@@ -304,7 +304,7 @@ TEST_F(FindFolder, RefusesANullResult)
 
 TEST_F(FindFolder, NeverCreatesTheFolder)
 {
-    const std::string absent = m_folder.path("Frameworks");
+    const std::string absent = m_folder / "Frameworks";
     Toolbox::SetFrameworksFolder(absent);
     FSRef folder = garbage();
     EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kCreateFolder, &folder), fnfErr);
@@ -314,7 +314,7 @@ TEST_F(FindFolder, NeverCreatesTheFolder)
 
 TEST_F(FindFolder, LooksWhenItIsAsked)
 {
-    Toolbox::SetFrameworksFolder(m_folder.path("Frameworks"));
+    Toolbox::SetFrameworksFolder(m_folder / "Frameworks");
     FSRef folder;
     EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kDontCreateFolder, &folder), fnfErr);
     m_folder.makeFolder("Frameworks");
@@ -323,18 +323,18 @@ TEST_F(FindFolder, LooksWhenItIsAsked)
 
 TEST_F(FindFolder, TakesAFileForNoFolder)
 {
-    Toolbox::SetFrameworksFolder(m_folder.write("Frameworks", {}));
+    Toolbox::SetFrameworksFolder(m_folder.write("Frameworks", ""));
     FSRef folder;
     EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kDontCreateFolder, &folder), fnfErr);
 }
 
 TEST_F(FindFolder, FollowsALinkAsTheHostNamedIt)
 {
-    std::filesystem::create_symlink(m_folder.makeFolder("target"), m_folder.path("Frameworks"));
-    Toolbox::SetFrameworksFolder(m_folder.path("Frameworks"));
+    std::filesystem::create_symlink(m_folder.makeFolder("target"), m_folder / "Frameworks");
+    Toolbox::SetFrameworksFolder(m_folder / "Frameworks");
     FSRef folder;
     EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kDontCreateFolder, &folder), noErr);
-    EXPECT_EQ(pathOf(&folder), m_folder.path("Frameworks"));
+    EXPECT_EQ(pathOf(&folder), m_folder / "Frameworks");
 }
 
 TEST_F(FindFolder, KnowsNoFolderThatTheHostDidNotName)

@@ -1,5 +1,5 @@
+#include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/base/resource_fork.h"
-#include "tests/toolbox/base/temporary_folder.h"
 #include "toolbox/resources/AppleDouble.h"
 #include "toolbox/resources/Forks.h"
 #include "toolbox/resources/ResourceMap.h"
@@ -29,7 +29,7 @@ protected:
     OSErr readBeside(const Bytes& bytes)
     {
         m_folder.write("._file", bytes);
-        return readFork(m_folder.write("file", {'d', 'a', 't', 'a'}), Fork::Resource, &m_bytes);
+        return readFork(m_folder.write("file", "data"), Fork::Resource, &m_bytes);
     }
 
     const TemporaryFolder m_folder;
@@ -102,7 +102,7 @@ TEST_F(Forks, FileBesideMustBeAppleDouble)
 TEST_F(Forks, FileBesideIsNothingWithoutTheFile)
 {
     m_folder.write("._file", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}}));
-    EXPECT_EQ(readFork(m_folder.path("file"), Fork::Resource, &m_bytes), fnfErr);
+    EXPECT_EQ(readFork(m_folder / "file", Fork::Resource, &m_bytes), fnfErr);
 }
 
 TEST_F(Forks, AppleDoubleIsRefusedWhereverItIsCut)
@@ -181,7 +181,7 @@ TEST(AppleDouble, IsReadWithinItsBytes)
 // A file of that length without contents on the disk; reading it all would take its time and memory.
 std::string writeHole(const TemporaryFolder& folder, std::uintmax_t length)
 {
-    const std::string path = folder.write("hole", {});
+    const std::string path = folder.write("hole", "");
     std::filesystem::resize_file(path, length);
     return path;
 }
@@ -227,21 +227,21 @@ TEST_F(Forks, ForkInAppleDoubleMayNotBeLargerThanTheFormatCanBe)
 TEST_F(Forks, OnlyRegularFilesHaveForks)
 {
     m_folder.makeFolder("folder");
-    ASSERT_EQ(mkfifo(m_folder.path("pipe").c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo((m_folder / "pipe").c_str(), 0600), 0);
     for (const Fork fork : {Fork::Data, Fork::Resource}) {
-        EXPECT_EQ(readFork(m_folder.path("folder"), fork, &m_bytes), ioErr);
-        EXPECT_EQ(readFork(m_folder.path("pipe"), fork, &m_bytes), ioErr);
+        EXPECT_EQ(readFork(m_folder / "folder", fork, &m_bytes), ioErr);
+        EXPECT_EQ(readFork(m_folder / "pipe", fork, &m_bytes), ioErr);
         EXPECT_EQ(readFork("/dev/zero", fork, &m_bytes), ioErr);
-        EXPECT_EQ(readFork(m_folder.path("missing"), fork, &m_bytes), fnfErr);
+        EXPECT_EQ(readFork(m_folder / "missing", fork, &m_bytes), fnfErr);
     }
 }
 
 TEST_F(Forks, FileBesideMustBeRegular)
 {
     const std::string file = m_folder.write("file", FORK);
-    ASSERT_EQ(mkfifo(m_folder.path("._file").c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo((m_folder / "._file").c_str(), 0600), 0);
     EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), ioErr);
-    std::filesystem::remove(m_folder.path("._file"));
+    std::filesystem::remove(m_folder / "._file");
     m_folder.makeFolder("._file");
     EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), ioErr);
 }
@@ -250,7 +250,7 @@ TEST_F(Forks, FileBesideMustBeRegular)
 TEST_F(Forks, TellOfAReadError)
 {
     EXPECT_EQ(readFork("/proc/self/mem", Fork::Data, &m_bytes), ioErr);
-    std::filesystem::create_symlink("/proc/self/mem", m_folder.path("._file"));
+    std::filesystem::create_symlink("/proc/self/mem", m_folder / "._file");
     EXPECT_EQ(readFork(m_folder.write("file", FORK), Fork::Resource, &m_bytes), ioErr);
 }
 
@@ -278,7 +278,7 @@ TEST_F(Forks, UnreadableFileIsNotPermitted)
     m_folder.write("._file", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}}));
     std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0755));
     std::filesystem::permissions(secret, std::filesystem::perms::none);
-    std::filesystem::permissions(m_folder.path("._file"), std::filesystem::perms::none);
+    std::filesystem::permissions(m_folder / "._file", std::filesystem::perms::none);
     const OrdinaryUser user;
     EXPECT_EQ(readFork(file, Fork::Data, &m_bytes), noErr);
     EXPECT_EQ(readFork(secret, Fork::Data, &m_bytes), permErr);

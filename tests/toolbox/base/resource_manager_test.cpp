@@ -1,6 +1,6 @@
+#include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/base/refusing_allocations.h"
 #include "tests/toolbox/base/resource_fork.h"
-#include "tests/toolbox/base/temporary_folder.h"
 #include "toolbox/files/FileReferences.h"
 
 #include <Carbon/MacMemory.h>
@@ -366,7 +366,7 @@ TEST_F(ResourceManager, TellsWhyAFileCannotBeOpened)
     FSRef folder;
     Toolbox::makeFileReference(m_folder.path(), &folder);
     const FSRef gone = write({{'CALL', 1, "one"}});
-    std::filesystem::remove(m_folder.path("file0"));
+    std::filesystem::remove(m_folder / "file0");
     const FSRef empty = write(Bytes());
     const FSRef fifteen = write(Bytes(15));
     const FSRef sixteen = write(Bytes(16));

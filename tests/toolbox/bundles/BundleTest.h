@@ -3,44 +3,17 @@
 #ifndef TESTS_TOOLBOX_BUNDLES_BUNDLETEST_H
 #define TESTS_TOOLBOX_BUNDLES_BUNDLETEST_H
 
+#include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/core_foundation/CoreFoundationTest.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 #include <string>
 
 namespace fs = std::filesystem;
 
 /// The folder of executables in "Contents".
 constexpr const char* PLATFORM_FOLDER = "Linux";
-
-/// A folder that goes with the test, by its real path.
-class TemporaryFolder {
-public:
-    TemporaryFolder()
-    {
-        std::string name = fs::temp_directory_path() / "bundles.XXXXXX";
-        if (mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("there is no temporary folder to be had");
-        m_path = fs::canonical(name);
-    }
-
-    ~TemporaryFolder()
-    {
-        std::error_code ignored;
-        fs::remove_all(m_path, ignored);
-    }
-
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    const fs::path& path() const { return m_path; }
-
-private:
-    fs::path m_path;
-};
 
 /// Makes the file `file`, with the folders that lead to it.
 inline void writeFile(const fs::path& file, const std::string& content = "content")

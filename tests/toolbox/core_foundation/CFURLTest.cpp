@@ -1,3 +1,4 @@
+#include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/core_foundation/CoreFoundationTest.h"
 
 #include "toolbox/files/FileReferences.h"
@@ -6,7 +7,6 @@
 #include <fstream>
 #include <vector>
 
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -27,20 +27,7 @@ std::string pathOf(CFURLRef url)
 // A folder of its own for each test, gone afterwards.
 class CFURL : public CoreFoundationTest {
 protected:
-    void SetUp() override
-    {
-        std::string name = fs::temp_directory_path() / "CFURLTest.XXXXXX";
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        m_folder = fs::canonical(name);
-    }
-
-    void TearDown() override
-    {
-        fs::remove_all(m_folder);
-        CoreFoundationTest::TearDown();
-    }
-
-    fs::path m_folder;
+    const TemporaryFolder m_folder;
 };
 
 TEST_F(CFURL, HasThePathThatItWasMadeOf)
@@ -64,7 +51,7 @@ TEST_F(CFURL, HasThePathThatItWasMadeOf)
 TEST_F(CFURL, TakesARelativePathFromTheWorkingDirectoryOfThatMoment)
 {
     const fs::path before = fs::current_path();
-    fs::current_path(m_folder);
+    fs::current_path(m_folder.path());
     const CFURLRef url = makeURL("a/b");
     fs::current_path(before);
     EXPECT_EQ(pathOf(url), m_folder / "a/b");
@@ -232,9 +219,9 @@ TEST_F(CFURL, ComesFromAReferenceToAFileAndGoesBackToOne)
 TEST_F(CFURL, OfAReferenceToAFolderIsAFolders)
 {
     FSRef reference;
-    ASSERT_EQ(Toolbox::makeFileReference(m_folder, &reference), noErr);
+    ASSERT_EQ(Toolbox::makeFileReference(m_folder.path(), &reference), noErr);
     const CFURLRef url = CFURLCreateFromFSRef(nullptr, &reference);
-    const CFURLRef expected = makeURL(m_folder, true);
+    const CFURLRef expected = makeURL(m_folder.path(), true);
     EXPECT_TRUE(CFEqual(url, expected));
     CFRelease(url);
     CFRelease(expected);

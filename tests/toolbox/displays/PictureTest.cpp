@@ -1,4 +1,4 @@
-#include "tests/toolbox/base/temporary_folder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/displays/Dialog.h"
 #include "tests/toolbox/displays/Person.h"
 #include "tests/toolbox/displays/PseudoTerminal.h"
@@ -23,7 +23,7 @@ protected:
             unsetenv(variable);
     }
 
-    QImage load(const std::string& name) const { return QImage(QString::fromStdString(m_folder.path(name))); }
+    QImage load(const std::string& name) const { return QImage(QString::fromStdString((m_folder / name).string())); }
     std::size_t files() const
     {
         const std::filesystem::directory_iterator all(m_folder.path());
@@ -35,7 +35,7 @@ protected:
 
 TEST_F(Picture, IsSavedWithoutAScreen)
 {
-    Toolbox::SavePicture(m_folder.path("a.png"));
+    Toolbox::SavePicture(m_folder / "a.png");
     EXPECT_EQ(Dialog().run(), "ended: ok");
     EXPECT_EQ(Toolbox::PictureProblem(), "");
     const QImage picture = load("a.png");
@@ -50,7 +50,7 @@ TEST_F(Picture, ShowsWhatIsChosen)
     const auto save = [this](const char* name, SInt32 item) {
         Dialog dialog;
         dialog.popUp.setValue(item);
-        Toolbox::SavePicture(m_folder.path(name));
+        Toolbox::SavePicture(m_folder / name);
         EXPECT_EQ(dialog.run(), "ended: ok");
         return load(name);
     };
@@ -62,16 +62,16 @@ TEST_F(Picture, ShowsWhatIsChosen)
 
 TEST_F(Picture, IsOfTheNextWindowOnly)
 {
-    Toolbox::SavePicture(m_folder.path("a.png"));
+    Toolbox::SavePicture(m_folder / "a.png");
     Dialog().run();
-    std::filesystem::remove(m_folder.path("a.png"));
+    std::filesystem::remove(m_folder / "a.png");
     Dialog().run();
     EXPECT_EQ(files(), 0u);
 }
 
 TEST_F(Picture, IsSavedWhileAskingOnTheTerminal)
 {
-    const std::string file = m_folder.path("a.png");
+    const std::string file = m_folder / "a.png";
     EXPECT_EQ(reportWithoutTerminal([&] {
         Toolbox::UseTerminalDisplay();
         Toolbox::SavePicture(file);
@@ -87,7 +87,7 @@ TEST_F(Picture, IsThatOfTheRealWindowOnAScreen)
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     std::string problem;
     ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
-    Toolbox::SavePicture(m_folder.path("a.png"));
+    Toolbox::SavePicture(m_folder / "a.png");
     Dialog dialog;
     const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
     EXPECT_EQ(dialog.run(), "ended: ok");
@@ -107,7 +107,7 @@ SInt16 runNote()
 
 TEST_F(Picture, IsOfTheAlertThatComesFirst)
 {
-    Toolbox::SavePicture(m_folder.path("a.png"));
+    Toolbox::SavePicture(m_folder / "a.png");
     EXPECT_EQ(runNote(), 1);
     EXPECT_EQ(Toolbox::PictureProblem(), "");
     const QImage unattended = load("a.png");
@@ -116,7 +116,7 @@ TEST_F(Picture, IsOfTheAlertThatComesFirst)
     Dialog().run();
     EXPECT_EQ(load("a.png"), unattended);
 
-    const std::string onTerminal = m_folder.path("terminal.png");
+    const std::string onTerminal = m_folder / "terminal.png";
     EXPECT_EQ(reportWithoutTerminal([&] {
         Toolbox::UseTerminalDisplay();
         Toolbox::SavePicture(onTerminal);
@@ -128,7 +128,7 @@ TEST_F(Picture, IsOfTheAlertThatComesFirst)
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     std::string problem;
     ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
-    Toolbox::SavePicture(m_folder.path("window.png"));
+    Toolbox::SavePicture(m_folder / "window.png");
     const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
     EXPECT_EQ(runNote(), 1);
     EXPECT_EQ(load("window.png").size(), unattended.size());
@@ -136,11 +136,11 @@ TEST_F(Picture, IsOfTheAlertThatComesFirst)
 
 TEST_F(Picture, SaysWhyItCannotBeWritten)
 {
-    Toolbox::SavePicture(m_folder.path("missing/a.png"));
+    Toolbox::SavePicture(m_folder / "missing/a.png");
     EXPECT_EQ(Dialog().run(), "ended: ok");
     EXPECT_EQ(Toolbox::PictureProblem(), "No such file or directory");
 
-    Toolbox::SavePicture(m_folder.path("a.png"));
+    Toolbox::SavePicture(m_folder / "a.png");
     EXPECT_EQ(Toolbox::PictureProblem(), "nothing was shown") << "the problem was that of the picture before";
     Dialog().run();
     EXPECT_EQ(Toolbox::PictureProblem(), "");
@@ -149,14 +149,14 @@ TEST_F(Picture, SaysWhyItCannotBeWritten)
 
 TEST_F(Picture, ReplacesAFileWholeOrNotAtAll)
 {
-    std::ofstream(m_folder.path("a.png")) << "something else";
-    Toolbox::SavePicture(m_folder.path("a.png"));
+    std::ofstream(m_folder / "a.png") << "something else";
+    Toolbox::SavePicture(m_folder / "a.png");
     Dialog().run();
     EXPECT_EQ(Toolbox::PictureProblem(), "");
     EXPECT_EQ(load("a.png").width(), 340);
 
     m_folder.makeFolder("folder.png");
-    Toolbox::SavePicture(m_folder.path("folder.png"));
+    Toolbox::SavePicture(m_folder / "folder.png");
     Dialog().run();
     EXPECT_NE(Toolbox::PictureProblem(), "");
     EXPECT_EQ(files(), 2u) << "nothing half written lies about";
@@ -164,11 +164,11 @@ TEST_F(Picture, ReplacesAFileWholeOrNotAtAll)
 
 TEST_F(Picture, ReplacesNothingButRegularFiles)
 {
-    const std::string pipe = m_folder.path("pipe");
+    const std::string pipe = m_folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    std::filesystem::create_symlink(pipe, m_folder.path("link"));
+    std::filesystem::create_symlink(pipe, m_folder / "link");
     for (const char* const name : {"pipe", "link"}) {
-        Toolbox::SavePicture(m_folder.path(name));
+        Toolbox::SavePicture(m_folder / name);
         EXPECT_EQ(Dialog().run(), "ended: ok");
         EXPECT_EQ(Toolbox::PictureProblem(), "it is not a regular file");
     }
@@ -179,7 +179,7 @@ TEST_F(Picture, ReplacesNothingButRegularFiles)
 TEST_F(Picture, MayBeOfAWindowThatHoldsNothing)
 {
     const TestWindow made;
-    Toolbox::SavePicture(m_folder.path("a.png"));
+    Toolbox::SavePicture(m_folder / "a.png");
     RunAppModalLoopForWindow(made.ref);
     EXPECT_EQ(Toolbox::PictureProblem(), "there is nothing to draw");
     EXPECT_EQ(files(), 0u);

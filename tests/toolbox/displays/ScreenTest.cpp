@@ -1,4 +1,4 @@
-#include "tests/toolbox/base/temporary_folder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/displays/Dialog.h"
 #include "tests/toolbox/displays/Person.h"
 
@@ -227,12 +227,12 @@ TEST_F(RealScreen, AnswersAndShowsWindows)
     const TemporaryFolder folder;
     std::string problem;
     ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
-    Toolbox::SavePicture(folder.path("a.png"));
+    Toolbox::SavePicture(folder / "a.png");
     const Person person({[](QDialog&) { EXPECT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb")); },
         press(Qt::Key_Down), press(Qt::Key_Return)});
     EXPECT_EQ(Dialog().run(), "ended: item 3 ok");
     EXPECT_EQ(Toolbox::PictureProblem(), "");
-    EXPECT_EQ(QImage(QString::fromStdString(folder.path("a.png"))).width(), 340);
+    EXPECT_EQ(QImage(QString::fromStdString((folder / "a.png").string())).width(), 340);
 }
 
 TEST_F(RealScreen, AnswersBesideADeadWaylandDisplay)

@@ -1,4 +1,4 @@
-#include "tests/toolbox/base/temporary_folder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/nibs/SampleNib.h"
 #include "tests/toolbox/windows/TestWindow.h"
 
@@ -24,13 +24,10 @@ protected:
     NibServices()
     {
         fs::create_directories(inResources(""));
-        EXPECT_TRUE(Toolbox::SetMainBundle(m_folder.path("Demo.app")));
+        EXPECT_TRUE(Toolbox::SetMainBundle(m_folder / "Demo.app"));
     }
 
-    fs::path inResources(const std::string& path) const
-    {
-        return fs::path(m_folder.path("Demo.app")) / "Contents/Resources" / path;
-    }
+    fs::path inResources(const std::string& path) const { return m_folder / "Demo.app" / "Contents/Resources" / path; }
 
     // Makes `path` in the resources a nib with this archive.
     void makeNib(const std::string& path, const std::string& archive) const
@@ -138,7 +135,7 @@ TEST_F(NibServices, TakeANibWithoutALanguageBeforeOneWithIt)
         << "<plist><dict><key>CFBundleDevelopmentRegion</key><string>de</string></dict></plist>";
     const TemporaryFolder other;  // so that the main bundle is made anew, with its Info.plist
     ASSERT_TRUE(Toolbox::SetMainBundle(other.path()));
-    ASSERT_TRUE(Toolbox::SetMainBundle(m_folder.path("Demo.app")));
+    ASSERT_TRUE(Toolbox::SetMainBundle(m_folder / "Demo.app"));
     const auto name = [](const char* window) {
         std::string archive = SAMPLE_NIB;
         return archive.replace(archive.find("Size_Chooser"), 12, window);
@@ -155,15 +152,15 @@ TEST_F(NibServices, FindNothingOutsideTheBundle)
 {
     const TemporaryFolder outside;
     outside.makeFolder("Demo.nib");
-    std::ofstream(outside.path("Demo.nib/objects.xib")) << SAMPLE_NIB;
-    const std::string way = fs::relative(outside.path("Demo"), inResources("")).string();
-    for (const std::string& name : {way, outside.path("Demo")}) {
+    std::ofstream(outside / "Demo.nib/objects.xib") << SAMPLE_NIB;
+    const std::string way = fs::relative(outside / "Demo", inResources("")).string();
+    for (const std::string& name : {way, (outside / "Demo").string()}) {
         const CFStringRef text = CFStringCreateWithCString(nullptr, name.c_str(), kCFStringEncodingUTF8);
         IBNibRef nib = nullptr;
         EXPECT_EQ(CreateNibReference(text, &nib), kIBCarbonRuntimeCantFindNibFile) << name;
         CFRelease(text);
     }
-    fs::create_symlink(outside.path("Demo.nib"), inResources("Demo.nib"));
+    fs::create_symlink(outside / "Demo.nib", inResources("Demo.nib"));
     EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
 }
 

@@ -1,8 +1,8 @@
 // Every public function that takes a reference, with references that are null, dead, foreign or of another kind: it
 // answers as its header says, and nothing changes.
 
+#include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/base/resource_fork.h"
-#include "tests/toolbox/base/temporary_folder.h"
 #include "tests/toolbox/nibs/SampleNib.h"
 #include "tests/toolbox/windows/TestWindow.h"
 
@@ -66,11 +66,6 @@ const char INFO[] = R"(<plist version="1.0"><dict>
 <array><string>01020304-0506-0708-090A-0B0C0D0E0F10</string></array></dict>
 </dict></plist>)";
 
-Bytes bytesOf(const std::string& text)
-{
-    return Bytes(text.begin(), text.end());
-}
-
 // Keeps the event that it is sent, which is dead afterwards.
 OSStatus keepEvent(EventHandlerCallRef, EventRef event, void* userData)
 {
@@ -84,8 +79,8 @@ public:
     explicit Objects(UInt8 salt)
     {
         m_folder.makeFolder("Resources/Sample.nib");
-        m_folder.write("Resources/Sample.nib/objects.xib", bytesOf(nibOf("")));
-        m_folder.write("Resources/Info.plist", bytesOf(INFO));
+        m_folder.write("Resources/Sample.nib/objects.xib", nibOf(""));
+        m_folder.write("Resources/Info.plist", INFO);
         becomeMainBundle();
         const Bytes fork = makeFork({{'DATA', 1, std::string(402, '\0')}}).bytes();
         const CFURLRef file = url(m_folder.write("resources", fork));
