@@ -12,6 +12,7 @@
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/double/ToolboxDouble.h"
+#include "tests/support/RecordDifferences.h"
 
 namespace {
 
@@ -241,7 +242,7 @@ TEST_P(PlatformFailure, ShowsChangesAndLeavesWhatItShould)
         const Outcome outcome = perform(GetParam().scenario);
         EXPECT_GE(countCalls(GetParam().function), std::max(GetParam().occurrence, 1)) << "nothing failed:\n" << Log();
         EXPECT_EQ(seen(), GetParam().seen) << Log();
-        EXPECT_EQ(bytesOf(outcome.record), bytesOf(expected));
+        EXPECT_EQ(recordDifferences(bytesOf(outcome.record), bytesOf(expected)), "");
         EXPECT_EQ(LeftBehind(), GetParam().leftBehind);
         EXPECT_EQ(outcome.queried, std::string(GetParam().name) == "QueriedUUID" ? E_NOINTERFACE : S_OK);
         // What failed has put a wrong reference where the right one was to be.
