@@ -212,7 +212,8 @@ class Test(CommandTest):
 
     def table(self, result):
         """The rows of the table at the end: lane, result, time, unit."""
-        return [line.split() for line in result.stdout.split("\nLane ")[1].splitlines()[1:]]
+        rows = result.stdout.split("\nLane ")[1].split("\n\n")[0]
+        return [line.split() for line in rows.splitlines()[1:]]
 
     def add_lane_without_tools(self):
         command = self.checkout / "test"
@@ -245,14 +246,17 @@ class Test(CommandTest):
         result = self.call(self.checkout / "test", *self.NATIVE, CTEST_FAILS="release")
         self.assertEqual(result.returncode, 1)
         self.assertEqual([row[1] for row in self.table(result)], ["FAILED", "passed"])
+        self.assertEqual(result.stdout.splitlines()[-1], "1 passed, 1 failed, 0 skipped")
 
     def test_a_lane_without_its_tools_is_skipped_but_not_in_ci(self):
         self.add_lane_without_tools()
-        for command, status, word in (("test", 0, "skipped"), (".ci/run", 1, "FAILED")):
+        for command, status, word, closing in (("test", 0, "skipped", "1 passed, 0 failed, 1 skipped"),
+                                               (".ci/run", 1, "FAILED", "1 passed, 1 failed, 0 skipped")):
             with self.subTest(command):
                 result = self.call(self.checkout / command, "absent", "release")
                 self.assertEqual(result.returncode, status)
                 self.assertEqual([row[1] for row in self.table(result)], [word, "passed"])
+                self.assertEqual(result.stdout.splitlines()[-1], closing)
                 self.assertIn("Skipped: this lane needs no-such-tool", result.stderr)
 
     def test_a_test_that_is_skipped_fails_in_ci_alone(self):
