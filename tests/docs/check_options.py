@@ -38,6 +38,10 @@ def completed():
 
 
 def main():
+    if len(sys.argv) != 2:
+        sys.exit(__doc__)
+    if not pathlib.Path(sys.argv[1]).is_file():
+        sys.exit(f"{sys.argv[1]} is not built: cmake --build build/release --target visex-host")
     wanted = told_by_help(sys.argv[1])
     assert len(wanted) > 10, wanted
     wrong = False

@@ -36,6 +36,8 @@ def text_of(page):
     return re.sub(r"\s+", " ", html.unescape(text)) if page.name != "index.html" else html.unescape(text)
 
 
+if len(sys.argv) != 4:
+    sys.exit(__doc__)
 doxygen, doxyfile, folder = sys.argv[1], sys.argv[2], pathlib.Path(sys.argv[3])
 if not shutil.which(doxygen):
     print("Skipped: there is no Doxygen here (see scripts/packages)")

@@ -61,5 +61,9 @@ def check(guide, program):
     return 1 if failures or not examples else 0
 
 
+if len(sys.argv) != 4 or sys.argv[1] not in ("extract", "check"):
+    sys.exit(__doc__)
 command, guide_path, other = sys.argv[1:]
+if command == "check" and not pathlib.Path(other).is_file():
+    sys.exit(f"{other} is not built: cmake --build build/release --target guide_examples")
 sys.exit({"extract": extract, "check": check}[command](pathlib.Path(guide_path), other))

@@ -3,9 +3,14 @@
 The two parts are installed and moved each for itself, as each is a package of its own.
 """
 
+import os
 import subprocess
+import sys
 
-from visex import *
+if "INSTALL_LIBDIR" not in os.environ:
+    sys.exit("CTest tells this test what to install and where its helpers are: ctest --preset release -R install")
+
+from visex import *  # noqa: E402
 
 LIBDIR = os.environ["INSTALL_LIBDIR"]
 VERSION = os.environ["INSTALLED_VERSION"]
