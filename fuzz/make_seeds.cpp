@@ -2,7 +2,7 @@
 // tests' own helpers, field by field.
 
 #include "tests/toolbox/alerts/AlertBytes.h"
-#include "tests/toolbox/base/resource_fork.h"
+#include "tests/toolbox/base/ResourceFork.h"
 
 #include <cstdio>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/alerts/AlertBytes.h"
 #include "tests/toolbox/alerts/RecordingDisplay.h"
-#include "tests/toolbox/base/resource_fork.h"
+#include "tests/toolbox/base/ResourceFork.h"
 #include "toolbox/files/FileReferences.h"
 
 #include <Carbon/Dialogs.h>

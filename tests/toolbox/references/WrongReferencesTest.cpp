@@ -2,7 +2,7 @@
 // answers as its header says, and nothing changes.
 
 #include "tests/support/TemporaryFolder.h"
-#include "tests/toolbox/base/resource_fork.h"
+#include "tests/toolbox/base/ResourceFork.h"
 #include "tests/toolbox/nibs/SampleNib.h"
 #include "tests/toolbox/windows/TestWindow.h"
 

@@ -1,5 +1,5 @@
-#include "tests/toolbox/base/resource_fork.h"
 #include "toolbox/resources/ResourceMap.h"
+#include "tests/toolbox/base/ResourceFork.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,5 +1,5 @@
-#include "host/resources/AlertTemplate.h"
 #include "host/resources/ResourceFile.h"
+#include "host/resources/AlertTemplate.h"
 
 #include <gtest/gtest.h>
 

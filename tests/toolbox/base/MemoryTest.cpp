@@ -1,4 +1,4 @@
-#include "tests/toolbox/base/refusing_allocations.h"
+#include "tests/toolbox/base/RefusingAllocations.h"
 #include "toolbox/memory/Handles.h"
 
 #include <Carbon/MacMemory.h>

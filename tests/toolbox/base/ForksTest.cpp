@@ -1,7 +1,7 @@
-#include "tests/support/TemporaryFolder.h"
-#include "tests/toolbox/base/resource_fork.h"
-#include "toolbox/resources/AppleDouble.h"
 #include "toolbox/resources/Forks.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/toolbox/base/ResourceFork.h"
+#include "toolbox/resources/AppleDouble.h"
 #include "toolbox/resources/ResourceMap.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "tests/support/TemporaryFolder.h"
-#include "tests/toolbox/base/refusing_allocations.h"
-#include "tests/toolbox/base/resource_fork.h"
+#include "tests/toolbox/base/RefusingAllocations.h"
+#include "tests/toolbox/base/ResourceFork.h"
 #include "toolbox/files/FileReferences.h"
 
 #include <Carbon/MacMemory.h>

@@ -1,5 +1,5 @@
-#include "host/Problem.h"
 #include "host/TraceFile.h"
+#include "host/Problem.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Makes `operator new` fail, one allocation after the other.
 
-#ifndef TESTS_TOOLBOX_BASE_REFUSING_ALLOCATIONS_H
-#define TESTS_TOOLBOX_BASE_REFUSING_ALLOCATIONS_H
+#ifndef TESTS_TOOLBOX_BASE_REFUSINGALLOCATIONS_H
+#define TESTS_TOOLBOX_BASE_REFUSINGALLOCATIONS_H
 
 /// While this lives, allocation number `number` (from 0) and all that follow it are refused.
 class RefusingAllocations {

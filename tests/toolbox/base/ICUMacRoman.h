@@ -1,7 +1,7 @@
 // Mac OS Roman as ICU has it: a second opinion on the toolbox's own table.
 
-#ifndef TESTS_TOOLBOX_BASE_ICU_MAC_ROMAN_H
-#define TESTS_TOOLBOX_BASE_ICU_MAC_ROMAN_H
+#ifndef TESTS_TOOLBOX_BASE_ICUMACROMAN_H
+#define TESTS_TOOLBOX_BASE_ICUMACROMAN_H
 
 #include <memory>
 #include <optional>

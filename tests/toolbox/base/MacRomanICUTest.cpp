@@ -1,6 +1,6 @@
 // The table of Mac OS Roman against ICU's own: every byte, and every unit of UTF-16.
 
-#include "tests/toolbox/base/icu_mac_roman.h"
+#include "tests/toolbox/base/ICUMacRoman.h"
 #include "toolbox/text_encoding/MacRoman.h"
 
 #include <gtest/gtest.h>

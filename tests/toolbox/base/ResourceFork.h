@@ -1,7 +1,7 @@
 // Writes resource forks and AppleDouble files for tests, field by field as the formats say.
 
-#ifndef TESTS_TOOLBOX_BASE_RESOURCE_FORK_H
-#define TESTS_TOOLBOX_BASE_RESOURCE_FORK_H
+#ifndef TESTS_TOOLBOX_BASE_RESOURCEFORK_H
+#define TESTS_TOOLBOX_BASE_RESOURCEFORK_H
 
 #include <Carbon/MacTypes.h>
 

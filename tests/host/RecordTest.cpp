@@ -1,6 +1,6 @@
+#include "host/Record.h"
 #include "host/ChosenLanguage.h"
 #include "host/Problem.h"
-#include "host/Record.h"
 #include "tests/support/RecordDifferences.h"
 #include "tests/support/TemporaryFolder.h"
 
