@@ -7,7 +7,6 @@
 #include <fstream>
 #include <vector>
 
-
 namespace fs = std::filesystem;
 
 namespace {
