@@ -23,14 +23,15 @@ void endTheCall()
 
 const char* describe(DisplayKind kind)
 {
-    return kind == DisplayKind::Window ? "the call did not return: the screen went away"
-                                       : "the call did not return: the external ended the process";
+    return kind == DisplayKind::Window
+        ? "the call did not return: the screen went away, or the external ended the process"
+        : "the call did not return: the external ended the process";
 }
 
 void guardWith(const char* line)
 {
-    static const int registered = std::atexit(endTheCall);
-    unreturned = registered == 0 ? line : nullptr;
+    static const bool registered = std::atexit(endTheCall) == 0 && std::at_quick_exit(endTheCall) == 0;
+    unreturned = registered ? line : nullptr;
 }
 
 }  // namespace

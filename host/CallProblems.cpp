@@ -16,7 +16,7 @@ void tellOfAnswers(const Options& options)
 {
     const bool wantedNone = !options.display && options.answers.empty();
     if (wantedNone && Toolbox::AnswersRanOut())
-        complain("no screen and no terminal here: nobody was asked, and the default button was pressed");
+        complain("no screen here and no terminal to ask on: nobody was asked, and the default button was pressed");
     if (Toolbox::AnswerWasUnfit())
         complain("the answer '" + lastUsedAnswer(options.answers, Toolbox::UnusedAnswers())
             + "' fits nothing that was shown");

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <memory>
 #include <system_error>
@@ -16,6 +17,9 @@ namespace {
 namespace fs = std::filesystem;
 
 const char* const NOT_REGULAR = "it is not a regular file";
+
+// Behind its name stand a dot and some more, while it is being written beside what it replaces.
+constexpr std::size_t LONGEST_NAME = NAME_MAX - sizeof ".1234567";
 
 std::string lastError()
 {
@@ -39,8 +43,12 @@ fs::path targetOf(const std::string& name, const fs::path& file)
     const fs::path target = fs::weakly_canonical(fs::absolute(file, error), error);
     if (error)
         throw saveFailure(name, file, error.message());
+    if (fs::is_symlink(target, error))  // the others were followed
+        throw saveFailure(name, file, "it is a link that leads nowhere");
     if (fs::exists(target, error) && !fs::is_regular_file(target, error))
         throw saveFailure(name, file, NOT_REGULAR);
+    if (target.filename().native().size() > LONGEST_NAME)
+        throw saveFailure(name, file, "its name is longer than " + std::to_string(LONGEST_NAME) + " bytes");
     return target;
 }
 
@@ -108,10 +116,11 @@ std::string notWritten(const std::string& name, const fs::path& file, const std:
 void checkWritable(const std::string& name, const fs::path& file)
 {
     const fs::path target = targetOf(name, file);
-    const bool isLocked = access(target.c_str(), F_OK) == 0 && access(target.c_str(), W_OK) != 0;
-    // What is written takes the place of what is there, so it is the folder that has to take it.
-    if (isLocked || access(target.parent_path().c_str(), W_OK | X_OK) != 0)
+    if (access(target.c_str(), F_OK) == 0 && access(target.c_str(), W_OK) != 0)
         throw saveFailure(name, file, lastError());
+    // What is written takes the place of what is there, so the folder has to take it.
+    if (access(target.parent_path().c_str(), W_OK | X_OK) != 0)
+        throw saveFailure(name, file, "its folder takes no new file: " + lastError());
 }
 
 void writeFile(const std::string& name, const fs::path& file, const std::vector<std::uint8_t>& bytes)

@@ -1,6 +1,7 @@
 #include "host/Outputs.h"
 
 #include "host/Files.h"
+#include "host/Paths.h"
 #include "host/Problem.h"
 
 #include <filesystem>
@@ -22,6 +23,8 @@ const NamedFile WRITTEN_RECORD = {"--write-record", &Options::writeRecord};
 const NamedFile PICTURE = {"--picture", &Options::picture};
 const NamedFile TRACE = {"--trace-file", &Options::traceFile};
 const NamedFile RESOURCES = {"--resources", &Options::resources};
+const NamedFile APPLICATION = {"--app", &Options::application};
+const NamedFile PLUG_IN = {"BUNDLE", &Options::plugIn};
 
 // What is written, and what it must not be.
 const struct {
@@ -38,16 +41,21 @@ const struct {
     {TRACE, RESOURCES},
 };
 
+// Where `name` leads, be it there or not. Empty when that cannot be told.
+fs::path placeOf(const std::string& name)
+{
+    std::error_code error;
+    return fs::weakly_canonical(fs::absolute(name, error), error);
+}
+
 // Whether both names lead to one file, be it there or not.
 bool areOne(const std::string& one, const std::string& other)
 {
     std::error_code error;
-    return fs::equivalent(one, other, error) || fs::weakly_canonical(one, error) == fs::weakly_canonical(other, error);
+    return fs::equivalent(one, other, error) || placeOf(one) == placeOf(other);
 }
 
-}  // namespace
-
-void checkOutputs(const Options& options)
+void checkThatFilesDiffer(const Options& options)
 {
     for (const auto& [written, other] : DIFFERENT) {
         const auto& file = options.*written.name;
@@ -57,10 +65,38 @@ void checkOutputs(const Options& options)
                 std::string(written.option) + " and " + other.option + " name the same file, '" + *file
                     + "'; give each its own");
     }
+}
+
+// What is called or read during the call must not be spoiled by it.
+void checkThatBundlesStayWhole(const Options& options)
+{
+    for (const NamedFile& written : {WRITTEN_RECORD, PICTURE, TRACE}) {
+        for (const NamedFile& bundle : {APPLICATION, PLUG_IN}) {
+            const auto& file = options.*written.name;
+            const auto& folder = options.*bundle.name;
+            if (file && folder && isInside(*folder, placeOf(*file).parent_path()))
+                throw Problem(ExitStatus::NotDone,
+                    std::string(written.option) + " names a file inside " + bundle.option + ", '" + *file
+                        + "'; nothing is written there");
+        }
+    }
+}
+
+}  // namespace
+
+void settleOutputs(Options& options)
+{
+    checkThatFilesDiffer(options);
+    checkThatBundlesStayWhole(options);
     if (options.writeRecord)
         checkWritable("record", *options.writeRecord);
     if (options.picture)
         checkWritable("picture", *options.picture);
+    for (const NamedFile& written : {WRITTEN_RECORD, PICTURE, TRACE}) {
+        auto& file = options.*written.name;
+        if (file)
+            file = fs::absolute(*file).string();
+    }
 }
 
 }  // namespace Host

@@ -7,9 +7,11 @@
 
 namespace Host {
 
-/// Throws Problem when a file that `options` name for the record, the picture or the trace could not be written, or is
-/// another one that they name: only the record that the call starts from may be written over, by the record.
-void checkOutputs(const Options& options);
+/// Throws Problem when a file that `options` name for the record, the picture or the trace could not be written, lies in
+/// the bundle of the application or the external, or is another one that they name: only the record that the call starts
+/// from may be written over, by the record. Makes the names of these files absolute, so that they lead there wherever
+/// the external goes.
+void settleOutputs(Options& options);
 
 }  // namespace Host
 

@@ -31,7 +31,7 @@ PlugIn::PlugIn(const std::filesystem::path& folder)
         return Problem(ExitStatus::PlugInNotLoaded, "cannot load the external '" + folder.string() + "': " + reason);
     };
     if (m_bundle.get() == nullptr)
-        throw notLoaded("there is no such bundle");
+        throw notLoaded("there is no such folder, which a bundle is");
 
     const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(externalType(), m_bundle.get()));
     if (CFArrayGetCount(factories.get()) == 0)

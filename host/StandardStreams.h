@@ -9,7 +9,7 @@ namespace Host {
 
 /// To be called first. A standard stream that the process was started without gets a file on which its use fails;
 /// otherwise the next file that is opened would have its number, and the answer would be written into that. Writing to
-/// a reader that has gone fails, too, in place of ending the process.
+/// a reader that has gone, or past the size that files may have, fails too, in place of ending the process.
 void holdStandardStreams();
 
 /// Writes the answer to standard output. False, with the reason in `*problem`, when not all of it arrives there.

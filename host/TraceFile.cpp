@@ -3,7 +3,10 @@
 #include "host/OneLine.h"
 #include "host/Problem.h"
 
+#include <fcntl.h>
+
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
 
 namespace Host {
@@ -15,11 +18,21 @@ std::string notWritten(const std::filesystem::path& file, int error)
     return "cannot write the trace into '" + file.string() + "': " + std::generic_category().message(error);
 }
 
+// Null, with the reason in errno, also for a pipe that nobody reads: opening that would wait for a reader.
+std::FILE* openForWriting(const std::filesystem::path& file)
+{
+    const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (descriptor < 0)
+        return nullptr;
+    fcntl(descriptor, F_SETFL, 0);  // but a slow reader is waited for
+    return fdopen(descriptor, "w");
+}
+
 }  // namespace
 
 TraceFile::TraceFile(const std::filesystem::path& file)
     : m_path(file)
-    , m_stream(std::fopen(file.c_str(), "w"))
+    , m_stream(openForWriting(file))
 {
     if (!m_stream)
         throw Problem(ExitStatus::NotDone, notWritten(m_path, errno));

@@ -70,9 +70,9 @@ bool print(const std::string& answer)
     return false;
 }
 
-ExitStatus callWith(const Options& options)
+ExitStatus callWith(Options options)
 {
-    checkOutputs(options);
+    settleOutputs(options);
     Record record = makeRecord(options);
 
     const std::filesystem::path support = supportFolder();

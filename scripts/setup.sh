@@ -57,6 +57,10 @@ configure() {
     if ! grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$preset/CMakeCache.txt"; then
         rm -rf "build/$preset"
     fi
+    if ! mkdir -p "build/$preset" 2>/dev/null || [[ ! -w build/$preset ]]; then
+        say "Cannot build here: $PWD/build/$preset cannot be written to; use a checkout of your own"
+        return 1
+    fi
     output=$(cmake --preset "$preset" "$@" 2>&1) || { say "$output"; return 1; }
 }
 

@@ -87,6 +87,16 @@ class CommandTest(unittest.TestCase):
         return self.log.read_text().splitlines()
 
 
+@unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
+class InSomebodyElsesCheckout(CommandTest):
+    def test_it_says_that_it_cannot_build(self):
+        os.chmod(self.checkout, 0o755)
+        result = self.shell("configure release", user="nobody")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr, f"Cannot build here: {self.checkout}/build/release cannot be written to; "
+                                        "use a checkout of your own\n")
+
+
 class PackageList(unittest.TestCase):
     def test_each_has_a_purpose_and_a_reason(self):
         for line in (ROOT / "scripts/packages").read_text().splitlines():

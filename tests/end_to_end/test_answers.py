@@ -100,7 +100,7 @@ class Records(HostTest):
         self.assertEqual((self.folder / "after").read_bytes(), record(current=GERMAN))
 
 
-NOBODY_ASKED = ("visex-host: no screen and no terminal here: nobody was asked, "
+NOBODY_ASKED = ("visex-host: no screen here and no terminal to ask on: nobody was asked, "
                 "and the default button was pressed\n")
 
 

@@ -127,18 +127,19 @@ class RecordFiles(HostTest):
     def test_what_cannot_be_written_is_said_before_anybody_is_asked(self):
         file = self.folder / "missing/record"
         self.assert_fails(unattended("--write-record", file), NOT_DONE,
-                          f"cannot save the record in '{file}': No such file or directory")
+                          f"cannot save the record in '{file}': its folder takes no new file: No such file or directory")
 
     @unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
     def test_what_may_not_be_written_to_is_left_alone(self):
         host = self.installation()
         file = self.file("record", record())
-        for mode, where in ((0o777, 0o444), (0o755, 0o666)):
+        for mode, where, reason in ((0o777, 0o444, "Permission denied"),
+                                    (0o755, 0o666, "its folder takes no new file: Permission denied")):
             os.chmod(self.folder, mode)
             os.chmod(file, where)
             with self.subTest(folder=mode, file=where):
                 self.assert_fails(self.as_nobody(host, "--write-record", str(file)), NOT_DONE,
-                                  f"cannot save the record in '{file}': Permission denied")
+                                  f"cannot save the record in '{file}': {reason}")
                 self.assertEqual(file.read_bytes(), record())
 
     def test_one_file_is_not_taken_for_two(self):
@@ -364,12 +365,12 @@ class Bundles(HostTest):
 
     def test_a_missing_one(self):
         shutil.rmtree(self.bundle)
-        self.assert_not_loaded("there is no such bundle")
+        self.assert_not_loaded("there is no such folder, which a bundle is")
 
     def test_a_file_in_its_place(self):
         shutil.rmtree(self.bundle)
         self.bundle.write_bytes(b"")
-        self.assert_not_loaded("there is no such bundle")
+        self.assert_not_loaded("there is no such folder, which a bundle is")
 
     def test_property_lists_without_a_factory(self):
         contents = self.plist.read_bytes()

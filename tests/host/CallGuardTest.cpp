@@ -33,7 +33,7 @@ TEST(CallGuardDeath, WhileLoadingIsPutDownToTheExternal)
 TEST(CallGuardDeath, OnAScreenIsPutDownToTheScreen)
 {
     EXPECT_EXIT(endInACall(DisplayKind::Window), testing::ExitedWithCode(NOT_RETURNED),
-        "^visex-host: the call did not return: the screen went away\n$");
+        "^visex-host: the call did not return: the screen went away, or the external ended the process\n$");
 }
 
 TEST(CallGuardDeath, ElsewhereIsPutDownToTheExternal)
@@ -42,6 +42,16 @@ TEST(CallGuardDeath, ElsewhereIsPutDownToTheExternal)
         EXPECT_EXIT(endInACall(kind), testing::ExitedWithCode(NOT_RETURNED),
             "^visex-host: the call did not return: the external ended the process\n$");
     }
+}
+
+TEST(CallGuardDeath, NoticesAQuickEnd)
+{
+    const auto endQuickly = [] {
+        const CallGuard guard(DisplayKind::Unattended);
+        std::quick_exit(0);
+    };
+    EXPECT_EXIT(endQuickly(), testing::ExitedWithCode(NOT_RETURNED),
+        "^visex-host: the call did not return: the external ended the process\n$");
 }
 
 TEST(CallGuardDeath, IsOverWhenTheCallHasReturned)

@@ -11,10 +11,10 @@ namespace {
 using namespace Host;
 namespace fs = std::filesystem;
 
-std::string problemWith(const Options& options)
+std::string problemWith(Options options)
 {
     try {
-        checkOutputs(options);
+        settleOutputs(options);
     } catch (const Problem& problem) {
         EXPECT_EQ(problem.status, ExitStatus::NotDone);
         return problem.what();
@@ -81,6 +81,26 @@ TEST_P(OutputPair, MayBeTwoFiles)
 INSTANTIATE_TEST_SUITE_P(
     Cases, OutputPair, testing::ValuesIn(PAIR_CASES), [](const auto& row) { return row.param.name; });
 
+TEST_P(OutputPair, MayNotBeOneFileOfTheWorkingFolder)
+{
+    EXPECT_EQ(problemOf("not here", "./not here"), refusalOf("not here"));
+    EXPECT_EQ(problemOf("not here", fs::current_path() / "not here"), refusalOf("not here"));
+}
+
+TEST(Outputs, AreNamedFromTheRoot)
+{
+    Options options;
+    options.record = options.writeRecord = "a record";
+    options.picture = "a picture";
+    options.traceFile = "a trace";
+    settleOutputs(options);
+    const fs::path here = fs::current_path();
+    EXPECT_EQ(options.writeRecord, here / "a record");
+    EXPECT_EQ(options.picture, here / "a picture");
+    EXPECT_EQ(options.traceFile, here / "a trace");
+    EXPECT_EQ(options.record, "a record") << "it is read before the call";
+}
+
 TEST(Outputs, MayWriteTheRecordOver)
 {
     const TemporaryFolder folder;
@@ -116,13 +136,28 @@ protected:
 TEST_P(OutputFile, NeedsAFolder)
 {
     const fs::path file = folder / "missing" / "file";
-    EXPECT_EQ(problemOf(file), refusalOf(file, "No such file or directory"));
+    EXPECT_EQ(problemOf(file), refusalOf(file, "its folder takes no new file: No such file or directory"));
 }
 
 TEST_P(OutputFile, ReplacesRegularFilesAlone)
 {
     EXPECT_EQ(problemOf(folder / ""), refusalOf(folder / "", "it is not a regular file"));
     EXPECT_EQ(problemOf("/dev/null"), refusalOf("/dev/null", "it is not a regular file"));
+}
+
+TEST_P(OutputFile, IsNoLinkThatLeadsNowhere)
+{
+    fs::create_symlink("nowhere", folder / "link");
+    EXPECT_EQ(problemOf(folder / "link"), refusalOf(folder / "link", "it is a link that leads nowhere"));
+    std::ofstream(folder / "nowhere").put('x');
+    EXPECT_EQ(problemOf(folder / "link"), "none");
+}
+
+TEST_P(OutputFile, MayHaveANameThatLeavesRoomForMore)
+{
+    EXPECT_EQ(problemOf(folder / std::string(246, 'n')), "none");
+    const fs::path file = folder / std::string(247, 'n');
+    EXPECT_EQ(problemOf(file), refusalOf(file, "its name is longer than 246 bytes"));
 }
 
 TEST_P(OutputFile, IsNeitherMadeNorChanged)
@@ -141,5 +176,45 @@ TEST_P(OutputFile, MayBeNamedFromTheWorkingFolder)
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, OutputFile, testing::ValuesIn(FILE_CASES), [](const auto& row) { return row.param.name; });
+
+struct BundleCase {
+    const char* name;
+    std::optional<std::string> Options::*written;
+    std::optional<std::string> Options::*bundle;
+    const char* refusal;
+};
+
+// clang-format off
+const BundleCase BUNDLE_CASES[] = {
+    {"RecordInTheApplication",  &Options::writeRecord, &Options::application, "--write-record names a file inside --app"},
+    {"PictureInTheApplication", &Options::picture,     &Options::application, "--picture names a file inside --app"},
+    {"TraceInTheApplication",   &Options::traceFile,   &Options::application, "--trace-file names a file inside --app"},
+    {"RecordInTheExternal",     &Options::writeRecord, &Options::plugIn,      "--write-record names a file inside BUNDLE"},
+    {"PictureInTheExternal",    &Options::picture,     &Options::plugIn,      "--picture names a file inside BUNDLE"},
+    {"TraceInTheExternal",      &Options::traceFile,   &Options::plugIn,      "--trace-file names a file inside BUNDLE"},
+};
+// clang-format on
+
+class OutputInABundle : public testing::TestWithParam<BundleCase> { };
+
+TEST_P(OutputInABundle, IsRefused)
+{
+    const TemporaryFolder folder;
+    fs::create_directories(folder / "bundle" / "Contents");
+    Options options;
+    options.*GetParam().bundle = (folder / "bundle").string();
+    for (const char* const name : {"bundle/file", "bundle/Contents/file", "bundle/../bundle/file"}) {
+        options.*GetParam().written = (folder / name).string();
+        EXPECT_EQ(problemWith(options),
+            GetParam().refusal + (", '" + (folder / name).string() + "'; nothing is written there"));
+    }
+    for (const char* const name : {"file", "bundle.png", "bundle/../file"}) {
+        options.*GetParam().written = (folder / name).string();
+        EXPECT_EQ(problemWith(options), "none");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, OutputInABundle, testing::ValuesIn(BUNDLE_CASES), [](const auto& row) { return row.param.name; });
 
 }  // namespace

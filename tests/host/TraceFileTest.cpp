@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <string>
 
 namespace {
@@ -43,6 +47,22 @@ TEST(TraceFile, CannotBeMadeInAFolderThatIsNotThere)
         EXPECT_EQ(problem.status, ExitStatus::NotDone);
         EXPECT_STREQ(problem.what(), "cannot write the trace into '/not there/calls': No such file or directory");
     }
+}
+
+TEST(TraceFile, DoesNotWaitForAReaderOfAPipe)
+{
+    const TemporaryFolder folder;
+    const std::string pipe = (folder / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_THROW(TraceFile{pipe}, Problem);
+
+    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    TraceFile trace(pipe);
+    trace.write("First()");
+    char read[16] = {};
+    EXPECT_EQ(::read(reader, read, sizeof read), 8);
+    EXPECT_STREQ(read, "First()\n");
+    close(reader);
 }
 
 TEST(TraceFile, TellsWhenTheDeviceIsFull)

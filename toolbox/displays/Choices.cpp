@@ -16,10 +16,16 @@ QString oneSpelling(const QString& text)
     return spelling.simplified();
 }
 
-// Short enough to be repeated within a line.
-QString shortened(const QString& text)
+// As it can be repeated within a line: control characters as the keys that give them, and not too much of it.
+QString repeated(const QString& typed)
 {
     constexpr qsizetype MOST = 40;
+    QString text;
+    for (const QChar each : typed)
+        text += each < QLatin1Char(' ') && each != QLatin1Char('\t')
+            ? QLatin1Char('^') + QString(QChar(each.unicode() + '@'))
+            : QString(each);
+    text = text.simplified();
     return text.size() <= MOST ? text : text.left(MOST) + QStringLiteral("...");
 }
 
@@ -36,6 +42,12 @@ QStringList keysOf(const QString& name)
 }
 
 }  // namespace
+
+bool isReturnAlone(const QString& typed)
+{
+    return std::all_of(typed.begin(), typed.end(),
+        [](QChar each) { return each == QLatin1Char('\t') || (each.isSpace() && each >= QLatin1Char(' ')); });
+}
 
 bool Choices::Choice::hasNumber(const QString& wanted) const
 {
@@ -73,10 +85,9 @@ std::optional<std::size_t> Choices::find(const QString& typed, QString* problem)
     for (const std::size_t index : found)
         names.append(m_choices[index].name);
     if (names.isEmpty())
-        *problem = QStringLiteral("There is no \"%1\" here.").arg(shortened(typed.simplified()));
+        *problem = QStringLiteral("There is no \"%1\" here.").arg(repeated(typed));
     else
-        *problem = QStringLiteral("\"%1\" could be %2.")
-                       .arg(shortened(typed.simplified()), names.join(QStringLiteral(" or ")));
+        *problem = QStringLiteral("\"%1\" could be %2.").arg(repeated(typed), names.join(QStringLiteral(" or ")));
     return std::nullopt;
 }
 

@@ -11,6 +11,9 @@
 
 namespace Toolbox {
 
+/// Whether nothing but blanks was typed. A control character is something: Ctrl-L was not meant as Return.
+bool isReturnAlone(const QString& typed);
+
 /// A choice is known by its number, by its name and by each part of the name: "日本語 (Japanese)" answers to the whole,
 /// to "日本語" and to "Japanese". A name may be cut short where no other begins alike; neither case nor accents count.
 class Choices {

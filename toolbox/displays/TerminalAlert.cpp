@@ -60,7 +60,7 @@ SInt16 askAlert(Terminal& terminal, const Alert& alert)
         const std::optional<QString> typed = terminal.ask(question);
         if (!typed)
             return alert.unansweredButton();
-        if (typed->trimmed().isEmpty() && alert.defaultButton != 0)
+        if (isReturnAlone(*typed) && alert.defaultButton != 0)
             return alert.defaultButton;
         QString problem;
         const std::optional<std::size_t> chosen = choices.find(*typed, &problem);

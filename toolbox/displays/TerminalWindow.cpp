@@ -151,7 +151,7 @@ void TerminalWindow::describe(const Control& control, const std::vector<Offer>& 
 
 void TerminalWindow::answer(const QString& typed)
 {
-    if (typed.trimmed().isEmpty()) {
+    if (isReturnAlone(typed)) {
         Control* const confirming = confirmingControl(m_window);
         if (confirming != nullptr)
             pressControl(*confirming);

@@ -5,6 +5,7 @@
 namespace {
 
 using Toolbox::Choices;
+using Toolbox::isReturnAlone;
 
 struct FindCase {
     const char* name;
@@ -62,6 +63,7 @@ const FindCase FIND_CASES[] = {
     {"NameBeforeAWord",               "cancel",           6},
     {"Nothing",                       "",                 -1, "There is no \"\" here."},
     {"BlanksAlone",                   "   ",              -1, "There is no \"\" here."},
+    {"ControlCharacters",             "a\x01\f\x1b",       -1, "There is no \"a^A^L^[\" here."},
     {"APlaceholderIsNoPlaceholder",   "%1 %2",            -1, "There is no \"%1 %2\" here."},
 };
 // clang-format on
@@ -100,6 +102,14 @@ TEST(FindChoice, KnowsNamesakesByTheirNumbersOnly)
     QString problem;
     EXPECT_FALSE(choices.find(QStringLiteral("Same"), &problem).has_value());
     EXPECT_EQ(choices.find(QStringLiteral("2"), &problem), std::optional<std::size_t>(1));
+}
+
+TEST(ReturnAlone, IsNothingButBlanks)
+{
+    for (const char* const typed : {"", " ", "   ", "\t", " \t ", "\u3000"})
+        EXPECT_TRUE(isReturnAlone(QString::fromUtf8(typed))) << typed;
+    for (const char* const typed : {"x", " x ", "\f", "\x0b", "\x01", " \x1b"})
+        EXPECT_FALSE(isReturnAlone(QString::fromUtf8(typed))) << typed;
 }
 
 TEST(FindChoice, RepeatsTheBeginningOfALongText)

@@ -96,7 +96,7 @@ TEST(TerminalWindow, SaysWhatWasChosenAndWhatWasNotUnderstood)
     terminal.type("9\n");
     EXPECT_EQ(terminal.readUntil(QUESTION), "9\nThere is no \"9\" here.\n" + QUESTION);
     terminal.type("\x1B[31m\n");
-    EXPECT_NE(terminal.readUntil(QUESTION).find("\nThere is no \" [31m\" here.\n"), std::string::npos);
+    EXPECT_NE(terminal.readUntil(QUESTION).find("\nThere is no \"^[[31m\" here.\n"), std::string::npos);
     terminal.type("la\n");
     EXPECT_EQ(terminal.readUntil(QUESTION), "la\nLarge is chosen.\n" + QUESTION);
     terminal.type("\n");
