@@ -15,6 +15,9 @@
 
 #include <Toolbox/Application.h>
 
+#include <cxxabi.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <exception>
 #include <optional>
@@ -126,6 +129,9 @@ int main(int count, char** arguments)
         status = problem.status;
     } catch (const std::exception& error) {
         complain(error.what());
+    } catch (const abi::__forced_unwind&) {
+        complain("the call did not return: the external ended its thread, which is the host's");
+        _exit(static_cast<int>(ExitStatus::NotReturned));
     }
     return static_cast<int>(status);
 }

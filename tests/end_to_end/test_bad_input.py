@@ -392,6 +392,24 @@ class Bundles(HostTest):
         self.plist.write_bytes(self.plist.read_bytes().replace(b"MyFactory", b"NoFactory"))
         self.assert_not_loaded("its factory gives no instance")
 
+    def run_one_that_ends_by(self, way):
+        shutil.copy(BUILD / "tests/end_to_end/libending_external.so", self.executable)
+        return unattended(self.bundle, variables={"ENDS_BY": way})
+
+    def test_one_that_ends_the_process(self):
+        for way in ("exit", "quick_exit", "_exit", "_Exit"):
+            with self.subTest(way):
+                self.assert_fails(self.run_one_that_ends_by(way), NOT_RETURNED,
+                                  "the external ended the process while it was loaded")
+
+    def test_one_that_ends_the_thread(self):
+        self.assert_fails(self.run_one_that_ends_by("pthread_exit"), NOT_RETURNED,
+                          "the call did not return: the external ended its thread, which is the host's")
+
+    def test_one_that_ends_another_process_goes_on(self):
+        self.assert_fails(self.run_one_that_ends_by("a child's _exit"), NOT_LOADED,
+                          f"cannot load the external '{self.bundle}': its factory gives no instance")
+
     def test_a_missing_executable(self):
         self.executable.unlink()
         self.assert_no_executable()

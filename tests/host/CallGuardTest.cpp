@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cstdlib>
 
 namespace {
@@ -44,14 +46,17 @@ TEST(CallGuardDeath, ElsewhereIsPutDownToTheExternal)
     }
 }
 
-TEST(CallGuardDeath, NoticesAQuickEnd)
+TEST(CallGuardDeath, NoticesEveryWayToEnd)
 {
-    const auto endQuickly = [] {
-        const CallGuard guard(DisplayKind::Unattended);
-        std::quick_exit(0);
-    };
-    EXPECT_EXIT(endQuickly(), testing::ExitedWithCode(NOT_RETURNED),
-        "^visex-host: the call did not return: the external ended the process\n$");
+    using End = void (*)(int);
+    for (const End end : {End(std::exit), End(std::quick_exit), End(_exit), End(std::_Exit)}) {
+        const auto endIt = [end] {
+            const CallGuard guard(DisplayKind::Unattended);
+            end(0);
+        };
+        EXPECT_EXIT(endIt(), testing::ExitedWithCode(NOT_RETURNED),
+            "^visex-host: the call did not return: the external ended the process\n$");
+    }
 }
 
 TEST(CallGuardDeath, IsOverWhenTheCallHasReturned)
