@@ -15,7 +15,6 @@
 
 #include <Toolbox/Application.h>
 
-#include <cxxabi.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -129,8 +128,8 @@ int main(int count, char** arguments)
         status = problem.status;
     } catch (const std::exception& error) {
         complain(error.what());
-    } catch (const abi::__forced_unwind&) {
-        complain("the call did not return: the external ended its thread, which is the host's");
+    } catch (...) {  // pthread_exit comes by here too, and must not go on
+        complain("the call did not return: the external ended the host's thread, or threw what is no std::exception");
         _exit(static_cast<int>(ExitStatus::NotReturned));
     }
     return static_cast<int>(status);

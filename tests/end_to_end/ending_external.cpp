@@ -21,6 +21,8 @@ extern "C" void* MyFactory(CFAllocatorRef, CFUUIDRef)
         std::_Exit(0);
     if (way == "pthread_exit")
         pthread_exit(nullptr);
+    if (way == "throw")
+        throw 0;
     if (way == "a child's _exit" && fork() == 0)
         _exit(0);
     return nullptr;

@@ -403,8 +403,11 @@ class Bundles(HostTest):
                                   "the external ended the process while it was loaded")
 
     def test_one_that_ends_the_thread(self):
-        self.assert_fails(self.run_one_that_ends_by("pthread_exit"), NOT_RETURNED,
-                          "the call did not return: the external ended its thread, which is the host's")
+        for way in ("pthread_exit", "throw"):
+            with self.subTest(way):
+                self.assert_fails(self.run_one_that_ends_by(way), NOT_RETURNED,
+                                  "the call did not return: the external ended the host's thread, "
+                                  "or threw what is no std::exception")
 
     def test_one_that_ends_another_process_goes_on(self):
         self.assert_fails(self.run_one_that_ends_by("a child's _exit"), NOT_LOADED,
