@@ -158,8 +158,8 @@ TEST_F(SharedPtr, AssignmentBetweenSharersOrToItselfChangesNothing)
     Owner owner(new Counted);
     const Owner copy(owner);
     const Owner& self = owner;
-    owner = self;
-    owner = copy;
+    EXPECT_EQ(&(owner = self), &owner);
+    EXPECT_EQ(&(owner = copy), &owner);
     EXPECT_EQ(owner.get(), copy.get());
     EXPECT_EQ(owner.use_count(), 2);
     EXPECT_EQ(Counted::alive, 1);

@@ -49,6 +49,14 @@ TEST(NewZeroBuffer, HasZeroBytes)
     EXPECT_EQ(*newZeroBuffer(100), std::string(100, '\0'));
 }
 
+TEST(CheckedLength, IsTheLengthUpToTheLongest)
+{
+    const std::uint64_t longest = std::min<std::uint64_t>(0xFFFFFFFF, std::string().max_size());
+    for (const std::uint64_t length : {std::uint64_t{0}, std::uint64_t{1}, longest - 1, longest})
+        EXPECT_EQ(checkedLength(length), length);
+    EXPECT_THROW(checkedLength(longest + 1), std::bad_alloc);
+}
+
 TEST(NewZeroBuffer, LengthBeyond32BitsIsAFailedAllocation)
 {
     EXPECT_THROW(newZeroBuffer(0x100000000), std::bad_alloc);

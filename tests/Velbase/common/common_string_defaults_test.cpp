@@ -6,23 +6,23 @@
 
 namespace {
 
-const String TEXT = "abcABC";
+const String TEXT = "abcabcABCABC";
 const String PLACE = "%1";
 
 TEST(StringDefaults, AreExactSearchesFromTheBeginningAndFromTheEnd)
 {
     EXPECT_EQ(TEXT.Find('a').value(), 0u);
-    EXPECT_EQ(TEXT.Find('A').value(), 3u);
+    EXPECT_EQ(TEXT.Find('A').value(), 6u);
     EXPECT_EQ(TEXT.Find(Char('a')).value(), 0u);
-    EXPECT_EQ(TEXT.Find(Char('A')).value(), 3u);
+    EXPECT_EQ(TEXT.Find(Char('A')).value(), 6u);
     EXPECT_EQ(TEXT.Find("ab").value(), 0u);
-    EXPECT_EQ(TEXT.Find("AB").value(), 3u);
+    EXPECT_EQ(TEXT.Find("AB").value(), 6u);
     EXPECT_EQ(TEXT.Find(String("ab")).value(), 0u);
-    EXPECT_EQ(TEXT.Find(String("AB")).value(), 3u);
-    EXPECT_EQ(TEXT.FindRev('C').value(), 5u);
-    EXPECT_EQ(TEXT.FindRev('c').value(), 2u);
-    EXPECT_EQ(TEXT.FindRev(Char('C')).value(), 5u);
-    EXPECT_EQ(TEXT.FindRev(Char('c')).value(), 2u);
+    EXPECT_EQ(TEXT.Find(String("AB")).value(), 6u);
+    EXPECT_EQ(TEXT.FindRev('C').value(), 11u);
+    EXPECT_EQ(TEXT.FindRev('c').value(), 5u);
+    EXPECT_EQ(TEXT.FindRev(Char('C')).value(), 11u);
+    EXPECT_EQ(TEXT.FindRev(Char('c')).value(), 5u);
 }
 
 TEST(StringDefaults, AreExactComparisons)
@@ -37,7 +37,7 @@ TEST(StringDefaults, AreExactComparisons)
 
 TEST(StringDefaults, AreTheRestOfTheText)
 {
-    EXPECT_EQ(TEXT.Mid(2), "cABC");
+    EXPECT_EQ(TEXT.Mid(2), "cabcABCABC");
     EXPECT_EQ(String(TEXT).Remove(2), "ab");
 }
 
