@@ -7,8 +7,8 @@
 
 namespace Host {
 
-/// While one lives, whoever calls exit, quick_exit or _exit ends the process with ExitStatus::NotReturned and one line on
-/// standard error. Nothing else is done any more. One at a time.
+/// While one lives, whoever calls exit, quick_exit or _exit ends the process with ExitStatus::NotReturned and one line
+/// on standard error. Nothing else is done any more. One at a time.
 class CallGuard {
 public:
     /// Around the loading of an external, in which its code runs.
