@@ -19,7 +19,8 @@ std::vector<std::uint8_t> readFile(const std::string& name, const std::filesyste
 std::string notWritten(const std::string& name, const std::filesystem::path& file, const std::string& reason);
 
 /// Throws Problem when it can be told beforehand that the `name` cannot be saved in `file`: its folder does not take
-/// it, what is there may not be written to, or is no regular file.
+/// it, what is there may not be written to, is no regular file or a link that leads nowhere, or the file's own name is
+/// too long to be written beside.
 void checkWritable(const std::string& name, const std::filesystem::path& file);
 
 /// Makes `bytes` the contents of `file`, whole or not at all: they are written beside it and then take its place, with

@@ -413,6 +413,17 @@ class Bundles(HostTest):
         self.assert_fails(self.run_one_that_ends_by("a child's _exit"), NOT_LOADED,
                           f"cannot load the external '{self.bundle}': its factory gives no instance")
 
+    def test_one_that_changes_the_working_directory(self):
+        original = self.executable.rename(self.folder / "original")
+        shutil.copy(BUILD / "tests/end_to_end/libwandering_external.so", self.executable)
+        self.file("start", record(current=GERMAN))
+        outcome = unattended(self.bundle, "--record", "start", "--write-record", "after", "--picture", "picture.png",
+                             "--trace-file", "calls", cwd=self.folder, variables={"EXTERNAL": str(original)})
+        self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
+        self.assertEqual((self.folder / "after").read_bytes(), record(current=GERMAN, chosen=GERMAN))
+        for name in ("picture.png", "calls"):
+            self.assertTrue((self.folder / name).is_file(), name)
+
     def test_a_missing_executable(self):
         self.executable.unlink()
         self.assert_no_executable()

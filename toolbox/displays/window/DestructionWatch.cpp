@@ -49,7 +49,7 @@ bool DestructionWatch::nativeEventFilter(const QByteArray& type, void* event, qi
 {
     // Not at once: a handler may show something else, and these events would have to wait for it.
     if (type == "xcb_generic_event_t" && m_dialog.isVisible() && destroys(event, m_dialog.winId()))
-        QTimer::singleShot(0, &m_dialog, [this] { end(m_dialog); });
+        QTimer::singleShot(0, &m_dialog, [&dialog = m_dialog] { end(dialog); });
     return false;
 }
 
