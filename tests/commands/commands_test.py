@@ -331,7 +331,7 @@ class Usage(unittest.TestCase):
     """Every command that a person may call, called as it is not meant."""
 
     COMMANDS = ("test", "scripts/analyze", "scripts/check-text", "scripts/make-pictures", "scripts/report-coverage",
-                "scripts/try-packages", "bench/ratios", "fuzz/run", "tests/mutation/mutate")
+                "scripts/try-packages", "bench/ratios", "fuzz/run", "mutation/mutate")
 
     def call(self, *command):
         return subprocess.run([ROOT / command[0], *command[1:]], cwd="/", stdin=subprocess.DEVNULL, capture_output=True,

@@ -9,7 +9,7 @@ import subprocess
 import sys
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+ROOT = pathlib.Path(__file__).resolve().parents[1]
 WORK = ROOT / "build/mutation"
 
 KILLED, TIMED_OUT, SURVIVED, NOT_COMPILING = "killed", "timed out", "survived", "does not compile"
