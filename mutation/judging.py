@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import resource
 import shutil
 import signal
@@ -28,6 +29,24 @@ PATIENCE = 10
 SLOWER = 5
 
 
+class Equivalents:
+    """The mutants that the file `equivalents` says no test can notice."""
+
+    def __init__(self, text=pathlib.Path(__file__).with_name("equivalents").read_text()):
+        self._known = {}  # by the line before and after: the lines above it, of which "" is any
+        for above, old, changed in re.findall(r"^(?:  (.+)\n)?- (.+)\n((?:\+ .+\n)+)", text, re.MULTILINE):
+            for new in changed.splitlines():
+                self._known.setdefault((old, new[2:]), set()).add(above)
+
+    def __contains__(self, mutant):
+        aboves = self._known.get((mutant.old, mutant.new), ())
+        return "" in aboves or mutant.above in aboves
+
+    def without(self, mutants):
+        """What is listed and not among these, as lines before and after."""
+        return sorted(self._known.keys() - {(mutant.old, mutant.new) for mutant in mutants if mutant in self})
+
+
 class Tree:
     """A copy of the checkout with a build of its own, in which one file at a time is changed."""
 
@@ -38,6 +57,7 @@ class Tree:
         self.temporary = WORK / f"{name}.temporary"
         self.changed = None
         self.seconds = {}
+        self.paths = {}
 
     def prepare(self, programs):
         """Copies what is new in the checkout, builds the programs and runs them: they have to pass."""
@@ -54,9 +74,10 @@ class Tree:
         if not self._make(programs, output=sys.stderr):
             sys.exit(f"{self.build}: the unchanged sources do not build")
         for program in programs:
+            self.paths[program] = next(path for path in self.build.rglob(program) if path.is_file())
             start = time.monotonic()
             if self._run(program, 300) != SURVIVED:
-                sys.exit(f"{self.build / program} fails with the unchanged sources")
+                sys.exit(f"{self.paths[program]} fails with the unchanged sources")
             self.seconds[program] = time.monotonic() - start
 
     def judge(self, mutant, programs):
@@ -103,7 +124,7 @@ class Tree:
             "ASAN_OPTIONS": f"allocator_may_return_null=1:hard_rss_limit_mb={MOST_MEBIBYTES}",
             "LSAN_OPTIONS": f"suppressions={self.sources}/tests/leak_suppressions:print_suppressions=0",
         }
-        command = [self.build / program, "--gtest_fail_fast", "--gtest_brief=1"]
+        command = [self.paths[program], "--gtest_fail_fast", "--gtest_brief=1"]
         # A sanitizer takes more addresses than there is memory.
         return run(command, seconds, variables, limit if self.flags == PLAIN else without_core)
 

@@ -2,11 +2,12 @@
 
 import pathlib
 import sys
+import types
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
 from cpp_tokens import scan  # noqa: E402
-from judging import KILLED, SURVIVED, TIMED_OUT, run  # noqa: E402
+from judging import KILLED, SURVIVED, TIMED_OUT, Equivalents, run  # noqa: E402
 from operators import mutations  # noqa: E402
 
 # A statement of a function and what becomes of it, in the order of their places.
@@ -70,10 +71,25 @@ class Mutations(unittest.TestCase):
         self.assertEqual(len(mutants(f"const int A[] = {{{', '.join(['0'] * 64)}}};")), 8)
 
     def test_name_the_line_and_what_becomes_of_it(self):
-        source = "int a;\nbool f()\n{\n    return a <\n        2;\n}\n"
+        source = "int a;\nbool f()\n{\n\n    return a <\n        2;\n}\n"
         lines = [mutation.lines(source) for mutation in mutations(source)]
-        self.assertIn((4, "return a <", "return a <="), lines)
-        self.assertIn((5, "2;", "3;"), lines)
+        self.assertIn((5, "{", "return a <", "return a <="), lines)
+        self.assertIn((6, "return a <", "2;", "3;"), lines)
+
+
+class ListOfEquivalents(unittest.TestCase):
+    @staticmethod
+    def mutant(above, old, new):
+        return types.SimpleNamespace(above=above, old=old, new=new)
+
+    def test_knows_a_mutant_by_its_line_and_by_the_one_above_if_that_is_given(self):
+        known = Equivalents("# The list\n\na reason\n- a\n+ b\n+ c\n  if (x)\n- return;\n+ ;\n")
+        wrong = self.mutant("any", "return;", ";")
+        for mutant, is_known in ((self.mutant("any", "a", "b"), True), (self.mutant("any", "a", "c"), True),
+                                 (self.mutant("if (x)", "return;", ";"), True), (wrong, False),
+                                 (self.mutant("any", "a", "d"), False), (self.mutant("if (x)", "c", "b"), False)):
+            self.assertEqual(mutant in known, is_known, mutant)
+        self.assertEqual(known.without([self.mutant("", "a", "b"), wrong]), [("a", "c"), ("return;", ";")])
 
 
 class Tokens(unittest.TestCase):

@@ -57,13 +57,14 @@ class Mutation:
         return source[:self.start] + self.replacement + source[self.end:]
 
     def lines(self, source):
-        """The number of its first line, and the lines that it touches before and after, each on one line."""
+        """The number of its first line, the line above that, and what it touches before and after, each as one line."""
         first = source.rfind("\n", 0, self.start) + 1
+        above = source[:first].rstrip().rpartition("\n")[2]
         last = source.find("\n", self.end)
         last = len(source) if last < 0 else last
         old = source[first:last]
         new = source[first:self.start] + self.replacement + source[self.end:last]
-        return source.count("\n", 0, self.start) + 1, " ".join(old.split()), " ".join(new.split())
+        return source.count("\n", 0, self.start) + 1, *(" ".join(text.split()) for text in (above, old, new))
 
 
 def mutations(source):
