@@ -1,7 +1,7 @@
 #include "host/CallGuard.h"
 
 #include "host/Problem.h"
-#include "host/StandardStreams.h"
+#include "host/Messages.h"
 
 #include <sys/syscall.h>
 #include <unistd.h>

@@ -1,7 +1,7 @@
 #include "host/CallProblems.h"
 
-#include "host/Files.h"
-#include "host/StandardStreams.h"
+#include "host/WrittenFiles.h"
+#include "host/Messages.h"
 
 #include <Toolbox/Displays.h>
 #include <Toolbox/Remarks.h>

@@ -3,7 +3,7 @@
 #ifndef HOST_EXTERNALCALL_H
 #define HOST_EXTERNALCALL_H
 
-#include "host/PlugIn.h"
+#include "host/External.h"
 #include "host/Record.h"
 #include "host/Report.h"
 

@@ -1,6 +1,6 @@
 #include "host/Outputs.h"
 
-#include "host/Files.h"
+#include "host/WrittenFiles.h"
 #include "host/Paths.h"
 #include "host/Problem.h"
 

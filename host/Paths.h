@@ -3,7 +3,7 @@
 #ifndef HOST_PATHS_H
 #define HOST_PATHS_H
 
-#include "host/CFOwner.h"
+#include "host/CFReferences.h"
 
 #include <filesystem>
 

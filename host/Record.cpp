@@ -1,6 +1,6 @@
 #include "host/Record.h"
 
-#include "host/Files.h"
+#include "host/WrittenFiles.h"
 #include "host/Problem.h"
 
 #include <utility>

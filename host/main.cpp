@@ -1,16 +1,16 @@
 // visex-host: stands in for the installer. Loads an external, calls it once, and says what it answered.
 
-#include "host/Application.h"
+#include "host/Installer.h"
 #include "host/CallGuard.h"
 #include "host/CallProblems.h"
-#include "host/Display.h"
-#include "host/Environment.h"
+#include "host/DisplayChoice.h"
+#include "host/Process.h"
 #include "host/ExternalCall.h"
 #include "host/Languages.h"
 #include "host/Options.h"
 #include "host/Outputs.h"
 #include "host/Paths.h"
-#include "host/StandardStreams.h"
+#include "host/Messages.h"
 #include "host/TraceFile.h"
 
 #include <Toolbox/Application.h>

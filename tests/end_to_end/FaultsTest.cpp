@@ -1,8 +1,8 @@
 // What goes wrong between two calls that the external makes of the real toolbox, and what a call that failed has left
 // behind: nothing may touch that again.
 
-#include "host/Application.h"
-#include "host/PlugIn.h"
+#include "host/Installer.h"
+#include "host/External.h"
 #include "host/Record.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,8 +1,8 @@
 // The external called very often in one process, each time from the factory to the last release, as its installer
 // does: nothing grows but what a call leaves behind on purpose. VISEX_LOAD_CALLS in the environment says how often.
 
-#include "host/Application.h"
-#include "host/CFOwner.h"
+#include "host/Installer.h"
+#include "host/CFReferences.h"
 #include "host/Paths.h"
 #include "host/Record.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,10 +1,10 @@
 // The dialog in a window of Qt's offscreen platform, with everything but the host's main function: it is worked from
 // inside the process, so that what the window shows can be looked at.
 
-#include "host/Application.h"
+#include "host/Installer.h"
 #include "host/ExternalCall.h"
 #include "host/Languages.h"
-#include "host/PlugIn.h"
+#include "host/External.h"
 #include "host/Record.h"
 
 #include <Toolbox/Displays.h>

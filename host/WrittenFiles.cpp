@@ -1,4 +1,4 @@
-#include "host/Files.h"
+#include "host/WrittenFiles.h"
 
 #include "host/Problem.h"
 

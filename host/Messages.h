@@ -1,7 +1,7 @@
 // The process's standard streams: held open, so that nothing else is taken for them, and written with care.
 
-#ifndef HOST_STANDARDSTREAMS_H
-#define HOST_STANDARDSTREAMS_H
+#ifndef HOST_MESSAGES_H
+#define HOST_MESSAGES_H
 
 #include <string>
 

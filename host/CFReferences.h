@@ -1,7 +1,7 @@
 // Releases a Core Foundation object at the end of its life.
 
-#ifndef HOST_CFOWNER_H
-#define HOST_CFOWNER_H
+#ifndef HOST_CFREFERENCES_H
+#define HOST_CFREFERENCES_H
 
 #include <CoreFoundation/CoreFoundation.h>
 

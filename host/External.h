@@ -1,11 +1,11 @@
 // The external, reached as its installer reaches it: through the plug-in services, and nothing else.
 
-#ifndef HOST_PLUGIN_H
-#define HOST_PLUGIN_H
+#ifndef HOST_EXTERNAL_H
+#define HOST_EXTERNAL_H
 
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
-#include "host/CFOwner.h"
+#include "host/CFReferences.h"
 
 #include <filesystem>
 

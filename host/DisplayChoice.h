@@ -1,7 +1,7 @@
 // Which of the toolbox's displays shows the dialog.
 
-#ifndef HOST_DISPLAY_H
-#define HOST_DISPLAY_H
+#ifndef HOST_DISPLAYCHOICE_H
+#define HOST_DISPLAYCHOICE_H
 
 #include "host/Options.h"
 

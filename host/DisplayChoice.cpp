@@ -1,4 +1,4 @@
-#include "host/Display.h"
+#include "host/DisplayChoice.h"
 
 #include "host/Problem.h"
 

@@ -1,7 +1,7 @@
 // Reads and writes whole files.
 
-#ifndef HOST_FILES_H
-#define HOST_FILES_H
+#ifndef HOST_WRITTENFILES_H
+#define HOST_WRITTENFILES_H
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "host/PlugIn.h"
+#include "host/External.h"
 
 #include "host/Paths.h"
 #include "host/Problem.h"

@@ -1,9 +1,9 @@
-#include "host/Application.h"
+#include "host/Installer.h"
 
-#include "host/CFOwner.h"
+#include "host/CFReferences.h"
 #include "host/Paths.h"
 #include "host/Problem.h"
-#include "host/StandardStreams.h"
+#include "host/Messages.h"
 
 #include <Toolbox/Application.h>
 

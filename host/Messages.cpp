@@ -1,4 +1,4 @@
-#include "host/StandardStreams.h"
+#include "host/Messages.h"
 
 #include "host/OneLine.h"
 

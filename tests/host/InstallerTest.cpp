@@ -1,4 +1,4 @@
-#include "host/Application.h"
+#include "host/Installer.h"
 #include "host/Problem.h"
 #include "tests/support/TemporaryFolder.h"
 

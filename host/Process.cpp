@@ -1,4 +1,4 @@
-#include "host/Environment.h"
+#include "host/Process.h"
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
 // What of the environment the host does not pass on to the libraries that it loads.
 
-#ifndef HOST_ENVIRONMENT_H
-#define HOST_ENVIRONMENT_H
+#ifndef HOST_PROCESS_H
+#define HOST_PROCESS_H
 
 #include <vector>
 

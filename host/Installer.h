@@ -1,7 +1,7 @@
 // The application whose part the host plays: its bundle, and its resource file at the top of the resource chain.
 
-#ifndef HOST_APPLICATION_H
-#define HOST_APPLICATION_H
+#ifndef HOST_INSTALLER_H
+#define HOST_INSTALLER_H
 
 #include <Carbon/Carbon.h>
 
