@@ -3,8 +3,7 @@
 
 #include "fuzz/must_hold.h"
 #include "fuzz/scratch_file.h"
-#include "host/ChosenLanguage.h"
-#include "host/Problem.h"
+#include "host/Messages.h"
 #include "host/Record.h"
 #include "host/Report.h"
 #include "tests/support/TemporaryFolder.h"

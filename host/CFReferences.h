@@ -1,13 +1,18 @@
-// Releases a Core Foundation object at the end of its life.
+// References of Core Foundation in C++: an owner that releases what a Create or Copy function returned, and URLs as
+// paths.
 
 #ifndef HOST_CFREFERENCES_H
 #define HOST_CFREFERENCES_H
 
 #include <CoreFoundation/CoreFoundation.h>
 
+#include <climits>
+#include <filesystem>
+#include <string>
+
 namespace Host {
 
-/// Owns what a Create or Copy function returned, which may be null.
+/// Releases an object, which may be null, at the end of its own life.
 template <typename Ref> class CFOwner {
 public:
     explicit CFOwner(Ref object)
@@ -30,6 +35,23 @@ public:
 private:
     const Ref m_object;
 };
+
+/// The URL of `path`; null when there can be none. The caller's.
+inline CFURLRef createURL(const std::filesystem::path& path)
+{
+    const std::string& text = path.native();
+    return CFURLCreateFromFileSystemRepresentation(
+        kCFAllocatorDefault, reinterpret_cast<const UInt8*>(text.data()), static_cast<CFIndex>(text.size()), true);
+}
+
+/// The path of `url`; empty for null.
+inline std::filesystem::path pathOf(CFURLRef url)
+{
+    UInt8 path[PATH_MAX];
+    if (!CFURLGetFileSystemRepresentation(url, true, path, sizeof path))
+        return std::filesystem::path();
+    return std::filesystem::path(reinterpret_cast<const char*>(path));
+}
 
 }  // namespace Host
 

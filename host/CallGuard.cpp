@@ -1,6 +1,5 @@
 #include "host/CallGuard.h"
 
-#include "host/Problem.h"
 #include "host/Messages.h"
 
 #include <sys/syscall.h>

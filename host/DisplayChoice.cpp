@@ -1,6 +1,6 @@
 #include "host/DisplayChoice.h"
 
-#include "host/Problem.h"
+#include "host/Messages.h"
 
 #include <Toolbox/Displays.h>
 

@@ -1,7 +1,8 @@
 #include "host/External.h"
 
-#include "host/Paths.h"
-#include "host/Problem.h"
+#include "host/Messages.h"
+
+#include <Toolbox/Displays.h>
 
 #include <string>
 
@@ -24,7 +25,7 @@ CFPlugInRef createPlugIn(const std::filesystem::path& folder)
 
 }  // namespace
 
-PlugIn::PlugIn(const std::filesystem::path& folder)
+External::External(const std::filesystem::path& folder)
     : m_bundle(createPlugIn(folder))
 {
     const auto notLoaded = [&folder](const char* reason) {
@@ -46,15 +47,31 @@ PlugIn::PlugIn(const std::filesystem::path& folder)
         throw notLoaded("its factory gives no instance");
 }
 
-PlugIn::~PlugIn()
+External::~External()
 {
     if (m_instance != nullptr)
         m_instance->functions->Release(m_instance);
 }
 
-void PlugIn::call(ExternParmBlock& block)
+Report External::call(Record& record, const Toolbox::TraceSink& trace)
 {
+    ExternParmBlock& block = record.block();
+    Report report;
+    report.message = block.message;
+    report.current = block.currentLanguage;
+    report.chosenBefore = block.chosenLanguage;
+    report.flagsBefore = block.resultFlags;
+
+    ChosenLanguage chosen(block);
+    Toolbox::SetTrace(trace);
     m_instance->functions->XCodMain(&block);
+    Toolbox::SetTrace(nullptr);
+
+    report.chosen = chosen.settle();
+    report.flagsAfter = block.resultFlags;
+    report.alerts = Toolbox::ShownAlerts();
+    report.answerWasUnfit = Toolbox::AnswerWasUnfit();
+    return report;
 }
 
 }  // namespace Host

@@ -1,4 +1,4 @@
-// The external, reached as its installer reaches it: through the plug-in services, and nothing else.
+// The external: loaded, called and released as its installer does it, through the plug-in services and nothing else.
 
 #ifndef HOST_EXTERNAL_H
 #define HOST_EXTERNAL_H
@@ -6,25 +6,30 @@
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 #include "host/CFReferences.h"
+#include "host/Record.h"
+#include "host/Report.h"
+
+#include <Toolbox/Trace.h>
 
 #include <filesystem>
 
 namespace Host {
 
-class PlugIn {
+class External {
 public:
     /// Loads the bundle in `folder` and takes an instance from the factory that it registers for the installer's type.
     /// Throws Problem when there is no such bundle, factory, code or instance.
-    explicit PlugIn(const std::filesystem::path& folder);
+    explicit External(const std::filesystem::path& folder);
 
     /// Releases the instance, then the bundle.
-    ~PlugIn();
+    ~External();
 
-    PlugIn(const PlugIn&) = delete;
-    PlugIn& operator=(const PlugIn&) = delete;
+    External(const External&) = delete;
+    External& operator=(const External&) = delete;
 
-    /// Calls the main entry with `block`.
-    void call(ExternParmBlock& block);
+    /// Calls the main entry with `record` and returns what came of it. `trace`, if it is not empty, is given a line for
+    /// each call that the external makes of the toolbox.
+    Report call(Record& record, const Toolbox::TraceSink& trace);
 
 private:
     const CFOwner<CFPlugInRef> m_bundle;

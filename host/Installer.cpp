@@ -1,9 +1,8 @@
 #include "host/Installer.h"
 
 #include "host/CFReferences.h"
-#include "host/Paths.h"
-#include "host/Problem.h"
 #include "host/Messages.h"
+#include "host/Paths.h"
 
 #include <Toolbox/Application.h>
 
@@ -81,7 +80,7 @@ SInt16 openResourceFile(const fs::path& file)
 
 }  // namespace
 
-Application::Application(const fs::path& folder, const std::optional<std::string>& resourceFile)
+Installer::Installer(const fs::path& folder, const std::optional<std::string>& resourceFile)
     : m_folder(folder)
 {
     if (!Toolbox::SetMainBundle(folder.string()))
@@ -95,13 +94,13 @@ Application::Application(const fs::path& folder, const std::optional<std::string
         m_resourceFile = openResourceFile(file);
 }
 
-Application::~Application()
+Installer::~Installer()
 {
     if (m_resourceFile)
         CloseResFile(*m_resourceFile);
 }
 
-void Application::requireAdministrator()
+void Installer::requireAdministrator()
 {
     if (!m_resourceFile)
         throw Problem(ExitStatus::NotDone,
@@ -118,7 +117,7 @@ void Application::requireAdministrator()
     ChangedResource(call);  // or it would be read from the file again
 }
 
-fs::path Application::builtInPlugIn() const
+fs::path Installer::builtInPlugIn() const
 {
     const CFOwner<CFURLRef> url(CFBundleCopyBuiltInPlugInsURL(CFBundleGetMainBundle()));
     const fs::path folder = pathOf(url.get());

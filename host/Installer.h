@@ -11,17 +11,17 @@
 
 namespace Host {
 
-class Application {
+class Installer {
 public:
     /// Makes the bundle in `folder` the main bundle and opens `resourceFile`, or, if none is named, the bundle's own:
     /// the one called as the bundle is, with "rsrc" in place of "app". A bundle need not have one. Throws Problem.
-    Application(const std::filesystem::path& folder, const std::optional<std::string>& resourceFile);
+    Installer(const std::filesystem::path& folder, const std::optional<std::string>& resourceFile);
 
     /// Closes the resource file.
-    ~Application();
+    ~Installer();
 
-    Application(const Application&) = delete;
-    Application& operator=(const Application&) = delete;
+    Installer(const Installer&) = delete;
+    Installer& operator=(const Installer&) = delete;
 
     /// Has the external ask for the administrator's right, by the flag in 'CALL' 1000 that is set in memory; the file
     /// stays as it is. Throws Problem when there is no such resource or it is too short for the flag.

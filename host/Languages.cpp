@@ -1,11 +1,8 @@
 #include "host/Languages.h"
 
-#include "host/Number.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <initializer_list>
-#include <optional>
 
 namespace Host {
 

@@ -4,7 +4,9 @@
 #define HOST_LANGUAGES_H
 
 #include <array>
+#include <charconv>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,6 +30,18 @@ inline constexpr std::array<Language, 6> LANGUAGES{{
 
 /// The language with this code, or null.
 const Language* languageOfCode(std::uint32_t code);
+
+/// The decimal number that is all of `text`, or nothing when there is anything else in it or when it does not fit: it
+/// is never cut to fit. No blanks, no plus sign.
+template <typename Integer> std::optional<Integer> parseNumber(std::string_view text)
+{
+    Integer number{};
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || rest != end)
+        return std::nullopt;
+    return number;
+}
 
 /// The language that `text` names in English, in any case, or by its code; null if it is neither.
 const Language* parseLanguage(std::string_view text);

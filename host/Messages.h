@@ -1,22 +1,46 @@
-// The process's standard streams: held open, so that nothing else is taken for them, and written with care.
+// How the host ends and what it says: the exit statuses, what is thrown when it cannot go on, lines on standard error,
+// and the answer on standard output.
 
 #ifndef HOST_MESSAGES_H
 #define HOST_MESSAGES_H
 
+#include <stdexcept>
 #include <string>
 
 namespace Host {
 
-/// To be called first. A standard stream that the process was started without gets a file on which its use fails;
-/// otherwise the next file that is opened would have its number, and the answer would be written into that. Writing to
-/// a reader that has gone, or past the size that files may have, fails too, in place of ending the process.
-void holdStandardStreams();
+/// What the process ends with. Scripts rely on these numbers.
+enum class ExitStatus {
+    Chosen = 0,           // a language was written to the record
+    NothingChosen = 1,    // cancelled, or stopped by the administrator check
+    NotDone = 2,          // wrong usage, or a file, a display or an answer that is of no use
+    Refused = 3,          // the external set its error flag, or showed an alert and wrote no language
+    PlugInNotLoaded = 4,  // no call was made
+    NotReturned = 5,      // the process was ended from inside the call
+};
+
+/// Thrown where the host cannot go on; main prints it and ends. The text is one line that says what was tried and what
+/// is wrong with it, without a full stop.
+class Problem : public std::runtime_error {
+public:
+    Problem(ExitStatus exitStatus, const std::string& line)
+        : std::runtime_error(line)
+        , status(exitStatus)
+    {
+    }
+
+    const ExitStatus status;
+};
+
+/// `text` with a blank for each control character, so that it neither ends the line that it stands in nor commands a
+/// terminal. For texts from elsewhere, such as file names and the texts of alerts.
+std::string oneLine(std::string text);
+
+/// Writes `line` to standard error, after the program's name, and made one line if it is more.
+void complain(const std::string& line);
 
 /// Writes the answer to standard output. False, with the reason in `*problem`, when not all of it arrives there.
 bool printAnswer(const std::string& answer, std::string* problem);
-
-/// Writes `line`, which need not be one, as one line to standard error, after the program's name.
-void complain(const std::string& line);
 
 }  // namespace Host
 

@@ -1,10 +1,11 @@
-// The command line: what each option means is said here once, and --help prints it.
+// The command line: what each option means is said here once, and --help prints it; and the answers on it.
 
 #ifndef HOST_OPTIONS_H
 #define HOST_OPTIONS_H
 
-#include "host/Answers.h"
+#include <Toolbox/Displays.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -12,6 +13,12 @@
 #include <vector>
 
 namespace Host {
+
+/// One answer: as it was typed, and the steps that it comes to.
+struct GivenAnswer {
+    std::string text;
+    std::vector<Toolbox::Answer> steps;
+};
 
 enum class DisplayKind { Window, Terminal, Unattended };
 
@@ -36,6 +43,19 @@ struct Options {
 /// The options in `arguments`, which follow the program's name; or, when it is asked for, the text of --help or
 /// --version. Throws Problem for what it does not understand.
 std::variant<Options, std::string> parseOptions(const std::vector<std::string>& arguments);
+
+/// Understands "ok", "cancel", "button:N" and the name or code of a language, which means choosing it and then OK.
+/// Throws Problem for anything else.
+GivenAnswer parseAnswer(const std::string& text);
+
+/// The steps of all `answers`, one after the other.
+std::vector<Toolbox::Answer> stepsOf(const std::vector<GivenAnswer>& answers);
+
+/// The answer that was taken last when the last `unusedSteps` of stepsOf were not, as it was typed; empty for none.
+std::string lastUsedAnswer(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps);
+
+/// The answers of which nothing was taken when the last `unusedSteps` of stepsOf were not, as they were typed.
+std::vector<std::string> unusedAnswers(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps);
 
 }  // namespace Host
 

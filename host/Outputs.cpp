@@ -1,11 +1,10 @@
 #include "host/Outputs.h"
 
-#include "host/WrittenFiles.h"
+#include "host/Messages.h"
 #include "host/Paths.h"
-#include "host/Problem.h"
+#include "host/WrittenFiles.h"
 
 #include <filesystem>
-#include <system_error>
 
 namespace Host {
 
@@ -40,20 +39,6 @@ const struct {
     {TRACE, RECORD},
     {TRACE, RESOURCES},
 };
-
-// Where `name` leads, be it there or not. Empty when that cannot be told.
-fs::path placeOf(const std::string& name)
-{
-    std::error_code error;
-    return fs::weakly_canonical(fs::absolute(name, error), error);
-}
-
-// Whether both names lead to one file, be it there or not.
-bool areOne(const std::string& one, const std::string& other)
-{
-    std::error_code error;
-    return fs::equivalent(one, other, error) || placeOf(one) == placeOf(other);
-}
 
 void checkThatFilesDiffer(const Options& options)
 {

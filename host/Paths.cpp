@@ -1,38 +1,29 @@
 #include "host/Paths.h"
 
 #include <algorithm>
-#include <climits>
-#include <string>
 #include <system_error>
 
 namespace Host {
 
-namespace {
-
 namespace fs = std::filesystem;
 
-// The running program. Not from its name as it was called, which may be anything.
-fs::path ownExecutable()
+fs::path supportFolder()
 {
-    std::error_code ignored;  // no path, and what is looked for beside it is not found
-    return fs::read_symlink("/proc/self/exe", ignored);
+    // Not from the name that the program was called by, which may be anything.
+    std::error_code ignored;  // there is no path then, and nothing is found beside it
+    return fs::read_symlink("/proc/self/exe", ignored).parent_path();
 }
 
-}  // namespace
-
-CFURLRef createURL(const fs::path& path)
+fs::path placeOf(const fs::path& name)
 {
-    const std::string text = path.string();
-    return CFURLCreateFromFileSystemRepresentation(
-        kCFAllocatorDefault, reinterpret_cast<const UInt8*>(text.data()), static_cast<CFIndex>(text.size()), true);
+    std::error_code error;
+    return fs::weakly_canonical(fs::absolute(name, error), error);
 }
 
-fs::path pathOf(CFURLRef url)
+bool areOne(const fs::path& one, const fs::path& other)
 {
-    UInt8 path[PATH_MAX];
-    if (!CFURLGetFileSystemRepresentation(url, true, path, sizeof path))
-        return fs::path();
-    return fs::path(reinterpret_cast<const char*>(path));
+    std::error_code error;
+    return fs::equivalent(one, other, error) || placeOf(one) == placeOf(other);
 }
 
 bool isInside(const fs::path& folder, const fs::path& path)
@@ -41,11 +32,6 @@ bool isInside(const fs::path& folder, const fs::path& path)
     const fs::path root = fs::canonical(folder, missing);
     const fs::path real = missing ? fs::path() : fs::canonical(path, missing);
     return !missing && std::mismatch(root.begin(), root.end(), real.begin(), real.end()).first == root.end();
-}
-
-fs::path supportFolder()
-{
-    return ownExecutable().parent_path();
 }
 
 }  // namespace Host

@@ -1,4 +1,4 @@
-// What of the environment the host does not pass on to the libraries that it loads.
+// What the process is started with, made safe before anything else is done: its standard streams and its environment.
 
 #ifndef HOST_PROCESS_H
 #define HOST_PROCESS_H
@@ -7,12 +7,16 @@
 
 namespace Host {
 
+/// Gives each standard stream that the process was started without a file on which its use fails. Otherwise the next
+/// file that is opened would have its number, and the answer would be written into that. Writing to a reader that has
+/// gone, or past the size that files may have, fails too, rather than ending the process. To be called first.
+void holdStandardStreams();
+
 /// The variables by which foreign code could get into the process: those of the libraries that it loads, not those of
 /// the loader itself, which has read its own before any code runs.
 const std::vector<const char*>& plugInVariables();
 
-/// Takes these variables out of the environment. To be called before anything of
-/// the toolbox is.
+/// Takes these variables out of the environment. To be called before anything of the toolbox.
 void clearPlugInPaths();
 
 }  // namespace Host

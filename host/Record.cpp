@@ -1,15 +1,61 @@
 #include "host/Record.h"
 
+#include "host/Messages.h"
 #include "host/WrittenFiles.h"
-#include "host/Problem.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <system_error>
 #include <utility>
 
 namespace Host {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::size_t LARGEST = 1024 * 1024;
+
+// What the field for the chosen language holds during a call.
+constexpr UInt16 NO_LANGUAGE = 0xFFFF;
+
+Problem notRead(const fs::path& file, const std::string& reason)
+{
+    return Problem(ExitStatus::NotDone, "cannot read the record '" + file.string() + "': " + reason);
+}
+
+std::string lastError()
+{
+    return std::generic_category().message(errno);
+}
+
+// The bytes of the record `file`. Throws Problem when it cannot be read, is not a regular file, or is too large.
+std::vector<std::uint8_t> read(const fs::path& file)
+{
+    // Asked before it is opened: opening a pipe waits until somebody writes into it.
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (error)
+        throw notRead(file, error.message());
+    if (!fs::is_regular_file(status))
+        throw notRead(file, "it is not a regular file");
+
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"), std::fclose);
+    if (!stream)
+        throw notRead(file, lastError());
+    std::vector<std::uint8_t> bytes;
+    std::uint8_t piece[4096];
+    std::size_t count = 0;
+    while (bytes.size() <= LARGEST && (count = std::fread(piece, 1, sizeof piece, stream.get())) > 0)
+        bytes.insert(bytes.end(), piece, piece + count);
+    if (std::ferror(stream.get()) != 0)
+        throw notRead(file, lastError());
+    if (bytes.size() > LARGEST)
+        throw notRead(file, "it has more than " + std::to_string(LARGEST) + " bytes");
+    return bytes;
+}
 
 }  // namespace
 
@@ -25,7 +71,7 @@ Record::Record(std::vector<std::uint8_t> bytes)
 
 Record Record::load(const std::filesystem::path& file)
 {
-    std::vector<std::uint8_t> bytes = readFile("record", file, LARGEST);
+    std::vector<std::uint8_t> bytes = read(file);
     if (bytes.size() < sizeof(ExternParmBlock))
         throw Problem(ExitStatus::NotDone,
             "the record '" + file.string() + "' has " + std::to_string(bytes.size())
@@ -36,6 +82,22 @@ Record Record::load(const std::filesystem::path& file)
 void Record::save(const std::filesystem::path& file) const
 {
     writeFile("record", file, m_bytes);
+}
+
+ChosenLanguage::ChosenLanguage(ExternParmBlock& block)
+    : m_block(block)
+    , m_own(block.chosenLanguage)
+{
+    block.chosenLanguage = NO_LANGUAGE;
+}
+
+std::optional<UInt16> ChosenLanguage::settle()
+{
+    const UInt16 written = m_block.chosenLanguage;
+    if (written != NO_LANGUAGE)
+        return written;
+    m_block.chosenLanguage = m_own;
+    return std::nullopt;
 }
 
 }  // namespace Host

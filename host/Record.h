@@ -1,4 +1,5 @@
-// The parameter record as the host keeps it: the 614 bytes that the external gets, and what a file had after them.
+// The parameter record as the host keeps it: the 614 bytes that the external gets, and what a file had after them; and
+// what a call has chosen in it.
 
 #ifndef HOST_RECORD_H
 #define HOST_RECORD_H
@@ -7,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 namespace Host {
@@ -31,6 +33,21 @@ private:
     explicit Record(std::vector<std::uint8_t> bytes);
 
     std::vector<std::uint8_t> m_bytes;  // never shorter than an ExternParmBlock, which may lie at any address
+};
+
+/// Lives as long as a call. Any language that the external writes may be the one that the field holds already, so the
+/// field holds a value that is no language while the call runs.
+class ChosenLanguage {
+public:
+    /// Puts that value into the field.
+    explicit ChosenLanguage(ExternParmBlock& block);
+
+    /// What was written since then, or nothing; the field then has its own value again. To be asked once.
+    std::optional<UInt16> settle();
+
+private:
+    ExternParmBlock& m_block;
+    const UInt16 m_own;
 };
 
 }  // namespace Host

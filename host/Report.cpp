@@ -1,9 +1,11 @@
 #include "host/Report.h"
 
 #include "host/Languages.h"
-#include "host/OneLine.h"
+#include "host/WrittenFiles.h"
 
 #include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
+
+#include <Toolbox/Remarks.h>
 
 #include <nlohmann/json.hpp>
 
@@ -90,6 +92,20 @@ const char* resultInJson(const Report& report)
     }
 }
 
+// ---- Problems
+
+void tellOfAnswers(const Options& options)
+{
+    const bool wantedNone = !options.display && options.answers.empty();
+    if (wantedNone && Toolbox::AnswersRanOut())
+        complain("no screen here and no terminal to ask on: nobody was asked, and the default button was pressed");
+    if (Toolbox::AnswerWasUnfit())
+        complain("the answer '" + lastUsedAnswer(options.answers, Toolbox::UnusedAnswers())
+            + "' fits nothing that was shown");
+    for (const std::string& answer : unusedAnswers(options.answers, Toolbox::UnusedAnswers()))
+        complain("the answer '" + answer + "' was not needed");
+}
+
 }  // namespace
 
 ExitStatus statusOf(const Report& report)
@@ -122,6 +138,20 @@ std::string inJson(const Report& report)
         json["alerts"].push_back(alertInJson(alert));
     json["result"] = resultInJson(report);
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+bool tellCallProblems(const Options& options)
+{
+    for (const std::string& remark : Toolbox::Remarks())
+        complain(remark);
+    if (const std::string problem = Toolbox::DisplayProblem(); !problem.empty())
+        complain("the dialog could not go on: " + problem);
+    tellOfAnswers(options);
+
+    const std::string picture = options.picture ? Toolbox::PictureProblem() : std::string();
+    if (!picture.empty())
+        complain(notWritten("picture", *options.picture, picture));
+    return picture.empty();
 }
 
 }  // namespace Host

@@ -1,9 +1,10 @@
-// What a call of the external came to, and how it is told: in words, or as JSON.
+// What a call of the external came to, and how it is told: in words, or as JSON; and what went wrong around it.
 
 #ifndef HOST_REPORT_H
 #define HOST_REPORT_H
 
-#include "host/Problem.h"
+#include "host/Messages.h"
+#include "host/Options.h"
 
 #include <Toolbox/Displays.h>
 
@@ -34,6 +35,10 @@ std::string inWords(const Report& report);
 
 /// The report as one JSON object, over several lines.
 std::string inJson(const Report& report);
+
+/// Says on standard error, a line each, what went wrong around the call with these options, or was met with on the way,
+/// without making its answer worthless. False when a picture was wanted and there is none.
+bool tellCallProblems(const Options& options);
 
 }  // namespace Host
 

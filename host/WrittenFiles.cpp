@@ -1,13 +1,13 @@
 #include "host/WrittenFiles.h"
 
-#include "host/Problem.h"
+#include "host/Messages.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <climits>
 #include <cstdio>
-#include <memory>
 #include <system_error>
 
 namespace Host {
@@ -16,19 +16,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const char* const NOT_REGULAR = "it is not a regular file";
-
 // Behind its name stand a dot and some more, while it is being written beside what it replaces.
 constexpr std::size_t LONGEST_NAME = NAME_MAX - sizeof ".1234567";
 
 std::string lastError()
 {
     return std::generic_category().message(errno);
-}
-
-Problem notRead(const std::string& name, const fs::path& file, const std::string& reason)
-{
-    return Problem(ExitStatus::NotDone, "cannot read the " + name + " '" + file.string() + "': " + reason);
 }
 
 Problem saveFailure(const std::string& name, const fs::path& file, const std::string& reason)
@@ -46,7 +39,7 @@ fs::path targetOf(const std::string& name, const fs::path& file)
     if (fs::is_symlink(target, error))  // the others were followed
         throw saveFailure(name, file, "it is a link that leads nowhere");
     if (fs::exists(target, error) && !fs::is_regular_file(target, error))
-        throw saveFailure(name, file, NOT_REGULAR);
+        throw saveFailure(name, file, "it is not a regular file");
     if (target.filename().native().size() > LONGEST_NAME)
         throw saveFailure(name, file, "its name is longer than " + std::to_string(LONGEST_NAME) + " bytes");
     return target;
@@ -81,32 +74,22 @@ std::error_code moveInto(const fs::path& target, const fs::path& temporary)
     return error;
 }
 
-}  // namespace
-
-std::vector<std::uint8_t> readFile(const std::string& name, const fs::path& file, std::size_t largest)
+std::string traceFailure(const fs::path& file, int error)
 {
-    // Asked before it is opened: opening a pipe waits until somebody writes into it.
-    std::error_code error;
-    const fs::file_status status = fs::status(file, error);
-    if (error)
-        throw notRead(name, file, error.message());
-    if (!fs::is_regular_file(status))
-        throw notRead(name, file, NOT_REGULAR);
-
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"), std::fclose);
-    if (!stream)
-        throw notRead(name, file, lastError());
-    std::vector<std::uint8_t> bytes;
-    std::uint8_t piece[4096];
-    std::size_t count = 0;
-    while (bytes.size() <= largest && (count = std::fread(piece, 1, sizeof piece, stream.get())) > 0)
-        bytes.insert(bytes.end(), piece, piece + count);
-    if (std::ferror(stream.get()) != 0)
-        throw notRead(name, file, lastError());
-    if (bytes.size() > largest)
-        throw notRead(name, file, "it has more than " + std::to_string(largest) + " bytes");
-    return bytes;
+    return "cannot write the trace into '" + file.string() + "': " + std::generic_category().message(error);
 }
+
+// Null, with the reason in errno, also for a pipe that nobody reads: opening that would wait for a reader.
+std::FILE* openForWriting(const fs::path& file)
+{
+    const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (descriptor < 0)
+        return nullptr;
+    fcntl(descriptor, F_SETFL, 0);  // but a slow reader is waited for
+    return fdopen(descriptor, "w");
+}
+
+}  // namespace
 
 std::string notWritten(const std::string& name, const fs::path& file, const std::string& reason)
 {
@@ -136,6 +119,31 @@ void writeFile(const std::string& name, const fs::path& file, const std::vector<
         fs::remove(temporary, ignored);
         throw saveFailure(name, file, error.message());
     }
+}
+
+TraceFile::TraceFile(const fs::path& file)
+    : m_path(file)
+    , m_stream(openForWriting(file))
+{
+    if (!m_stream)
+        throw Problem(ExitStatus::NotDone, traceFailure(m_path, errno));
+}
+
+void TraceFile::write(const std::string& line)
+{
+    if (m_error != 0)
+        return;
+    if (std::fputs((oneLine(line) + '\n').c_str(), m_stream.get()) < 0 || std::fflush(m_stream.get()) != 0)
+        m_error = errno;
+}
+
+bool TraceFile::finish(std::string* problem)
+{
+    if (std::fclose(m_stream.release()) != 0 && m_error == 0)
+        m_error = errno;
+    if (m_error != 0)
+        *problem = traceFailure(m_path, m_error);
+    return m_error == 0;
 }
 
 }  // namespace Host

@@ -1,17 +1,16 @@
 // visex-host: stands in for the installer. Loads an external, calls it once, and says what it answered.
 
-#include "host/Installer.h"
 #include "host/CallGuard.h"
-#include "host/CallProblems.h"
 #include "host/DisplayChoice.h"
-#include "host/Process.h"
-#include "host/ExternalCall.h"
+#include "host/External.h"
+#include "host/Installer.h"
 #include "host/Languages.h"
+#include "host/Messages.h"
 #include "host/Options.h"
 #include "host/Outputs.h"
 #include "host/Paths.h"
-#include "host/Messages.h"
-#include "host/TraceFile.h"
+#include "host/Process.h"
+#include "host/WrittenFiles.h"
 
 #include <Toolbox/Application.h>
 
@@ -79,13 +78,13 @@ ExitStatus callWith(Options options)
 
     const std::filesystem::path support = supportFolder();
     Toolbox::SetFrameworksFolder(support / "Frameworks");
-    Application application(options.application.value_or(support / "DemoInstaller.app"), options.resources);
+    Installer installer(options.application.value_or(support / "DemoInstaller.app"), options.resources);
     if (options.requireAdmin)
-        application.requireAdministrator();
-    std::optional<PlugIn> plugIn;
+        installer.requireAdministrator();
+    std::optional<External> external;
     {
         const CallGuard guard;
-        plugIn.emplace(options.plugIn ? std::filesystem::path(*options.plugIn) : application.builtInPlugIn());
+        external.emplace(options.plugIn ? std::filesystem::path(*options.plugIn) : installer.builtInPlugIn());
     }
     const DisplayKind display = chooseDisplay(options);
 
@@ -94,8 +93,8 @@ ExitStatus callWith(Options options)
         traceFile.emplace(*options.traceFile);
     const Report report = [&] {
         const CallGuard guard(display);
-        Report made = callExternal(*plugIn, record, traceSink(options, traceFile));
-        plugIn.reset();  // its last code runs
+        Report made = external->call(record, traceSink(options, traceFile));
+        external.reset();  // its last code runs
         return made;
     }();
     const bool traced = finish(traceFile);

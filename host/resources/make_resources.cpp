@@ -1,6 +1,5 @@
 // Writes the resource file of the demo application: make_resources FILE.
 
-#include "host/resources/AlertTemplate.h"
 #include "host/resources/ResourceFile.h"
 
 #include <cstdio>

@@ -1,8 +1,8 @@
 // What goes wrong between two calls that the external makes of the real toolbox, and what a call that failed has left
 // behind: nothing may touch that again.
 
-#include "host/Installer.h"
 #include "host/External.h"
+#include "host/Installer.h"
 #include "host/Record.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -39,11 +39,9 @@ protected:
         , nib(app / "Contents/Resources/LanguageSelector.nib")
     {
         fs::copy(DEMO_APPLICATION_FOLDER, app, fs::copy_options::recursive);
-        application.emplace(app, std::nullopt);
-        plugIn.emplace(application->builtInPlugIn());
+        installer.emplace(app, std::nullopt);
+        external.emplace(installer->builtInPlugIn());
     }
-
-    ~Faults() override { Toolbox::SetTrace(nullptr); }
 
     // The chosen language after one call, UNTOUCHED if none was.
     std::uint16_t call(const std::vector<Answer>& answers)
@@ -52,17 +50,17 @@ protected:
         Record record;
         record.block().message = MESSAGE_SELECT_LANGUAGE;
         record.block().chosenLanguage = UNTOUCHED;
-        plugIn->call(record.block());
+        external->call(record, watch);
         return record.block().chosenLanguage;
     }
 
     // Does `action` when the external's next call of `function` returns.
-    static void after(const std::string& function, const std::function<void()>& action)
+    void after(const std::string& function, const std::function<void()>& action)
     {
-        Toolbox::SetTrace([function, action](const std::string& line) {
+        watch = [function, action](const std::string& line) {
             if (line.rfind(function + "(", 0) == 0)
                 action();
-        });
+        };
     }
 
     // Takes the command `command` from every control of the nib.
@@ -85,8 +83,9 @@ protected:
     TemporaryFolder folder;
     const fs::path app;
     const fs::path nib;
-    std::optional<Application> application;
-    std::optional<PlugIn> plugIn;
+    std::optional<Installer> installer;
+    std::optional<External> external;
+    Toolbox::TraceSink watch;
 };
 
 // ---- The nib, between two calls
@@ -141,7 +140,7 @@ protected:
         int calls = 0;
         after("GetEventClass", [&calls] { ++calls; });
         call(answers);
-        Toolbox::SetTrace(nullptr);
+        watch = nullptr;
         return calls;
     }
 

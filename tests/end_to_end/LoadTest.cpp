@@ -1,9 +1,8 @@
 // The external called very often in one process, each time from the factory to the last release, as its installer
 // does: nothing grows but what a call leaves behind on purpose. VISEX_LOAD_CALLS in the environment says how often.
 
-#include "host/Installer.h"
 #include "host/CFReferences.h"
-#include "host/Paths.h"
+#include "host/Installer.h"
 #include "host/Record.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -128,10 +127,10 @@ protected:
         fs::copy(DEMO_APPLICATION_FOLDER, m_app, fs::copy_options::recursive);
         spoilNib();
         Toolbox::SetFrameworksFolder(FRAMEWORKS_FOLDER);
-        m_application.emplace(m_app, std::nullopt);
+        m_installer.emplace(m_app, std::nullopt);
         if (GetParam().requiresAdministrator)
-            m_application->requireAdministrator();
-        const CFOwner<CFURLRef> url(createURL(m_application->builtInPlugIn()));
+            m_installer->requireAdministrator();
+        const CFOwner<CFURLRef> url(createURL(m_installer->builtInPlugIn()));
         m_plugIn.emplace(CFPlugInCreate(kCFAllocatorDefault, url.get()));
     }
 
@@ -184,7 +183,7 @@ private:
 
     const TemporaryFolder m_folder;
     const fs::path m_app;
-    std::optional<Application> m_application;
+    std::optional<Installer> m_installer;
     std::optional<CFOwner<CFPlugInRef>> m_plugIn;
 };
 

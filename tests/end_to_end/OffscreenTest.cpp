@@ -1,10 +1,9 @@
 // The dialog in a window of Qt's offscreen platform, with everything but the host's main function: it is worked from
 // inside the process, so that what the window shows can be looked at.
 
-#include "host/Installer.h"
-#include "host/ExternalCall.h"
-#include "host/Languages.h"
 #include "host/External.h"
+#include "host/Installer.h"
+#include "host/Languages.h"
 #include "host/Record.h"
 
 #include <Toolbox/Displays.h>
@@ -59,8 +58,8 @@ protected:
     // Calls the external with the current language of the test's row; `work` gets the dialog when it is open.
     Report call(const std::function<void(QWidget& dialog)>& work)
     {
-        Application application(DEMO_APPLICATION, std::nullopt);
-        PlugIn plugIn(application.builtInPlugIn());
+        Installer installer(DEMO_APPLICATION, std::nullopt);
+        External external(installer.builtInPlugIn());
         Record record;
         record.block().message = MESSAGE_SELECT_LANGUAGE;
         record.block().currentLanguage = language().code;
@@ -74,7 +73,7 @@ protected:
             if (dialog)
                 dialog->close();  // also when the work failed half way
         });
-        const Report report = callExternal(plugIn, record, nullptr);
+        const Report report = external.call(record, nullptr);
         EXPECT_TRUE(worked) << "no dialog was opened";
         EXPECT_EQ(record.block().chosenLanguage, report.chosen.value_or(0));
         return report;

@@ -1,6 +1,6 @@
 #include "host/CallGuard.h"
 
-#include "host/Problem.h"
+#include "host/Messages.h"
 
 #include <gtest/gtest.h>
 

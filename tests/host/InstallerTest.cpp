@@ -1,5 +1,5 @@
 #include "host/Installer.h"
-#include "host/Problem.h"
+#include "host/Messages.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -34,54 +34,54 @@ unsigned flagByte()
     return byte;
 }
 
-TEST(Application, OpensTheResourceFileThatIsCalledAsItIs)
+TEST(Installer, OpensTheResourceFileThatIsCalledAsItIs)
 {
-    const Application application(DEMO, std::nullopt);
+    const Installer installer(DEMO, std::nullopt);
     EXPECT_EQ(flagByte(), 0u);
 }
 
-TEST(Application, OpensTheNamedResourceFileInItsPlace)
+TEST(Installer, OpensTheNamedResourceFileInItsPlace)
 {
     const TemporaryFolder folder;
-    const Application application(DEMO, folder.write("resources", resourcesWith(0x7F)).string());
+    const Installer installer(DEMO, folder.write("resources", resourcesWith(0x7F)).string());
     EXPECT_EQ(flagByte(), 0x7Fu);
 }
 
-TEST(Application, ClosesItsResourceFile)
+TEST(Installer, ClosesItsResourceFile)
 {
-    std::make_unique<Application>(DEMO, std::nullopt).reset();
+    std::make_unique<Installer>(DEMO, std::nullopt).reset();
     EXPECT_EQ(GetResource('CALL', 1000), nullptr);
 }
 
-TEST(Application, SetsTheFlagForEveryCallAndNotInTheFile)
+TEST(Installer, SetsTheFlagForEveryCallAndNotInTheFile)
 {
     const std::string before = contents(DEMO_RESOURCES);
     {
-        Application application(DEMO, std::nullopt);
-        application.requireAdministrator();
+        Installer installer(DEMO, std::nullopt);
+        installer.requireAdministrator();
         EXPECT_EQ(flagByte(), 0x80u);
         EXPECT_EQ(flagByte(), 0x80u) << "giving the resource back does not clear it";
     }
     EXPECT_EQ(contents(DEMO_RESOURCES), before);
-    const Application again(DEMO, std::nullopt);
+    const Installer again(DEMO, std::nullopt);
     EXPECT_EQ(flagByte(), 0u);
 }
 
-TEST(Application, KeepsTheOtherBitsOfTheFlagsByte)
+TEST(Installer, KeepsTheOtherBitsOfTheFlagsByte)
 {
     const TemporaryFolder folder;
-    Application application(DEMO, folder.write("resources", resourcesWith(0x15)).string());
-    application.requireAdministrator();
+    Installer installer(DEMO, folder.write("resources", resourcesWith(0x15)).string());
+    installer.requireAdministrator();
     EXPECT_EQ(flagByte(), 0x95u);
 }
 
-TEST(Application, NamesItsExternal)
+TEST(Installer, NamesItsExternal)
 {
-    const Application application(DEMO, std::nullopt);
-    EXPECT_EQ(application.builtInPlugIn(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
+    const Installer installer(DEMO, std::nullopt);
+    EXPECT_EQ(installer.builtInPlugIn(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
 }
 
-TEST(Application, BringsNoExternalThatALinkLeadsTo)
+TEST(Installer, BringsNoExternalThatALinkLeadsTo)
 {
     namespace fs = std::filesystem;
     const TemporaryFolder folder;
@@ -91,15 +91,15 @@ TEST(Application, BringsNoExternalThatALinkLeadsTo)
     fs::create_directories(plugIns);
     fs::create_directory_symlink(outside, plugIns / "Link.bundle");
     fs::create_directory_symlink(folder / "none", plugIns / "Dangling.bundle");
-    const Application application(folder / "Test.app", std::nullopt);
-    EXPECT_THROW(application.builtInPlugIn(), Problem);
+    const Installer installer(folder / "Test.app", std::nullopt);
+    EXPECT_THROW(installer.builtInPlugIn(), Problem);
 
     fs::create_directory(plugIns / "Own.bundle");
-    EXPECT_EQ(application.builtInPlugIn().filename(), "Own.bundle");
+    EXPECT_EQ(installer.builtInPlugIn().filename(), "Own.bundle");
     fs::remove(plugIns / "Own.bundle");
     fs::create_directory(plugIns.parent_path() / "Others");
     fs::create_directory_symlink("../Others", plugIns / "Own.bundle");
-    EXPECT_EQ(application.builtInPlugIn().filename(), "Own.bundle") << "a link may lead about in the application";
+    EXPECT_EQ(installer.builtInPlugIn().filename(), "Own.bundle") << "a link may lead about in the application";
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #include "host/Outputs.h"
-#include "host/Problem.h"
+#include "host/Messages.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

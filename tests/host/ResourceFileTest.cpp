@@ -1,5 +1,4 @@
 #include "host/resources/ResourceFile.h"
-#include "host/resources/AlertTemplate.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "host/TraceFile.h"
-#include "host/Problem.h"
+#include "host/WrittenFiles.h"
+#include "host/Messages.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
