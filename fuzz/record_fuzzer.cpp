@@ -1,6 +1,7 @@
 // The host's record file: loaded, read field by field, changed as a call changes it, reported and saved. What follows
 // the record in the input is also the text of an alert in the report.
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "fuzz/must_hold.h"
 #include "fuzz/scratch_file.h"
 #include "host/Messages.h"

@@ -1,5 +1,6 @@
 #include "host/External.h"
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "host/Messages.h"
 
 #include <Toolbox/Displays.h>
@@ -9,13 +10,6 @@
 namespace Host {
 
 namespace {
-
-// What the installer asks a factory for.
-CFUUIDRef externalType()
-{
-    return CFUUIDGetConstantUUIDWithBytes(kCFAllocatorDefault, 0x5C, 0xD9, 0x48, 0x4B, 0x4A, 0x86, 0x4C, 0xA2, 0xA7,
-        0x9A, 0x15, 0x25, 0xA3, 0xB5, 0xF6, 0xE8);
-}
 
 CFPlugInRef createPlugIn(const std::filesystem::path& folder)
 {
@@ -34,7 +28,7 @@ External::External(const std::filesystem::path& folder)
     if (m_bundle.get() == nullptr)
         throw notLoaded("there is no such folder, which a bundle is");
 
-    const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(externalType(), m_bundle.get()));
+    const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(factoryType(), m_bundle.get()));
     if (CFArrayGetCount(factories.get()) == 0)
         throw notLoaded("it has no Info.plist that registers a factory for externals of this installer");
 
@@ -42,7 +36,7 @@ External::External(const std::filesystem::path& folder)
         throw notLoaded("its executable is not there, or is none that can be loaded here");
 
     const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories.get(), 0));
-    m_instance = static_cast<XcodInstance*>(CFPlugInInstanceCreate(kCFAllocatorDefault, factory, externalType()));
+    m_instance = static_cast<XcodInstance*>(CFPlugInInstanceCreate(kCFAllocatorDefault, factory, factoryType()));
     if (m_instance == nullptr)
         throw notLoaded("its factory gives no instance");
 }

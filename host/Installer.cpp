@@ -1,5 +1,6 @@
 #include "host/Installer.h"
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "host/CFReferences.h"
 #include "host/Messages.h"
 #include "host/Paths.h"
@@ -15,10 +16,6 @@ namespace Host {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Where 'CALL' 1000 holds the flag: the most significant bit of this byte.
-constexpr Size ADMINISTRATOR_BYTE = 401;
-constexpr char ADMINISTRATOR_BIT = static_cast<char>(0x80);
 
 // The name of a folder, also when it is given as "." or with a slash at its end.
 std::string bundleName(const fs::path& folder)
@@ -106,14 +103,14 @@ void Installer::requireAdministrator()
         throw Problem(ExitStatus::NotDone,
             "the administrator flag cannot be set: the application has no resource file, which would hold it; name one "
             "with --resources");
-    const Handle call = GetResource('CALL', 1000);
+    const Handle call = GetResource(CALL_RESOURCE_TYPE, CALL_RESOURCE_ID);
     if (call == nullptr)
         throw Problem(ExitStatus::NotDone,
             "the administrator flag cannot be set: the resource file has no 'CALL' 1000, which would hold it");
     if (GetHandleSize(call) <= ADMINISTRATOR_BYTE)
         throw Problem(ExitStatus::NotDone,
             "the administrator flag cannot be set: 'CALL' 1000 of the resource file is too short to hold it");
-    (*call)[ADMINISTRATOR_BYTE] = static_cast<char>((*call)[ADMINISTRATOR_BYTE] | ADMINISTRATOR_BIT);
+    (*call)[ADMINISTRATOR_BYTE] = static_cast<char>((*call)[ADMINISTRATOR_BYTE] | 0x80 >> ADMINISTRATOR_BIT);
     ChangedResource(call);  // or it would be read from the file again
 }
 

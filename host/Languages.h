@@ -3,9 +3,12 @@
 #ifndef HOST_LANGUAGES_H
 #define HOST_LANGUAGES_H
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
+
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,20 +16,22 @@
 namespace Host {
 
 struct Language {
-    std::uint32_t code;       // the Mac OS language code
+    std::uint32_t code = 0;   // the Mac OS language code
     std::string_view name;    // in English
     std::string_view locale;  // ISO 639, as locales begin with
 };
 
+/// How the locales of the pop-up's languages begin, in its order.
+inline constexpr std::string_view MENU_LOCALES[] = {"en", "ja", "de", "fr", "it", "es"};
+static_assert(std::size(MENU_LOCALES) == MENU_LANGUAGE_COUNT, "a language has a locale, and a locale its language");
+
 /// The languages in the order of the dialog's pop-up: the first is its item 1.
-inline constexpr std::array<Language, 6> LANGUAGES{{
-    {0, "English", "en"},
-    {11, "Japanese", "ja"},
-    {2, "German", "de"},
-    {1, "French", "fr"},
-    {3, "Italian", "it"},
-    {6, "Spanish", "es"},
-}};
+inline constexpr auto LANGUAGES = [] {
+    std::array<Language, MENU_LANGUAGE_COUNT> languages{};
+    for (std::size_t i = 0; i < languages.size(); ++i)
+        languages[i] = {MENU_LANGUAGES[i].code, MENU_LANGUAGES[i].name, MENU_LOCALES[i]};
+    return languages;
+}();
 
 /// The language with this code, or null.
 const Language* languageOfCode(std::uint32_t code);

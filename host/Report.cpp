@@ -3,7 +3,7 @@
 #include "host/Languages.h"
 #include "host/WrittenFiles.h"
 
-#include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 
 #include <Toolbox/Remarks.h>
 

@@ -1,5 +1,6 @@
 // visex-host: stands in for the installer. Loads an external, calls it once, and says what it answered.
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "host/CallGuard.h"
 #include "host/DisplayChoice.h"
 #include "host/External.h"

@@ -3,11 +3,9 @@
 #include <Carbon/Carbon.h>
 #include <Security/Authorization.h>
 
-namespace {
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 
-const ResType FLAG_RESOURCE_TYPE = 'CALL';
-const SInt16 FLAG_RESOURCE_ID = 1000;
-const int FLAG_POSITION = 401;  // of the byte whose most significant bit is the flag
+namespace {
 
 // Where the system's frameworks are looked for. The headers call this number kOnAppropriateDisk; it is given here as a
 // number because that, and not the name, is what the Folder Manager goes by.
@@ -27,14 +25,14 @@ using AuthorizationCopyRightsProcPtr = decltype(&AuthorizationCopyRights);
 // Whether the installer's resource demands the right. Without the resource it does not.
 bool rightIsDemanded()
 {
-    const Handle resource = GetResource(FLAG_RESOURCE_TYPE, FLAG_RESOURCE_ID);
+    const Handle resource = GetResource(CALL_RESOURCE_TYPE, CALL_RESOURCE_ID);
     if (resource == nullptr)
         return false;
 
     HLock(resource);
     UInt8 flagByte = 0;
-    BlockMoveData(*resource + FLAG_POSITION, &flagByte, sizeof flagByte);
-    const bool demanded = BitTst(&flagByte, 0) != 0;
+    BlockMoveData(*resource + ADMINISTRATOR_BYTE, &flagByte, sizeof flagByte);
+    const bool demanded = BitTst(&flagByte, ADMINISTRATOR_BIT) != 0;
     HUnlock(resource);
     ReleaseResource(resource);
     return demanded;

@@ -25,12 +25,6 @@ struct ExternParmBlock {
     BigEndian<UInt32> currentLanguage;
 };
 
-/// The one message that the external serves.
-const SInt16 MESSAGE_SELECT_LANGUAGE = 1000;
-
-/// The flag of `resultFlags` that is set for any other message.
-const UInt32 RESULT_FLAG_UNKNOWN_MESSAGE = 1;
-
 static_assert(offsetof(ExternParmBlock, message) == 0, "16 bits at 0");
 static_assert(offsetof(ExternParmBlock, resultFlags) == 8, "32 bits at 8");
 static_assert(offsetof(ExternParmBlock, chosenLanguage) == 582, "16 bits at 582");

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "UI/MessageBox.h"
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 
 namespace {
 
@@ -22,21 +23,6 @@ static_assert(sizeof(LanguageDialogState::accepted) == 4, "a whole word");
 static_assert(sizeof(LanguageDialogState::selectedIndex) == 4, "a whole word");
 static_assert(sizeof(LanguageDialogState) == sizeof(void*) + 8, "three words");
 
-// The Mac OS language code of each item of the pop-up, in menu order. Both directions are looked up here; what is not
-// here is English, in both.
-constexpr UInt16 MENU_LANGUAGES[] = {
-    0,   // English
-    11,  // Japanese
-    2,   // German
-    1,   // French
-    3,   // Italian
-    6,   // Spanish
-};
-constexpr UInt32 MENU_LANGUAGE_COUNT = sizeof MENU_LANGUAGES / sizeof MENU_LANGUAGES[0];
-
-const OSType POPUP_SIGNATURE = 'lsel';
-const unsigned POPUP_ID = 1;
-
 // How much of the command parameter is asked for: the size of HICommand on the target. The command's ID lies within it
 // where HICommand is larger.
 const UInt32 COMMAND_SIZE = 14;
@@ -46,7 +32,7 @@ static_assert(offsetof(HICommand, commandID) + sizeof(UInt32) <= COMMAND_SIZE, "
 UInt32 indexOfLanguage(UInt32 code)
 {
     for (UInt32 index = 0; index < MENU_LANGUAGE_COUNT; ++index) {
-        if (MENU_LANGUAGES[index] == code)
+        if (MENU_LANGUAGES[index].code == code)
             return index;
     }
     return 0;
@@ -54,13 +40,13 @@ UInt32 indexOfLanguage(UInt32 code)
 
 UInt16 languageAtIndex(UInt32 index)
 {
-    return index < MENU_LANGUAGE_COUNT ? MENU_LANGUAGES[index] : MENU_LANGUAGES[0];
+    return index < MENU_LANGUAGE_COUNT ? MENU_LANGUAGES[index].code : MENU_LANGUAGES[0].code;
 }
 
 // The control of `window` with this signature and number; null if there is none.
-ControlRef getNativeDialogControlRef(WindowRef window, OSType signature, unsigned id)
+ControlRef getNativeDialogControlRef(WindowRef window, OSType signature, SInt32 id)
 {
-    const ControlID controlID = {signature, static_cast<SInt32>(id)};
+    const ControlID controlID = {signature, id};
     ControlRef control = nullptr;
     return GetControlByID(window, &controlID, &control) == noErr ? control : nullptr;
 }
@@ -78,11 +64,11 @@ OSStatus dialogEventProcessor(EventHandlerCallRef, EventRef event, void* userDat
     if (GetEventParameter(event, kEventParamDirectObject, typeHICommand, nullptr, COMMAND_SIZE, nullptr, &command)
         != noErr)
         return eventNotHandledErr;
-    if (command.commandID != kHICommandOK && command.commandID != kHICommandCancel)
+    if (command.commandID != COMMAND_OK && command.commandID != COMMAND_CANCEL)
         return eventNotHandledErr;
 
     LanguageDialogState& state = *static_cast<LanguageDialogState*>(userData);
-    const bool accepted = command.commandID == kHICommandOK;
+    const bool accepted = command.commandID == COMMAND_OK;
     state.accepted = accepted ? 1 : 0;
     if (accepted) {
         const SInt32 item = GetControl32BitValue(getNativeDialogControlRef(state.window, POPUP_SIGNATURE, POPUP_ID));
@@ -104,12 +90,12 @@ void executeSelectLanguage(ExternParmBlock* block)
 {
     // Looked for in the main bundle, the installer's, which carries the nib.
     IBNibRef nib = nullptr;
-    if (CreateNibReference(CFSTR("LanguageSelector"), &nib) != noErr) {
+    if (CreateNibReference(nibName(), &nib) != noErr) {
         showError("Can't find Nib Reference");
         return;
     }
     WindowRef window = nullptr;
-    if (CreateWindowFromNib(nib, CFSTR("Language_Selector"), &window) != noErr || window == nullptr) {
+    if (CreateWindowFromNib(nib, windowName(), &window) != noErr || window == nullptr) {
         showError("Can't create windows from Nib");
         return;
     }

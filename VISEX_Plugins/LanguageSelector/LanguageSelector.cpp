@@ -1,14 +1,8 @@
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 #include "VISEX_Plugins/LanguageSelector/AuthorizationGate.h"
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "VISEX_Plugins/LanguageSelector/LanguageDialog.h"
-
-namespace {
-
-// The installer's own alert for a message that an external does not know.
-const SInt16 UNKNOWN_MESSAGE_ALERT = 5000;
-
-}  // namespace
 
 extern "C" {
 

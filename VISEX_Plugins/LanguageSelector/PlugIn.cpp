@@ -2,21 +2,11 @@
 
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
+
 namespace {
 
 const XcodFunctionBlock gXcodFunctionBlock = {nullptr, myQueryInterface, myAddRef, myRelease, XCodMain};
-
-CFUUIDRef factoryType()
-{
-    return CFUUIDGetConstantUUIDWithBytes(
-        nullptr, 0x5C, 0xD9, 0x48, 0x4B, 0x4A, 0x86, 0x4C, 0xA2, 0xA7, 0x9A, 0x15, 0x25, 0xA3, 0xB5, 0xF6, 0xE8);
-}
-
-CFUUIDRef externalInterface()
-{
-    return CFUUIDGetConstantUUIDWithBytes(
-        nullptr, 0x00, 0xD5, 0xFB, 0xFE, 0x3D, 0x3D, 0x40, 0xE2, 0x9D, 0xCB, 0x92, 0xED, 0x69, 0x58, 0x34, 0xF8);
-}
 
 CFUUIDRef unknownInterface()
 {

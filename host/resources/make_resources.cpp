@@ -1,5 +1,6 @@
 // Writes the resource file of the demo application: make_resources FILE.
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "host/resources/ResourceFile.h"
 
 #include <cstdio>
@@ -11,13 +12,9 @@ namespace {
 
 using namespace Resources;
 
-// What the external's installer keeps about its call. The top bit of the byte at 401 asks for the administrator's
-// right; it is clear here, and nothing is known of the other bytes.
-constexpr std::int16_t CALL_ID = 1000;
+// Nothing asks for the administrator's right here, and nothing is known of the other bytes.
 constexpr std::size_t CALL_SIZE = 512;
 
-// The alert that an external shows when it is called for something that it does not serve.
-constexpr std::int16_t ALERT_ID = 5000;
 constexpr Rectangle ALERT_BOUNDS{40, 40, 160, 440};
 
 const std::vector<DialogItem> ALERT_ITEMS{
@@ -30,9 +27,9 @@ const std::vector<DialogItem> ALERT_ITEMS{
 Bytes demoResources()
 {
     ResourceFile file;
-    file.add('CALL', CALL_ID, Bytes(CALL_SIZE, 0));
-    file.add('ALRT', ALERT_ID, alertTemplate(ALERT_BOUNDS, ALERT_ID));
-    file.add('DITL', ALERT_ID, dialogItemList(ALERT_ITEMS));
+    file.add(CALL_RESOURCE_TYPE, CALL_RESOURCE_ID, Bytes(CALL_SIZE, 0));
+    file.add('ALRT', UNKNOWN_MESSAGE_ALERT, alertTemplate(ALERT_BOUNDS, UNKNOWN_MESSAGE_ALERT));
+    file.add('DITL', UNKNOWN_MESSAGE_ALERT, dialogItemList(ALERT_ITEMS));
     return file.bytes();
 }
 

@@ -48,7 +48,7 @@ protected:
     {
         Toolbox::UseUnattendedDisplay(answers);
         Record record;
-        record.block().message = MESSAGE_SELECT_LANGUAGE;
+        record.block().message = 1000;
         record.block().chosenLanguage = UNTOUCHED;
         external->call(record, watch);
         return record.block().chosenLanguage;

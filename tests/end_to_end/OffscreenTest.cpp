@@ -61,7 +61,7 @@ protected:
         Installer installer(DEMO_APPLICATION, std::nullopt);
         External external(installer.builtInPlugIn());
         Record record;
-        record.block().message = MESSAGE_SELECT_LANGUAGE;
+        record.block().message = 1000;
         record.block().currentLanguage = language().code;
 
         bool worked = false;
