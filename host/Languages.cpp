@@ -1,8 +1,8 @@
 #include "host/Languages.h"
 
+#include <Toolbox/Application.h>
+
 #include <algorithm>
-#include <cstdlib>
-#include <initializer_list>
 
 namespace Host {
 
@@ -44,20 +44,15 @@ std::uint32_t popUpItem(const Language& language)
     return static_cast<std::uint32_t>(&language - LANGUAGES.data()) + 1;
 }
 
-const Language* languageOfLocale(std::string_view locale)
+const Language& userLanguage()
 {
-    const std::string_view language = locale.substr(0, locale.find_first_of("_.@"));
-    return firstLanguage([language](const Language& each) { return sameInAnyCase(each.locale, language); });
-}
-
-std::string userLocale()
-{
-    for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const char* const locale = std::getenv(variable);
-        if (locale != nullptr && *locale != '\0')
-            return locale;
+    for (const std::string& each : Toolbox::UserLanguages()) {
+        const std::string tag = each.substr(0, each.find('-'));
+        if (const Language* const found =
+                firstLanguage([&](const Language& one) { return sameInAnyCase(one.tag, tag); }))
+            return *found;
     }
-    return std::string();
+    return LANGUAGES.front();
 }
 
 std::string listLanguages()

@@ -1,4 +1,4 @@
-// The six languages that the dialog offers: their Mac OS codes, their names, and how a locale's name begins.
+// The six languages that the dialog offers, and which of them somebody means or reads.
 
 #ifndef HOST_LANGUAGES_H
 #define HOST_LANGUAGES_H
@@ -16,20 +16,20 @@
 namespace Host {
 
 struct Language {
-    std::uint32_t code = 0;   // the Mac OS language code
-    std::string_view name;    // in English
-    std::string_view locale;  // ISO 639, as locales begin with
+    std::uint32_t code = 0;  // the Mac OS language code
+    std::string_view name;   // in English
+    std::string_view tag;    // ISO 639, as locales begin with
 };
 
-/// How the locales of the pop-up's languages begin, in its order.
-inline constexpr std::string_view MENU_LOCALES[] = {"en", "ja", "de", "fr", "it", "es"};
-static_assert(std::size(MENU_LOCALES) == MENU_LANGUAGE_COUNT, "a language has a locale, and a locale its language");
+/// The tags of the pop-up's languages, in its order.
+inline constexpr std::string_view MENU_TAGS[] = {"en", "ja", "de", "fr", "it", "es"};
+static_assert(std::size(MENU_TAGS) == MENU_LANGUAGE_COUNT, "a language has a tag, and a tag its language");
 
 /// The languages in the order of the dialog's pop-up: the first is its item 1.
 inline constexpr auto LANGUAGES = [] {
     std::array<Language, MENU_LANGUAGE_COUNT> languages{};
     for (std::size_t i = 0; i < languages.size(); ++i)
-        languages[i] = {MENU_LANGUAGES[i].code, MENU_LANGUAGES[i].name, MENU_LOCALES[i]};
+        languages[i] = {MENU_LANGUAGES[i].code, MENU_LANGUAGES[i].name, MENU_TAGS[i]};
     return languages;
 }();
 
@@ -54,11 +54,8 @@ const Language* parseLanguage(std::string_view text);
 /// The item of the dialog's pop-up that stands for one of LANGUAGES, from 1.
 std::uint32_t popUpItem(const Language& language);
 
-/// The language of a locale such as "de_DE.UTF-8"; null for any other locale, "C" and "" among them.
-const Language* languageOfLocale(std::string_view locale);
-
-/// The locale in which the user wants to read messages: LC_ALL, LC_MESSAGES or LANG, the first that says something.
-std::string userLocale();
+/// The first of the user's languages that is one of the six; English if none is.
+const Language& userLanguage();
 
 /// The six languages with their codes, as they are told to somebody who has given another.
 std::string listLanguages();

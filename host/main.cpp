@@ -28,12 +28,6 @@ namespace {
 
 using namespace Host;
 
-std::uint32_t userLanguage()
-{
-    const Language* const language = languageOfLocale(userLocale());
-    return language == nullptr ? LANGUAGES.front().code : language->code;
-}
-
 // A record that is loaded keeps what the options leave open; a new one gets the defaults.
 Record makeRecord(const Options& options)
 {
@@ -42,7 +36,7 @@ Record makeRecord(const Options& options)
     if (options.message || !options.record)
         block.message = options.message.value_or(MESSAGE_SELECT_LANGUAGE);
     if (options.current || !options.record)
-        block.currentLanguage = options.current ? *options.current : userLanguage();
+        block.currentLanguage = options.current ? *options.current : userLanguage().code;
     return record;
 }
 

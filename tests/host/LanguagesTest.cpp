@@ -79,67 +79,36 @@ const NameCase TYPED[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Typed, ParseLanguage, testing::ValuesIn(TYPED), rowName);
 
-class LanguageOfLocale : public testing::TestWithParam<NameCase> { };
-
-TEST_P(LanguageOfLocale, GoesByTheLanguagePart)
-{
-    expectLanguage(languageOfLocale(GetParam().text), GetParam().language);
-}
-
-const NameCase LOCALES[] = {
-    {"Whole", "de_DE.UTF-8", "German"},
-    {"OtherCountry", "de_AT.UTF-8", "German"},
-    {"WithModifier", "it_IT@euro", "Italian"},
-    {"LanguageAlone", "ja", "Japanese"},
-    {"LanguageAndEncoding", "fr.UTF-8", "French"},
-    {"LanguageAndModifier", "es@modern", "Spanish"},
-    {"English", "en_GB.UTF-8", "English"},
-    {"OtherLanguage", "nl_NL.UTF-8", nullptr},
-    {"LongerLanguage", "deu_DE.UTF-8", nullptr},
-    {"C", "C", nullptr},
-    {"CWithEncoding", "C.UTF-8", nullptr},
-    {"Posix", "POSIX", nullptr},
-    {"Empty", "", nullptr},
-    {"NoLanguagePart", "_DE", nullptr},
-};
-INSTANTIATE_TEST_SUITE_P(Locales, LanguageOfLocale, testing::ValuesIn(LOCALES), rowName);
-
-struct EnvironmentCase {
+struct LocaleCase {
     const char* name;
-    const char* all;  // null: not in the environment
-    const char* messages;
-    const char* lang;
     const char* locale;
+    const char* list;  // LANGUAGE
+    const char* language;
 };
 
-class UserLocale : public testing::TestWithParam<EnvironmentCase> {
-protected:
-    static void set(const char* variable, const char* value)
-    {
-        if (value == nullptr)
-            unsetenv(variable);
-        else
-            setenv(variable, value, 1);
-    }
-};
+class UserLanguage : public testing::TestWithParam<LocaleCase> { };
 
-TEST_P(UserLocale, IsTheFirstThatSaysSomething)
+TEST_P(UserLanguage, IsTheFirstOfTheSix)
 {
-    set("LC_ALL", GetParam().all);
-    set("LC_MESSAGES", GetParam().messages);
-    set("LANG", GetParam().lang);
-    EXPECT_EQ(userLocale(), GetParam().locale);
+    setenv("LC_ALL", GetParam().locale, 1);
+    setenv("LANGUAGE", GetParam().list, 1);
+    EXPECT_EQ(userLanguage().name, GetParam().language);
 }
 
-const EnvironmentCase ENVIRONMENTS[] = {
-    {"AllWins", "fr_FR", "de_DE", "it_IT", "fr_FR"},
-    {"MessagesBeforeLang", nullptr, "de_DE", "it_IT", "de_DE"},
-    {"LangLast", nullptr, nullptr, "it_IT", "it_IT"},
-    {"EmptyIsPassedOver", "", "", "it_IT", "it_IT"},
-    {"CIsNotPassedOver", "C", "de_DE", "it_IT", "C"},
-    {"None", nullptr, nullptr, nullptr, ""},
+const LocaleCase LOCALES[] = {
+    {"Whole", "de_DE.UTF-8", "", "German"},
+    {"LanguageAlone", "ja", "", "Japanese"},
+    {"LanguageAndModifier", "es@modern", "", "Spanish"},
+    {"UpperCase", "FR_FR", "", "French"},
+    {"OtherLanguage", "nl_NL.UTF-8", "", "English"},
+    {"LongerLanguage", "deu_DE.UTF-8", "", "English"},
+    {"C", "C", "it", "English"},
+    {"NoLanguagePart", "_DE", "", "English"},
+    {"ListFirst", "ja_JP", "de", "German"},
+    {"OthersInTheListArePassedOver", "ja_JP", "nl:it_CH", "Italian"},
+    {"LocaleAfterTheList", "ja_JP", "nl", "Japanese"},
 };
-INSTANTIATE_TEST_SUITE_P(Environments, UserLocale, testing::ValuesIn(ENVIRONMENTS), rowName);
+INSTANTIATE_TEST_SUITE_P(Locales, UserLanguage, testing::ValuesIn(LOCALES), rowName);
 
 TEST(DescribeLanguage, GivesNameAndCode)
 {

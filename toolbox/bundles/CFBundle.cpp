@@ -33,6 +33,15 @@ CFBundleRef createBundle(const fs::path& folder)
     return bundle == nullptr ? nullptr : Toolbox::referenceTo<CFBundleRef>(*bundle);
 }
 
+// As resources are looked for: the locale decides nothing but which of a bundle's own language folders is taken.
+QStringList userLanguages()
+{
+    QStringList languages;
+    for (const std::string& language : Toolbox::UserLanguages())
+        languages += QString::fromStdString(language);
+    return languages;
+}
+
 // Whether `string` is null, for nothing, or a string at all.
 bool isOptionalString(CFStringRef string)
 {
@@ -43,8 +52,8 @@ CFURLRef copyResourceURL(const Bundle* bundle, CFStringRef name, CFStringRef typ
 {
     if (bundle == nullptr || !isOptionalString(type) || !isOptionalString(subfolder))
         return nullptr;
-    const fs::path path = bundle->findResource(
-        Toolbox::textOf(name), Toolbox::textOf(type), Toolbox::textOf(subfolder), Toolbox::userLanguages());
+    const fs::path path =
+        bundle->findResource(Toolbox::textOf(name), Toolbox::textOf(type), Toolbox::textOf(subfolder), userLanguages());
     std::error_code missing;
     return createURL(path, fs::is_directory(path, missing));
 }

@@ -1,4 +1,4 @@
-// The languages that resources are looked for in, and the folders that each has in a bundle.
+// The folders that each language has in a bundle.
 
 #ifndef TOOLBOX_BUNDLES_LANGUAGES_H
 #define TOOLBOX_BUNDLES_LANGUAGES_H
@@ -6,10 +6,6 @@
 #include <QStringList>
 
 namespace Toolbox {
-
-/// The user's languages, the best first, as the process's locale has them: "de-AT", "en". The locale decides nothing
-/// but which of a bundle's own language folders is taken.
-QStringList userLanguages();
 
 /// The names of the folders for `languages`, in the order in which they are looked at: for each language its own, its
 /// region's before its general one, and the long name that the Mac's first languages have: for "de-AT" that is

@@ -1,13 +1,16 @@
 #include "toolbox/bundles/Languages.h"
 
+#include <Toolbox/Application.h>
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <string>
+#include <vector>
 
 namespace {
 
 using Toolbox::languageFolders;
-using Toolbox::userLanguages;
 
 struct FoldersCase {
     const char* name;
@@ -49,31 +52,52 @@ TEST(LanguageFolders, TheFirstLanguagesOfTheMacHaveLongNames)
         EXPECT_EQ(languageFolders({codes[index]}), QStringList({codes[index] + ".lproj", names[index] + ".lproj"}));
 }
 
-// The first of the user's languages in a process with this environment; a process of its own, since the locale is read
-// once. It ends with success if that is `language`, which is null for none.
-[[noreturn]] void exitWithFirstLanguage(const char* locale, const char* languages, const char* language)
-{
-    setenv("LC_ALL", locale, 1);
-    setenv("LANGUAGE", languages, 1);
-    const QString first = userLanguages().value(0);
-    std::exit(first == QString(language) ? EXIT_SUCCESS : EXIT_FAILURE);
-}
-
-class UserLanguagesDeathTest : public testing::Test {
-protected:
-    void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+struct EnvironmentCase {
+    const char* name;
+    const char* all;  // null: not in the environment
+    const char* messages;
+    const char* lang;
+    const char* list;  // LANGUAGE
+    std::vector<std::string> languages;
 };
 
-TEST_F(UserLanguagesDeathTest, AreTheLocales)
+// clang-format off
+const EnvironmentCase ENVIRONMENTS[] = {
+    {"AllWins",                 "fr_FR",             "de_DE",   "it_IT",       nullptr,         {"fr-FR"}},
+    {"MessagesBeforeLang",      nullptr,             "de_DE",   "it_IT",       nullptr,         {"de-DE"}},
+    {"LangLast",                nullptr,             nullptr,   "it_IT.UTF-8", nullptr,         {"it-IT"}},
+    {"EmptyIsPassedOver",       "",                  "",        "it",          "",              {"it"}},
+    {"NoEncodingOrModifier",    "de_AT.UTF-8@euro",  nullptr,   nullptr,       nullptr,         {"de-AT"}},
+    {"ListBeforeTheLocale",     nullptr,             nullptr,   "ja_JP.UTF-8", "de",            {"de", "ja-JP"}},
+    {"ListInItsOrder",          "ja_JP",             nullptr,   nullptr,       "ko:de_AT::fr",  {"ko", "de-AT", "fr", "ja-JP"}},
+    {"NoListInTheLocaleC",      "C",                 "de_DE",   "it_IT",       "de",            {}},
+    {"NoListInAnyC",            nullptr,             nullptr,   "C.UTF-8",     "de",            {}},
+    {"NoListInPosix",           "POSIX",             nullptr,   nullptr,       "de",            {}},
+    {"NoListWithoutALocale",    nullptr,             nullptr,   nullptr,       "de",            {}},
+};
+// clang-format on
+
+class UserLanguages : public testing::TestWithParam<EnvironmentCase> {
+protected:
+    static void set(const char* variable, const char* value)
+    {
+        if (value == nullptr)
+            unsetenv(variable);
+        else
+            setenv(variable, value, 1);
+    }
+};
+
+TEST_P(UserLanguages, AreTheListsUnlessTheLocaleIsC)
 {
-    const testing::ExitedWithCode success(EXIT_SUCCESS);
-    EXPECT_EXIT(exitWithFirstLanguage("de_AT.UTF-8", "", "de-AT"), success, "");
-    EXPECT_EXIT(exitWithFirstLanguage("de_AT.UTF-8", "ko:fr", "ko"), success, "");
+    set("LC_ALL", GetParam().all);
+    set("LC_MESSAGES", GetParam().messages);
+    set("LANG", GetParam().lang);
+    set("LANGUAGE", GetParam().list);
+    EXPECT_EQ(Toolbox::UserLanguages(), GetParam().languages);
 }
 
-TEST_F(UserLanguagesDeathTest, AreNoneInTheLocaleOfNoLanguage)
-{
-    EXPECT_EXIT(exitWithFirstLanguage("C", "", nullptr), testing::ExitedWithCode(EXIT_SUCCESS), "");
-}
+INSTANTIATE_TEST_SUITE_P(
+    Cases, UserLanguages, testing::ValuesIn(ENVIRONMENTS), [](const auto& row) { return row.param.name; });
 
 }  // namespace
