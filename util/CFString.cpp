@@ -24,7 +24,9 @@ CFString::~CFString()
 
     if (m_release != 0 && m_string != nullptr)
         CFRelease(m_string);
-    m_string = nullptr;  // so that no owner whose life has ended still names a string
+    // So that no owner whose life has ended still names a string. Volatile, or the optimizer drops a store that nobody
+    // may read any more.
+    *const_cast<CFStringRef volatile*>(&m_string) = nullptr;
 }
 
 }  // namespace Util

@@ -3,13 +3,15 @@
 #include <Carbon/Carbon.h>
 #include <Security/Authorization.h>
 
+#include <type_traits>
+
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
 
 namespace {
 
-// Where the system's frameworks are looked for. The headers call this number kOnAppropriateDisk; it is given here as a
-// number because that, and not the name, is what the Folder Manager goes by.
-const SInt16 FRAMEWORKS_DOMAIN = -32767;
+// kSystemDomain, where the system's frameworks are looked for. The number decides, and headers do not agree on its
+// name: there are some that have kSystemDomain for another number and call this one kOnAppropriateDisk.
+const SInt16 SYSTEM_DOMAIN = -32767;
 
 // The right that is asked for comes first. The other two are the names under which a user's name and password would be
 // handed over in an authorization environment; none is, since nobody is asked.
@@ -19,8 +21,22 @@ const AuthorizationItem AUTHORIZATION_ITEMS[] = {
     {"password", 0, nullptr, 0},
 };
 
-using AuthorizationCreateProcPtr = decltype(&AuthorizationCreate);
-using AuthorizationCopyRightsProcPtr = decltype(&AuthorizationCopyRights);
+// The two functions of the framework count as functions of a 16-bit result, and on the target, whose pointers have 32
+// bits, they are called as such. Elsewhere a call through a pointer of another type than the function's is undefined.
+using Result = std::conditional_t<sizeof(void*) == 4, SInt16, OSStatus>;
+using AuthorizationCreateProcPtr = Result (*)(
+    const AuthorizationRights*, const AuthorizationEnvironment*, AuthorizationFlags, AuthorizationRef*);
+using AuthorizationCopyRightsProcPtr = Result (*)(AuthorizationRef, const AuthorizationRights*,
+    const AuthorizationEnvironment*, AuthorizationFlags, AuthorizationRights**);
+
+// The low 16 bits of `result`, which alone decide: a status with none of these bits set is a success. Volatile, as
+// compilers for PowerPC take it that a function of a 16-bit result has filled the whole register with its sign, and
+// would look at all 32 bits.
+SInt16 lowHalf(Result result)
+{
+    const volatile SInt16 low = static_cast<SInt16>(result);
+    return low;
+}
 
 // Whether the installer's resource demands the right. Without the resource it does not.
 bool rightIsDemanded()
@@ -70,7 +86,7 @@ CFBundleRef createLoadedBundle(const FSRef& folder, CFStringRef name)
 OSStatus loadSecurityFramework(CFBundleRef* framework)
 {
     FSRef folder;
-    const OSErr found = FSFindFolder(FRAMEWORKS_DOMAIN, kFrameworksFolderType, kCreateFolder, &folder);
+    const OSErr found = FSFindFolder(SYSTEM_DOMAIN, kFrameworksFolderType, kCreateFolder, &folder);
     if (found != noErr)
         return found;
     *framework = createLoadedBundle(folder, CFSTR("Security.framework"));
@@ -80,8 +96,7 @@ OSStatus loadSecurityFramework(CFBundleRef* framework)
 }
 
 // Asks for the administrator's right. Returns noErr when it is granted; cfragNoSymbolErr when the framework lacks a
-// function; what the function returned. The low 16 bits of that decide: both count as functions of a 16-bit result, so
-// that a status with none of these bits set is a success.
+// function; the low half of what the function returned.
 OSStatus requestAdministratorRight(CFBundleRef framework)
 {
     const auto create = reinterpret_cast<AuthorizationCreateProcPtr>(
@@ -89,7 +104,7 @@ OSStatus requestAdministratorRight(CFBundleRef framework)
     if (create == nullptr)
         return cfragNoSymbolErr;
     AuthorizationRef authorization = nullptr;
-    const SInt16 created = static_cast<SInt16>(create(nullptr, nullptr, kAuthorizationFlagDefaults, &authorization));
+    const SInt16 created = lowHalf(create(nullptr, nullptr, kAuthorizationFlagDefaults, &authorization));
 
     const auto copyRights = reinterpret_cast<AuthorizationCopyRightsProcPtr>(
         CFBundleGetFunctionPointerForName(framework, CFSTR("AuthorizationCopyRights")));
@@ -101,8 +116,8 @@ OSStatus requestAdministratorRight(CFBundleRef framework)
     AuthorizationItem item = AUTHORIZATION_ITEMS[0];
     const AuthorizationRights rights = {1, &item};
 
-    // Default flags: no question to the user, no extension of his rights.
-    return static_cast<SInt16>(copyRights(authorization, &rights, nullptr, kAuthorizationFlagDefaults, nullptr));
+    // Default flags: no question to the user, no extension of the user's rights.
+    return lowHalf(copyRights(authorization, &rights, nullptr, kAuthorizationFlagDefaults, nullptr));
 }
 
 }  // namespace

@@ -9,8 +9,38 @@
 #include <Carbon/Carbon.h>
 
 #include <cstddef>
+#include <cstdint>
 
-#include "VISEX_Plugins/LanguageSelector/BigEndian.h"
+/// A number stored with its most significant byte first, at any address, on every processor. It reads and is assigned
+/// to like the number itself; on PowerPC that is the plain load and store.
+/// `T` has at most four bytes. Trivial, so that a record of such fields can lie in whatever memory a host passes.
+template <typename T> class BigEndian {
+public:
+    /// The number.
+    operator T() const
+    {
+        std::uint32_t bits = 0;
+        for (const unsigned char byte : m_bytes)
+            bits = bits << 8 | byte;
+        return static_cast<T>(bits);
+    }
+
+    /// Stores `number`.
+    BigEndian& operator=(T number)
+    {
+        std::uint32_t bits = static_cast<std::uint32_t>(number);
+        for (std::size_t i = sizeof(T); i > 0; --i) {
+            m_bytes[i - 1] = static_cast<unsigned char>(bits & 0xFF);
+            bits >>= 8;
+        }
+        return *this;
+    }
+
+private:
+    static_assert(sizeof(T) <= sizeof(std::uint32_t), "the number is put together in 32 bits");
+
+    unsigned char m_bytes[sizeof(T)];
+};
 
 /// Languages are Mac OS language codes: 0 English, 1 French, 2 German, 3 Italian, 6 Spanish, 11 Japanese.
 /// The current one is a 32-bit number and the chosen one a 16-bit number, at places of their own: the installer gives

@@ -1,4 +1,4 @@
-#include "VISEX_Plugins/LanguageSelector/LanguageDialog.h"
+// The dialog in which the person installing picks the language of the installation.
 
 #include <Carbon/Carbon.h>
 
@@ -6,6 +6,7 @@
 
 #include "UI/MessageBox.h"
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
+#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 namespace {
 
@@ -23,8 +24,11 @@ static_assert(sizeof(LanguageDialogState::accepted) == 4, "a whole word");
 static_assert(sizeof(LanguageDialogState::selectedIndex) == 4, "a whole word");
 static_assert(sizeof(LanguageDialogState) == sizeof(void*) + 8, "three words");
 
-// How much of the command parameter is asked for: the size of HICommand on the target. The command's ID lies within it
-// where HICommand is larger.
+const ControlID POPUP = {POPUP_SIGNATURE, POPUP_ID};
+
+// How much of the command parameter is asked for: the bytes that HICommand has where its structures are packed to two
+// bytes, as the Mac's own compilers and clang count them. GCC rounds them up to 16 even so; the command's ID lies
+// within them everywhere.
 const UInt32 COMMAND_SIZE = 14;
 static_assert(COMMAND_SIZE <= sizeof(HICommand), "what is asked for fits");
 static_assert(offsetof(HICommand, commandID) + sizeof(UInt32) <= COMMAND_SIZE, "the command's ID is part of it");
@@ -43,8 +47,9 @@ UInt16 languageAtIndex(UInt32 index)
     return index < MENU_LANGUAGE_COUNT ? MENU_LANGUAGES[index].code : MENU_LANGUAGES[0].code;
 }
 
-// The control of `window` with this signature and number; null if there is none.
-ControlRef getNativeDialogControlRef(WindowRef window, OSType signature, SInt32 id)
+// The control of `window` with this signature and number; null if there is none. For controls to come: the pop-up, so
+// far the only one, is looked up where it is needed.
+[[maybe_unused]] ControlRef getNativeDialogControlRef(WindowRef window, OSType signature, SInt32 id)
 {
     const ControlID controlID = {signature, id};
     ControlRef control = nullptr;
@@ -71,7 +76,10 @@ OSStatus dialogEventProcessor(EventHandlerCallRef, EventRef event, void* userDat
     const bool accepted = command.commandID == COMMAND_OK;
     state.accepted = accepted ? 1 : 0;
     if (accepted) {
-        const SInt32 item = GetControl32BitValue(getNativeDialogControlRef(state.window, POPUP_SIGNATURE, POPUP_ID));
+        ControlRef popup = nullptr;
+        if (GetControlByID(state.window, &POPUP, &popup) != noErr)
+            popup = nullptr;
+        const SInt32 item = GetControl32BitValue(popup);
         if (item > 0)
             state.selectedIndex = static_cast<UInt32>(item - 1);
     }
@@ -83,8 +91,6 @@ void showError(const char* message)
 {
     UI::MessageOK(nullptr, String("Language Selector Error"), String(message), false);
 }
-
-}  // namespace
 
 void executeSelectLanguage(ExternParmBlock* block)
 {
@@ -103,7 +109,10 @@ void executeSelectLanguage(ExternParmBlock* block)
 
     // The pop-up's items count from 1. Without a pop-up this sets the value of no control, which does nothing.
     const UInt32 index = indexOfLanguage(block->currentLanguage);
-    SetControl32BitValue(getNativeDialogControlRef(window, POPUP_SIGNATURE, POPUP_ID), static_cast<SInt32>(index + 1));
+    ControlRef popup = nullptr;
+    if (GetControlByID(window, &POPUP, &popup) != noErr)
+        popup = nullptr;
+    SetControl32BitValue(popup, static_cast<SInt32>(index + 1));
 
     LanguageDialogState state = {window, 0, index};
     const EventHandlerUPP handler = NewEventHandlerUPP(dialogEventProcessor);
@@ -123,4 +132,12 @@ void executeSelectLanguage(ExternParmBlock* block)
 
     if (state.accepted != 0)
         block->chosenLanguage = languageAtIndex(state.selectedIndex);
+}
+
+}  // namespace
+
+void LanguageSelector(ExternParmBlock* block)
+{
+    if (block != nullptr)
+        executeSelectLanguage(block);
 }

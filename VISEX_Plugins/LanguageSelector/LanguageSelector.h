@@ -50,7 +50,13 @@ ULONG myRelease(void* instance);
 /// for any other message, alert 5000 of the installer's and RESULT_FLAG_UNKNOWN_MESSAGE. A null record is ignored.
 void XCodMain(ExternParmBlock* block);
 
-/// The dialog alone, whatever the record's message. A null record is ignored.
+/// The dialog alone, whatever the record's message: shows the record's current language in the pop-up and, if the
+/// person presses OK, stores the one chosen. After Cancel nothing is stored. A language that the pop-up does not have
+/// counts as English. A null record is ignored.
+///
+/// A failure is shown in a message box, ends the dialog where it stands and stores nothing. What has been made by then
+/// is not taken down: without a window the nib stays open; without a handler the hidden window and the procedure
+/// pointer stay; without a modal loop the shown window, its handler (whose state is gone) and the procedure pointer.
 void LanguageSelector(ExternParmBlock* block);
 
 /// What classic Mac OS called procedure information, for the main entry: no result, one parameter of four bytes.

@@ -1,5 +1,8 @@
 #include "util/CFString.h"
 
+#include <cstring>
+#include <new>
+#include <string>
 #include <type_traits>
 
 #include <gtest/gtest.h>
@@ -64,10 +67,27 @@ TEST_F(CFStringTest, KeptStringOutlivesItsOwner)
 
 TEST_F(CFStringTest, AnyBehaviorButReleaseKeeps)
 {
-    {
-        const CFString string("a", static_cast<CFString::ReleaseBehavior>(2));
+    const unsigned short units[] = {'a'};
+    for (const int behavior : {1, 2, -1, 0x100}) {
+        const CFString fromText("a", CFString::ReleaseBehavior(behavior));
+        const CFString fromUnits(units, 1, CFString::ReleaseBehavior(behavior));
     }
-    EXPECT_EQ(LeftBehind(), "string1\n");
+    EXPECT_EQ(Log().find("CFRelease"), std::string::npos) << Log();
+}
+
+// Looked at in storage that outlives the owner, as whoever finds it by mistake would.
+TEST_F(CFStringTest, OwnerWhoseLifeHasEndedNamesNoString)
+{
+    alignas(CFString) unsigned char storage[sizeof(CFString)];
+    for (const CFString::ReleaseBehavior behavior : {CFString::Release, CFString::Keep}) {
+        CFString* const owner = new (storage) CFString("a", behavior);
+        EXPECT_NE(owner->Get(), nullptr);
+        owner->~CFString();
+
+        CFStringRef left = nullptr;
+        std::memcpy(&left, storage + sizeof(CFString) - sizeof left, sizeof left);
+        EXPECT_EQ(left, nullptr) << "behavior " << behavior;
+    }
 }
 
 TEST_F(CFStringTest, StringThatCouldNotBeMadeIsNullAndNotReleased)

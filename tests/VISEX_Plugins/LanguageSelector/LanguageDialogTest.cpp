@@ -1,4 +1,4 @@
-#include "VISEX_Plugins/LanguageSelector/LanguageDialog.h"
+#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 #include <limits>
 #include <string>
@@ -32,7 +32,7 @@ protected:
     {
         ExternParmBlock record = recordWith(1000, currentLanguage);
         record.chosenLanguage = UNTOUCHED;
-        executeSelectLanguage(&record);
+        LanguageSelector(&record);
         return record.chosenLanguage;
     }
 
@@ -174,7 +174,7 @@ TEST_P(LanguageDialogFailure, IsShownAndEndsTheDialogWhereItStands)
     ExternParmBlock record = recordWith(1000, 11);
     const RecordBytes before = bytesOf(record);
 
-    executeSelectLanguage(&record);
+    LanguageSelector(&record);
     EXPECT_EQ(Log(), GetParam().log + boxLog(GetParam().message));
     EXPECT_EQ(LeftBehind(), GetParam().leftBehind);
     EXPECT_EQ(recordDifferences(bytesOf(record), before), "");
@@ -270,7 +270,7 @@ TEST_P(LanguageDialogLanguage, IsPreselectedAndConfirmed)
 {
     InModalLoop({Command('ok  ')});
     ExternParmBlock record = recordWith(1000, GetParam().code);
-    executeSelectLanguage(&record);
+    LanguageSelector(&record);
     EXPECT_EQ(ToolboxDouble::ItemShown(), GetParam().item);
     EXPECT_EQ(record.chosenLanguage, GetParam().code);
 }
@@ -285,7 +285,7 @@ TEST_P(LanguageDialogLanguage, IsChosenWhateverTheCurrentOne)
         expected[582] = 0;
         expected[583] = static_cast<UInt8>(GetParam().code);
 
-        executeSelectLanguage(&record);
+        LanguageSelector(&record);
         EXPECT_EQ(recordDifferences(bytesOf(record), expected), "") << "from " << current.name;
     }
 }
@@ -344,7 +344,7 @@ TEST_F(LanguageDialog, FieldsAreReadIn32AndWrittenIn16Bits)
     bytes[582] = 0x00;
     bytes[583] = 0x0B;
 
-    executeSelectLanguage(&record);
+    LanguageSelector(&record);
     EXPECT_EQ(recordDifferences(bytesOf(record), bytes), "");
 }
 
@@ -355,7 +355,7 @@ TEST_F(LanguageDialog, CancelChangesNoByteOfTheRecord)
     InModalLoop({Choose(3), Command('not!')});
     ExternParmBlock record = recordWith(1000, 11);
     const RecordBytes before = bytesOf(record);
-    executeSelectLanguage(&record);
+    LanguageSelector(&record);
     EXPECT_EQ(recordDifferences(bytesOf(record), before), "");
 }
 
@@ -416,7 +416,7 @@ TEST_P(LanguageDialogEvent, IsPassedOnAndDoesNotEndTheLoop)
 {
     InModalLoop({GetParam().act, Choose(6), Command('ok  ')});
     ExternParmBlock record = recordWith(1000, 0);
-    executeSelectLanguage(&record);
+    LanguageSelector(&record);
     const std::string then = "  handler('cmds', 1, 'ok  ', given) = 0\n";
     EXPECT_NE(Log().find(GetParam().log + then), std::string::npos) << Log();
     EXPECT_EQ(record.chosenLanguage, 6);

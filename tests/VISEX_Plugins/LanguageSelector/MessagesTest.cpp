@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "UI/MessageBox.h"
-#include "VISEX_Plugins/LanguageSelector/LanguageDialog.h"
+#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/double/ToolboxDouble.h"
 
@@ -44,7 +44,7 @@ TEST_P(Messages, HaveTheTitleAndTellWhatFailed)
 {
     ToolboxDouble::FailCall(GetParam().function, paramErr);
     ExternParmBlock record = recordWith(1000, 0);
-    executeSelectLanguage(&record);
+    LanguageSelector(&record);
     EXPECT_EQ(g_boxes, std::vector<std::string>{GetParam().box});
 }
 
@@ -57,7 +57,7 @@ TEST(NoMessage, IsShownWhenNothingFails)
     g_boxes.clear();
     ToolboxDouble::InModalLoop({ToolboxDouble::Command(kHICommandCancel)});
     ExternParmBlock record = recordWith(1000, 0);
-    executeSelectLanguage(&record);
+    LanguageSelector(&record);
     EXPECT_EQ(g_boxes, std::vector<std::string>());
 }
 

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/RowName.h"
 #include "twin.h"
 
 /// Random choices, the same ones in every run of a build.
@@ -75,10 +76,5 @@ inline void PrintTo(const PairOperation& operation, std::ostream* out)
 {
     *out << operation.name;
 }
-
-/// The name of a row, for INSTANTIATE_TEST_SUITE_P.
-struct RowName {
-    template <typename Info> std::string operator()(const Info& row) const { return row.param.name; }
-};
 
 #endif
