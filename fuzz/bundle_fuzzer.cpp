@@ -6,8 +6,8 @@
 #include "fuzz/nothing_left.h"
 #include "fuzz/scratch_file.h"
 #include "tests/support/TemporaryFolder.h"
-#include "toolbox/bundles/ELFFile.h"
-#include "toolbox/bundles/PropertyList.h"
+#include "toolbox/core/bundles/ELFFile.h"
+#include "toolbox/core/bundles/PropertyList.h"
 
 #include <CoreFoundation/CoreFoundation.h>
 

@@ -1,8 +1,8 @@
 // Makes the seeds that are no texts: make_seeds FOLDER writes them into FOLDER/TARGET. Resource files are drawn by the
 // tests' own helpers, field by field.
 
-#include "tests/toolbox/alerts/AlertBytes.h"
-#include "tests/toolbox/base/ResourceFork.h"
+#include "tests/toolbox/base/resources/ResourceFork.h"
+#include "tests/toolbox/core/dialogs/AlertBytes.h"
 
 #include <cstdio>
 #include <filesystem>

@@ -2,8 +2,8 @@
 
 #include "fuzz/must_hold.h"
 #include "fuzz/nothing_left.h"
-#include "toolbox/nibs/Nib.h"
-#include "toolbox/windows/Window.h"
+#include "toolbox/core/dialogs/Window.h"
+#include "toolbox/core/nibs/Nib.h"
 
 #include <Carbon/Carbon.h>
 #include <Toolbox/Displays.h>

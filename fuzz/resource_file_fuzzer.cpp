@@ -5,11 +5,11 @@
 #include "fuzz/nothing_left.h"
 #include "fuzz/scratch_file.h"
 #include "tests/support/TemporaryFolder.h"
-#include "toolbox/alerts/Alert.h"
-#include "toolbox/files/FileReferences.h"
-#include "toolbox/memory/Handles.h"
-#include "toolbox/resources/Forks.h"
-#include "toolbox/resources/ResourceMap.h"
+#include "toolbox/base/files/FileReferences.h"
+#include "toolbox/base/memory/Handles.h"
+#include "toolbox/base/resources/Forks.h"
+#include "toolbox/base/resources/ResourceMap.h"
+#include "toolbox/core/dialogs/Alert.h"
 
 #include <Carbon/Carbon.h>
 

@@ -3,7 +3,7 @@
 // bytes one way and as units the other.
 
 #include "fuzz/must_hold.h"
-#include "tests/toolbox/base/ICUMacRoman.h"
+#include "tests/toolbox/base/text_encoding/ICUMacRoman.h"
 
 #include <Carbon/Carbon.h>
 

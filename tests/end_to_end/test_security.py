@@ -93,7 +93,7 @@ class Code(HostTest):
         decoys = self.folder / "decoys"
         offscreen = next(pathlib.Path("/usr/lib").glob("*/qt6/plugins/platforms/libqoffscreen.so"))
         for place in ("platforms/libqoffscreen.so", "libqoffscreen.so", "Security", "libSecurity.so",
-                      "LanguageSelector", "libtoolbox_window.so", "libqttestability.so", "libttestability.so",
+                      "LanguageSelector", "libtoolbox_screen.so", "libqttestability.so", "libttestability.so",
                       "libQt6Core.so.6", "libQt6Widgets.so.6", "libstdc++.so.6", "libicuuc.so.72"):
             (decoys / place).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(offscreen, decoys / place)

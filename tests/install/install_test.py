@@ -47,7 +47,7 @@ FILES = {
         LIBDIR/visex-host/Frameworks/Security.framework/Security
         LIBDIR/visex-host/libtoolbox_base.so
         LIBDIR/visex-host/libtoolbox_core.so
-        LIBDIR/visex-host/libtoolbox_window.so
+        LIBDIR/visex-host/libtoolbox_screen.so
         LIBDIR/visex-host/visex-host
         share/bash-completion/completions/visex-host
         share/man/man1/visex-host.1.gz

@@ -2,8 +2,8 @@
 
 #include <Security/Authorization.h>
 
-#include "toolbox/common/Referenced.h"
-#include "toolbox/common/TracedCall.h"
+#include "toolbox/base/Referenced.h"
+#include "toolbox/base/TracedCall.h"
 #include "toolbox/security/Rights.h"
 
 #include <unistd.h>

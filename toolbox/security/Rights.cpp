@@ -1,6 +1,6 @@
 #include "toolbox/security/Rights.h"
 
-#include "toolbox/common/Remark.h"
+#include "toolbox/base/Remark.h"
 
 #include <cstring>
 #include <string>

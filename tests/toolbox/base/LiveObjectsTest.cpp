@@ -1,5 +1,5 @@
-#include "toolbox/common/LiveCount.h"
-#include "toolbox/common/Referenced.h"
+#include "toolbox/base/LiveCount.h"
+#include "toolbox/base/Referenced.h"
 
 #include <Toolbox/LiveObjects.h>
 

@@ -1,4 +1,4 @@
-#include "toolbox/common/Remark.h"
+#include "toolbox/base/Remark.h"
 
 #include <Toolbox/Remarks.h>
 

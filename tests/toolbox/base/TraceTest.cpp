@@ -1,5 +1,5 @@
-#include "toolbox/common/Referenced.h"
-#include "toolbox/common/TracedCall.h"
+#include "toolbox/base/Referenced.h"
+#include "toolbox/base/TracedCall.h"
 
 #include <Carbon/MacMemory.h>
 #include <Carbon/Resources.h>

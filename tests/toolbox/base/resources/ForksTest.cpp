@@ -1,0 +1,289 @@
+#include "toolbox/base/resources/Forks.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/toolbox/base/resources/ResourceFork.h"
+#include "toolbox/base/resources/AppleDouble.h"
+#include "toolbox/base/resources/ResourceMap.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <random>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using Toolbox::Fork;
+using Toolbox::readFork;
+
+const Bytes FORK = {'t', 'h', 'e', ' ', 'f', 'o', 'r', 'k'};
+
+class Forks : public testing::Test {
+protected:
+    // Writes a file "file" with these bytes and reads the resources in it.
+    OSErr readData(const Bytes& bytes) { return readFork(m_folder.write("file", bytes), Fork::Data, &m_bytes); }
+
+    // Writes "file" and "._file", the latter with these bytes, and reads the resource fork.
+    OSErr readBeside(const Bytes& bytes)
+    {
+        m_folder.write("._file", bytes);
+        return readFork(m_folder.write("file", "data"), Fork::Resource, &m_bytes);
+    }
+
+    const TemporaryFolder m_folder;
+    Bytes m_bytes;
+};
+
+TEST_F(Forks, DataForkIsTheFileItself)
+{
+    for (const Bytes& bytes : {Bytes(), Bytes{'x'}, Bytes(25, 'y'), Bytes(26, 'z'), Bytes(100000, 'a')}) {
+        EXPECT_EQ(readData(bytes), noErr);
+        EXPECT_EQ(m_bytes, bytes);
+    }
+}
+
+TEST_F(Forks, DataForkMayBeAppleDoubleOrAppleSingle)
+{
+    for (const unsigned magic : {APPLE_SINGLE, APPLE_DOUBLE}) {
+        const Bytes info(32, 'i');
+        EXPECT_EQ(readData(makeAppleDouble(magic, {{FINDER_INFO_ENTRY, info}, {RESOURCE_FORK_ENTRY, FORK}})), noErr);
+        EXPECT_EQ(m_bytes, FORK);
+    }
+}
+
+TEST_F(Forks, DataForkThatOnlyBeginsLikeAppleDoubleIsTheFileItself)
+{
+    const Bytes good = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}});
+    Bytes otherMagic = good;
+    setNumber(otherMagic, 0, 4, 0x00051608);
+    Bytes otherVersion = good;
+    setNumber(otherVersion, 4, 4, 0x00010000);
+    const Bytes cut(good.begin(), good.begin() + 25);
+    for (const Bytes& bytes : {otherMagic, otherVersion, cut}) {
+        EXPECT_EQ(readData(bytes), noErr);
+        EXPECT_EQ(m_bytes, bytes);
+    }
+}
+
+TEST_F(Forks, ResourceForkLiesInTheAppleDoubleFileBeside)
+{
+    EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, {RESOURCE_FORK_ENTRY, FORK}})),
+        noErr);
+    EXPECT_EQ(m_bytes, FORK);
+}
+
+TEST_F(Forks, FirstOfSeveralResourceForksCounts)
+{
+    EXPECT_EQ(readBeside(makeAppleDouble(
+                  APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}, {RESOURCE_FORK_ENTRY, {'o', 't', 'h', 'e', 'r'}}})),
+        noErr);
+    EXPECT_EQ(m_bytes, FORK);
+}
+
+TEST_F(Forks, ResourceForkMayBeMissing)
+{
+    EXPECT_EQ(readFork(m_folder.write("file", FORK), Fork::Resource, &m_bytes), errFSForkNotFound);
+    EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {})), errFSForkNotFound);
+    EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}})), errFSForkNotFound);
+    EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, {}}})), errFSForkNotFound) << "empty";
+    EXPECT_EQ(readData(makeAppleDouble(APPLE_SINGLE, {{DATA_FORK_ENTRY, FORK}})), errFSForkNotFound);
+}
+
+TEST_F(Forks, FileBesideMustBeAppleDouble)
+{
+    EXPECT_EQ(readBeside({}), eofErr);
+    EXPECT_EQ(readBeside(Bytes(25)), eofErr);
+    EXPECT_EQ(readBeside(Bytes(26)), mapReadErr);
+    EXPECT_EQ(readBeside(makeFork({{'CALL', 1, "x"}}).bytes()), mapReadErr);
+}
+
+TEST_F(Forks, FileBesideIsNothingWithoutTheFile)
+{
+    m_folder.write("._file", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}}));
+    EXPECT_EQ(readFork(m_folder / "file", Fork::Resource, &m_bytes), fnfErr);
+}
+
+TEST_F(Forks, AppleDoubleIsRefusedWhereverItIsCut)
+{
+    const Bytes good = makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, {RESOURCE_FORK_ENTRY, FORK}});
+    for (std::size_t length = 0; length < good.size(); ++length) {
+        const Bytes cut(good.begin(), good.begin() + std::ptrdiff_t(length));
+        EXPECT_EQ(readBeside(cut), length < 26 ? int(eofErr) : int(mapReadErr)) << length;
+    }
+}
+
+struct EntryCase {
+    const char* name;
+    std::size_t position;  // in the file; the one entry begins at 26
+    std::size_t width;
+    unsigned value;
+    OSErr result;
+};
+
+constexpr unsigned FORK_AT = 26 + 12;
+
+const EntryCase ENTRY_CASES[] = {
+    {"AsItIs", 30, 4, FORK_AT, noErr},
+    {"EntryCountZero", 24, 2, 0, errFSForkNotFound},
+    {"EntryCountTooLarge", 24, 2, 2, mapReadErr},
+    {"EntryCountMax", 24, 2, 0xFFFF, mapReadErr},
+    {"OtherId", 26, 4, 0x80000002, errFSForkNotFound},
+    {"OffsetOneLess", 30, 4, FORK_AT - 1, noErr},
+    {"OffsetOneMore", 30, 4, FORK_AT + 1, mapReadErr},
+    {"OffsetMax", 30, 4, 0xFFFFFFFF, mapReadErr},
+    {"OffsetWrapsAround", 30, 4, 0xFFFFFFFC, mapReadErr},
+    {"LengthOneLess", 34, 4, 7, noErr},
+    {"LengthOneMore", 34, 4, 9, mapReadErr},
+    {"LengthMax", 34, 4, 0xFFFFFFFF, mapReadErr},
+    {"LengthWrapsAround", 34, 4, 0xFFFFFFE0, mapReadErr},
+};
+
+TEST_F(Forks, EntryMustLieInTheFile)
+{
+    for (const EntryCase& row : ENTRY_CASES) {
+        Bytes file = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}});
+        setNumber(file, row.position, row.width, row.value);
+        EXPECT_EQ(readBeside(file), row.result) << row.name;
+        EXPECT_EQ(readData(file), row.result) << row.name;
+    }
+}
+
+TEST_F(Forks, SurviveRandomChangesOfAppleDouble)
+{
+    const Bytes good = makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, {RESOURCE_FORK_ENTRY, FORK}});
+    std::mt19937 random(2);
+    for (int round = 0; round < 200; ++round) {
+        Bytes file = good;
+        for (unsigned changes = 1 + random() % 4; changes > 0; --changes)
+            file[random() % 50] = static_cast<unsigned char>(random());
+        const OSErr result = readBeside(file);
+        EXPECT_TRUE(result == noErr || result == errFSForkNotFound || result == mapReadErr) << result;
+    }
+}
+
+TEST(AppleDouble, IsReadWithinItsBytes)
+{
+    std::mt19937 random(3);
+    for (int round = 0; round < 20000; ++round) {
+        const std::size_t length = random() % 60;
+        const auto block = std::make_unique<unsigned char[]>(length);
+        std::generate_n(block.get(), length, [&] { return static_cast<unsigned char>(random() % 3); });
+        const Toolbox::BigEndianBytes bytes(block.get(), length);
+        EXPECT_FALSE(Toolbox::isAppleDouble(bytes));
+        Toolbox::ForkPlace place = {1, 1};
+        const OSErr result = Toolbox::findResourceFork(bytes, &place);
+        EXPECT_EQ(result, place.length == 0 ? int(errFSForkNotFound) : int(noErr));
+    }
+}
+
+// A file of that length without contents on the disk; reading it all would take its time and memory.
+std::string writeHole(const TemporaryFolder& folder, std::uintmax_t length)
+{
+    const std::string path = folder.write("hole", "");
+    std::filesystem::resize_file(path, length);
+    return path;
+}
+
+TEST_F(Forks, ForkMayBeAsLargeAsTheFormatCanBe)
+{
+    EXPECT_EQ(Toolbox::MAX_FORK_LENGTH, 0x100u + 0x1000000u + 0x100000u);
+    EXPECT_EQ(readFork(writeHole(m_folder, Toolbox::MAX_FORK_LENGTH), Fork::Data, &m_bytes), noErr);
+    EXPECT_EQ(m_bytes.size(), Toolbox::MAX_FORK_LENGTH);
+}
+
+TEST_F(Forks, LargerForkIsRefusedUnread)
+{
+    for (const std::uintmax_t length : {std::uintmax_t(Toolbox::MAX_FORK_LENGTH) + 1, std::uintmax_t(1) << 31,
+             std::uintmax_t(1) << 32, std::uintmax_t(1) << 40}) {
+        m_bytes.clear();
+        EXPECT_EQ(readFork(writeHole(m_folder, length), Fork::Data, &m_bytes), mapReadErr) << length;
+        EXPECT_TRUE(m_bytes.empty()) << length;
+    }
+}
+
+TEST_F(Forks, ForkInALargeAppleSingleFileIsRead)
+{
+    Bytes file = makeAppleDouble(APPLE_SINGLE, {{RESOURCE_FORK_ENTRY, FORK}});
+    const std::string path = m_folder.write("large", file);
+    std::filesystem::resize_file(path, std::uintmax_t(1) << 33);
+    EXPECT_EQ(readFork(path, Fork::Data, &m_bytes), noErr);
+    EXPECT_EQ(m_bytes, FORK);
+}
+
+TEST_F(Forks, ForkInAppleDoubleMayNotBeLargerThanTheFormatCanBe)
+{
+    Bytes file = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}});
+    for (const auto& [length, result] :
+        {std::pair(Toolbox::MAX_FORK_LENGTH, int(noErr)), std::pair(Toolbox::MAX_FORK_LENGTH + 1, int(mapReadErr))}) {
+        setNumber(file, 34, 4, length);
+        const std::string path = m_folder.write("large", file);
+        std::filesystem::resize_file(path, std::uintmax_t(1) << 33);
+        EXPECT_EQ(readFork(path, Fork::Data, &m_bytes), result) << length;
+    }
+}
+
+TEST_F(Forks, OnlyRegularFilesHaveForks)
+{
+    m_folder.makeFolder("folder");
+    ASSERT_EQ(mkfifo((m_folder / "pipe").c_str(), 0600), 0);
+    for (const Fork fork : {Fork::Data, Fork::Resource}) {
+        EXPECT_EQ(readFork(m_folder / "folder", fork, &m_bytes), ioErr);
+        EXPECT_EQ(readFork(m_folder / "pipe", fork, &m_bytes), ioErr);
+        EXPECT_EQ(readFork("/dev/zero", fork, &m_bytes), ioErr);
+        EXPECT_EQ(readFork(m_folder / "missing", fork, &m_bytes), fnfErr);
+    }
+}
+
+TEST_F(Forks, FileBesideMustBeRegular)
+{
+    const std::string file = m_folder.write("file", FORK);
+    ASSERT_EQ(mkfifo((m_folder / "._file").c_str(), 0600), 0);
+    EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), ioErr);
+    std::filesystem::remove(m_folder / "._file");
+    m_folder.makeFolder("._file");
+    EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), ioErr);
+}
+
+// The process's own memory looks like a regular file and cannot be read at 0.
+TEST_F(Forks, TellOfAReadError)
+{
+    EXPECT_EQ(readFork("/proc/self/mem", Fork::Data, &m_bytes), ioErr);
+    std::filesystem::create_symlink("/proc/self/mem", m_folder / "._file");
+    EXPECT_EQ(readFork(m_folder.write("file", FORK), Fork::Resource, &m_bytes), ioErr);
+}
+
+// The superuser may read everything, so that the process becomes nobody while this lives.
+class OrdinaryUser {
+public:
+    OrdinaryUser() { m_changed = geteuid() == 0 && seteuid(NOBODY) == 0; }
+    ~OrdinaryUser()
+    {
+        if (m_changed && seteuid(0) != 0)
+            std::abort();
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+private:
+    static constexpr uid_t NOBODY = 65534;
+    bool m_changed = false;
+};
+
+TEST_F(Forks, UnreadableFileIsNotPermitted)
+{
+    const std::string secret = m_folder.write("secret", FORK);
+    const std::string file = m_folder.write("file", FORK);
+    m_folder.write("._file", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}}));
+    std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(secret, std::filesystem::perms::none);
+    std::filesystem::permissions(m_folder / "._file", std::filesystem::perms::none);
+    const OrdinaryUser user;
+    EXPECT_EQ(readFork(file, Fork::Data, &m_bytes), noErr);
+    EXPECT_EQ(readFork(secret, Fork::Data, &m_bytes), permErr);
+    EXPECT_EQ(readFork(secret, Fork::Resource, &m_bytes), permErr);
+    EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), permErr);
+}
+
+}  // namespace

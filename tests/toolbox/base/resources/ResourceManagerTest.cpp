@@ -1,0 +1,442 @@
+#include "tests/support/TemporaryFolder.h"
+#include "tests/toolbox/base/RefusingAllocations.h"
+#include "tests/toolbox/base/resources/ResourceFork.h"
+#include "toolbox/base/files/FileReferences.h"
+
+#include <Carbon/MacMemory.h>
+#include <Carbon/Resources.h>
+#include <Toolbox/LiveObjects.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Counts = std::map<std::string, std::size_t>;
+
+// Opens files, and closes those that a test left open.
+class ResourceManager : public testing::Test {
+protected:
+    ~ResourceManager() override
+    {
+        for (const SInt16 refNum : m_open)
+            CloseResFile(refNum);
+        const Counts now = Toolbox::CountLiveObjects();
+        for (const char* kind : {"handle", "resource file"})
+            EXPECT_EQ(count(now, kind), count(m_before, kind)) << kind;
+    }
+
+    FSRef write(const Bytes& bytes)
+    {
+        FSRef reference;
+        const std::string name = "file" + std::to_string(m_files++);
+        EXPECT_EQ(Toolbox::makeFileReference(m_folder.write(name, bytes), &reference), noErr);
+        return reference;
+    }
+
+    FSRef write(const std::vector<TestResource>& resources) { return write(makeFork(resources).bytes()); }
+
+    SInt16 open(const FSRef& file)
+    {
+        SInt16 refNum = 0;
+        EXPECT_EQ(FSOpenResourceFile(&file, 0, nullptr, fsRdPerm, &refNum), noErr);
+        EXPECT_EQ(ResError(), noErr);
+        m_open.insert(refNum);
+        return refNum;
+    }
+
+    SInt16 open(const std::vector<TestResource>& resources) { return open(write(resources)); }
+
+    static std::size_t count(const Counts& counts, const std::string& kind)
+    {
+        const auto found = counts.find(kind);
+        return found == counts.end() ? 0 : found->second;
+    }
+
+    static std::size_t alive(const std::string& kind) { return count(Toolbox::CountLiveObjects(), kind); }
+
+    static std::string dataOf(Handle handle)
+    {
+        return handle == nullptr ? "(null)" : std::string(*handle, std::size_t(GetHandleSize(handle)));
+    }
+
+    const TemporaryFolder m_folder;
+    const Counts m_before = Toolbox::CountLiveObjects();
+
+private:
+    int m_files = 0;
+    std::set<SInt16> m_open;
+};
+
+TEST_F(ResourceManager, GetsTheDataOfAResource)
+{
+    open({{'CALL', 1000, "data"}, {'CALL', -5, ""}, {'ALRT', 1000, {"a\0b", 3}}});
+    EXPECT_EQ(dataOf(GetResource('CALL', 1000)), "data");
+    EXPECT_EQ(ResError(), noErr);
+    EXPECT_EQ(dataOf(GetResource('ALRT', 1000)), std::string("a\0b", 3));
+    EXPECT_EQ(dataOf(GetResource('CALL', -5)), "");
+    EXPECT_EQ(ResError(), noErr);
+}
+
+TEST_F(ResourceManager, ReadsZerosPastAShortResource)
+{
+    open({{'CALL', 1000, "abc"}});
+    const Handle handle = GetResource('CALL', 1000);
+    ASSERT_NE(handle, nullptr);
+    EXPECT_EQ((*handle)[401], 0);
+    EXPECT_TRUE(std::all_of(*handle + 3, *handle + 3 + 1024, [](char byte) { return byte == 0; }));
+}
+
+TEST_F(ResourceManager, GivesTheSameHandleUntilItIsReleased)
+{
+    open({{'CALL', 1, "one"}, {'CALL', 2, "two"}});
+    const Handle first = GetResource('CALL', 1);
+    (*first)[0] = 'O';
+    EXPECT_EQ(GetResource('CALL', 1), first);
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "One") << "what was written stays while the handle lives";
+    EXPECT_NE(GetResource('CALL', 2), first);
+
+    ReleaseResource(first);
+    EXPECT_EQ(ResError(), noErr);
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "one") << "read anew";
+}
+
+TEST_F(ResourceManager, FreesAReleasedHandleOnce)
+{
+    open({{'CALL', 1, "one"}});
+    const Handle handle = GetResource('CALL', 1);
+    EXPECT_EQ(alive("handle"), count(m_before, "handle") + 1);
+    ReleaseResource(handle);
+    EXPECT_EQ(alive("handle"), count(m_before, "handle"));
+    GetHandleSize(handle);
+    EXPECT_EQ(MemError(), memWZErr) << "the handle is dead";
+    ReleaseResource(handle);
+    EXPECT_EQ(ResError(), resNotFound);
+}
+
+TEST_F(ResourceManager, RefusesHandlesThatAreNoResources)
+{
+    open({{'CALL', 1, "one"}});
+    Ptr block = nullptr;
+    const Handle foreign = &block;
+    for (const auto call : {ReleaseResource, ChangedResource}) {
+        for (const Handle wrong : {Handle(nullptr), foreign}) {
+            GetResource('CALL', 1);
+            call(wrong);
+            EXPECT_EQ(ResError(), resNotFound);
+        }
+    }
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "one");
+}
+
+TEST_F(ResourceManager, KeepsAChangedResource)
+{
+    open({{'CALL', 1, "one"}});
+    const Handle handle = GetResource('CALL', 1);
+    (*handle)[0] = 'O';
+    (*handle)[401] = '\x80';
+    ChangedResource(handle);
+    EXPECT_EQ(ResError(), noErr);
+    for (int round = 0; round < 2; ++round) {
+        ReleaseResource(handle);
+        EXPECT_EQ(ResError(), noErr);
+        EXPECT_EQ(GetResource('CALL', 1), handle);
+        EXPECT_EQ(dataOf(handle), "One");
+        EXPECT_EQ((*handle)[401], '\x80');
+    }
+}
+
+TEST_F(ResourceManager, ForgetsChangesWhenTheFileIsClosed)
+{
+    const FSRef file = write({{'CALL', 1, "one"}});
+    const SInt16 refNum = open(file);
+    const Handle handle = GetResource('CALL', 1);
+    (*handle)[0] = 'O';
+    ChangedResource(handle);
+    CloseResFile(refNum);
+    EXPECT_EQ(ResError(), noErr);
+    GetHandleSize(handle);
+    EXPECT_EQ(MemError(), memWZErr) << "closing frees the handles";
+    open(file);
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "one") << "files are only ever read";
+}
+
+struct NotFoundCase {
+    const char* name;
+    ResType type;
+    SInt16 id;
+    OSErr result;
+};
+
+const NotFoundCase NOT_FOUND_CASES[] = {
+    {"NoSuchId", 'CALL', 2, resNotFound},
+    {"IdZero", 'CALL', 0, resNotFound},
+    {"IdLowest", 'CALL', -32768, resNotFound},
+    {"TypeInTheLowerFileOnly", 'ALRT', 2, resNotFound},
+    {"NoFileHasTheType", 'DITL', 1, noErr},
+    {"TypeInLowerCase", 'call', 1, noErr},
+    {"TypeZero", 0, 1, noErr},
+    {"TypeMax", 0xFFFFFFFF, 1, noErr},
+};
+
+TEST_F(ResourceManager, TellsAMissingIdFromAMissingType)
+{
+    open({{'ALRT', 1, "alert"}});
+    open({{'CALL', 1, "call"}});
+    for (const NotFoundCase& row : NOT_FOUND_CASES) {
+        CloseResFile(-1);
+        EXPECT_EQ(GetResource(row.type, row.id), nullptr) << row.name;
+        EXPECT_EQ(ResError(), row.result) << row.name;
+    }
+}
+
+TEST_F(ResourceManager, FindsNothingWithoutFiles)
+{
+    EXPECT_EQ(GetResource('CALL', 1), nullptr);
+    EXPECT_EQ(ResError(), noErr);
+}
+
+TEST_F(ResourceManager, DoesNotGiveACompressedResource)
+{
+    open({{'CALL', 1, "below"}});
+    open({{'CALL', 1, "packed", 1}, {'CALL', 2, "plain", 0xFE}});
+    EXPECT_EQ(GetResource('CALL', 1), nullptr) << "nor one from the file below in its place";
+    EXPECT_EQ(ResError(), CantDecompress);
+    EXPECT_EQ(dataOf(GetResource('CALL', 2)), "plain");
+}
+
+TEST_F(ResourceManager, SearchesTheNewestFileFirst)
+{
+    const SInt16 first = open({{'CALL', 1, "first 1"}, {'CALL', 2, "first 2"}, {'CALL', 3, "first 3"}});
+    const SInt16 second = open({{'CALL', 1, "second 1"}, {'CALL', 2, "second 2"}});
+    const SInt16 third = open({{'CALL', 1, "third 1"}});
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "third 1");
+    EXPECT_EQ(dataOf(GetResource('CALL', 2)), "second 2");
+    EXPECT_EQ(dataOf(GetResource('CALL', 3)), "first 3");
+
+    CloseResFile(second);
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "third 1") << "the current file is still the newest";
+    EXPECT_EQ(dataOf(GetResource('CALL', 2)), "first 2");
+    CloseResFile(third);
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "first 1") << "the one opened before it is current now";
+    CloseResFile(first);
+    EXPECT_EQ(GetResource('CALL', 1), nullptr);
+}
+
+TEST_F(ResourceManager, KeepsHandlesOfLowerFilesApart)
+{
+    open({{'CALL', 1, "lower"}});
+    const Handle lower = GetResource('CALL', 1);
+    open({{'CALL', 1, "upper"}});
+    const Handle upper = GetResource('CALL', 1);
+    EXPECT_NE(lower, upper);
+    ReleaseResource(lower);
+    EXPECT_EQ(ResError(), noErr) << "a handle is known whichever file is current";
+    EXPECT_EQ(dataOf(upper), "upper");
+}
+
+TEST_F(ResourceManager, OpensOneFileSeveralTimes)
+{
+    const FSRef file = write({{'CALL', 1, "one"}});
+    const SInt16 first = open(file);
+    const Handle lower = GetResource('CALL', 1);
+    const SInt16 second = open(file);
+    EXPECT_NE(first, second);
+    EXPECT_NE(GetResource('CALL', 1), lower);
+    CloseResFile(second);
+    EXPECT_EQ(GetResource('CALL', 1), lower);
+}
+
+TEST_F(ResourceManager, ClosesAFileOnce)
+{
+    const SInt16 refNum = open({{'CALL', 1, "one"}});
+    GetResource('CALL', 1);
+    EXPECT_EQ(alive("resource file"), count(m_before, "resource file") + 1);
+    CloseResFile(refNum);
+    EXPECT_EQ(ResError(), noErr);
+    EXPECT_EQ(alive("resource file"), count(m_before, "resource file"));
+    EXPECT_EQ(alive("handle"), count(m_before, "handle"));
+    CloseResFile(refNum);
+    EXPECT_EQ(ResError(), resFNotFound);
+}
+
+TEST_F(ResourceManager, ClosesNoFileOfAnotherNumber)
+{
+    const SInt16 refNum = open({{'CALL', 1, "one"}});
+    for (const int wrong : {-32768, -1, 0, refNum - 1, refNum + 1, 32767}) {
+        CloseResFile(SInt16(wrong));
+        EXPECT_EQ(ResError(), resFNotFound) << wrong;
+    }
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "one");
+}
+
+TEST_F(ResourceManager, DoesNotGiveTheNumberOfAClosedFileAgainAtOnce)
+{
+    const FSRef file = write({{'CALL', 1, "one"}});
+    const SInt16 closed = open(file);
+    CloseResFile(closed);
+    EXPECT_NE(open(file), closed);
+}
+
+TEST_F(ResourceManager, GoesOnWhenAllNumbersWereGiven)
+{
+    const FSRef file = write({{'CALL', 1, "one"}});
+    const SInt16 kept = open(file);
+    for (int i = 0; i < 33000; ++i) {
+        SInt16 refNum = 0;
+        ASSERT_EQ(FSOpenResourceFile(&file, 0, nullptr, fsRdPerm, &refNum), noErr);
+        ASSERT_GT(refNum, 0);
+        ASSERT_NE(refNum, kept);
+        CloseResFile(refNum);
+    }
+}
+
+TEST_F(ResourceManager, OpensNoMoreThan256Files)
+{
+    const FSRef file = write({{'CALL', 1, "one"}});
+    for (int i = 0; i < 256; ++i)
+        open(file);
+    SInt16 refNum = 0;
+    EXPECT_EQ(FSOpenResourceFile(&file, 0, nullptr, fsRdPerm, &refNum), tmfoErr);
+    EXPECT_EQ(ResError(), tmfoErr);
+    EXPECT_EQ(refNum, kResFileNotOpened);
+}
+
+std::vector<UniChar> utf16(const std::string& text)
+{
+    return std::vector<UniChar>(text.begin(), text.end());
+}
+
+TEST_F(ResourceManager, OpensTheResourceForkByItsName)
+{
+    const FSRef file = write(makeFork({{'CALL', 1, "data fork"}}).bytes());
+    m_folder.write("._file0",
+        makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, makeFork({{'CALL', 1, "resource fork"}}).bytes()}}));
+    const std::vector<UniChar> name = utf16("RESOURCE_FORK");
+    SInt16 refNum = 0;
+    ASSERT_EQ(FSOpenResourceFile(&file, UniCharCount(name.size()), name.data(), fsRdPerm, &refNum), noErr);
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "resource fork");
+    CloseResFile(refNum);
+    ASSERT_EQ(FSOpenResourceFile(&file, 0, name.data(), fsRdPerm, &refNum), noErr) << "no name is the data fork's";
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "data fork");
+    CloseResFile(refNum);
+}
+
+TEST_F(ResourceManager, KnowsNoOtherFork)
+{
+    const FSRef file = write({{'CALL', 1, "one"}});
+    for (const char* const name : {"R", "RESOURCE_FOR", "RESOURCE_FORKS", "resource_fork", "DATA_FORK"}) {
+        SInt16 refNum = 0;
+        const std::vector<UniChar> fork = utf16(name);
+        EXPECT_EQ(
+            FSOpenResourceFile(&file, UniCharCount(fork.size()), fork.data(), fsRdPerm, &refNum), errFSBadForkName)
+            << name;
+        EXPECT_EQ(ResError(), errFSBadForkName);
+    }
+    SInt16 refNum = 0;
+    EXPECT_EQ(FSOpenResourceFile(&file, 13, nullptr, fsRdPerm, &refNum), errFSBadForkName);
+    EXPECT_EQ(refNum, kResFileNotOpened);
+}
+
+TEST_F(ResourceManager, OpensAppleDoubleAsADataFork)
+{
+    open(write(makeAppleDouble(
+        APPLE_SINGLE, {{DATA_FORK_ENTRY, {'x'}}, {RESOURCE_FORK_ENTRY, makeFork({{'CALL', 1, "one"}}).bytes()}})));
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "one");
+}
+
+TEST_F(ResourceManager, OpensFilesForReadingOnly)
+{
+    const FSRef file = write({{'CALL', 1, "one"}});
+    for (int permissions = -128; permissions <= 127; ++permissions) {
+        SInt16 refNum = 0;
+        const OSErr result = FSOpenResourceFile(&file, 0, nullptr, SInt8(permissions), &refNum);
+        const bool isReading = permissions == fsCurPerm || permissions == fsRdPerm;
+        EXPECT_EQ(result, isReading ? int(noErr) : int(permErr)) << permissions;
+        CloseResFile(refNum);
+    }
+}
+
+TEST_F(ResourceManager, TellsWhyAFileCannotBeOpened)
+{
+    FSRef zero = {};
+    FSRef folder;
+    Toolbox::makeFileReference(m_folder.path(), &folder);
+    const FSRef gone = write({{'CALL', 1, "one"}});
+    std::filesystem::remove(m_folder / "file0");
+    const FSRef empty = write(Bytes());
+    const FSRef fifteen = write(Bytes(15));
+    const FSRef sixteen = write(Bytes(16));
+    const FSRef noFork = write(makeAppleDouble(APPLE_SINGLE, {{DATA_FORK_ENTRY, {'x'}}}));
+    const std::pair<const FSRef*, OSErr> files[] = {
+        {nullptr, paramErr},
+        {&zero, errFSBadFSRef},
+        {&folder, ioErr},
+        {&gone, fnfErr},
+        {&empty, eofErr},
+        {&fifteen, eofErr},
+        {&sixteen, mapReadErr},
+        {&noFork, errFSForkNotFound},
+    };
+    for (const auto& [file, result] : files) {
+        SInt16 refNum = 0;
+        EXPECT_EQ(FSOpenResourceFile(file, 0, nullptr, fsRdPerm, &refNum), result);
+        EXPECT_EQ(ResError(), result);
+        EXPECT_EQ(refNum, kResFileNotOpened);
+        EXPECT_EQ(alive("resource file"), count(m_before, "resource file")) << "nothing was opened";
+    }
+    const FSRef good = write({{'CALL', 1, "one"}});
+    EXPECT_EQ(FSOpenResourceFile(&good, 0, nullptr, fsRdPerm, nullptr), paramErr);
+    EXPECT_EQ(alive("resource file"), count(m_before, "resource file"));
+}
+
+TEST_F(ResourceManager, LeavesTheChainAloneWhenAFileCannotBeOpened)
+{
+    open({{'CALL', 1, "one"}});
+    const FSRef bad = write(Bytes(16));
+    SInt16 refNum = 0;
+    EXPECT_EQ(FSOpenResourceFile(&bad, 0, nullptr, fsRdPerm, &refNum), mapReadErr);
+    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "one");
+}
+
+TEST_F(ResourceManager, OpensNothingWhicheverAllocationFails)
+{
+    const FSRef file = write({{'CALL', 1, "one"}, {'ALRT', 1, "two"}});
+    SInt16 refNum = 0;
+    const int allocations = refuseEachAllocation([&] { FSOpenResourceFile(&file, 0, nullptr, fsRdPerm, &refNum); },
+        [&](bool refused) {
+            EXPECT_EQ(ResError(), refused ? int(memFullErr) : int(noErr));
+            EXPECT_EQ(refNum == kResFileNotOpened, refused);
+            EXPECT_EQ(alive("resource file"), count(m_before, "resource file") + (refused ? 0 : 1));
+        });
+    EXPECT_GT(allocations, 0) << "nothing was allocated, so nothing was tested";
+    CloseResFile(refNum);
+}
+
+TEST_F(ResourceManager, GetsNothingWhicheverAllocationFails)
+{
+    open({{'CALL', 1, "one"}});
+    Handle handle = nullptr;
+    const int allocations = refuseEachAllocation([&] { handle = GetResource('CALL', 1); },
+        [&](bool refused) {
+            EXPECT_EQ(ResError(), refused ? int(memFullErr) : int(noErr));
+            EXPECT_EQ(handle == nullptr, refused);
+            EXPECT_EQ(alive("handle"), count(m_before, "handle") + (refused ? 0 : 1));
+        });
+    EXPECT_GT(allocations, 0) << "nothing was allocated, so nothing was tested";
+    EXPECT_EQ(dataOf(handle), "one");
+}
+
+TEST_F(ResourceManager, PicksNothingUpFromTheWorkingDirectory)
+{
+    const std::filesystem::path before = std::filesystem::current_path();
+    write({{'CALL', 1, "one"}});
+    std::filesystem::current_path(m_folder.path());
+    EXPECT_EQ(GetResource('CALL', 1), nullptr);
+    std::filesystem::current_path(before);
+}
+
+}  // namespace

@@ -1,0 +1,354 @@
+#include "toolbox/base/resources/ResourceMap.h"
+#include "tests/toolbox/base/resources/ResourceFork.h"
+
+#include <algorithm>
+#include <memory>
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Toolbox::ResourceKey;
+using Toolbox::ResourceMap;
+using Toolbox::ResourcePlace;
+
+// Reads `bytes` from a block of exactly their length, so that a sanitizer sees every byte read past it. Whatever they
+// are, the outcome must be one of those promised.
+OSErr read(const Bytes& bytes, ResourceMap* resources)
+{
+    const auto block = std::make_unique<unsigned char[]>(bytes.size());
+    std::copy(bytes.begin(), bytes.end(), block.get());
+    resources->emplace(ResourceKey('old ', 1), ResourcePlace());
+    const OSErr result = Toolbox::readResourceMap(Toolbox::BigEndianBytes(block.get(), bytes.size()), resources);
+
+    EXPECT_EQ(result == eofErr, bytes.size() < 16);
+    EXPECT_TRUE(result == noErr || result == eofErr || result == mapReadErr);
+    EXPECT_TRUE(result == noErr || resources->empty());
+    for (const auto& [key, place] : *resources) {
+        EXPECT_LE(place.offset, bytes.size());
+        EXPECT_LE(place.length, bytes.size() - place.offset);
+    }
+    return result;
+}
+
+OSErr resultOf(const Bytes& bytes)
+{
+    ResourceMap resources;
+    return read(bytes, &resources);
+}
+
+std::string dataOf(const Bytes& fork, const ResourcePlace& place)
+{
+    return std::string(
+        fork.begin() + std::ptrdiff_t(place.offset), fork.begin() + std::ptrdiff_t(place.offset + place.length));
+}
+
+const std::vector<TestResource> RESOURCES = {
+    {'CALL', 1000, "first"},
+    {'ALRT', 5000, "alert", 0, "An alert"},
+    {'ALRT', -1, ""},
+    {'DITL', 5000, std::string(300, 'x'), 0x20},
+    {'ALRT', -32768, "lowest", 0, ""},
+    {'ALRT', 32767, "highest"},
+};
+
+TEST(ResourceMap, HasEveryResource)
+{
+    const Bytes fork = makeFork(RESOURCES).bytes();
+    ResourceMap resources;
+    ASSERT_EQ(read(fork, &resources), noErr);
+    EXPECT_EQ(resources.size(), RESOURCES.size());
+    for (const TestResource& resource : RESOURCES) {
+        const ResourcePlace& place = resources.at(ResourceKey(resource.type, resource.id));
+        EXPECT_EQ(dataOf(fork, place), resource.data);
+        EXPECT_FALSE(place.isCompressed);
+    }
+}
+
+TEST(ResourceMap, MayBeEmpty)
+{
+    TestFork fork = makeFork({});
+    EXPECT_EQ(fork.types, (Bytes{0xFF, 0xFF}));
+    ResourceMap resources;
+    EXPECT_EQ(read(fork.bytes(), &resources), noErr);
+    EXPECT_TRUE(resources.empty());
+}
+
+TEST(ResourceMap, TakesTheFirstOfSeveralWithOneTypeAndId)
+{
+    const Bytes fork = makeFork({{'CALL', 1, "one"}, {'CALL', 1, "two"}, {'CALL', 2, "three"}}).bytes();
+    ResourceMap resources;
+    ASSERT_EQ(read(fork, &resources), noErr);
+    EXPECT_EQ(resources.size(), 2u);
+    EXPECT_EQ(dataOf(fork, resources.at(ResourceKey('CALL', 1))), "one");
+}
+
+TEST(ResourceMap, TakesTheFirstOfATypeThatIsListedTwice)
+{
+    TestFork fork = makeFork({{'AAAA', 1, "one"}, {'BBBB', 1, "two"}});
+    setNumber(fork.types, 2 + 8, 4, 'AAAA');
+    ResourceMap resources;
+    ASSERT_EQ(read(fork.bytes(), &resources), noErr);
+    EXPECT_EQ(resources.size(), 1u);
+    EXPECT_EQ(dataOf(fork.bytes(), resources.at(ResourceKey('AAAA', 1))), "one");
+}
+
+TEST(ResourceMap, KnowsCompressedResourcesByTheirLowestAttribute)
+{
+    for (unsigned attributes = 0; attributes < 256; ++attributes) {
+        ResourceMap resources;
+        ASSERT_EQ(read(makeFork({{'CALL', 1, "x", attributes}}).bytes(), &resources), noErr);
+        EXPECT_EQ(resources.at(ResourceKey('CALL', 1)).isCompressed, (attributes & 1) != 0) << attributes;
+    }
+}
+
+TEST(ResourceMap, MayPrecedeTheData)
+{
+    const TestFork parts = makeFork({{'CALL', 1, "data"}});
+    const Bytes ordinary = parts.bytes();
+    Bytes fork(ordinary.begin(), ordinary.begin() + 16);
+    const std::size_t mapLength = ordinary.size() - parts.mapOffset();
+    setNumber(fork, 0, 4, 16 + mapLength);
+    setNumber(fork, 4, 4, 16);
+    fork.insert(fork.end(), ordinary.begin() + std::ptrdiff_t(parts.mapOffset()), ordinary.end());
+    fork.insert(fork.end(), parts.data.begin(), parts.data.end());
+    ResourceMap resources;
+    ASSERT_EQ(read(fork, &resources), noErr);
+    EXPECT_EQ(dataOf(fork, resources.at(ResourceKey('CALL', 1))), "data");
+}
+
+TEST(ResourceMap, IgnoresItsCopyOfTheHeader)
+{
+    const TestFork parts = makeFork(RESOURCES);
+    Bytes fork = parts.bytes();
+    std::fill_n(fork.begin() + std::ptrdiff_t(parts.mapOffset()), 24, static_cast<unsigned char>(0xFF));
+    EXPECT_EQ(resultOf(fork), noErr);
+}
+
+TEST(ResourceMap, DoesNotLookAtNames)
+{
+    TestFork parts = makeFork({{'CALL', 1, "data", 0, "name"}});
+    for (const unsigned nameOffset : {0x0000u, 0x0004u, 0x0005u, 0xFFFEu, 0xFFFFu}) {
+        setNumber(parts.references, 2, 2, nameOffset);
+        EXPECT_EQ(resultOf(parts.bytes()), noErr) << nameOffset;
+    }
+}
+
+// One field set to one value. The fork has one type of two resources, its data are 7 and 9 bytes long with the length,
+// its map 62 bytes.
+enum class Base { Header, Map, Types, References, Data };
+
+struct FieldCase {
+    const char* name;
+    Base base;
+    std::size_t position;
+    std::size_t width;
+    unsigned value;
+    OSErr result;
+};
+
+constexpr unsigned DATA_AT = 256;
+constexpr unsigned DATA = 16;
+constexpr unsigned MAP_AT = DATA_AT + DATA;
+constexpr unsigned MAP = 62;
+constexpr unsigned FORK = MAP_AT + MAP;
+
+// clang-format off
+const FieldCase FIELD_CASES[] = {
+    // name                           field                      value          result
+    {"DataOffsetAsItIs",              Base::Header, 0, 4,        DATA_AT,       noErr},
+    {"DataAreaEndsAtTheEnd",          Base::Header, 0, 4,        FORK - DATA,   mapReadErr},  // no lengths there
+    {"DataAreaEndsPastTheEnd",        Base::Header, 0, 4,        FORK - DATA + 1, mapReadErr},
+    {"DataOffsetAtTheEnd",            Base::Header, 0, 4,        FORK,          mapReadErr},
+    {"DataOffsetMax",                 Base::Header, 0, 4,        0xFFFFFFFF,    mapReadErr},
+    {"DataOffsetWrapsAround",         Base::Header, 0, 4,        0xFFFFFFF0,    mapReadErr},
+    {"DataLengthOneTooShort",         Base::Header, 8, 4,        DATA - 1,      mapReadErr},
+    {"DataLengthLonger",              Base::Header, 8, 4,        DATA + 1,      noErr},
+    {"DataLengthToTheEnd",            Base::Header, 8, 4,        DATA + MAP,    noErr},
+    {"DataLengthPastTheEnd",          Base::Header, 8, 4,        DATA + MAP + 1, mapReadErr},
+    {"DataLengthZero",                Base::Header, 8, 4,        0,             mapReadErr},
+    {"DataLengthMax",                 Base::Header, 8, 4,        0xFFFFFFFF,    mapReadErr},
+    {"DataLengthWrapsAround",         Base::Header, 8, 4,        0xFFFFFF10,    mapReadErr},
+    {"MapOffsetOneMore",              Base::Header, 4, 4,        MAP_AT + 1,    mapReadErr},
+    {"MapOffsetAtTheEnd",             Base::Header, 4, 4,        FORK,          mapReadErr},
+    {"MapOffsetMax",                  Base::Header, 4, 4,        0xFFFFFFFF,    mapReadErr},
+    {"MapOffsetWrapsAround",          Base::Header, 4, 4,        0xFFFFFFC2,    mapReadErr},
+    {"MapOfZeros",                    Base::Header, 4, 4,        32,            noErr},  // one resource of type 0
+    {"MapLengthOneMore",              Base::Header, 12, 4,       MAP + 1,       mapReadErr},
+    {"MapLengthOneLess",              Base::Header, 12, 4,       MAP - 1,       mapReadErr},
+    {"MapLengthBelowTheLeast",        Base::Header, 12, 4,       29,            mapReadErr},
+    {"MapLengthTheLeast",             Base::Header, 12, 4,       30,            mapReadErr},
+    {"MapLengthZero",                 Base::Header, 12, 4,       0,             mapReadErr},
+    {"MapLengthMax",                  Base::Header, 12, 4,       0xFFFFFFFF,    mapReadErr},
+    {"TypeListAtTheEnd",              Base::Map, 24, 2,          MAP,           mapReadErr},
+    {"TypeListOneBeforeTheEnd",       Base::Map, 24, 2,          MAP - 1,       mapReadErr},
+    {"TypeListMax",                   Base::Map, 24, 2,          0xFFFF,        mapReadErr},
+    {"NameListIsNotFollowed",         Base::Map, 26, 2,          0xFFFF,        noErr},
+    {"NoTypes",                       Base::Types, 0, 2,         0xFFFF,        noErr},
+    {"TwoTypesOfWhichOneIsThere",     Base::Types, 0, 2,         1,             mapReadErr},
+    {"TypesUpToTheEnd",               Base::Types, 0, 2,         3,             mapReadErr},
+    {"TypesPastTheEnd",               Base::Types, 0, 2,         4,             mapReadErr},
+    {"TypesMax",                      Base::Types, 0, 2,         0xFFFE,        mapReadErr},
+    {"TypesNegative",                 Base::Types, 0, 2,         0x8000,        mapReadErr},
+    {"OneResource",                   Base::Types, 6, 2,         0,             noErr},
+    {"TwoResources",                  Base::Types, 6, 2,         1,             noErr},
+    {"OneResourceTooMany",            Base::Types, 6, 2,         2,             mapReadErr},
+    {"ResourcesMax",                  Base::Types, 6, 2,         0xFFFF,        mapReadErr},
+    {"ResourcesNegative",             Base::Types, 6, 2,         0x8000,        mapReadErr},
+    {"ReferencesOneLater",            Base::Types, 8, 2,         11,            mapReadErr},
+    {"ReferencesAtTheEnd",            Base::Types, 8, 2,         MAP - 28,      mapReadErr},
+    {"ReferencesMax",                 Base::Types, 8, 2,         0xFFFF,        mapReadErr},
+    {"DataOfNoLength",                Base::Data, 0, 4,          0,             noErr},
+    {"DataUpToTheEnd",                Base::Data, 0, 4,          DATA - 4,      noErr},
+    {"DataOnePastTheEnd",             Base::Data, 0, 4,          DATA - 3,      mapReadErr},
+    {"DataMax",                       Base::Data, 0, 4,          0xFFFFFFFF,    mapReadErr},
+    {"DataNegative",                  Base::Data, 0, 4,          0x80000000,    mapReadErr},
+    {"DataWrapsAround",               Base::Data, 0, 4,          0xFFFFFFFC,    mapReadErr},
+    {"LastDataOnePastTheEnd",         Base::Data, 7, 4,          6,             mapReadErr},
+    {"DataAtTheLastLength",           Base::References, 5, 3,    7,             noErr},
+    {"DataWithoutALength",            Base::References, 5, 3,    DATA - 3,      mapReadErr},
+    {"DataAtTheEnd",                  Base::References, 5, 3,    DATA,          mapReadErr},
+    {"DataPlaceMax",                  Base::References, 5, 3,    0xFFFFFF,      mapReadErr},
+    {"LastDataPlaceMax",              Base::References, 17, 3,   0xFFFFFF,      mapReadErr},
+    {"WordsForUseInMemory",           Base::References, 8, 4,    0xFFFFFFFF,    noErr},
+};
+// clang-format on
+
+TEST(ResourceMapField, DecidesWhetherTheForkIsGood)
+{
+    const TestFork parts = makeFork({{'CALL', 1, "abc"}, {'CALL', 2, "vwxyz"}});
+    const Bytes good = parts.bytes();
+    ASSERT_EQ(good.size(), FORK);
+    ASSERT_EQ(parts.data.size(), DATA);
+    for (const FieldCase& row : FIELD_CASES) {
+        const std::map<Base, std::size_t> bases = {
+            {Base::Header, 0},
+            {Base::Map, parts.mapOffset()},
+            {Base::Types, parts.typeListOffset()},
+            {Base::References, parts.referencesOffset()},
+            {Base::Data, parts.dataOffset},
+        };
+        Bytes fork = good;
+        setNumber(fork, bases.at(row.base) + row.position, row.width, row.value);
+        EXPECT_EQ(resultOf(fork), row.result) << row.name;
+    }
+}
+
+TEST(ResourceMapField, MayHaveAnyValueWithoutHarm)
+{
+    const Bytes good = makeFork(RESOURCES).bytes();
+    const unsigned size = static_cast<unsigned>(good.size());
+    for (std::size_t position = 0; position < good.size(); ++position) {
+        for (std::size_t width = 1; width <= 4 && position + width <= good.size(); ++width) {
+            for (const unsigned value : {0u, 1u, 0x7Fu, 0x80u, 0xFFu, size - 1, size, size + 1, 0x7FFFu, 0x8000u,
+                     0xFFFEu, 0xFFFFu, 0x7FFFFFu, 0xFFFFFFu, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFEu, 0xFFFFFFFFu}) {
+                Bytes fork = good;
+                setNumber(fork, position, width, value);
+                resultOf(fork);
+            }
+        }
+    }
+}
+
+TEST(ResourceMap, IsThirtyBytesLongAtLeast)
+{
+    // A map of zeros, which lies before the data: one resource of type 0.
+    Bytes fork = makeFork({{'CALL', 1, "abc"}}).bytes();
+    setNumber(fork, 4, 4, 32);
+    setNumber(fork, 12, 4, 30);
+    EXPECT_EQ(resultOf(fork), noErr);
+    setNumber(fork, 12, 4, 29);
+    EXPECT_EQ(resultOf(fork), mapReadErr);
+}
+
+TEST(ResourceMap, IsRefusedWhereverTheForkIsCut)
+{
+    const Bytes good = makeFork(RESOURCES).bytes();
+    for (std::size_t length = 0; length < good.size(); ++length) {
+        const Bytes cut(good.begin(), good.begin() + std::ptrdiff_t(length));
+        EXPECT_EQ(resultOf(cut), length < 16 ? int(eofErr) : int(mapReadErr)) << length;
+    }
+}
+
+TEST(ResourceMap, SurvivesRandomChanges)
+{
+    const Bytes good = makeFork(RESOURCES).bytes();
+    std::mt19937 random(1000);
+    int accepted = 0;
+    for (int round = 0; round < 20000; ++round) {
+        Bytes fork = good;
+        for (unsigned changes = 1 + random() % 8; changes > 0; --changes)
+            fork[random() % fork.size()] = static_cast<unsigned char>(random());
+        if (random() % 4 == 0)
+            fork.resize(random() % (fork.size() + 64));
+        accepted += resultOf(fork) == noErr ? 1 : 0;
+    }
+    EXPECT_GT(accepted, 0);
+    EXPECT_LT(accepted, 20000);
+}
+
+TEST(ResourceMap, SurvivesRandomBytes)
+{
+    std::mt19937 random(5000);
+    for (int round = 0; round < 20000; ++round) {
+        Bytes fork(random() % 200);
+        std::generate(fork.begin(), fork.end(), [&] { return static_cast<unsigned char>(random()); });
+        // Small offsets and lengths, so that more than the header is looked at.
+        for (std::size_t field = 0; field < 16 && field < fork.size(); ++field)
+            fork[field] = field % 4 == 3 ? fork[field] : 0;
+        resultOf(fork);
+    }
+}
+
+TEST(ResourceMap, HasRoomForAllIdsOfAType)
+{
+    TestFork fork;
+    addNumber(fork.data, 4, 0);
+    addNumber(fork.types, 2, 0);
+    addNumber(fork.types, 4, 'CALL');
+    addNumber(fork.types, 2, 0xFFFF);
+    addNumber(fork.types, 2, 10);
+    for (unsigned id = 0; id <= 0xFFFF; ++id) {
+        addNumber(fork.references, 2, id);
+        addNumber(fork.references, 2, 0xFFFF);
+        addNumber(fork.references, 8, 0);
+    }
+    ResourceMap resources;
+    EXPECT_EQ(read(fork.bytes(), &resources), noErr);
+    EXPECT_EQ(resources.size(), 65536u);
+    EXPECT_LE(fork.bytes().size(), Toolbox::MAX_FORK_LENGTH);
+}
+
+TEST(ResourceMap, MayHaveNoMoreReferencesThanTheMapHasRoomFor)
+{
+    // Two types of four references each, which share their list. Eight references would be as long as this map.
+    TestFork fork = makeFork({{'AAAA', 1, ""}, {'AAAA', 2, ""}, {'AAAA', 3, ""}, {'AAAA', 4, ""}, {'BBBB', 1, ""}});
+    fork.references.resize(4 * 12);
+    setNumber(fork.types, 2 + 8 + 4, 2, 4 - 1);
+    setNumber(fork.types, 2 + 8 + 6, 2, fork.types.size());
+    fork.names.resize(2);
+    ASSERT_EQ(28 + fork.types.size() + fork.references.size() + fork.names.size(), 8u * 12);
+    EXPECT_EQ(resultOf(fork.bytes()), noErr);
+    fork.names.resize(1);
+    EXPECT_EQ(resultOf(fork.bytes()), mapReadErr);
+}
+
+// A map of less than a megabyte that would otherwise name billions of references.
+TEST(ResourceMap, IsRefusedWhenItsReferenceListsOverlap)
+{
+    constexpr unsigned TYPES = 4000;
+    constexpr unsigned REFERENCES = 60000;
+    TestFork fork;
+    addNumber(fork.data, 4, 0);
+    addNumber(fork.types, 2, TYPES - 1);
+    for (unsigned type = 0; type < TYPES; ++type) {
+        addNumber(fork.types, 4, type);
+        addNumber(fork.types, 2, REFERENCES - 1);
+        addNumber(fork.types, 2, 2 + 8 * TYPES);
+    }
+    fork.references.resize(REFERENCES * 12);
+    EXPECT_EQ(resultOf(fork.bytes()), mapReadErr);
+}
+
+}  // namespace

@@ -1,0 +1,184 @@
+#include "toolbox/base/text_encoding/MacRoman.h"
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Toolbox::macRomanToUnicode;
+using Toolbox::unicodeToMacRoman;
+
+UniChar unicodeOf(unsigned byte)
+{
+    const UInt8 text = static_cast<UInt8>(byte);
+    UniChar unicode = 0;
+    macRomanToUnicode(&text, 1, &unicode);
+    return unicode;
+}
+
+// The byte of `unit`, or -1.
+int byteOf(unsigned unit)
+{
+    const UniChar unicode = static_cast<UniChar>(unit);
+    UInt8 text = 0;
+    return unicodeToMacRoman(&unicode, 1, &text) == 1 ? int(text) : -1;
+}
+
+TEST(MacRoman, IsAsciiBelow128)
+{
+    for (unsigned byte = 0; byte < 128; ++byte) {
+        EXPECT_EQ(unicodeOf(byte), byte);
+        EXPECT_EQ(byteOf(byte), int(byte));
+    }
+}
+
+struct Character {
+    unsigned byte;
+    unsigned unit;
+};
+
+// The corners of the upper half, and where the tables of other makers or times differ.
+const Character CHARACTERS[] = {
+    {0x80, 0x00C4},                                  // A with diaeresis
+    {0x8F, 0x00E8}, {0x90, 0x00EA}, {0xA0, 0x2020},  // dagger
+    {0xAF, 0x00D8}, {0xB7, 0x2211},                  // n-ary sum
+    {0xBD, 0x03A9},                                  // Greek capital omega, not the ohm sign
+    {0xC6, 0x2206},                                  // increment, not Greek capital delta
+    {0xCA, 0x00A0},                                  // no-break space
+    {0xD7, 0x25CA},                                  // lozenge
+    {0xDB, 0x20AC},                                  // euro sign, before Mac OS 8.5 the currency sign
+    {0xDE, 0xFB01},                                  // ligature fi
+    {0xF0, 0xF8FF},                                  // Apple logo, in the private use area
+    {0xF5, 0x0131},                                  // dotless i
+    {0xFF, 0x02C7},                                  // caron
+};
+
+TEST(MacRoman, HasTheCharactersOfApplesTable)
+{
+    for (const Character& character : CHARACTERS) {
+        EXPECT_EQ(unicodeOf(character.byte), character.unit);
+        EXPECT_EQ(byteOf(character.unit), int(character.byte));
+    }
+}
+
+TEST(MacRoman, LacksTheLookAlikesOfItsCharacters)
+{
+    for (const unsigned unit : {0x2126u, 0x0394u, 0x2212u, 0x00A4u, 0xE01Eu, 0x03BCu, 0x2215u, 0x0301u, 0xFEFFu})
+        EXPECT_EQ(byteOf(unit), -1) << std::hex << unit;
+}
+
+TEST(MacRoman, LacksSurrogates)
+{
+    for (unsigned unit = 0xD800; unit <= 0xDFFF; ++unit)
+        EXPECT_EQ(byteOf(unit), -1) << std::hex << unit;
+}
+
+// Every unit of UTF-16 against a search of the 256 characters.
+TEST(MacRoman, MapsOneToOneBothWays)
+{
+    std::map<unsigned, int> bytes;
+    for (unsigned byte = 0; byte < 256; ++byte)
+        bytes[unicodeOf(byte)] = int(byte);
+    EXPECT_EQ(bytes.size(), 256u);
+    for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+        const auto byte = bytes.find(unit);
+        EXPECT_EQ(byteOf(unit), byte == bytes.end() ? -1 : byte->second) << std::hex << unit;
+    }
+}
+
+// Text is converted in blocks of 64, ASCII apart: each unit has to come out the same in every place of one and of
+// several blocks, whole or not.
+constexpr std::size_t LENGTHS[] = {1, 2, 63, 64, 65, 127, 128, 129, 150};
+
+TEST(MacRoman, ConvertsEveryByteAlikeInEveryPlace)
+{
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        for (const std::size_t length : LENGTHS) {
+            for (std::size_t place = 0; place < length; ++place) {
+                std::vector<UInt8> text(length, 'a');
+                text[place] = static_cast<UInt8>(byte);
+                std::vector<UniChar> unicode(length);
+                macRomanToUnicode(text.data(), length, unicode.data());
+                std::vector<UniChar> expected(length, 'a');
+                expected[place] = unicodeOf(byte);
+                ASSERT_EQ(unicode, expected) << byte << " in place " << place << " of " << length;
+            }
+        }
+    }
+}
+
+TEST(MacRoman, ConvertsEveryUnitAlikeInEveryPlace)
+{
+    std::vector<unsigned> units;
+    for (unsigned byte = 0; byte < 256; ++byte)
+        units.push_back(unicodeOf(byte));
+    for (unsigned unit : {0x0080u, 0x0100u, 0x0400u, 0x2126u, 0x4100u, 0x8061u, 0xD83Du, 0xFF61u, 0xFFFFu})
+        units.push_back(unit);
+    for (const unsigned unit : units) {
+        for (const std::size_t length : LENGTHS) {
+            for (std::size_t place = 0; place < length; ++place) {
+                std::vector<UniChar> unicode(length, 'a');
+                unicode[place] = static_cast<UniChar>(unit);
+                std::vector<UInt8> text(length, '.');
+                const int byte = byteOf(unit);
+                std::vector<UInt8> expected(length, 'a');
+                if (byte >= 0)
+                    expected[place] = static_cast<UInt8>(byte);
+                const std::size_t done = unicodeToMacRoman(unicode.data(), length, text.data());
+                ASSERT_EQ(done, byte >= 0 ? length : place) << unit << " in place " << place << " of " << length;
+                ASSERT_TRUE(std::equal(text.begin(), text.begin() + std::ptrdiff_t(done), expected.begin()));
+            }
+        }
+    }
+}
+
+TEST(MacRoman, ConvertsZeroUnitsAmongOthers)
+{
+    for (std::size_t place = 0; place < 150; ++place) {
+        std::vector<UniChar> unicode(150, unicodeOf(0x8E));
+        unicode[place] = 0;
+        std::vector<UInt8> text(150, '.');
+        std::vector<UInt8> expected(150, 0x8E);
+        expected[place] = 0;
+        ASSERT_EQ(unicodeToMacRoman(unicode.data(), unicode.size(), text.data()), unicode.size());
+        ASSERT_EQ(text, expected) << "a zero in place " << place;
+    }
+}
+
+TEST(MacRoman, ConvertsABlockOfOneCharacterAsItConvertsTheCharacter)
+{
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        std::vector<UniChar> unicode(64);
+        macRomanToUnicode(std::vector<UInt8>(64, static_cast<UInt8>(byte)).data(), 64, unicode.data());
+        EXPECT_EQ(unicode, std::vector<UniChar>(64, unicodeOf(byte))) << byte;
+    }
+    for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+        UInt8 text[64] = {};
+        const std::size_t done = unicodeToMacRoman(std::vector<UniChar>(64, UniChar(unit)).data(), 64, text);
+        ASSERT_EQ(done, byteOf(unit) >= 0 ? 64u : 0u) << std::hex << unit;
+        ASSERT_EQ(std::count(text, text + done, byteOf(unit)), std::ptrdiff_t(done)) << std::hex << unit;
+    }
+}
+
+TEST(MacRoman, StopsAtTheFirstOfSeveralUnitsThatItLacks)
+{
+    for (std::size_t first = 0; first < 150; ++first) {
+        std::vector<UniChar> unicode(150, 'a');
+        std::fill(unicode.begin() + std::ptrdiff_t(first), unicode.end(), UniChar(0x4E00));
+        std::vector<UInt8> text(150, '.');
+        ASSERT_EQ(unicodeToMacRoman(unicode.data(), unicode.size(), text.data()), first);
+        ASSERT_EQ(text[first], '.') << "nothing is written behind what was converted";
+    }
+}
+
+TEST(MacRoman, ConvertsNothingFromNowhere)
+{
+    macRomanToUnicode(nullptr, 0, nullptr);
+    EXPECT_EQ(unicodeToMacRoman(nullptr, 0, nullptr), 0u);
+}
+
+}  // namespace

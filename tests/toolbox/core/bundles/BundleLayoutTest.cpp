@@ -1,0 +1,171 @@
+#include "toolbox/core/bundles/BundleLayout.h"
+
+#include "tests/toolbox/core/bundles/BundleTest.h"
+
+#include <vector>
+
+namespace {
+
+using Toolbox::findExecutable;
+using Toolbox::findInside;
+using Toolbox::layoutOf;
+
+using BundleLayout = BundleTest;
+
+struct InsideCase {
+    const char* name;
+    const char* relative;
+    const char* found;  // in the folder; null when it is not to be found
+};
+
+// In a folder with: file, folder/file, and the links that the names say.
+// clang-format off
+const InsideCase INSIDE_CASES[] = {
+    // name                               relative                      found
+    {"File",                              "file",                       "file"},
+    {"Folder",                            "folder",                     "folder"},
+    {"FileInFolder",                      "folder/file",                "folder/file"},
+    {"SeveralSlashes",                    "folder//file",               "folder/file"},
+    {"Dots",                              "./folder/./file",            "folder/file"},
+    {"Missing",                           "missing",                    nullptr},
+    {"MissingInFolder",                   "folder/missing",             nullptr},
+    {"BelowAFile",                        "file/file",                  nullptr},
+    {"OtherCase",                         "File",                       nullptr},
+    {"Empty",                             "",                           nullptr},
+    {"Absolute",                          "/etc/passwd",                nullptr},
+    {"Root",                              "/",                          nullptr},
+    {"Parent",                            "..",                         nullptr},
+    {"ParentInFront",                     "../outside/file",            nullptr},
+    {"ParentWithin",                      "folder/../file",             nullptr},
+    {"ParentAtTheEnd",                    "folder/..",                  nullptr},
+    {"NameWithDots",                      "..file",                     "..file"},
+    {"LinkInside",                        "link inside",                "file"},
+    {"LinkInsideByAbsolutePath",          "absolute link inside",       "file"},
+    {"LinkedFolderInside",                "linked folder inside/file",  "folder/file"},
+    {"LinkToTheTop",                      "link to the top/file",       "file"},
+    {"LinkOutside",                       "link outside",               nullptr},
+    {"LinkOutsideByAbsolutePath",         "absolute link outside",      nullptr},
+    {"LinkedFolderOutside",               "linked folder outside/file", nullptr},
+    {"LinkToAFolderWhoseNameBeginsAlike", "link beside/file",           nullptr},
+    {"LinkToNothing",                     "link to nothing",            nullptr},
+    {"LinkToItself",                      "link to itself",             nullptr},
+};
+// clang-format on
+
+class FindInside : public BundleTest, public testing::WithParamInterface<InsideCase> {
+protected:
+    void SetUp() override
+    {
+        writeFile(in("root/file"));
+        writeFile(in("root/..file"));
+        writeFile(in("root/folder/file"));
+        writeFile(in("outside/file"));
+        writeFile(in("root beside/file"));
+        fs::create_symlink("file", in("root/link inside"));
+        fs::create_symlink(in("root/file"), in("root/absolute link inside"));
+        fs::create_symlink("folder", in("root/linked folder inside"));
+        fs::create_symlink(".", in("root/link to the top"));
+        fs::create_symlink("../outside/file", in("root/link outside"));
+        fs::create_symlink(in("outside/file"), in("root/absolute link outside"));
+        fs::create_symlink("../outside", in("root/linked folder outside"));
+        fs::create_symlink("../root beside", in("root/link beside"));
+        fs::create_symlink("nothing", in("root/link to nothing"));
+        fs::create_symlink("link to itself", in("root/link to itself"));
+    }
+};
+
+TEST_P(FindInside, GivesTheRealPathOfWhatIsInTheFolder)
+{
+    const fs::path found = findInside(in("root"), GetParam().relative);
+    EXPECT_EQ(found, GetParam().found == nullptr ? fs::path() : in("root") / GetParam().found);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FindInside, testing::ValuesIn(INSIDE_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(BundleLayout, TheRootFolderHoldsEverything)
+{
+    writeFile(in("file"));
+    EXPECT_EQ(findInside("/", in("file").relative_path()), in("file"));
+}
+
+TEST_F(BundleLayout, NoSuchFolderHoldsNothing)
+{
+    EXPECT_EQ(findInside(in("missing"), "file"), fs::path());
+}
+
+const Toolbox::BundleLayout IN_CONTENTS = {"Contents/Info.plist", "Contents/Resources", "Contents/PlugIns"};
+const Toolbox::BundleLayout IN_RESOURCES = {"Resources/Info.plist", "Resources", "PlugIns"};
+const Toolbox::BundleLayout AT_THE_TOP = {"Info.plist", "", "PlugIns"};
+
+struct LayoutCase {
+    const char* name;
+    const char* bundle;
+    std::vector<std::string> folders;
+    Toolbox::BundleLayout layout;
+};
+
+// clang-format off
+const LayoutCase LAYOUT_CASES[] = {
+    // name                   bundle         folders                    layout
+    {"Contents",              "a.bundle",    {"Contents"},              IN_CONTENTS},
+    {"Both",                  "a.bundle",    {"Contents", "Resources"}, IN_CONTENTS},
+    {"Resources",             "a.bundle",    {"Resources"},             IN_RESOURCES},
+    {"Flat",                  "a.bundle",    {},                        AT_THE_TOP},
+    {"Framework",             "a.framework", {"Resources"},             IN_RESOURCES},
+    {"FrameworkWithBoth",     "a.framework", {"Contents", "Resources"}, IN_RESOURCES},
+    {"FrameworkWithContents", "a.framework", {"Contents"},              IN_CONTENTS},
+    {"FlatFramework",         "a.framework", {},                        AT_THE_TOP},
+    {"OtherCase",             "a.bundle",    {"contents", "resources"}, AT_THE_TOP},
+};
+// clang-format on
+
+class LayoutOf : public BundleTest, public testing::WithParamInterface<LayoutCase> { };
+
+TEST_P(LayoutOf, GoesByTheFoldersThatAreThere)
+{
+    const auto& [name, bundle, folders, expected] = GetParam();
+    fs::create_directories(in(bundle));
+    for (const std::string& folder : folders)
+        fs::create_directories(in(bundle) / folder);
+    const Toolbox::BundleLayout& layout = layoutOf(in(bundle));
+    EXPECT_STREQ(layout.info, expected.info);
+    EXPECT_STREQ(layout.resources, expected.resources);
+    EXPECT_STREQ(layout.builtInPlugIns, expected.builtInPlugIns);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, LayoutOf, testing::ValuesIn(LAYOUT_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(BundleLayout, AFileOrALinkThatLeadsOutIsNoContentsFolder)
+{
+    writeFile(in("a.bundle/Contents"));
+    EXPECT_STREQ(layoutOf(in("a.bundle")).info, "Info.plist");
+    fs::create_directories(in("outside"));
+    fs::create_directories(in("b.bundle"));
+    fs::create_symlink("../outside", in("b.bundle/Contents"));
+    EXPECT_STREQ(layoutOf(in("b.bundle")).info, "Info.plist");
+}
+
+TEST_F(BundleLayout, ExecutablesAreLookedForInThePlatformsFolderThenInContentsThenAtTheTop)
+{
+    const fs::path root = in("a.bundle");
+    writeFile(root / "code");
+    EXPECT_EQ(findExecutable(root, "code"), root / "code");
+    writeFile(root / "Contents/code");
+    EXPECT_EQ(findExecutable(root, "code"), root / "Contents/code");
+    writeFile(root / "Contents" / PLATFORM_FOLDER / "code");
+    EXPECT_EQ(findExecutable(root, "code"), root / "Contents" / PLATFORM_FOLDER / "code");
+}
+
+TEST_F(BundleLayout, AFolderOrALinkThatLeadsOutIsPassedOver)
+{
+    writeFile(in("outside/code"));
+    fs::create_directories(in("a.bundle/Contents") / PLATFORM_FOLDER / "code");
+    fs::create_symlink("../../outside/code", in("a.bundle/Contents/code"));
+    EXPECT_EQ(findExecutable(in("a.bundle"), "code"), fs::path());
+    writeFile(in("a.bundle/code"));
+    EXPECT_EQ(findExecutable(in("a.bundle"), "code"), in("a.bundle/code"));
+}
+
+}  // namespace

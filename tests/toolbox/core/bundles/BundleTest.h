@@ -1,0 +1,84 @@
+// What tests of bundles share: a folder for each test, in which bundles are made file by file.
+
+#ifndef TESTS_TOOLBOX_CORE_BUNDLES_BUNDLETEST_H
+#define TESTS_TOOLBOX_CORE_BUNDLES_BUNDLETEST_H
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/toolbox/core/core_foundation/CoreFoundationTest.h"
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace fs = std::filesystem;
+
+/// The folder of executables in "Contents".
+constexpr const char* PLATFORM_FOLDER = "Linux";
+
+/// Makes the file `file`, with the folders that lead to it.
+inline void writeFile(const fs::path& file, const std::string& content = "content")
+{
+    fs::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << content;
+}
+
+/// A property list whose dictionary has these entries, in XML.
+inline std::string propertyList(const std::string& entries)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+           "<plist version=\"1.0\"><dict>"
+        + entries + "</dict></plist>\n";
+}
+
+/// The entry of `key` with the string `text`.
+inline std::string stringEntry(const std::string& key, const std::string& text)
+{
+    return "<key>" + key + "</key><string>" + text + "</string>";
+}
+
+/// Makes a bundle without code in `folder`, with these entries in its Info.plist.
+inline void makeBundle(const fs::path& folder, const std::string& entries)
+{
+    writeFile(folder / "Contents/Info.plist", propertyList(entries));
+    fs::create_directories(folder / "Contents" / PLATFORM_FOLDER);
+}
+
+/// The URL of the folder `path`, the caller's.
+inline CFURLRef createFolderURL(const fs::path& path)
+{
+    const std::string& text = path.native();
+    return CFURLCreateFromFileSystemRepresentation(
+        nullptr, reinterpret_cast<const UInt8*>(text.data()), static_cast<CFIndex>(text.size()), true);
+}
+
+/// The bundle in `folder`, the caller's.
+inline CFBundleRef createBundle(const fs::path& folder)
+{
+    const CFURLRef url = createFolderURL(folder);
+    const CFBundleRef bundle = CFBundleCreate(nullptr, url);
+    CFRelease(url);
+    return bundle;
+}
+
+/// The path of `url`, which is released; empty for null.
+inline fs::path takePath(CFURLRef url)
+{
+    UInt8 path[4096];
+    const bool isThere = CFURLGetFileSystemRepresentation(url, true, path, sizeof path);
+    CFRelease(url);
+    return isThere ? reinterpret_cast<const char*>(path) : "";
+}
+
+/// A test with a folder of its own, that leaves as many Core Foundation objects as it found.
+class BundleTest : public CoreFoundationTest {
+protected:
+    /// The path `name` in the test's folder.
+    fs::path in(const std::string& name) const { return m_folder.path() / name; }
+
+private:
+    const TemporaryFolder m_folder;
+};
+
+#endif

@@ -1,0 +1,219 @@
+#include "tests/toolbox/core/bundles/PlugInBundle.h"
+
+namespace {
+
+using CFBundleExecutable = BundleTest;
+
+struct ExecutableCase {
+    const char* name;
+    std::string info;  // of the property list; empty for none
+    const char* executable;
+    bool loads;
+};
+
+std::string named(const std::string& executable)
+{
+    return stringEntry("CFBundleExecutable", executable);
+}
+
+std::string namedBy(const std::string& value)
+{
+    return "<key>CFBundleExecutable</key>" + value;
+}
+
+std::string alsoNamed(const std::string& executable)
+{
+    return stringEntry("NSExecutable", executable);
+}
+
+// clang-format off
+const ExecutableCase EXECUTABLE_CASES[] = {
+    // name                     Info.plist                       code at                       loads
+    {"NamedInPlatformsFolder",  named("code"),                   "Contents/Linux/code",        true},
+    {"NamedInContents",         named("code"),                   "Contents/code",              true},
+    {"NamedAtTheTop",           named("code"),                   "code",                       true},
+    {"NamedInOthersFolder",     named("code"),                   "Contents/MacOS/code",        false},
+    {"NamedInResources",        named("code"),                   "Contents/Resources/code",    false},
+    {"NamedInAFolderBelow",     named("below/code"),             "Contents/Linux/below/code",  true},
+    {"NamedInOtherCase",        named("Code"),                   "Contents/Linux/code",        false},
+    {"NamedOtherwise",          alsoNamed("code"),               "Contents/Linux/code",        true},
+    {"TheFirstNameCounts",      alsoNamed("x") + named("code"),  "code",                       true},
+    {"TheFirstNameDecides",     alsoNamed("code") + named("x"),  "code",                       false},
+    {"NamedAfterTheBundle",     "<key>k</key><true/>",           "Contents/Linux/test",        true},
+    {"NamedAfterItWithoutInfo", "",                              "Contents/Linux/test",        true},
+    {"NamedOtherThanTheBundle", named("code"),                   "Contents/Linux/test",        false},
+    {"WithTheBundlesExtension", "",                              "Contents/Linux/test.bundle", false},
+    {"EmptyName",               named(""),                       "Contents/Linux/test",        true},
+    {"NameIsNoString",          namedBy("<array/>"),             "Contents/Linux/test",        true},
+    {"NameIsANumber",           namedBy("<integer>1</integer>"), "Contents/Linux/1",           false},
+    {"NameIsTheFolder",         named("."),                      "Contents/Linux/test",        false},
+    {"NameLeadsOut",            named("../../../outside"),       "../outside",                 false},
+    {"NameLeadsOutAndIn",       named("../Linux/code"),          "Contents/Linux/code",        false},
+    {"NamedNowhere",            named("code"),                   "outside",                    false},
+};
+// clang-format on
+
+class CFBundleExecutableNamed : public BundleTest, public testing::WithParamInterface<ExecutableCase> { };
+
+TEST_P(CFBundleExecutableNamed, IsLoadedIfItIsTheBundles)
+{
+    const ExecutableCase& row = GetParam();
+    fs::create_directories(in("test.bundle/Contents"));
+    if (!row.info.empty())
+        writeFile(in("test.bundle/Contents/Info.plist"), propertyList(row.info));
+    copyPlugIn(in("test.bundle") / row.executable);
+
+    const CFBundleRef bundle = createBundle(in("test.bundle"));
+    EXPECT_EQ(CFBundleLoadExecutable(bundle), row.loads);
+    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")) != nullptr, row.loads);
+    CFRelease(bundle);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, CFBundleExecutableNamed, testing::ValuesIn(EXECUTABLE_CASES),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(CFBundleExecutable, DoesNotLoadAnAbsolutePath)
+{
+    copyPlugIn(in("outside"));
+    makeBundle(in("a.bundle"), stringEntry("CFBundleExecutable", in("outside")));
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    EXPECT_FALSE(CFBundleLoadExecutable(bundle));
+    CFRelease(bundle);
+
+    const fs::path own = in("b.bundle/Contents/Linux/code");
+    makeBundle(in("b.bundle"), stringEntry("CFBundleExecutable", own));
+    copyPlugIn(own);
+    const CFBundleRef other = createBundle(in("b.bundle"));
+    EXPECT_FALSE(CFBundleLoadExecutable(other));
+    CFRelease(other);
+}
+
+TEST_F(CFBundleExecutable, DoesNotLoadThroughALinkThatLeadsOut)
+{
+    copyPlugIn(in("outside/code"));
+    makeBundle(in("file.bundle"), stringEntry("CFBundleExecutable", "code"));
+    fs::create_symlink("../../../outside/code", in("file.bundle/Contents/Linux/code"));
+    makeBundle(in("folder.bundle"), stringEntry("CFBundleExecutable", "code"));
+    fs::remove(in("folder.bundle/Contents/Linux"));
+    fs::create_symlink("../../outside", in("folder.bundle/Contents/Linux"));
+    for (const char* const name : {"file.bundle", "folder.bundle"}) {
+        const CFBundleRef bundle = createBundle(in(name));
+        EXPECT_FALSE(CFBundleLoadExecutable(bundle)) << name;
+        CFRelease(bundle);
+    }
+}
+
+TEST_F(CFBundleExecutable, LoadsThroughALinkWithin)
+{
+    const fs::path framework = in("Code.framework");
+    copyPlugIn(framework / "Versions/A/Code");
+    fs::create_directory_symlink("A", framework / "Versions/Current");
+    fs::create_symlink("Versions/Current/Code", framework / "Code");
+    const CFBundleRef bundle = createBundle(framework);
+    EXPECT_TRUE(CFBundleLoadExecutable(bundle));
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundleExecutable, LoadsOnce)
+{
+    makePlugIn(in("a.bundle"), "");
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    EXPECT_TRUE(CFBundleLoadExecutable(bundle));
+    fs::remove_all(in("a.bundle"));
+    EXPECT_TRUE(CFBundleLoadExecutable(bundle)) << "it is loaded already";
+    EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")), nullptr);
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundleExecutable, WhatWasLoadedStaysWhenTheBundleEnds)
+{
+    makePlugIn(in("a.bundle"), "");
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const auto factory = reinterpret_cast<CFPlugInFactoryFunction>(
+        CFBundleGetFunctionPointerForName(bundle, CFSTR("factoryOfAllocators")));
+    ASSERT_NE(factory, nullptr);
+    CFRelease(bundle);
+    EXPECT_EQ(factory(kCFAllocatorSystemDefault, nullptr), kCFAllocatorSystemDefault);
+
+    const CFBundleRef again = createBundle(in("a.bundle"));
+    EXPECT_EQ(CFBundleGetFunctionPointerForName(again, CFSTR("factoryOfAllocators")), reinterpret_cast<void*>(factory));
+    CFRelease(again);
+}
+
+TEST_F(CFBundleExecutable, GivesOnlyTheNamesThatItsOwnCodeExports)
+{
+    makePlugIn(in("a.bundle"), "");
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")), nullptr);
+    EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, CFSTR("secondFactory")), nullptr);
+    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("noFactory")), nullptr);
+    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("")), nullptr);
+    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("CFRelease")), nullptr) << "it only uses that one";
+    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("malloc")), nullptr);
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundleExecutable, KeepsTheNamesOfItsCodeToItself)
+{
+    makePlugIn(in("a.bundle"), "");
+    makePlugIn(in("b.bundle"), "");
+    const CFBundleRef a = createBundle(in("a.bundle"));
+    const CFBundleRef b = createBundle(in("b.bundle"));
+    void* const ofA = CFBundleGetFunctionPointerForName(a, CFSTR("firstFactory"));
+    void* const ofB = CFBundleGetFunctionPointerForName(b, CFSTR("firstFactory"));
+    EXPECT_NE(ofA, nullptr);
+    EXPECT_NE(ofB, nullptr);
+    EXPECT_NE(ofA, ofB);
+    CFRelease(a);
+    CFRelease(b);
+}
+
+TEST_F(CFBundleExecutable, TakesNoNameThatIsNone)
+{
+    makePlugIn(in("a.bundle"), "");
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const UniChar units[] = {'f', 'i', 'r', 's', 't', 'F', 'a', 'c', 't', 'o', 'r', 'y', 0, 'x'};
+    const CFStringRef withZero = CFStringCreateWithCharacters(nullptr, units, 14);
+    const CFStringRef cutBefore = CFStringCreateWithCharacters(nullptr, units, 12);
+    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, withZero), nullptr);
+    EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, cutBefore), nullptr);
+    CFRelease(withZero);
+    CFRelease(cutBefore);
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundleExecutable, RefusesCodeThatIsNone)
+{
+    const std::string whole = contentsOf(PLUG_IN_FILE);
+    const struct {
+        const char* name;
+        std::string content;
+    } FILES[] = {
+        {"empty", ""},
+        {"text", "#!/bin/sh\nexit 0\n"},
+        {"zeros", std::string(10000, '\0')},
+        {"header-alone", whole.substr(0, 64)},
+        {"first-kilobyte", whole.substr(0, 1000)},
+        {"half", whole.substr(0, whole.size() / 2)},
+    };
+    for (const auto& [name, content] : FILES) {
+        const fs::path folder = in(name);
+        writeFile(folder / name, content);
+        const CFBundleRef bundle = createBundle(folder);
+        EXPECT_FALSE(CFBundleLoadExecutable(bundle)) << name;
+        EXPECT_FALSE(CFBundleLoadExecutable(bundle)) << name << ", the second time";
+        CFRelease(bundle);
+    }
+}
+
+TEST_F(CFBundleExecutable, LoadsLaterWhatWasNotThereBefore)
+{
+    makeBundle(in("a.bundle"), "");
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    EXPECT_FALSE(CFBundleLoadExecutable(bundle));
+    copyPlugIn(in("a.bundle/Contents/Linux/a"));
+    EXPECT_TRUE(CFBundleLoadExecutable(bundle));
+    CFRelease(bundle);
+}
+
+}  // namespace

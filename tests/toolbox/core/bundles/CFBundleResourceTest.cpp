@@ -1,0 +1,141 @@
+#include "toolbox/core/bundles/Bundle.h"
+
+#include "tests/toolbox/core/bundles/BundleTest.h"
+
+#include <vector>
+
+namespace {
+
+using CFBundleResource = BundleTest;
+using Toolbox::Bundle;
+using Toolbox::findObject;
+
+struct ResourceCase {
+    const char* name;
+    std::vector<std::string> files;
+    const char* resource;
+    const char* type;
+    const char* subfolder;
+    const char* found;  // null when it is not
+};
+
+// In a bundle whose user knows German, as in Austria, and French, and whose development region is English.
+// clang-format off
+const ResourceCase RESOURCE_CASES[] = {
+    // name                files                                     resource    type     in      found
+    {"Missing",            {},                                       "a",        "x",     "",     nullptr},
+    {"WithoutALanguage",   {"a.x"},                                  "a",        "x",     "",     "a.x"},
+    {"WithoutAType",       {"a.x"},                                  "a.x",      "",      "",     "a.x"},
+    {"TypeLeftOut",        {"a.x"},                                  "a",        "",      "",     nullptr},
+    {"OtherType",          {"a.x"},                                  "a",        "nib",   "",     nullptr},
+    {"OtherCaseOfName",    {"a.x"},                                  "A",        "x",     "",     nullptr},
+    {"OtherCaseOfType",    {"a.x"},                                  "a",        "X",     "",     nullptr},
+    {"NotASCII",           {"\xC3\xA4.x"},                           "\xC3\xA4", "x",     "",     "\xC3\xA4.x"},
+    {"Folder",             {"a.nib/o.x"},                            "a",        "nib",   "",     "a.nib"},
+    {"Subfolder",          {"s/a.x"},                                "a",        "x",     "s",    "s/a.x"},
+    {"NotInTheSubfolder",  {"a.x"},                                  "a",        "x",     "s",    nullptr},
+    {"OnlyInASubfolder",   {"s/a.x"},                                "a",        "x",     "",     nullptr},
+    {"InsideAFolder",      {"de.lproj/n/o.x"},                       "o",        "x",     "n",    "de.lproj/n/o.x"},
+    {"GlobalFirst",        {"a.x", "de.lproj/a.x"},                  "a",        "x",     "",     "a.x"},
+    {"Region",             {"de_AT.lproj/a.x", "de.lproj/a.x"},      "a",        "x",     "",     "de_AT.lproj/a.x"},
+    {"FirstLanguage",      {"de.lproj/a.x", "fr.lproj/a.x"},         "a",        "x",     "",     "de.lproj/a.x"},
+    {"ByLongName",         {"German.lproj/a.x", "French.lproj/a.x"}, "a",        "x",     "",     "German.lproj/a.x"},
+    {"SecondLanguage",     {"fr.lproj/a.x", "English.lproj/a.x"},    "a",        "x",     "",     "fr.lproj/a.x"},
+    {"DevelopmentRegion",  {"English.lproj/a.x", "it.lproj/a.x"},    "a",        "x",     "",     "English.lproj/a.x"},
+    {"RegionByCode",       {"en.lproj/a.x"},                         "a",        "x",     "",     "en.lproj/a.x"},
+    {"OtherLanguage",      {"it.lproj/a.x"},                         "a",        "x",     "",     nullptr},
+    {"LanguagesSubfolder", {"de.lproj/s/a.x"},                       "a",        "x",     "s",    "de.lproj/s/a.x"},
+    {"SubfoldersLanguage", {"s/de.lproj/a.x"},                       "a",        "x",     "s",    nullptr},
+    {"NoName",             {"a.x", ".x"},                            "",         "x",     "",     nullptr},
+    {"PathInTheName",      {"s/a.x"},                                "s/a",      "x",     "",     "s/a.x"},
+    {"NameLeadsOut",       {"a.x", "../Info.x"},                     "../Info",  "x",     "",     nullptr},
+    {"NameLeadsOutAndIn",  {"a.x", "s/b.x"},                         "s/../a",   "x",     "",     nullptr},
+    {"TypeLeadsOut",       {"a./b", "b"},                            "a",        "/../b", "",     nullptr},
+    {"SubfolderLeadsOut",  {"a.x", "../b.x"},                        "b",        "x",     "..",   nullptr},
+    {"AbsoluteName",       {"a.x"},                                  "/a",       "x",     "",     nullptr},
+    {"AbsoluteSubfolder",  {"s/a.x"},                                "a",        "x",     "/s",   nullptr},
+    {"NameOutside",        {},                                       "/etc",     "",      "",     nullptr},
+    {"FolderOutside",      {},                                       "passwd",   "",      "/etc", nullptr},
+};
+// clang-format on
+
+class CFBundleResourceNamed : public BundleTest, public testing::WithParamInterface<ResourceCase> { };
+
+TEST_P(CFBundleResourceNamed, IsFoundInTheOrderOfLanguages)
+{
+    const ResourceCase& row = GetParam();
+    const fs::path resources = in("a.bundle/Contents/Resources");
+    makeBundle(in("a.bundle"), stringEntry("CFBundleDevelopmentRegion", "English"));
+    fs::create_directories(resources);
+    for (const std::string& file : row.files)
+        writeFile(resources / file);
+
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const fs::path found =
+        findObject<Bundle>(bundle)->findResource(row.resource, row.type, row.subfolder, {"de-AT", "fr"});
+    EXPECT_EQ(found, row.found == nullptr ? fs::path() : resources / row.found);
+    CFRelease(bundle);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, CFBundleResourceNamed, testing::ValuesIn(RESOURCE_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(CFBundleResource, FindsNoResourceThroughALinkThatLeadsOut)
+{
+    const fs::path resources = in("a.bundle/Contents/Resources");
+    writeFile(in("outside/a.txt"));
+    fs::create_directories(resources);
+    fs::create_symlink("../../../outside/a.txt", resources / "a.txt");
+    fs::create_symlink("../../../outside", resources / "s");
+    fs::create_symlink("../../../outside", resources / "de.lproj");
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const Bundle& object = *findObject<Bundle>(bundle);
+    EXPECT_EQ(object.findResource("a", "txt", "", {"de"}), fs::path());
+    EXPECT_EQ(object.findResource("a", "txt", "s", {"de"}), fs::path());
+    writeFile(resources / "fr.lproj/a.txt");
+    EXPECT_EQ(object.findResource("a", "txt", "", {"de", "fr"}), resources / "fr.lproj/a.txt");
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundleResource, ADevelopmentRegionThatLeadsOutFindsNothing)
+{
+    writeFile(in("outside.lproj/a.txt"));
+    writeFile(in("a.bundle/Contents/Resources/b.txt"));
+    for (const std::string& region : {std::string("../../../outside"), in("outside").string()}) {
+        writeFile(in("a.bundle/Contents/Info.plist"), propertyList(stringEntry("CFBundleDevelopmentRegion", region)));
+        const CFBundleRef bundle = createBundle(in("a.bundle"));
+        EXPECT_EQ(findObject<Bundle>(bundle)->findResource("a", "txt", "", {}), fs::path()) << region;
+        CFRelease(bundle);
+    }
+}
+
+TEST_F(CFBundleResource, TheURLOfAResourceSaysWhatItIs)
+{
+    const fs::path resources = in("a.bundle/Contents/Resources");
+    writeFile(resources / "a.txt");
+    writeFile(resources / "s/a.nib/objects.xib");
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const CFURLRef file = CFBundleCopyResourceURL(bundle, CFSTR("a"), CFSTR("txt"), nullptr);
+    const CFURLRef folder = CFBundleCopyResourceURL(bundle, CFSTR("a"), CFSTR("nib"), CFSTR("s"));
+    const CFURLRef whole = CFBundleCopyResourceURL(bundle, CFSTR("a.txt"), nullptr, nullptr);
+    const CFURLRef expectedFolder = createFolderURL(resources / "s/a.nib");
+    EXPECT_TRUE(CFEqual(folder, expectedFolder));
+    EXPECT_TRUE(CFEqual(file, whole));
+    EXPECT_EQ(takePath(file), resources / "a.txt");
+    EXPECT_EQ(CFBundleCopyResourceURL(bundle, CFSTR("b"), CFSTR("txt"), nullptr), nullptr);
+    for (const CFURLRef made : {folder, whole, expectedFolder})
+        CFRelease(made);
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundleResource, ResourcesOfAFlatBundleLieAtItsTop)
+{
+    writeFile(in("flat/a.txt"));
+    writeFile(in("flat/fr.lproj/b.txt"));
+    const CFBundleRef bundle = createBundle(in("flat"));
+    EXPECT_EQ(findObject<Bundle>(bundle)->findResource("a", "txt", "", {"fr"}), in("flat/a.txt"));
+    EXPECT_EQ(findObject<Bundle>(bundle)->findResource("b", "txt", "", {"fr"}), in("flat/fr.lproj/b.txt"));
+    CFRelease(bundle);
+}
+
+}  // namespace

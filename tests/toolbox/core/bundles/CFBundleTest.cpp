@@ -1,0 +1,195 @@
+#include "toolbox/core/bundles/Bundle.h"
+
+#include "tests/toolbox/core/bundles/PlugInBundle.h"
+
+#include <Toolbox/Trace.h>
+
+#include <vector>
+
+#include <sys/stat.h>
+
+namespace {
+
+using CFBundle = BundleTest;
+using Toolbox::Bundle;
+using Toolbox::findObject;
+
+TEST_F(CFBundle, AnyFolderWillDo)
+{
+    fs::create_directories(in("folder"));
+    const CFBundleRef bundle = createBundle(in("folder"));
+    EXPECT_NE(bundle, nullptr);
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundle, IsNotMadeWhereThereIsNoFolder)
+{
+    writeFile(in("file"));
+    EXPECT_EQ(createBundle(in("missing")), nullptr);
+    EXPECT_EQ(createBundle(in("file")), nullptr);
+}
+
+TEST_F(CFBundle, IsNotMadeOfAWrongURL)
+{
+    for (const CFTypeRef wrong : WRONG_REFERENCES)
+        EXPECT_EQ(CFBundleCreate(nullptr, static_cast<CFURLRef>(wrong)), nullptr);
+    EXPECT_EQ(CFBundleCreate(nullptr, reinterpret_cast<CFURLRef>(CFSTR("/tmp"))), nullptr);
+}
+
+TEST_F(CFBundle, OfTheSameFolderIsTheSameObjectWithOneOwnerMore)
+{
+    fs::create_directories(in("a.bundle"));
+    fs::create_directory_symlink("a.bundle", in("link.bundle"));
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    for (const char* const name : {"a.bundle", "a.bundle/", "./a.bundle", "a.bundle/.", "link.bundle"}) {
+        EXPECT_EQ(createBundle(in(name)), bundle) << name;
+        CFRelease(bundle);
+    }
+    CFRelease(bundle);
+    EXPECT_FALSE(CFEqual(bundle, bundle)) << "the last owner is gone";
+}
+
+TEST_F(CFBundle, OfTheSameFolderIsANewOneWhenTheLastHasEnded)
+{
+    fs::create_directories(in("a.bundle"));
+    const CFBundleRef ended = createBundle(in("a.bundle"));
+    CFRelease(ended);
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    EXPECT_NE(bundle, ended);
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundle, OfAnotherFolderIsAnother)
+{
+    fs::create_directories(in("a.bundle"));
+    fs::create_directories(in("b.bundle"));
+    const CFBundleRef a = createBundle(in("a.bundle"));
+    const CFBundleRef b = createBundle(in("b.bundle"));
+    EXPECT_NE(a, b);
+    EXPECT_FALSE(CFEqual(a, b));
+    CFRelease(a);
+    CFRelease(b);
+}
+
+TEST_F(CFBundle, WithAnInfoThatCannotBeReadIsOneWithoutInfo)
+{
+    const std::string genuine = propertyList(stringEntry("CFBundleExecutable", "code"));
+    const struct {
+        const char* name;
+        std::string info;
+    } FILES[] = {
+        {"cut-short", genuine.substr(0, genuine.size() / 2)},
+        {"corrupt", "CFBundleExecutable = code"},
+        {"empty", ""},
+        {"binary", std::string("bplist00\xD1\x01\x02QkQv", 15)},
+        {"huge", genuine + std::string(1024 * 1024, '\n')},
+        {"entity", "<!DOCTYPE plist [<!ENTITY e 'code'>]>" + genuine.substr(genuine.find("<plist"))},
+    };
+    for (const auto& [name, info] : FILES) {
+        const fs::path folder = in(name);
+        writeFile(folder / "Contents/Info.plist", info);
+        copyPlugIn(folder / "Contents/Linux/code");
+        const CFBundleRef bundle = createBundle(folder);
+        EXPECT_NE(bundle, nullptr) << name;
+        EXPECT_FALSE(CFBundleLoadExecutable(bundle)) << name << ": its executable is named after the bundle";
+        copyPlugIn(folder / "Contents/Linux" / name);
+        EXPECT_TRUE(CFBundleLoadExecutable(bundle)) << name;
+        CFRelease(bundle);
+    }
+}
+
+TEST_F(CFBundle, ReadsNoInfoThatIsNoFileOfItsOwn)
+{
+    writeFile(in("outside.plist"), propertyList(stringEntry("CFBundleExecutable", "code")));
+    fs::create_directories(in("link.bundle/Contents"));
+    fs::create_symlink("../../outside.plist", in("link.bundle/Contents/Info.plist"));
+    fs::create_directories(in("folder.bundle/Contents/Info.plist"));
+    fs::create_directories(in("pipe.bundle/Contents"));
+    ASSERT_EQ(mkfifo(in("pipe.bundle/Contents/Info.plist").c_str(), 0600), 0);
+    for (const char* const name : {"link.bundle", "folder.bundle", "pipe.bundle"}) {
+        const CFBundleRef bundle = createBundle(in(name));
+        ASSERT_NE(bundle, nullptr) << name;
+        EXPECT_TRUE(findObject<Bundle>(bundle)->info().isEmpty()) << name;
+        CFRelease(bundle);
+    }
+}
+
+TEST_F(CFBundle, ReadsTheInfoOfItsLayout)
+{
+    const std::pair<const char*, const char*> PLACES[] = {
+        {"a.bundle", "Contents/Info.plist"},
+        {"b.bundle", "Resources/Info.plist"},
+        {"c.bundle", "Info.plist"},
+        {"d.framework", "Resources/Info.plist"},
+    };
+    for (const auto& [name, info] : PLACES) {
+        writeFile(in(name) / info, propertyList(stringEntry("k", "v")));
+        const CFBundleRef bundle = createBundle(in(name));
+        EXPECT_EQ(findObject<Bundle>(bundle)->info().value("k"), "v") << name;
+        CFRelease(bundle);
+    }
+}
+
+TEST_F(CFBundle, ItsBuiltInPlugInsLieByItsLayout)
+{
+    fs::create_directories(in("a.app/Contents"));
+    fs::create_directories(in("b.app"));
+    const CFBundleRef a = createBundle(in("a.app"));
+    const CFBundleRef b = createBundle(in("b.app"));
+    EXPECT_EQ(takePath(CFBundleCopyBuiltInPlugInsURL(a)), in("a.app/Contents/PlugIns"));
+    EXPECT_EQ(takePath(CFBundleCopyBuiltInPlugInsURL(b)), in("b.app/PlugIns"));
+    CFRelease(a);
+    CFRelease(b);
+}
+
+TEST_F(CFBundle, AWrongReferenceHasNothing)
+{
+    fs::create_directories(in("a.bundle"));
+    const CFBundleRef dead = createBundle(in("a.bundle"));
+    CFRelease(dead);
+    std::vector<CFBundleRef> references = {
+        dead, reinterpret_cast<CFBundleRef>(const_cast<void*>(CFTypeRef(CFSTR("a"))))};
+    for (const CFTypeRef wrong : WRONG_REFERENCES)
+        references.push_back(static_cast<CFBundleRef>(const_cast<void*>(wrong)));
+    for (const CFBundleRef wrong : references) {
+        EXPECT_FALSE(CFBundleLoadExecutable(wrong));
+        EXPECT_EQ(CFBundleGetFunctionPointerForName(wrong, CFSTR("firstFactory")), nullptr);
+        EXPECT_EQ(CFBundleCopyResourceURL(wrong, CFSTR("a"), nullptr, nullptr), nullptr);
+        EXPECT_EQ(CFBundleCopyBuiltInPlugInsURL(wrong), nullptr);
+    }
+}
+
+TEST_F(CFBundle, TakesNoWrongStrings)
+{
+    makePlugIn(in("a.bundle"), "");
+    writeFile(in("a.bundle/Contents/Resources/a"));
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    std::vector<CFStringRef> references = {deadString()};
+    for (const CFTypeRef wrong : WRONG_REFERENCES)
+        references.push_back(static_cast<CFStringRef>(wrong));
+    for (const CFStringRef wrong : references) {
+        EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, wrong), nullptr);
+        EXPECT_EQ(CFBundleCopyResourceURL(bundle, wrong, nullptr, nullptr), nullptr);
+        if (wrong != nullptr) {
+            EXPECT_EQ(CFBundleCopyResourceURL(bundle, CFSTR("a"), wrong, nullptr), nullptr);
+            EXPECT_EQ(CFBundleCopyResourceURL(bundle, CFSTR("a"), nullptr, wrong), nullptr);
+        }
+    }
+    CFRelease(bundle);
+}
+
+TEST_F(CFBundle, ItsOwnCallsAreNotTraced)
+{
+    makePlugIn(in("a.bundle"), "");
+    std::vector<std::string> lines;
+    Toolbox::SetTrace([&](const std::string& line) { lines.push_back(line.substr(0, line.find('('))); });
+    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    CFBundleGetFunctionPointerForName(bundle, nullptr);
+    CFRelease(bundle);
+    Toolbox::SetTrace(nullptr);
+    EXPECT_EQ(lines,
+        std::vector<std::string>({"CFURLCreateFromFileSystemRepresentation", "CFBundleCreate", "CFRelease",
+            "CFBundleGetFunctionPointerForName", "CFRelease"}));
+}
+
+}  // namespace

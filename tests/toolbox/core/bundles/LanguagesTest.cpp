@@ -1,0 +1,103 @@
+#include "toolbox/core/bundles/Languages.h"
+
+#include <Toolbox/Application.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Toolbox::languageFolders;
+
+struct FoldersCase {
+    const char* name;
+    QStringList languages;
+    QStringList folders;
+};
+
+// clang-format off
+const FoldersCase FOLDERS_CASES[] = {
+    {"None",                 {},                     {}},
+    {"Empty",                {""},                   {}},
+    {"Code",                 {"ko"},                 {"ko.lproj"}},
+    {"CodeWithALongName",    {"de"},                 {"de.lproj", "German.lproj"}},
+    {"LongName",             {"German"},             {"German.lproj", "de.lproj"}},
+    {"Region",               {"de-AT"},              {"de-AT.lproj", "de_AT.lproj", "de.lproj", "German.lproj"}},
+    {"RegionWithUnderscore", {"pt_BR"},              {"pt_BR.lproj", "pt.lproj"}},
+    {"Script",               {"zh-Hans-CN"},         {"zh-Hans-CN.lproj", "zh_Hans_CN.lproj", "zh.lproj"}},
+    {"SeveralInOrder",       {"fr", "ko"},           {"fr.lproj", "French.lproj", "ko.lproj"}},
+    {"EachOnce",             {"de", "German", "de"}, {"de.lproj", "German.lproj"}},
+    {"Unknown",              {"Klingon"},            {"Klingon.lproj"}},
+};
+// clang-format on
+
+class LanguageFolders : public testing::TestWithParam<FoldersCase> { };
+
+TEST_P(LanguageFolders, BearEachNameOfTheLanguages)
+{
+    EXPECT_EQ(languageFolders(GetParam().languages), GetParam().folders);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, LanguageFolders, testing::ValuesIn(FOLDERS_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(LanguageFolders, TheFirstLanguagesOfTheMacHaveLongNames)
+{
+    const QStringList codes = {"de", "en", "es", "fr", "it", "ja", "nl"};
+    const QStringList names = {"German", "English", "Spanish", "French", "Italian", "Japanese", "Dutch"};
+    for (qsizetype index = 0; index < codes.size(); ++index)
+        EXPECT_EQ(languageFolders({codes[index]}), QStringList({codes[index] + ".lproj", names[index] + ".lproj"}));
+}
+
+struct EnvironmentCase {
+    const char* name;
+    const char* all;  // null: not in the environment
+    const char* messages;
+    const char* lang;
+    const char* list;  // LANGUAGE
+    std::vector<std::string> languages;
+};
+
+// clang-format off
+const EnvironmentCase ENVIRONMENTS[] = {
+    {"AllWins",                 "fr_FR",             "de_DE",   "it_IT",       nullptr,         {"fr-FR"}},
+    {"MessagesBeforeLang",      nullptr,             "de_DE",   "it_IT",       nullptr,         {"de-DE"}},
+    {"LangLast",                nullptr,             nullptr,   "it_IT.UTF-8", nullptr,         {"it-IT"}},
+    {"EmptyIsPassedOver",       "",                  "",        "it",          "",              {"it"}},
+    {"NoEncodingOrModifier",    "de_AT.UTF-8@euro",  nullptr,   nullptr,       nullptr,         {"de-AT"}},
+    {"ListBeforeTheLocale",     nullptr,             nullptr,   "ja_JP.UTF-8", "de",            {"de", "ja-JP"}},
+    {"ListInItsOrder",          "ja_JP",             nullptr,   nullptr,       "ko:de_AT::fr",  {"ko", "de-AT", "fr", "ja-JP"}},
+    {"NoListInTheLocaleC",      "C",                 "de_DE",   "it_IT",       "de",            {}},
+    {"NoListInAnyC",            nullptr,             nullptr,   "C.UTF-8",     "de",            {}},
+    {"NoListInPosix",           "POSIX",             nullptr,   nullptr,       "de",            {}},
+    {"NoListWithoutALocale",    nullptr,             nullptr,   nullptr,       "de",            {}},
+};
+// clang-format on
+
+class UserLanguages : public testing::TestWithParam<EnvironmentCase> {
+protected:
+    static void set(const char* variable, const char* value)
+    {
+        if (value == nullptr)
+            unsetenv(variable);
+        else
+            setenv(variable, value, 1);
+    }
+};
+
+TEST_P(UserLanguages, AreTheListsUnlessTheLocaleIsC)
+{
+    set("LC_ALL", GetParam().all);
+    set("LC_MESSAGES", GetParam().messages);
+    set("LANG", GetParam().lang);
+    set("LANGUAGE", GetParam().list);
+    EXPECT_EQ(Toolbox::UserLanguages(), GetParam().languages);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, UserLanguages, testing::ValuesIn(ENVIRONMENTS), [](const auto& row) { return row.param.name; });
+
+}  // namespace

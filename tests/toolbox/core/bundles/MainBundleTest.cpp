@@ -1,0 +1,95 @@
+#include "toolbox/core/bundles/MainBundle.h"
+
+#include "tests/toolbox/core/bundles/BundleTest.h"
+
+#include <Toolbox/Application.h>
+
+namespace {
+
+using Toolbox::mainBundleResource;
+using Toolbox::SetMainBundle;
+
+// The main bundle outlives a test: so these look at what is alive themselves.
+class MainBundle : public testing::Test {
+protected:
+    fs::path in(const std::string& name) const { return m_folder.path() / name; }
+
+private:
+    const TemporaryFolder m_folder;
+};
+
+TEST_F(MainBundle, IsTheOneThatWasNamed)
+{
+    fs::create_directories(in("a.app"));
+    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    const CFBundleRef bundle = createBundle(in("a.app"));
+    EXPECT_EQ(CFBundleGetMainBundle(), bundle);
+    CFRelease(bundle);
+    EXPECT_EQ(CFBundleGetMainBundle(), bundle);
+    EXPECT_TRUE(CFEqual(bundle, bundle)) << "it is borrowed, and lives on";
+}
+
+TEST_F(MainBundle, IsTheOneThatWasNamedLast)
+{
+    fs::create_directories(in("a.app"));
+    fs::create_directories(in("b.app"));
+    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    const CFBundleRef first = CFBundleGetMainBundle();
+    const std::size_t alive = liveObjects();
+    ASSERT_TRUE(SetMainBundle(in("b.app")));
+    EXPECT_NE(CFBundleGetMainBundle(), first);
+    EXPECT_FALSE(CFEqual(first, first)) << "the one before has ended";
+    EXPECT_EQ(liveObjects(), alive);
+}
+
+TEST_F(MainBundle, StaysTheSameWhenItIsNamedAgain)
+{
+    fs::create_directories(in("a.app"));
+    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    const CFBundleRef bundle = CFBundleGetMainBundle();
+    const std::size_t alive = liveObjects();
+    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    EXPECT_EQ(CFBundleGetMainBundle(), bundle);
+    EXPECT_TRUE(CFEqual(bundle, bundle));
+    EXPECT_EQ(liveObjects(), alive);
+}
+
+TEST_F(MainBundle, StaysTheOneBeforeWhenThereIsNoSuchFolder)
+{
+    fs::create_directories(in("a.app"));
+    writeFile(in("file"));
+    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    const CFBundleRef bundle = CFBundleGetMainBundle();
+    EXPECT_FALSE(SetMainBundle(in("missing")));
+    EXPECT_FALSE(SetMainBundle(in("file")));
+    EXPECT_FALSE(SetMainBundle(""));
+    EXPECT_EQ(CFBundleGetMainBundle(), bundle);
+}
+
+TEST_F(MainBundle, ReleasedByACallerWhoOnlyBorrowedItIsADeadReference)
+{
+    fs::create_directories(in("a.app"));
+    fs::create_directories(in("b.app"));
+    writeFile(in("a.app/a.txt"));
+    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    CFRelease(CFBundleGetMainBundle());
+    EXPECT_EQ(CFBundleCopyResourceURL(CFBundleGetMainBundle(), CFSTR("a"), CFSTR("txt"), nullptr), nullptr);
+    EXPECT_TRUE(mainBundleResource("a", "txt").isEmpty());
+    EXPECT_TRUE(SetMainBundle(in("b.app")));
+}
+
+TEST_F(MainBundle, GivesThePathsOfItsResources)
+{
+    const fs::path resources = in("a.app/Contents/Resources");
+    writeFile(resources / "About.nib/objects.xib");
+    writeFile(in("outside"));
+    fs::create_symlink(in("outside"), resources / "About.nib/link.xib");
+    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    EXPECT_EQ(mainBundleResource("About", "nib").toStdString(), resources / "About.nib");
+    EXPECT_EQ(mainBundleResource("objects", "xib", "About.nib").toStdString(), resources / "About.nib/objects.xib");
+    EXPECT_TRUE(mainBundleResource("link", "xib", "About.nib").isEmpty()) << "it leads out of the bundle";
+    EXPECT_TRUE(mainBundleResource("Other", "nib").isEmpty());
+    EXPECT_TRUE(mainBundleResource("", "nib").isEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,276 @@
+#include "toolbox/core/bundles/PropertyList.h"
+
+#include "tests/toolbox/core/bundles/BundleTest.h"
+
+namespace {
+
+using Toolbox::readPropertyList;
+
+std::optional<QVariantMap> read(const std::string& document)
+{
+    return readPropertyList(QByteArray::fromStdString(document));
+}
+
+std::string repeated(int count, const std::string& text)
+{
+    std::string all;
+    for (int time = 0; time < count; ++time)
+        all += text;
+    return all;
+}
+
+TEST(PropertyList, HoldsStringsArraysAndDictionaries)
+{
+    const auto map = read(propertyList("<key>s</key><string>text</string>"
+                                       "<key>a</key><array><string>one</string><string>two</string></array>"
+                                       "<key>d</key><dict><key>k</key><string>v</string></dict>"));
+    ASSERT_TRUE(map.has_value());
+    const QVariantMap expected = {
+        {"s", "text"},
+        {"a", QVariantList{"one", "two"}},
+        {"d", QVariantMap{{"k", "v"}}},
+    };
+    EXPECT_EQ(*map, expected);
+}
+
+TEST(PropertyList, KeepsThePlaceOfWhatNothingAsksFor)
+{
+    const auto map = read(propertyList("<key>i</key><integer>1</integer><key>r</key><real>1.5</real>"
+                                       "<key>t</key><true/><key>f</key><false/>"
+                                       "<key>n</key><date>2006-01-01T00:00:00Z</date><key>b</key><data>AAAA</data>"));
+    ASSERT_TRUE(map.has_value());
+    EXPECT_EQ(map->keys(), QStringList({"b", "f", "i", "n", "r", "t"}));
+    for (const QVariant& value : *map)
+        EXPECT_FALSE(value.isValid());
+}
+
+TEST(PropertyList, OfAKeyThatIsGivenTwiceTheLastCounts)
+{
+    const auto map = read(propertyList(stringEntry("k", "first") + stringEntry("k", "last")));
+    ASSERT_TRUE(map.has_value());
+    EXPECT_EQ(map->value("k"), "last");
+}
+
+struct TextCase {
+    const char* name;
+    const char* xml;
+    const char16_t* text;
+};
+
+// clang-format off
+const TextCase TEXT_CASES[] = {
+    // name                in the document              text
+    {"Empty",              "",                          u""},
+    {"Blanks",             "  a  b ",                   u"  a  b "},
+    {"NamedCharacters",    "&lt;&amp;&gt;&quot;&apos;", u"<&>\"'"},
+    {"NumberedCharacters", "&#228;&#x20AC;",            u"\u00E4\u20AC"},
+    {"UTF8",               "\xC3\xA4\xF0\x9F\x98\x80",  u"\u00E4\xD83D\xDE00"},
+    {"CharacterData",      "<![CDATA[<a>&b;]]>",        u"<a>&b;"},
+    {"CommentWithin",      "a<!-- not this -->b",       u"ab"},
+    {"InstructionWithin",  "a<?not this?>b",            u"ab"},
+};
+// clang-format on
+
+class PropertyListText : public testing::TestWithParam<TextCase> { };
+
+TEST_P(PropertyListText, IsReadAsXMLSaysIt)
+{
+    const auto map = read(propertyList(stringEntry("k", GetParam().xml)));
+    ASSERT_TRUE(map.has_value());
+    EXPECT_EQ(map->value("k").toString(), QStringView(GetParam().text).toString());
+    EXPECT_EQ(map->value("k").typeId(), QMetaType::QString);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, PropertyListText, testing::ValuesIn(TEXT_CASES), [](const auto& row) { return row.param.name; });
+
+const char* const DICTIONARY = "<plist><dict><key>k</key><string>v</string></dict></plist>";
+
+struct AcceptedCase {
+    const char* name;
+    std::string document;
+};
+
+const AcceptedCase ACCEPTED_CASES[] = {
+    {"NoDocumentType", DICTIONARY},
+    {"ExternalDocumentType", propertyList(stringEntry("k", "v"))},
+    {"ExternalDocumentTypeThatIsNowhere", std::string("<!DOCTYPE plist SYSTEM 'file:///nowhere.dtd'>") + DICTIONARY},
+    {"InternalDocumentTypeWithoutEntities", std::string("<!DOCTYPE plist [<!ELEMENT plist ANY>]>") + DICTIONARY},
+    {"ByteOrderMark", std::string("\xEF\xBB\xBF") + DICTIONARY},
+    {"Comments", "<!--a--><plist><!--b--><dict><!--c--><key>k</key><!--d--><string>v</string></dict></plist><!--e-->"},
+    {"Blanks", "\n<plist>\n<dict>\t<key>k</key> <string>v</string> </dict> </plist>\n"},
+    {"Latin1", "<?xml version='1.0' encoding='ISO-8859-1'?><plist><dict><key>k</key><string>v</string></dict></plist>"},
+};
+
+class AcceptedPropertyList : public testing::TestWithParam<AcceptedCase> { };
+
+TEST_P(AcceptedPropertyList, IsRead)
+{
+    const auto map = read(GetParam().document);
+    ASSERT_TRUE(map.has_value());
+    EXPECT_EQ(map->value("k"), "v");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, AcceptedPropertyList, testing::ValuesIn(ACCEPTED_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(PropertyList, IsReadInUTF16)
+{
+    const QString text = QString("<?xml version='1.0' encoding='UTF-16'?>") + DICTIONARY;
+    QByteArray bytes("\xFF\xFE");
+    for (const QChar unit : text) {
+        bytes += static_cast<char>(unit.cell());
+        bytes += static_cast<char>(unit.row());
+    }
+    const auto map = readPropertyList(bytes);
+    ASSERT_TRUE(map.has_value());
+    EXPECT_EQ(map->value("k"), "v");
+}
+
+// A dictionary with `depth` dictionaries and arrays within each other, itself the first.
+std::string nested(int depth)
+{
+    return propertyList("<key>k</key>" + repeated(depth - 1, "<array>") + repeated(depth - 1, "</array>")
+        + (depth == 1 ? "<string>v</string>" : ""));
+}
+
+// A document of exactly `size` bytes.
+std::string documentOfSize(std::size_t size)
+{
+    const std::string document = propertyList(stringEntry("k", "v"));
+    return document + std::string(size - document.size(), '\n');
+}
+
+constexpr std::size_t MEBIBYTE = 1024 * 1024;
+
+TEST(PropertyList, MayBeAsDeepAsTheLimitAndNoDeeper)
+{
+    EXPECT_TRUE(read(nested(1)).has_value());
+    EXPECT_TRUE(read(nested(31)).has_value());
+    EXPECT_TRUE(read(nested(32)).has_value());
+    EXPECT_FALSE(read(nested(33)).has_value());
+}
+
+TEST(PropertyList, MayBeWideWhateverTheDepthLimit)
+{
+    EXPECT_TRUE(read(propertyList("<key>k</key><array>" + repeated(100, "<dict></dict>") + "</array>")).has_value());
+}
+
+TEST(PropertyList, MayBeAsLongAsTheLimitAndNoLonger)
+{
+    EXPECT_TRUE(read(documentOfSize(MEBIBYTE - 1)).has_value());
+    EXPECT_TRUE(read(documentOfSize(MEBIBYTE)).has_value());
+    EXPECT_FALSE(read(documentOfSize(MEBIBYTE + 1)).has_value());
+}
+
+TEST(PropertyList, IsRefusedWhereverItIsCutShort)
+{
+    const std::string document = propertyList(stringEntry("k", "v") + "<key>a</key><array><true/></array>");
+    const std::size_t end = document.rfind('>') + 1;
+    for (std::size_t length = 0; length < end; ++length)
+        EXPECT_FALSE(read(document.substr(0, length)).has_value()) << "after " << length << " bytes";
+    EXPECT_TRUE(read(document.substr(0, end)).has_value());
+}
+
+TEST(PropertyList, WithAnyByteChangedDoesNotCrash)
+{
+    const std::string document = propertyList(stringEntry("k", "v") + "<key>a</key><array><true/></array>");
+    std::size_t refused = 0;
+    for (std::size_t position = 0; position < document.size(); ++position) {
+        for (const char byte : {'\0', '<', '>', '&', '"', '\x7F', '\x80', '\xFF'}) {
+            std::string changed = document;
+            changed[position] = byte;
+            refused += read(changed).has_value() ? 0 : 1;
+        }
+    }
+    EXPECT_GT(refused, document.size());
+}
+
+struct RefusedCase {
+    const char* name;
+    std::string document;
+};
+
+// One that is not read, so that it may well declare the entity that follows.
+const std::string EXTERNAL_TYPE = "<!DOCTYPE plist SYSTEM 'file:///nowhere.dtd'>";
+const std::string WITH_ENTITY = "<plist><dict><key>k</key><string>&e;</string></dict></plist>";
+
+const RefusedCase REFUSED_CASES[] = {
+    {"Empty", ""},
+    {"Blank", " \n"},
+    {"NotXML", "CFBundleExecutable = Name;"},
+    {"OldStyle", "{ CFBundleExecutable = Name; }"},
+    {"Binary", std::string("bplist00\xD1\x01\x02QkQv\x08\x0B\x0D\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x03", 35)},
+    {"ZeroBytes", std::string(1000, '\0')},
+    {"InvalidUTF8", propertyList(stringEntry("k", "\xFF"))},
+    {"UnknownEncoding", std::string("<?xml version='1.0' encoding='x-none'?>") + DICTIONARY},
+    {"AnotherRoot", "<html><dict/></html>"},
+    {"NoValue", "<plist></plist>"},
+    {"TwoValues", "<plist><dict/><dict/></plist>"},
+    {"TextBesideTheValue", "<plist>text<dict/></plist>"},
+    {"TwoRoots", "<plist><dict/></plist><plist><dict/></plist>"},
+    {"TextBehind", "<plist><dict/></plist>text"},
+    {"ValueIsAString", "<plist><string>v</string></plist>"},
+    {"ValueIsAnArray", "<plist><array/></plist>"},
+    {"UnknownElement", propertyList("<key>k</key><set/>")},
+    {"UpperCaseElement", propertyList("<key>k</key><STRING>v</STRING>")},
+    {"ValueWithoutKey", propertyList("<string>v</string>")},
+    {"StringAsKey", propertyList("<string>k</string><string>v</string>")},
+    {"KeyWithoutValue", propertyList("<key>k</key>")},
+    {"TwoKeys", propertyList("<key>k</key><key>l</key>")},
+    {"KeyInArray", propertyList("<key>k</key><array><key>k</key></array>")},
+    {"TextInDictionary", propertyList("text")},
+    {"TextInArray", propertyList("<key>k</key><array>text</array>")},
+    {"ElementInString", propertyList("<key>k</key><string>a<b/>c</string>")},
+    {"ElementInKey", propertyList("<key>k<b/></key><string>v</string>")},
+    {"ElementInTrue", propertyList("<key>k</key><true><dict/></true>")},
+    {"Unclosed", "<plist><dict>"},
+    {"WronglyClosed", "<plist><dict></plist></dict>"},
+    {"UndeclaredEntity", WITH_ENTITY},
+    {"EntityOfAnExternalDocumentType", EXTERNAL_TYPE + WITH_ENTITY},
+    {"EntityBetweenKeyAndValue", EXTERNAL_TYPE + "<plist><dict><key>k</key>&e;<string>v</string></dict></plist>"},
+    {"EntityInAnArray", EXTERNAL_TYPE + "<plist><dict><key>k</key><array>&e;</array></dict></plist>"},
+    {"EntityBesideTheValue", EXTERNAL_TYPE + "<plist>&e;<dict/></plist>"},
+    {"DeclaredEntity", "<!DOCTYPE plist [<!ENTITY e 'v'>]>" + WITH_ENTITY},
+    {"DeclaredEntityThatIsNotUsed", std::string("<!DOCTYPE plist [<!ENTITY e 'v'>]>") + DICTIONARY},
+    {"ExternalEntity", "<!DOCTYPE plist [<!ENTITY e SYSTEM 'file:///etc/passwd'>]>" + WITH_ENTITY},
+    {"ParameterEntity", std::string("<!DOCTYPE plist [<!ENTITY % e 'v'>]>") + DICTIONARY},
+    {"ExternalParameterEntity",
+        "<!DOCTYPE plist [<!ENTITY % e SYSTEM 'file:///etc/passwd'>%e;]>" + std::string(DICTIONARY)},
+    {"EntityThatDeclaresAnother", std::string("<!DOCTYPE plist [<!ENTITY % e '<!ENTITY f \"v\">'>%e;]>") + DICTIONARY},
+    {"DeeplyNested", "<plist>" + repeated(100000, "<array>")},
+    {"DeeplyNestedAndClosed", "<plist>" + repeated(60000, "<array>") + repeated(60000, "</array>") + "</plist>"},
+    {"DeeplyNestedUnknownElements", repeated(100000, "<a>")},
+};
+
+class RefusedPropertyList : public testing::TestWithParam<RefusedCase> { };
+
+TEST_P(RefusedPropertyList, IsNothing)
+{
+    EXPECT_FALSE(read(GetParam().document).has_value());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, RefusedPropertyList, testing::ValuesIn(REFUSED_CASES), [](const auto& row) { return row.param.name; });
+
+// Thirty entities of `kind`, "" or "% ", each ten times the one before; then `use` of the last.
+std::string blownUp(const std::string& kind, const std::string& sign, const std::string& use)
+{
+    std::string declarations = "<!ENTITY " + kind + "e0 '<!-- -->'>";
+    for (int entity = 1; entity < 30; ++entity) {
+        const std::string smaller = sign + "e" + std::to_string(entity - 1) + ";";
+        declarations += "<!ENTITY " + kind + "e" + std::to_string(entity) + " '" + repeated(10, smaller) + "'>";
+    }
+    return "<!DOCTYPE plist [" + declarations + use + "]>";
+}
+
+TEST(PropertyList, DoesNotBlowUpWithItsEntities)
+{
+    const std::string list = "<plist><dict><key>k</key><string>&e29;</string></dict></plist>";
+    EXPECT_FALSE(read(blownUp("", "&", "") + list).has_value());
+    EXPECT_FALSE(read(blownUp("", "&", "<!ATTLIST plist version CDATA '&e29;'>") + list).has_value());
+    EXPECT_FALSE(read(blownUp("% ", "%", "%e29;") + DICTIONARY).has_value());
+    EXPECT_FALSE(read(blownUp("% ", "&#37;", "%e29;") + DICTIONARY).has_value());
+}
+
+}  // namespace

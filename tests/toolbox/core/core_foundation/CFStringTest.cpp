@@ -1,0 +1,290 @@
+#include "toolbox/core/core_foundation/StringObject.h"
+
+#include "tests/toolbox/core/core_foundation/CoreFoundationTest.h"
+
+#include <vector>
+
+namespace {
+
+using CFString = CoreFoundationTest;
+using Toolbox::textOf;
+
+constexpr CFStringEncoding MAC_ROMAN = kCFStringEncodingMacRoman;
+constexpr CFStringEncoding ASCII = kCFStringEncodingASCII;
+constexpr CFStringEncoding UTF8 = kCFStringEncodingUTF8;
+
+std::string repeated(std::size_t count, const std::string& text)
+{
+    std::string all;
+    for (std::size_t time = 0; time < count; ++time)
+        all += text;
+    return all;
+}
+
+// The bytes that a Pascal string counts.
+std::string bytesOf(ConstStringPtr pascalString)
+{
+    return std::string(reinterpret_cast<const char*>(pascalString + 1), pascalString[0]);
+}
+
+struct DecodingCase {
+    const char* name;
+    std::string bytes;
+    CFStringEncoding encoding;
+    const char16_t* text;  // null when the bytes are not valid
+};
+
+// clang-format off
+const DecodingCase DECODING_CASES[] = {
+    // name                    bytes                                       encoding    text
+    {"ASCII",                  "Hello",                                    ASCII,      u"Hello"},
+    {"LastOfASCII",            "\x7F",                                     ASCII,      u"\x7F"},
+    {"FirstPastASCII",         "a\x80",                                    ASCII,      nullptr},
+    {"EmptyASCII",             "",                                         ASCII,      u""},
+    {"MacRoman",               "\x80 \xCA \xDB \xFF",                      MAC_ROMAN,  u"\u00C4 \u00A0 \u20AC \u02C7"},
+    {"EmptyMacRoman",          "",                                         MAC_ROMAN,  u""},
+    {"UTF8",                   "\x7F\xC2\x80\xE2\x82\xAC\xF0\x9F\x98\x80", UTF8,       u"\x7F\x80\u20AC\xD83D\xDE00"},
+    {"UTF8ByteOrderMarkStays", "\xEF\xBB\xBF!",                            UTF8,       u"\uFEFF!"},
+    {"EmptyUTF8",              "",                                         UTF8,       u""},
+    {"UTF8LoneContinuation",   "a\x80",                                    UTF8,       nullptr},
+    {"UTF8CutShort",           "a\xE2\x82",                                UTF8,       nullptr},
+    {"UTF8Overlong",           "\xC0\x80",                                 UTF8,       nullptr},
+    {"UTF8Surrogate",          "\xED\xA0\x80",                             UTF8,       nullptr},
+    {"UTF8PastUnicode",        "\xF4\x90\x80\x80",                         UTF8,       nullptr},
+    {"UTF8NoSuchByte",         "\xFF",                                     UTF8,       nullptr},
+    {"OtherEncoding",          "a",                                        0x0201,     nullptr},
+    {"UnknownEncoding",        "a",                                        0xFFFFFFFF, nullptr},
+};
+// clang-format on
+
+class CFStringDecoding : public CoreFoundationTest, public testing::WithParamInterface<DecodingCase> { };
+
+TEST_P(CFStringDecoding, GivesTheText)
+{
+    const auto& [name, bytes, encoding, text] = GetParam();
+    const CFStringRef string = CFStringCreateWithCString(nullptr, bytes.c_str(), encoding);
+    EXPECT_EQ(string == nullptr, text == nullptr);
+    EXPECT_EQ(textOf(string).isNull(), text == nullptr) << "the empty text is not null";
+    EXPECT_EQ(textOf(string), QStringView(text).toString());
+    CFRelease(string);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, CFStringDecoding, testing::ValuesIn(DECODING_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(CFString, ANullTextIsNoString)
+{
+    EXPECT_EQ(CFStringCreateWithCString(nullptr, nullptr, MAC_ROMAN), nullptr);
+}
+
+TEST_F(CFString, EveryMacRomanByteIsOneCharacterAndComesBack)
+{
+    std::string all;
+    for (int byte = 1; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    const CFStringRef string = CFStringCreateWithCString(nullptr, all.c_str(), MAC_ROMAN);
+    EXPECT_EQ(textOf(string).size(), 255);
+    const ConstStringPtr pascalString = CFStringGetPascalStringPtr(string, MAC_ROMAN);
+    ASSERT_NE(pascalString, nullptr);
+    EXPECT_EQ(bytesOf(pascalString), all);
+    CFRelease(string);
+}
+
+TEST_F(CFString, CharactersAreTakenAsTheyAre)
+{
+    const UniChar units[] = {'a', 0, 0xD800, 0xFFFF, 0xDC00};
+    const CFStringRef string = CFStringCreateWithCharacters(nullptr, units, 5);
+    const QString text = textOf(string);
+    ASSERT_EQ(text.size(), 5);
+    for (int unit = 0; unit < 5; ++unit)
+        EXPECT_EQ(text[unit].unicode(), units[unit]);
+    CFRelease(string);
+}
+
+TEST_F(CFString, NoCharactersAreTheEmptyStringWhateverThePointer)
+{
+    for (const auto* units : {static_cast<const UniChar*>(nullptr), reinterpret_cast<const UniChar*>(1)}) {
+        const CFStringRef string = CFStringCreateWithCharacters(nullptr, units, 0);
+        ASSERT_NE(string, nullptr);
+        EXPECT_FALSE(textOf(string).isNull());
+        EXPECT_EQ(textOf(string).size(), 0);
+        CFRelease(string);
+    }
+}
+
+TEST_F(CFString, CharactersOfAWrongCountAreNoString)
+{
+    const UniChar unit = 'a';
+    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, &unit, -1), nullptr);
+    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, nullptr, 1), nullptr);
+    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, nullptr, -1), nullptr);
+}
+
+TEST_F(CFString, IsEqualToAnotherOfTheSameTextHoweverMade)
+{
+    const UniChar units[] = {'a', 0xC4};
+    const CFStringRef unicode = CFStringCreateWithCharacters(nullptr, units, 2);
+    const CFStringRef macRoman = CFStringCreateWithCString(nullptr, "a\x80", MAC_ROMAN);
+    const CFStringRef other = CFStringCreateWithCString(nullptr, "a", MAC_ROMAN);
+    EXPECT_NE(unicode, macRoman);
+    EXPECT_TRUE(CFEqual(unicode, macRoman));
+    EXPECT_FALSE(CFEqual(unicode, other));
+    CFRelease(unicode);
+    CFRelease(macRoman);
+    CFRelease(other);
+}
+
+TEST_F(CFString, TheTextOfAWrongReferenceIsNull)
+{
+    for (const CFTypeRef wrong : WRONG_REFERENCES)
+        EXPECT_TRUE(textOf(static_cast<CFStringRef>(wrong)).isNull());
+    EXPECT_TRUE(textOf(deadString()).isNull());
+    const CFUUIDRef uuid = CFUUIDCreateFromUUIDBytes(nullptr, CFUUIDBytes{});
+    EXPECT_TRUE(textOf(reinterpret_cast<CFStringRef>(uuid)).isNull());
+    CFRelease(uuid);
+}
+
+// What a string was made of decides whether it has a Pascal form, and in which encodings.
+struct PascalCase {
+    const char* name;
+    std::string bytes;
+    CFStringEncoding madeFrom;
+    bool inMacRoman;
+    bool inASCII;
+};
+
+// clang-format off
+const PascalCase PASCAL_CASES[] = {
+    // name                bytes                  made from  in Mac OS Roman  in ASCII
+    {"Empty",              "",                    MAC_ROMAN, true,            true},
+    {"EmptyASCII",         "",                    ASCII,     true,            true},
+    {"EmptyUTF8",          "",                    UTF8,      true,            true},
+    {"OneByte",            "a",                   MAC_ROMAN, true,            true},
+    {"ASCII",              "a",                   ASCII,     true,            true},
+    {"ASCIIInUTF8",        "a",                   UTF8,      true,            true},
+    {"MacRoman",           "a\x80",               MAC_ROMAN, true,            false},
+    {"MacRomanTextInUTF8", "a\xC3\x84",           UTF8,      false,           false},
+    {"Bytes254",           repeated(254, "a"),    MAC_ROMAN, true,            true},
+    {"Bytes255",           repeated(255, "a"),    MAC_ROMAN, true,            true},
+    {"Bytes256",           repeated(256, "a"),    MAC_ROMAN, false,           false},
+    {"HighBytes255",       repeated(255, "\xFF"), MAC_ROMAN, true,            false},
+    {"HighBytes256",       repeated(256, "\xFF"), MAC_ROMAN, false,           false},
+    {"ASCIIBytes255",      repeated(255, "a"),    ASCII,     true,            true},
+    {"ASCIIBytes256",      repeated(256, "a"),    ASCII,     false,           false},
+};
+// clang-format on
+
+class CFStringPascal : public CoreFoundationTest, public testing::WithParamInterface<PascalCase> { };
+
+TEST_P(CFStringPascal, IsTheStringsOwnBytesInAnEncodingThatItHas)
+{
+    const auto& [name, bytes, madeFrom, inMacRoman, inASCII] = GetParam();
+    const CFStringRef string = CFStringCreateWithCString(nullptr, bytes.c_str(), madeFrom);
+    const ConstStringPtr macRoman = CFStringGetPascalStringPtr(string, MAC_ROMAN);
+    const ConstStringPtr ascii = CFStringGetPascalStringPtr(string, ASCII);
+    EXPECT_EQ(macRoman != nullptr, inMacRoman);
+    EXPECT_EQ(ascii != nullptr, inASCII);
+    EXPECT_EQ(macRoman == nullptr ? bytes : bytesOf(macRoman), bytes);
+    EXPECT_EQ(ascii == nullptr ? bytes : bytesOf(ascii), bytes);
+    EXPECT_EQ(CFStringGetPascalStringPtr(string, UTF8), nullptr);
+    EXPECT_EQ(CFStringGetPascalStringPtr(string, 0xFFFFFFFF), nullptr);
+    CFRelease(string);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, CFStringPascal, testing::ValuesIn(PASCAL_CASES), [](const auto& row) { return row.param.name; });
+
+struct UnicodePascalCase {
+    const char* name;
+    std::vector<UniChar> units;
+    bool hasForm;
+};
+
+// clang-format off
+const UnicodePascalCase UNICODE_PASCAL_CASES[] = {
+    {"Empty",                 {},                             true},
+    {"ASCII",                 {'a', 0x7F},                    true},
+    {"ZeroIsACharacter",      {'a', 0, 'b'},                  true},
+    {"FirstPastASCII",        {'a', 0x80},                    false},
+    {"MacRomanCharacter",     {0xC4},                         false},
+    {"LowByteLooksLikeASCII", {0x0141},                       false},
+    {"Units255",              std::vector<UniChar>(255, 'a'), true},
+    {"Units256",              std::vector<UniChar>(256, 'a'), false},
+};
+// clang-format on
+
+class CFStringUnicodePascal : public CoreFoundationTest, public testing::WithParamInterface<UnicodePascalCase> { };
+
+TEST_P(CFStringUnicodePascal, IsThereWhenAllIsASCII)
+{
+    const std::vector<UniChar>& units = GetParam().units;
+    const CFStringRef string = CFStringCreateWithCharacters(nullptr, units.data(), static_cast<CFIndex>(units.size()));
+    const ConstStringPtr pascalString = CFStringGetPascalStringPtr(string, MAC_ROMAN);
+    ASSERT_EQ(pascalString != nullptr, GetParam().hasForm);
+    const std::string text(units.begin(), units.end());
+    EXPECT_EQ(pascalString == nullptr ? text : bytesOf(pascalString), text);
+    EXPECT_EQ(CFStringGetPascalStringPtr(string, ASCII), pascalString);
+    CFRelease(string);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, CFStringUnicodePascal, testing::ValuesIn(UNICODE_PASCAL_CASES),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(CFString, ThePascalStringStaysWhereItIsWhileTheStringLives)
+{
+    const CFStringRef string = CFStringCreateWithCString(nullptr, "text", MAC_ROMAN);
+    const ConstStringPtr first = CFStringGetPascalStringPtr(string, MAC_ROMAN);
+    CFRelease(CFRetain(string));
+    const CFStringRef other = CFStringCreateWithCString(nullptr, "other", MAC_ROMAN);
+    EXPECT_EQ(CFStringGetPascalStringPtr(string, MAC_ROMAN), first);
+    EXPECT_EQ(bytesOf(first), "text");
+    CFRelease(string);
+    CFRelease(other);
+}
+
+TEST_F(CFString, AWrongReferenceHasNoPascalString)
+{
+    for (const CFTypeRef wrong : WRONG_REFERENCES)
+        EXPECT_EQ(CFStringGetPascalStringPtr(static_cast<CFStringRef>(wrong), MAC_ROMAN), nullptr);
+    EXPECT_EQ(CFStringGetPascalStringPtr(deadString(), MAC_ROMAN), nullptr);
+}
+
+TEST_F(CFString, AConstantIsOneObjectForEqualTexts)
+{
+    const std::string sameText = "constant";
+    const CFStringRef constant = CFSTR("constant");
+    EXPECT_EQ(__CFStringMakeConstantString(sameText.c_str()), constant);
+    EXPECT_NE(CFSTR("another constant"), constant);
+    EXPECT_EQ(textOf(constant), "constant");
+}
+
+TEST_F(CFString, AConstantNeverEndsAndIsNoLeak)
+{
+    const std::size_t objects = liveObjects();
+    const std::size_t constants = liveConstants();
+    const CFStringRef constant = CFSTR("never released");
+    CFRelease(constant);
+    CFRelease(constant);
+    EXPECT_EQ(CFSTR("never released"), constant);
+    EXPECT_EQ(textOf(constant), "never released");
+    EXPECT_EQ(liveObjects(), objects);
+    EXPECT_EQ(liveConstants(), constants + 1);
+}
+
+TEST_F(CFString, AConstantIsEqualToAStringOfItsTextButNotTheSame)
+{
+    const CFStringRef string = CFStringCreateWithCString(nullptr, "constant", ASCII);
+    EXPECT_NE(string, CFSTR("constant"));
+    EXPECT_TRUE(CFEqual(string, CFSTR("constant")));
+    CFRelease(string);
+}
+
+TEST_F(CFString, OnlyASCIIIsAConstant)
+{
+    EXPECT_EQ(__CFStringMakeConstantString(nullptr), nullptr);
+    EXPECT_EQ(__CFStringMakeConstantString("\x80"), nullptr);
+    EXPECT_EQ(__CFStringMakeConstantString("\x80"), nullptr) << "nor the second time";
+    EXPECT_EQ(textOf(CFSTR("")).size(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,246 @@
+#include "tests/support/TemporaryFolder.h"
+#include "tests/toolbox/core/core_foundation/CoreFoundationTest.h"
+
+#include "toolbox/base/files/FileReferences.h"
+
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+CFURLRef makeURL(const std::string& path, bool isFolder = false)
+{
+    return CFURLCreateFromFileSystemRepresentation(
+        nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), isFolder);
+}
+
+std::string pathOf(CFURLRef url)
+{
+    UInt8 path[1024] = {};
+    return CFURLGetFileSystemRepresentation(url, true, path, sizeof path) ? reinterpret_cast<char*>(path) : "no path";
+}
+
+// A folder of its own for each test, gone afterwards.
+class CFURL : public CoreFoundationTest {
+protected:
+    const TemporaryFolder m_folder;
+};
+
+TEST_F(CFURL, HasThePathThatItWasMadeOf)
+{
+    const std::vector<std::pair<std::string, std::string>> PATHS = {
+        {"/", "/"},
+        {"//", "/"},
+        {"/a", "/a"},
+        {"/a/", "/a"},
+        {"/a//", "/a"},
+        {"/a/../b/.", "/a/../b/."},
+        {"/with blank/\xC3\xA4%20", "/with blank/\xC3\xA4%20"},
+    };
+    for (const auto& [given, path] : PATHS) {
+        const CFURLRef url = makeURL(given);
+        EXPECT_EQ(pathOf(url), path) << given;
+        CFRelease(url);
+    }
+}
+
+TEST_F(CFURL, TakesARelativePathFromTheWorkingDirectoryOfThatMoment)
+{
+    const fs::path before = fs::current_path();
+    fs::current_path(m_folder.path());
+    const CFURLRef url = makeURL("a/b");
+    fs::current_path(before);
+    EXPECT_EQ(pathOf(url), m_folder / "a/b");
+    CFRelease(url);
+}
+
+TEST_F(CFURL, IsNotMadeOfARelativePathWhenThereIsNoWorkingDirectory)
+{
+    const fs::path before = fs::current_path();
+    fs::create_directory(m_folder / "gone");
+    fs::current_path(m_folder / "gone");
+    fs::remove(m_folder / "gone");
+    EXPECT_EQ(makeURL("a"), nullptr);
+    const CFURLRef absolute = makeURL("/a");
+    EXPECT_EQ(pathOf(absolute), "/a");
+    fs::current_path(before);
+    CFRelease(absolute);
+}
+
+TEST_F(CFURL, IsNotMadeOfWrongArguments)
+{
+    const auto* const path = reinterpret_cast<const UInt8*>("/a");
+    EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, nullptr, 2, false), nullptr);
+    EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, path, 0, false), nullptr);
+    EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, path, -1, false), nullptr);
+    EXPECT_EQ(makeURL(std::string("/a\0b", 4)), nullptr);
+}
+
+TEST_F(CFURL, TakesOnlyTheBytesThatAreCounted)
+{
+    const CFURLRef url =
+        CFURLCreateFromFileSystemRepresentation(nullptr, reinterpret_cast<const UInt8*>("/abc"), 3, false);
+    EXPECT_EQ(pathOf(url), "/ab");
+    CFRelease(url);
+}
+
+struct ComponentCase {
+    const char* name;
+    const char* base;
+    const char* component;
+    const char* path;
+};
+
+// clang-format off
+const ComponentCase COMPONENT_CASES[] = {
+    // name            base   component             path
+    {"Name",           "/a",  "b",                  "/a/b"},
+    {"AfterSlash",     "/a/", "b",                  "/a/b"},
+    {"AfterRoot",      "/",   "b",                  "/b"},
+    {"SlashInFront",   "/a",  "/b",                 "/a/b"},
+    {"SlashAfterRoot", "/",   "/b",                 "/b"},
+    {"SlashBehind",    "/a",  "b/",                 "/a/b"},
+    {"Path",           "/a",  "b/c",                "/a/b/c"},
+    {"Parent",         "/a",  "..",                 "/a/.."},
+    {"Empty",          "/a",  "",                   "/a"},
+    {"EmptyAfterRoot", "/",   "",                   "/"},
+    {"Framework",      "/F",  "Security.framework", "/F/Security.framework"},
+    {"Blank",          "/a",  "b c",                "/a/b c"},
+};
+// clang-format on
+
+class CFURLComponent : public CoreFoundationTest, public testing::WithParamInterface<ComponentCase> { };
+
+TEST_P(CFURLComponent, IsAddedWithASlashWhereOneIsNeeded)
+{
+    const auto& [name, base, component, path] = GetParam();
+    const CFURLRef url = makeURL(base, true);
+    const CFStringRef string = CFStringCreateWithCString(nullptr, component, kCFStringEncodingUTF8);
+    const CFURLRef longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, string, false);
+    EXPECT_EQ(pathOf(longer), path);
+    CFRelease(longer);
+    CFRelease(string);
+    CFRelease(url);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, CFURLComponent, testing::ValuesIn(COMPONENT_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(CFURL, TakesAComponentThatIsNotASCII)
+{
+    const CFURLRef url = makeURL("/a");
+    const CFStringRef component = CFStringCreateWithCString(nullptr, "\x80", kCFStringEncodingMacRoman);
+    const CFURLRef longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, component, false);
+    EXPECT_EQ(pathOf(longer), "/a/\xC3\x84");
+    CFRelease(longer);
+    CFRelease(component);
+    CFRelease(url);
+}
+
+TEST_F(CFURL, TakesNoComponentThatIsNoFileName)
+{
+    const CFURLRef url = makeURL("/a");
+    const UniChar withZero[] = {'b', 0, 'c'};
+    const UniChar halfAPair[] = {'b', 0xD800};
+    const CFStringRef zero = CFStringCreateWithCharacters(nullptr, withZero, 3);
+    const CFStringRef half = CFStringCreateWithCharacters(nullptr, halfAPair, 2);
+    EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, url, zero, false), nullptr);
+    EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, url, half, false), nullptr);
+    CFRelease(zero);
+    CFRelease(half);
+    CFRelease(url);
+}
+
+TEST_F(CFURL, TakesNoWrongReferences)
+{
+    const CFURLRef url = makeURL("/a");
+    FSRef file;
+    UInt8 path[8];
+    for (const CFTypeRef wrong : WRONG_REFERENCES) {
+        const auto wrongURL = static_cast<CFURLRef>(wrong);
+        EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, wrongURL, CFSTR("a"), false), nullptr);
+        EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, url, static_cast<CFStringRef>(wrong), false), nullptr);
+        EXPECT_FALSE(CFURLGetFSRef(wrongURL, &file));
+        EXPECT_FALSE(CFURLGetFileSystemRepresentation(wrongURL, true, path, sizeof path));
+    }
+    EXPECT_FALSE(CFURLGetFSRef(url, nullptr));
+    EXPECT_FALSE(CFURLGetFileSystemRepresentation(url, true, nullptr, 8));
+    CFRelease(url);
+}
+
+TEST_F(CFURL, GivesItsPathOnlyIntoABufferThatHoldsAllOfIt)
+{
+    const CFURLRef url = makeURL("/abc");
+    for (CFIndex size = -1; size < 5; ++size) {
+        UInt8 path[8] = "xxxxxxx";
+        EXPECT_FALSE(CFURLGetFileSystemRepresentation(url, true, path, size)) << size;
+        EXPECT_STREQ(reinterpret_cast<char*>(path), "xxxxxxx") << size;
+    }
+    UInt8 path[8] = "xxxxxxx";
+    EXPECT_TRUE(CFURLGetFileSystemRepresentation(url, false, path, 5));
+    EXPECT_STREQ(reinterpret_cast<char*>(path), "/abc");
+    EXPECT_EQ(path[5], 'x');
+    CFRelease(url);
+}
+
+TEST_F(CFURL, IsEqualToAnotherOfTheSamePathAndKind)
+{
+    const CFURLRef url = makeURL("/a");
+    const CFURLRef same = makeURL("/a/");
+    const CFURLRef folder = makeURL("/a", true);
+    const CFURLRef other = makeURL("/b");
+    EXPECT_TRUE(CFEqual(url, same));
+    EXPECT_FALSE(CFEqual(url, folder));
+    EXPECT_FALSE(CFEqual(url, other));
+    for (const CFURLRef made : {url, same, folder, other})
+        CFRelease(made);
+}
+
+TEST_F(CFURL, ComesFromAReferenceToAFileAndGoesBackToOne)
+{
+    std::ofstream(m_folder / "file") << "content";
+    FSRef reference;
+    ASSERT_EQ(Toolbox::makeFileReference(m_folder / "file", &reference), noErr);
+    const CFURLRef url = CFURLCreateFromFSRef(kCFAllocatorSystemDefault, &reference);
+    const CFURLRef expected = makeURL(m_folder / "file", false);
+    EXPECT_TRUE(CFEqual(url, expected));
+
+    FSRef again;
+    ASSERT_TRUE(CFURLGetFSRef(url, &again));
+    EXPECT_EQ(Toolbox::pathOf(&again), (m_folder / "file").string());
+    CFRelease(url);
+    CFRelease(expected);
+}
+
+TEST_F(CFURL, OfAReferenceToAFolderIsAFolders)
+{
+    FSRef reference;
+    ASSERT_EQ(Toolbox::makeFileReference(m_folder.path(), &reference), noErr);
+    const CFURLRef url = CFURLCreateFromFSRef(nullptr, &reference);
+    const CFURLRef expected = makeURL(m_folder.path(), true);
+    EXPECT_TRUE(CFEqual(url, expected));
+    CFRelease(url);
+    CFRelease(expected);
+}
+
+TEST_F(CFURL, IsNotMadeOfAWrongReference)
+{
+    FSRef wrong = {};
+    EXPECT_EQ(CFURLCreateFromFSRef(nullptr, nullptr), nullptr);
+    EXPECT_EQ(CFURLCreateFromFSRef(nullptr, &wrong), nullptr);
+    wrong.hidden[0] = 1;
+    EXPECT_EQ(CFURLCreateFromFSRef(nullptr, &wrong), nullptr);
+}
+
+TEST_F(CFURL, GivesNoReferenceWhereNothingIs)
+{
+    const CFURLRef url = makeURL(m_folder / "missing");
+    FSRef file;
+    EXPECT_FALSE(CFURLGetFSRef(url, &file));
+    CFRelease(url);
+}
+
+}  // namespace

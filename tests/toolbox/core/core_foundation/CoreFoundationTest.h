@@ -1,0 +1,54 @@
+// What tests of Core Foundation share: a fixture that notices what a test leaves behind.
+
+#ifndef TESTS_TOOLBOX_CORE_CORE_FOUNDATION_COREFOUNDATIONTEST_H
+#define TESTS_TOOLBOX_CORE_CORE_FOUNDATION_COREFOUNDATIONTEST_H
+
+#include <CoreFoundation/CoreFoundation.h>
+#include <Toolbox/LiveObjects.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+/// How many Core Foundation objects are alive that somebody is to release.
+inline std::size_t liveObjects()
+{
+    return Toolbox::CountLiveObjects()["Core Foundation object"];
+}
+
+/// How many are alive that nobody is to release.
+inline std::size_t liveConstants()
+{
+    return Toolbox::CountLiveObjects()["Core Foundation constant"];
+}
+
+/// A test that leaves as many Core Foundation objects as it found.
+class CoreFoundationTest : public testing::Test {
+protected:
+    void TearDown() override
+    {
+        EXPECT_EQ(liveObjects(), m_before) << "an object was left behind, or released too often";
+    }
+
+private:
+    const std::size_t m_before = liveObjects();
+};
+
+/// References that refer to no object: null, small numbers, an address, a large number.
+inline const CFTypeRef WRONG_REFERENCES[] = {
+    nullptr,
+    reinterpret_cast<CFTypeRef>(1),
+    reinterpret_cast<CFTypeRef>(-1),
+    &WRONG_REFERENCES,
+    reinterpret_cast<CFTypeRef>(0x7FFFFFF0),
+};
+
+/// A reference to an object that is gone.
+inline CFStringRef deadString()
+{
+    const CFStringRef string = CFStringCreateWithCString(nullptr, "dead", kCFStringEncodingASCII);
+    CFRelease(string);
+    return string;
+}
+
+#endif

@@ -1,0 +1,51 @@
+#include "toolbox/core/core_foundation/Quoted.h"
+#include "toolbox/core/core_foundation/StringObject.h"
+#include "toolbox/core/core_foundation/URLObject.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Toolbox::quoted;
+
+struct QuotedCase {
+    const char16_t* text;
+    const char* quoted;
+};
+
+const QuotedCase QUOTED_CASES[] = {
+    {u"", "\"\""},
+    {u"Language Selector", "\"Language Selector\""},
+    {u"日本語 \u00e9", "\"日本語 é\""},
+    {u"\U0001F600", "\"\U0001F600\""},
+    {u"a \"word\" and a \\", "\"a \\\"word\\\" and a \\\\\""},
+    {u"two\nlines\x1b[0m", "\"two\\u000alines\\u001b[0m\""},
+};
+
+TEST(Quoted, IsOneLineOfPrintableText)
+{
+    for (const QuotedCase& row : QUOTED_CASES)
+        EXPECT_EQ(quoted(QString::fromUtf16(row.text)), row.quoted);
+}
+
+TEST(Quoted, IsTheBeginningOfALongText)
+{
+    EXPECT_EQ(quoted(QString(80, u'x')), '"' + std::string(80, 'x') + '"');
+    EXPECT_EQ(quoted(QString(81, u'x')), '"' + std::string(80, 'x') + "...\"");
+}
+
+TEST(TraceNames, OfStringsAreTheirTexts)
+{
+    auto* const string = new Toolbox::StringObject(QStringLiteral("text"));
+    EXPECT_EQ(string->traceName(), "\"text\"");
+    string->release();
+}
+
+TEST(TraceNames, OfURLsAreTheirPaths)
+{
+    auto* const url = new Toolbox::URLObject("/a folder/file\n", false);
+    EXPECT_EQ(url->traceName(), "\"/a folder/file\\u000a\"");
+    url->release();
+}
+
+}  // namespace

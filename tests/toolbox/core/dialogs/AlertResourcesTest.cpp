@@ -1,0 +1,250 @@
+#include "toolbox/core/dialogs/AlertResources.h"
+#include "tests/toolbox/core/dialogs/AlertBytes.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+
+namespace {
+
+using Toolbox::AlertTemplate;
+using Toolbox::DialogItem;
+using Toolbox::DialogItemKind;
+
+// The bytes in a block of exactly their length, so that a sanitizer sees every read past the end.
+class ExactBytes {
+public:
+    explicit ExactBytes(const std::string& bytes)
+        : m_block(new char[bytes.size()])
+        , m_bytes(QByteArray::fromRawData(m_block.get(), static_cast<qsizetype>(bytes.size())))
+    {
+        std::memcpy(m_block.get(), bytes.data(), bytes.size());
+    }
+
+    operator const QByteArray&() const { return m_bytes; }
+
+private:
+    const std::unique_ptr<char[]> m_block;
+    const QByteArray m_bytes;
+};
+
+std::optional<AlertTemplate> readTemplate(const std::string& bytes)
+{
+    return Toolbox::readAlertTemplate(ExactBytes(bytes));
+}
+
+std::optional<std::vector<DialogItem>> readItems(const std::string& bytes)
+{
+    return Toolbox::readItemList(ExactBytes(bytes));
+}
+
+bool operator==(const Rect& one, const Rect& other)
+{
+    return one.top == other.top && one.left == other.left && one.bottom == other.bottom && one.right == other.right;
+}
+
+// ---- 'ALRT'
+
+TEST(AlertTemplateReader, ReadsEveryField)
+{
+    const auto alert = readTemplate(alertTemplate(-5, 0x1234, {-3, 2, 300, 400}));
+    ASSERT_TRUE(alert.has_value());
+    EXPECT_TRUE(alert->bounds == (Rect{-3, 2, 300, 400}));
+    EXPECT_EQ(alert->itemListID, -5);
+    EXPECT_EQ(alert->stages, 0x1234);
+}
+
+TEST(AlertTemplateReader, RefusesEveryTruncation)
+{
+    const std::string whole = alertTemplate(5000);
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        EXPECT_FALSE(readTemplate(whole.substr(0, length)).has_value()) << length;
+    EXPECT_TRUE(readTemplate(whole).has_value());
+}
+
+TEST(AlertTemplateReader, IgnoresAPositionAtTheEnd)
+{
+    EXPECT_TRUE(readTemplate(alertTemplate(5000) + word(0x300A)).has_value());
+    EXPECT_TRUE(readTemplate(alertTemplate(5000) + 'x').has_value());
+}
+
+struct BoundsCase {
+    const char* name;
+    Rect bounds;
+    bool isGood;
+};
+
+const BoundsCase BOUNDS_CASES[] = {
+    {"OnePixel", {0, 0, 1, 1}, true},
+    {"NoHeight", {5, 0, 5, 10}, false},
+    {"NoWidth", {0, 5, 10, 5}, false},
+    {"UpsideDown", {10, 0, 5, 10}, false},
+    {"RightToLeft", {0, 10, 10, 5}, false},
+    {"AsLargeAsCanBe", {-32768, -32768, 32767, 32767}, true},
+    {"AsSmallAsCanBe", {32767, 32767, -32768, -32768}, false},
+};
+
+class AlertTemplateBounds : public testing::TestWithParam<BoundsCase> { };
+
+TEST_P(AlertTemplateBounds, EncloseSomething)
+{
+    EXPECT_EQ(readTemplate(alertTemplate(5000, 0x5555, GetParam().bounds)).has_value(), GetParam().isGood);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, AlertTemplateBounds, testing::ValuesIn(BOUNDS_CASES), [](const auto& row) { return row.param.name; });
+
+struct StageCase {
+    const char* name;
+    UInt16 stages;
+    int occurrence;
+    bool drawsBox;
+    SInt16 defaultItem;
+};
+
+const StageCase STAGE_CASES[] = {
+    {"FirstIsLowest", 0x0004, 1, true, 1},
+    {"FirstIsNoOther", 0xFFF0, 1, false, 1},
+    {"Second", 0x00C0, 2, true, 2},
+    {"Third", 0x0800, 3, false, 2},
+    {"Fourth", 0x4000, 4, true, 1},
+    {"FourthServesTheFifth", 0xC000, 5, true, 2},
+    {"SoundAloneDrawsNothing", 0x3333, 1, false, 1},
+    {"UsualFirst", 0x5555, 1, true, 1},
+    {"UsualLast", 0x5555, 4, true, 1},
+};
+
+class AlertStages : public testing::TestWithParam<StageCase> { };
+
+TEST_P(AlertStages, AreFourBitsEach)
+{
+    AlertTemplate alert;
+    alert.stages = GetParam().stages;
+    const Toolbox::AlertStage stage = alert.stage(GetParam().occurrence);
+    EXPECT_EQ(stage.drawsBox, GetParam().drawsBox);
+    EXPECT_EQ(stage.defaultItem, GetParam().defaultItem);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, AlertStages, testing::ValuesIn(STAGE_CASES), [](const auto& row) { return row.param.name; });
+
+// ---- 'DITL'
+
+TEST(ItemListReader, ReadsItemsInOrder)
+{
+    const auto items = readItems(itemList({
+        dialogItem(BUTTON, "OK", {1, 2, 3, 4}),
+        dialogItem(STATIC_TEXT | DISABLED, "odd", {-5, -6, 7, 8}),
+        dialogItem(BUTTON | DISABLED, ""),
+    }));
+    ASSERT_TRUE(items.has_value());
+    ASSERT_EQ(items->size(), 3u);
+    EXPECT_EQ((*items)[0].kind, DialogItemKind::Button);
+    EXPECT_TRUE((*items)[0].enabled);
+    EXPECT_TRUE((*items)[0].bounds == (Rect{1, 2, 3, 4}));
+    EXPECT_EQ((*items)[0].title, "OK");
+    EXPECT_EQ((*items)[1].kind, DialogItemKind::StaticText);
+    EXPECT_FALSE((*items)[1].enabled);
+    EXPECT_TRUE((*items)[1].bounds == (Rect{-5, -6, 7, 8}));
+    EXPECT_EQ((*items)[1].title, "odd");
+    EXPECT_EQ((*items)[2].kind, DialogItemKind::Button);
+    EXPECT_FALSE((*items)[2].enabled);
+    EXPECT_EQ((*items)[2].title, "");
+}
+
+TEST(ItemListReader, KeepsTheNumberOfEveryKindOfItem)
+{
+    for (unsigned type = 0; type <= 0xFF; ++type) {
+        const auto items = readItems(itemList({dialogItem(type, "ab"), dialogItem(BUTTON, "OK")}));
+        ASSERT_TRUE(items.has_value()) << type;
+        ASSERT_EQ(items->size(), 2u) << type;
+        const DialogItemKind expected = (type & 0x7F) == BUTTON ? DialogItemKind::Button
+            : (type & 0x7F) == STATIC_TEXT                      ? DialogItemKind::StaticText
+                                                                : DialogItemKind::Other;
+        EXPECT_EQ((*items)[0].kind, expected) << type;
+        EXPECT_EQ((*items)[0].enabled, type < 0x80) << type;
+        EXPECT_EQ((*items)[1].title, "OK") << type;
+    }
+}
+
+TEST(ItemListReader, ReadsTitlesOfEveryLength)
+{
+    for (std::size_t length = 0; length <= 255; ++length) {
+        const std::string title(length, 'x');
+        const auto items = readItems(itemList({dialogItem(BUTTON, title), dialogItem(BUTTON, "next")}));
+        ASSERT_TRUE(items.has_value()) << length;
+        EXPECT_EQ((*items)[0].title.toStdString(), title);
+        EXPECT_EQ((*items)[1].title, "next") << length;
+    }
+}
+
+TEST(ItemListReader, DoesWithoutThePaddingOfTheLastItem)
+{
+    std::string list = itemList({dialogItem(BUTTON, "odd")});
+    list.pop_back();
+    const auto items = readItems(list);
+    ASSERT_TRUE(items.has_value());
+    EXPECT_EQ((*items)[0].title, "odd");
+}
+
+TEST(ItemListReader, RefusesEveryTruncation)
+{
+    const std::string whole = itemList({dialogItem(STATIC_TEXT, "Text"), dialogItem(ICON, word(1)),
+        dialogItem(BUTTON, "odd"), dialogItem(BUTTON, "even")});
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        EXPECT_FALSE(readItems(whole.substr(0, length)).has_value()) << length;
+    EXPECT_TRUE(readItems(whole).has_value());
+}
+
+TEST(ItemListReader, IgnoresWhatFollowsTheLastItem)
+{
+    const auto items = readItems(itemList({dialogItem(BUTTON, "OK")}) + "more");
+    ASSERT_TRUE(items.has_value());
+    EXPECT_EQ(items->size(), 1u);
+}
+
+TEST(ItemListReader, ReadsAnEmptyList)
+{
+    const auto items = readItems(word(-1));
+    ASSERT_TRUE(items.has_value());
+    EXPECT_TRUE(items->empty());
+}
+
+TEST(ItemListReader, RefusesCountsThatAreNotThere)
+{
+    for (const int stored : {1, 0x7FFE, 0x7FFF, -2, -32768})
+        EXPECT_FALSE(readItems(word(stored) + dialogItem(BUTTON, "OK")).has_value()) << stored;
+}
+
+TEST(ItemListReader, ReadsAsManyItemsAsNumbersCanCount)
+{
+    const std::string item = dialogItem(BUTTON, "");
+    std::string items;
+    for (int count = 0; count < 0x8000; ++count)
+        items += item;
+    const auto most = readItems(word(0x7FFE) + items);
+    ASSERT_TRUE(most.has_value());
+    EXPECT_EQ(most->size(), 0x7FFFu);
+    EXPECT_FALSE(readItems(word(0x7FFF) + items).has_value());
+}
+
+// Whatever the bytes are, each reader answers, and reads nothing past their end.
+TEST(AlertReaders, SurviveAnyBytes)
+{
+    unsigned random = 1;
+    for (int round = 0; round < 20000; ++round) {
+        std::string bytes;
+        const unsigned length = (random >> 8) % 48;
+        for (unsigned each = 0; each < length; ++each) {
+            random = random * 1664525u + 1013904223u;
+            bytes += static_cast<char>((random >> 24) % (round % 2 == 0 ? 256 : 4));
+        }
+        random = random * 1664525u + 1013904223u;
+        const auto items = readItems(bytes);
+        EXPECT_TRUE(!items || 2 + 14 * items->size() <= bytes.size());
+        EXPECT_TRUE(!readTemplate(bytes) || bytes.size() >= 12);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,249 @@
+#include "tests/toolbox/core/dialogs/TestWindow.h"
+
+namespace {
+
+using Toolbox::ButtonRole;
+using Toolbox::chooseMenuItem;
+using Toolbox::Control;
+using Toolbox::ControlKind;
+using Toolbox::pressControl;
+using Toolbox::sendWindowCommand;
+
+std::vector<Toolbox::MenuItem> threeItems()
+{
+    return {{QStringLiteral("Small")}, {QStringLiteral("Medium"), 'medi'}, {QStringLiteral("Large"), 0, false}};
+}
+
+class Commands : public WindowTest { };
+
+// ---- Pressing
+
+TEST_F(Commands, OfAPressedButtonComeFromTheControl)
+{
+    TestWindow made;
+    Control& button = made.addButton('butt');
+    const CommandRecorder recorder(made.target());
+    runWhile(made.ref, [&] { pressControl(button); });
+    ASSERT_EQ(recorder.ids(), std::vector<MenuCommand>{'butt'});
+    EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromControl});
+    EXPECT_EQ(static_cast<void*>(recorder.commands[0].menu.menuRef), static_cast<void*>(button.ref()));
+}
+
+TEST_F(Commands, AreSentByAnyKindOfControlThatCarriesOne)
+{
+    TestWindow made;
+    Control& other = made.add(ControlKind::Other, 'othr');
+    const CommandRecorder recorder(made.target());
+    runWhile(made.ref, [&] { pressControl(other); });
+    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'othr'});
+}
+
+TEST_F(Commands, AreNotSentByAButtonThatHasNoneOrCannotBePressed)
+{
+    TestWindow made;
+    Control& box = made.add(ControlKind::GroupBox);
+    Control& without = made.addButton(0);
+    Control& disabled = made.addButton('disa');
+    Control& hidden = made.addButton('hidd');
+    Control& inside = made.addTo(box, ControlKind::Button, 'insi');
+    box.enabled = false;
+    disabled.enabled = false;
+    hidden.hidden = true;
+    const CommandRecorder recorder(made.target());
+    runWhile(made.ref, [&] {
+        for (Control* each : {&without, &disabled, &hidden, &inside})
+            pressControl(*each);
+    });
+    EXPECT_TRUE(recorder.ids().empty());
+}
+
+struct ToggleCase {
+    const char* name;
+    ControlKind kind;
+    bool autoToggle;
+    SInt32 before, after;
+};
+
+// clang-format off
+const ToggleCase TOGGLE_CASES[] = {
+    // name                  kind                      toggles before after
+    {"CheckBoxOn",           ControlKind::CheckBox,    true,   0,     1},
+    {"CheckBoxOff",          ControlKind::CheckBox,    true,   1,     0},
+    {"CheckBoxMixed",        ControlKind::CheckBox,    true,   2,     0},
+    {"CheckBoxByItsOwner",   ControlKind::CheckBox,    false,  0,     0},
+    {"RadioButtonOn",        ControlKind::RadioButton, true,   0,     1},
+    {"RadioButtonStaysOn",   ControlKind::RadioButton, true,   1,     1},
+    {"RadioButtonByOwner",   ControlKind::RadioButton, false,  0,     0},
+    {"OthersKeepTheirValue", ControlKind::Other,       true,   0,     0},
+};
+// clang-format on
+
+class PressedToggle : public WindowTest, public testing::WithParamInterface<ToggleCase> { };
+
+TEST_P(PressedToggle, TakesItsNextStateBeforeItsCommandIsSent)
+{
+    TestWindow made;
+    Control& control = made.add(GetParam().kind, 'togg');
+    control.maximum = 2;
+    control.autoToggle = GetParam().autoToggle;
+    control.value = GetParam().before;
+    CommandRecorder recorder(made.target());
+    SInt32 seen = -1;
+    recorder.action = [&](const HICommand&) { seen = control.value; };
+    runWhile(made.ref, [&] { pressControl(control); });
+    EXPECT_EQ(seen, GetParam().after);
+    EXPECT_EQ(control.value, GetParam().after);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, PressedToggle, testing::ValuesIn(TOGGLE_CASES), [](const auto& row) { return row.param.name; });
+
+// ---- Choosing
+
+struct ChoiceCase {
+    const char* name;
+    SInt32 item;
+    OSStatus answer;
+    std::vector<MenuCommand> sent;
+    SInt32 value;  // 1 before
+};
+
+// clang-format off
+const ChoiceCase CHOICE_CASES[] = {
+    // name                          item answer              sent      value
+    {"WithACommand",                 2,   eventNotHandledErr, {'medi'}, 2},
+    {"TakenByAHandler",              2,   noErr,              {'medi'}, 1},
+    {"AnErrorDoesNotTakeIt",         2,   paramErr,           {'medi'}, 2},
+    {"WithoutACommandSendsZero",     1,   eventNotHandledErr, {0},      1},
+    {"DisabledIsNotChosen",          3,   eventNotHandledErr, {},       1},
+    {"SeparatorIsNotChosen",         4,   eventNotHandledErr, {},       1},
+    {"AfterTheLastIsNotChosen",      6,   eventNotHandledErr, {},       1},
+    {"ZeroIsNotChosen",              0,   eventNotHandledErr, {},       1},
+    {"NegativeIsNotChosen",          -1,  eventNotHandledErr, {},       1},
+    {"LastIsChosen",                 5,   eventNotHandledErr, {'last'}, 5},
+};
+// clang-format on
+
+class ChosenItem : public WindowTest, public testing::WithParamInterface<ChoiceCase> { };
+
+TEST_P(ChosenItem, SendsItsCommandAndIsSetUnlessThatWasTaken)
+{
+    TestWindow made;
+    auto items = threeItems();
+    items.push_back({QString(), 0, true, true});
+    items.push_back({QStringLiteral("Last"), 'last'});
+    Control& popUp = made.addPopUp(items);
+    CommandRecorder recorder(made.target(), GetParam().answer);
+    recorder.action = [&](const HICommand&) { EXPECT_EQ(popUp.value, 1) << "it changes when nobody took the command"; };
+    runWhile(made.ref, [&] { chooseMenuItem(popUp, GetParam().item); });
+    EXPECT_EQ(recorder.ids(), GetParam().sent);
+    EXPECT_EQ(popUp.value, GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ChosenItem, testing::ValuesIn(CHOICE_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(Commands, OfAnItemComeFromTheMenuWithTheItemsNumber)
+{
+    TestWindow made;
+    Control& popUp = made.addPopUp(threeItems());
+    const CommandRecorder recorder(made.target());
+    runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
+    ASSERT_EQ(recorder.commands.size(), 1u);
+    EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromMenu});
+    EXPECT_EQ(recorder.commands[0].menu.menuItemIndex, 2);
+    EXPECT_EQ(static_cast<void*>(recorder.commands[0].menu.menuRef), static_cast<void*>(popUp.ref()));
+}
+
+TEST_F(Commands, AreNotSentByAPopUpThatCannotBeUsed)
+{
+    TestWindow made;
+    Control& popUp = made.addPopUp(threeItems());
+    popUp.enabled = false;
+    const CommandRecorder recorder(made.target(), eventNotHandledErr);
+    runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
+    EXPECT_TRUE(recorder.ids().empty());
+    EXPECT_EQ(popUp.value, 1);
+}
+
+TEST_F(Commands, MayDisposeOfThePopUpThatSentThem)
+{
+    TestWindow made;
+    Control& popUp = made.addPopUp(threeItems());
+    CommandRecorder recorder(made.target(), eventNotHandledErr);
+    recorder.action = [&](const HICommand&) { DisposeWindow(made.ref); };
+    EXPECT_EQ(runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); }), noErr);
+    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'medi'});
+}
+
+// ---- Of the window itself
+
+TEST_F(Commands, OfTheWindowItselfSaySo)
+{
+    TestWindow made;
+    const CommandRecorder recorder(made.target());
+    runWhile(made.ref, [&] { sendWindowCommand(made.window(), kHICommandCancel); });
+    ASSERT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
+    EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromWindow});
+}
+
+// ---- When they are sent at all
+
+TEST_F(Commands, ReachAWindowOnlyWhileItIsRun)
+{
+    TestWindow made;
+    Control& button = made.addButton('butt');
+    Control& popUp = made.addPopUp(threeItems());
+    const CommandRecorder recorder(made.target());
+    const auto tryAll = [&] {
+        pressControl(button);
+        chooseMenuItem(popUp, 1);
+        sendWindowCommand(made.window(), kHICommandCancel);
+    };
+    tryAll();
+    EXPECT_TRUE(recorder.ids().empty()) << "before its loop";
+    runWhile(made.ref, [&] {
+        tryAll();
+        EXPECT_EQ(recorder.ids().size(), 3u);
+        QuitAppModalLoopForWindow(made.ref);
+        tryAll();
+        EXPECT_EQ(recorder.ids().size(), 3u) << "told to end";
+    });
+    tryAll();
+    EXPECT_EQ(recorder.ids().size(), 3u) << "after its loop";
+}
+
+TEST_F(Commands, DoNotReachAWindowWhoseLoopFailed)
+{
+    TestWindow made;
+    Control& button = made.addButton('butt');
+    const CommandRecorder recorder(made.target());
+    EXPECT_EQ(runWhile(made.ref, [] {}), eventInternalErr);
+    pressControl(button);
+    EXPECT_TRUE(recorder.ids().empty());
+}
+
+TEST_F(Commands, MayRunAnotherWindow)
+{
+    TestWindow outer;
+    TestWindow inner;
+    Control& outerButton = outer.addButton('outr');
+    Control& innerButton = inner.addButton('innr');
+    CommandRecorder outerRecorder(outer.target());
+    CommandRecorder innerRecorder(inner.target());
+    innerRecorder.action = [&](const HICommand&) { QuitAppModalLoopForWindow(inner.ref); };
+    outerRecorder.action = [&](const HICommand&) {
+        EXPECT_EQ(runWhile(inner.ref,
+                      [&] {
+                          pressControl(outerButton);  // nobody can reach it
+                          pressControl(innerButton);
+                      }),
+            noErr);
+        QuitAppModalLoopForWindow(outer.ref);
+    };
+    EXPECT_EQ(runWhile(outer.ref, [&] { pressControl(outerButton); }), noErr);
+    EXPECT_EQ(outerRecorder.ids(), std::vector<MenuCommand>{'outr'});
+    EXPECT_EQ(innerRecorder.ids(), std::vector<MenuCommand>{'innr'});
+}
+
+}  // namespace

@@ -1,0 +1,202 @@
+#include "tests/toolbox/core/dialogs/TestWindow.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+class ModalLoop : public WindowTest { };
+
+TEST_F(ModalLoop, RunsUntilItIsToldToEnd)
+{
+    const TestWindow made;
+    bool ran = false;
+    const OSStatus status = runWhile(made.ref, [&] {
+        EXPECT_FALSE(Toolbox::modalLoopEnded(made.ref));
+        EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), noErr);
+        EXPECT_TRUE(Toolbox::modalLoopEnded(made.ref));
+        ran = true;
+    });
+    EXPECT_EQ(status, noErr);
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(Toolbox::DisplayProblem(), "");
+}
+
+TEST_F(ModalLoop, NeitherShowsNorHidesNorDisposesOfTheWindow)
+{
+    const TestWindow made;
+    EXPECT_EQ(runWhile(made.ref, [&] { QuitAppModalLoopForWindow(made.ref); }), noErr);
+    ASSERT_EQ(Toolbox::Window::find(made.ref), &made.window());
+    EXPECT_TRUE(made.window().visible);
+}
+
+TEST_F(ModalLoop, CanBeRunAgain)
+{
+    const TestWindow made;
+    for (int time = 0; time < 2; ++time)
+        EXPECT_EQ(runWhile(made.ref, [&] { QuitAppModalLoopForWindow(made.ref); }), noErr);
+}
+
+TEST_F(ModalLoop, IsRefusedForAWrongWindow)
+{
+    const WindowRef dead = [] { return TestWindow().ref; }();
+    for (const WindowRef wrong : {WindowRef(), dead}) {
+        EXPECT_EQ(RunAppModalLoopForWindow(wrong), errInvalidWindowRef);
+        EXPECT_EQ(QuitAppModalLoopForWindow(wrong), errInvalidWindowRef);
+        EXPECT_TRUE(Toolbox::modalLoopEnded(wrong));
+    }
+}
+
+TEST_F(ModalLoop, CannotBeQuitWhereThereIsNone)
+{
+    const TestWindow made;
+    EXPECT_TRUE(Toolbox::modalLoopEnded(made.ref));
+    EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
+    runWhile(made.ref, [&] {
+        EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), noErr);
+        EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), noErr);  // it was told already, but has not ended yet
+    });
+    EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
+}
+
+TEST_F(ModalLoop, IsNotRunTwiceForOneWindow)
+{
+    const TestWindow outer;
+    const TestWindow inner;
+    runWhile(outer.ref, [&] {
+        EXPECT_EQ(RunAppModalLoopForWindow(outer.ref), windowAppModalStateAlreadyExistsErr);
+        runWhile(inner.ref, [&] {
+            EXPECT_EQ(RunAppModalLoopForWindow(outer.ref), windowAppModalStateAlreadyExistsErr);
+            QuitAppModalLoopForWindow(inner.ref);
+        });
+        EXPECT_FALSE(Toolbox::modalLoopEnded(outer.ref));
+        QuitAppModalLoopForWindow(outer.ref);
+    });
+}
+
+TEST_F(ModalLoop, OfAnOuterWindowEndsWhenTheInnerOneHas)
+{
+    const TestWindow outer;
+    const TestWindow inner;
+    const OSStatus status = runWhile(outer.ref, [&] {
+        EXPECT_EQ(runWhile(inner.ref,
+                      [&] {
+                          EXPECT_EQ(QuitAppModalLoopForWindow(outer.ref), noErr);
+                          EXPECT_FALSE(Toolbox::modalLoopEnded(inner.ref));
+                          EXPECT_EQ(QuitAppModalLoopForWindow(inner.ref), noErr);
+                      }),
+            noErr);
+        EXPECT_TRUE(Toolbox::modalLoopEnded(outer.ref));
+    });
+    EXPECT_EQ(status, noErr);
+}
+
+TEST_F(ModalLoop, EndsWithItsWindow)
+{
+    const TestWindow made;
+    EXPECT_EQ(runWhile(made.ref,
+                  [&] {
+                      DisposeWindow(made.ref);
+                      EXPECT_TRUE(Toolbox::modalLoopEnded(made.ref));
+                      EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), errInvalidWindowRef);
+                  }),
+        noErr);
+}
+
+TEST_F(ModalLoop, OfAnOuterWindowThatIsDisposedOfEndsWhenTheInnerOneHas)
+{
+    const TestWindow outer;
+    const TestWindow inner;
+    EXPECT_EQ(runWhile(outer.ref,
+                  [&] {
+                      EXPECT_EQ(runWhile(inner.ref,
+                                    [&] {
+                                        DisposeWindow(outer.ref);
+                                        QuitAppModalLoopForWindow(inner.ref);
+                                    }),
+                          noErr);
+                  }),
+        noErr);
+}
+
+TEST_F(ModalLoop, FailsWhenTheDisplayCannotGoOn)
+{
+    const TestWindow made;
+    EXPECT_EQ(runWhile(made.ref, [] {}), eventInternalErr);
+    EXPECT_EQ(Toolbox::DisplayProblem(), "the person has left");
+    EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
+    Toolbox::UseUnattendedDisplay({});
+    EXPECT_EQ(Toolbox::DisplayProblem(), "");
+}
+
+TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
+{
+    const TestWindow made;
+    HideWindow(made.ref);
+    EXPECT_EQ(runWhile(made.ref, [&] { ADD_FAILURE() << "it was run"; }), eventInternalErr);
+    EXPECT_EQ(Toolbox::DisplayProblem(), "the window is not shown");
+}
+
+TEST_F(ModalLoop, ThatFailsInsideAnotherLeavesThatOneRunning)
+{
+    const TestWindow outer;
+    const TestWindow inner;
+    const OSStatus status = runWhile(outer.ref, [&] {
+        EXPECT_EQ(runWhile(inner.ref, [] {}), eventInternalErr);
+        EXPECT_TRUE(Toolbox::takesCommands(outer.ref));
+        QuitAppModalLoopForWindow(outer.ref);
+    });
+    EXPECT_EQ(status, noErr);
+}
+
+TEST_F(ModalLoop, LeavesTheStackWhenAnExceptionPasses)
+{
+    const TestWindow made;
+    EXPECT_THROW(runWhile(made.ref, [] { throw std::bad_alloc(); }), std::bad_alloc);
+    EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
+}
+
+// What is left when the process ends is dropped, and no handler hears of it.
+TEST_F(ModalLoop, EndsInSilenceWithTheProcess)
+{
+    const auto leave = [] {
+        auto* const made = new TestWindow;
+        Toolbox::Control& button = made->addButton('butt');
+        static int calls = 0;
+        const auto count = [](EventHandlerCallRef, EventRef, void*) -> OSStatus {
+            if (++calls > 1)
+                _exit(1);
+            std::exit(0);
+        };
+        InstallEventHandler(made->target(), count, 1, COMMANDS, nullptr, nullptr);
+        runWhile(made->ref, [&button] { Toolbox::pressControl(button); });
+    };
+    EXPECT_EXIT(leave(), testing::ExitedWithCode(0), "");
+}
+
+// ---- Which window gets what is done in it
+
+TEST_F(ModalLoop, OfTheInnermostWindowAloneTakesCommands)
+{
+    const TestWindow outer;
+    const TestWindow inner;
+    EXPECT_FALSE(Toolbox::takesCommands(outer.ref)) << "before its loop";
+    runWhile(outer.ref, [&] {
+        EXPECT_TRUE(Toolbox::takesCommands(outer.ref));
+        EXPECT_FALSE(Toolbox::takesCommands(inner.ref));
+        runWhile(inner.ref, [&] {
+            EXPECT_FALSE(Toolbox::takesCommands(outer.ref));
+            EXPECT_TRUE(Toolbox::takesCommands(inner.ref));
+            QuitAppModalLoopForWindow(inner.ref);
+            EXPECT_FALSE(Toolbox::takesCommands(inner.ref)) << "told to end";
+        });
+        EXPECT_TRUE(Toolbox::takesCommands(outer.ref));
+        QuitAppModalLoopForWindow(outer.ref);
+    });
+    EXPECT_FALSE(Toolbox::takesCommands(outer.ref)) << "after its loop";
+    EXPECT_FALSE(Toolbox::takesCommands(nullptr));
+}
+
+}  // namespace

@@ -1,0 +1,270 @@
+#include "tests/support/TemporaryFolder.h"
+#include "tests/toolbox/base/resources/ResourceFork.h"
+#include "tests/toolbox/core/dialogs/AlertBytes.h"
+#include "tests/toolbox/core/dialogs/RecordingDisplay.h"
+#include "toolbox/base/files/FileReferences.h"
+
+#include <Carbon/Dialogs.h>
+#include <Carbon/Resources.h>
+#include <Toolbox/Remarks.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr SInt16 NO_BOX = -1;
+
+// Opens resource files with what a test writes into them, and closes them after it.
+class StopAlertCall : public AlertTest {
+protected:
+    StopAlertCall()
+    {
+        // Whatever was shown before, the next alert is another one.
+        open({{'ALRT', 1, alertTemplate(1)}, {'DITL', 1, itemList({dialogItem(BUTTON, "OK")})}});
+        StopAlert(1, nullptr);
+        closeAll();
+        shown().clear();
+    }
+
+    ~StopAlertCall() override { closeAll(); }
+
+    void open(const std::vector<TestResource>& resources)
+    {
+        FSRef file;
+        SInt16 refNum = 0;
+        const std::string name = std::to_string(m_open.size());
+        ASSERT_EQ(Toolbox::makeFileReference(m_folder.write(name, makeFork(resources).bytes()), &file), noErr);
+        ASSERT_EQ(FSOpenResourceFile(&file, 0, nullptr, fsRdPerm, &refNum), noErr);
+        m_open.push_back(refNum);
+    }
+
+    void openAlert(const std::string& alert, const std::string& items)
+    {
+        open({{'ALRT', 5000, alert}, {'DITL', 6000, items}});
+    }
+
+private:
+    void closeAll()
+    {
+        for (const SInt16 refNum : m_open)
+            CloseResFile(refNum);
+        m_open.clear();
+    }
+
+    const TemporaryFolder m_folder;
+    std::vector<SInt16> m_open;
+};
+
+const std::string OK_AND_CANCEL = itemList({dialogItem(BUTTON, "OK"), dialogItem(BUTTON, "Cancel")});
+
+TEST_F(StopAlertCall, ShowsTheItemsOfItsResources)
+{
+    openAlert(alertTemplate(6000),
+        itemList({
+            dialogItem(BUTTON, "OK", {90, 230, 110, 300}),
+            dialogItem(STATIC_TEXT | DISABLED, "First\rline \xA5", {10, 75, 40, 300}),
+            dialogItem(ICON | DISABLED, word(128)),
+            dialogItem(BUTTON | DISABLED, "Never", {90, 20, 110, 90}),
+            dialogItem(STATIC_TEXT, "Second", {50, 75, 66, 300}),
+            dialogItem(CHECK_BOX, "Not shown"),
+        }));
+    answerWith(1);
+    EXPECT_EQ(StopAlert(5000, nullptr), 1);
+
+    ASSERT_EQ(shown().size(), 1u);
+    const Toolbox::Alert& alert = shown()[0];
+    EXPECT_EQ(alert.type, kAlertStopAlert);
+    EXPECT_EQ(alert.text, QStringLiteral("First\nline \u2022\nSecond"));
+    EXPECT_TRUE(alert.explanation.isEmpty());
+    ASSERT_EQ(alert.buttons.size(), 2u);
+    EXPECT_EQ(alert.buttons[0].number, 1);
+    EXPECT_EQ(alert.buttons[0].title, QStringLiteral("OK"));
+    EXPECT_TRUE(alert.buttons[0].enabled);
+    EXPECT_EQ(alert.buttons[0].bounds.left, 230);
+    EXPECT_EQ(alert.buttons[1].number, 4);
+    EXPECT_FALSE(alert.buttons[1].enabled);
+    EXPECT_EQ(alert.defaultButton, 1);
+    EXPECT_EQ(alert.cancelButton, 0) << "item 2 is a text";
+
+    ASSERT_TRUE(alert.layout.has_value());
+    EXPECT_EQ(alert.layout->id, 5000);
+    EXPECT_EQ(alert.layout->bounds.right, ALERT_BOUNDS.right);
+    ASSERT_EQ(alert.layout->texts.size(), 2u);
+    EXPECT_EQ(alert.layout->texts[0].text, QStringLiteral("First\nline \u2022"));
+    EXPECT_EQ(alert.layout->texts[1].bounds.top, 50);
+}
+
+TEST_F(StopAlertCall, ReportsTheItemThatWasHit)
+{
+    openAlert(alertTemplate(6000), OK_AND_CANCEL);
+    answerWith(2);
+    EXPECT_EQ(StopAlert(5000, nullptr), 2);
+    EXPECT_EQ(shown().at(0).cancelButton, 2);
+}
+
+TEST_F(StopAlertCall, IsNotedWithItsNumber)
+{
+    openAlert(alertTemplate(6000), itemList({dialogItem(STATIC_TEXT, "Text"), dialogItem(BUTTON, "OK")}));
+    answerWith(2);
+    EXPECT_EQ(StopAlert(5000, nullptr), 2);
+    const Toolbox::ShownAlert noted = Toolbox::ShownAlerts().back();
+    EXPECT_EQ(noted.kind, "stop");
+    EXPECT_EQ(noted.id, std::optional<SInt16>(5000));
+    EXPECT_EQ(noted.text, "Text");
+    EXPECT_EQ(noted.buttons, (std::vector<std::string>{"", "OK"}));
+    EXPECT_EQ(noted.pressed, 2);
+
+    Toolbox::forgetShownAlerts();
+    EXPECT_TRUE(Toolbox::ShownAlerts().empty());
+}
+
+TEST_F(StopAlertCall, FindsItsResourcesThroughTheChain)
+{
+    open({{'ALRT', 5000, alertTemplate(6000)}});
+    open({{'DITL', 6000, itemList({dialogItem(BUTTON, "Above")})}});
+    EXPECT_EQ(StopAlert(5000, nullptr), 1);
+    EXPECT_EQ(shown().at(0).buttons.at(0).title, QStringLiteral("Above"));
+}
+
+TEST_F(StopAlertCall, GivesItsResourcesBack)
+{
+    openAlert(alertTemplate(6000), OK_AND_CANCEL);
+    const auto before = liveObjects();
+    EXPECT_EQ(StopAlert(5000, nullptr), 1);
+    EXPECT_EQ(liveObjects(), before);
+}
+
+TEST_F(StopAlertCall, ReplacesPlaceholdersByNothing)
+{
+    openAlert(alertTemplate(6000),
+        itemList(
+            {dialogItem(BUTTON, "^0"), dialogItem(STATIC_TEXT, "^0a^1b^2c^3d^4^"), dialogItem(STATIC_TEXT, "^^00")}));
+    EXPECT_EQ(StopAlert(5000, nullptr), 1);
+    EXPECT_EQ(shown().at(0).text, QStringLiteral("abcd^4^\n^0")) << "what is left is not looked at again";
+    EXPECT_EQ(shown().at(0).buttons.at(0).title, QStringLiteral("^0")) << "only texts have placeholders";
+}
+
+// ---- Stages
+
+TEST_F(StopAlertCall, GoesThroughItsStagesAndStaysAtTheLast)
+{
+    openAlert(alertTemplate(6000, 0xC4C4), OK_AND_CANCEL);
+    std::vector<SInt16> defaults;
+    for (int occurrence = 0; occurrence < 6; ++occurrence) {
+        EXPECT_EQ(StopAlert(5000, nullptr), 1);
+        defaults.push_back(shown().back().defaultButton);
+    }
+    EXPECT_EQ(defaults, (std::vector<SInt16>{1, 2, 1, 2, 2, 2}));
+}
+
+TEST_F(StopAlertCall, DrawsNoBoxAtAStageThatSaysSo)
+{
+    openAlert(alertTemplate(6000, 0x4040), OK_AND_CANCEL);
+    std::vector<SInt16> hits;
+    for (int occurrence = 0; occurrence < 5; ++occurrence)
+        hits.push_back(StopAlert(5000, nullptr));
+    EXPECT_EQ(hits, (std::vector<SInt16>{NO_BOX, 1, NO_BOX, 1, 1}));
+    EXPECT_EQ(shown().size(), 3u);
+}
+
+TEST_F(StopAlertCall, BeginsAtTheFirstStageAfterAnotherAlert)
+{
+    open({{'ALRT', 5000, alertTemplate(6000, 0xCCC4)}, {'ALRT', 5001, alertTemplate(6000, 0xCCC4)},
+        {'DITL', 6000, OK_AND_CANCEL}});
+    std::vector<SInt16> defaults;
+    constexpr SInt16 IDS[] = {5000, 5000, 5001, 5000, 5000};
+    for (const SInt16 id : IDS) {
+        EXPECT_EQ(StopAlert(id, nullptr), 1);
+        defaults.push_back(shown().back().defaultButton);
+    }
+    EXPECT_EQ(defaults, (std::vector<SInt16>{1, 2, 1, 1, 2}));
+}
+
+struct DefaultCase {
+    const char* name;
+    std::string items;
+    SInt16 defaultButton;  // where the stage names item 2
+};
+
+const DefaultCase DEFAULT_CASES[] = {
+    {"AButton", OK_AND_CANCEL, 2},
+    {"ADisabledButton", itemList({dialogItem(BUTTON, "OK"), dialogItem(BUTTON | DISABLED, "Cancel")}), 0},
+    {"AText", itemList({dialogItem(BUTTON, "OK"), dialogItem(STATIC_TEXT, "Text")}), 0},
+    {"NotThere", itemList({dialogItem(BUTTON, "OK")}), 0},
+};
+
+class StopAlertDefault : public StopAlertCall, public testing::WithParamInterface<DefaultCase> { };
+
+TEST_P(StopAlertDefault, IsTheStagesItemIfThatIsAButton)
+{
+    openAlert(alertTemplate(6000, 0xCCCC), GetParam().items);
+    EXPECT_EQ(StopAlert(5000, nullptr), 1);
+    EXPECT_EQ(shown().at(0).defaultButton, GetParam().defaultButton);
+    EXPECT_EQ(shown().at(0).cancelButton, GetParam().defaultButton) << "Escape follows the same rule for item 2";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, StopAlertDefault, testing::ValuesIn(DEFAULT_CASES), [](const auto& row) { return row.param.name; });
+
+// ---- What is missing or corrupt
+
+constexpr const char* NO_ALERT = "the resources have no 'ALRT' 5000, or a damaged one";
+constexpr const char* NO_ITEMS = "the resources have no 'DITL' 6000, or a damaged one";
+constexpr const char* NO_END = "it has no button that ends it";
+
+struct MissingCase {
+    const char* name;
+    const char* reason;
+    std::vector<TestResource> resources;
+};
+
+const MissingCase MISSING_CASES[] = {
+    {"NoAlert", NO_ALERT, {{'DITL', 6000, OK_AND_CANCEL}}},
+    {"AnotherAlert", NO_ALERT, {{'ALRT', 5001, alertTemplate(6000)}, {'DITL', 6000, OK_AND_CANCEL}}},
+    {"NoItems", NO_ITEMS, {{'ALRT', 5000, alertTemplate(6000)}}},
+    {"OtherItems", NO_ITEMS, {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6001, OK_AND_CANCEL}}},
+    {"EmptyAlert", NO_ALERT, {{'ALRT', 5000, ""}, {'DITL', 6000, OK_AND_CANCEL}}},
+    {"EmptyItems", NO_ITEMS, {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, ""}}},
+    {"EmptyBounds", NO_ALERT,
+        {{'ALRT', 5000, alertTemplate(6000, 0x5555, {9, 9, 9, 9})}, {'DITL', 6000, OK_AND_CANCEL}}},
+    {"NoItemAtAll", NO_END, {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({})}}},
+    {"NoButton", NO_END,
+        {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({dialogItem(STATIC_TEXT, "Text")})}}},
+    {"NoEnabledButton", NO_END,
+        {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({dialogItem(BUTTON | DISABLED, "OK")})}}},
+};
+
+class StopAlertWithout : public StopAlertCall, public testing::WithParamInterface<MissingCase> { };
+
+TEST_P(StopAlertWithout, ShowsNothing)
+{
+    open(GetParam().resources);
+    const std::size_t noted = Toolbox::ShownAlerts().size();
+    const auto before = liveObjects();
+    EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX);
+    EXPECT_TRUE(shown().empty());
+    EXPECT_EQ(Toolbox::ShownAlerts().size(), noted);
+    EXPECT_EQ(liveObjects(), before);
+    const std::string remark = std::string("the alert 5000 was not shown: ") + GetParam().reason;
+    EXPECT_EQ(std::count(Toolbox::Remarks().begin(), Toolbox::Remarks().end(), remark), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, StopAlertWithout, testing::ValuesIn(MISSING_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(StopAlertCall, ShowsNothingWithoutAnOpenFile)
+{
+    EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX);
+    EXPECT_TRUE(shown().empty());
+}
+
+TEST_F(StopAlertCall, ShowsNothingForTruncatedItems)
+{
+    for (std::size_t length = 0; length < OK_AND_CANCEL.size(); ++length) {
+        openAlert(alertTemplate(6000), OK_AND_CANCEL.substr(0, length));
+        EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX) << length;
+    }
+    EXPECT_TRUE(shown().empty());
+}
+
+}  // namespace

@@ -1,0 +1,70 @@
+#include "tests/toolbox/core/dialogs/TestWindow.h"
+
+#include <cstdint>
+
+namespace {
+
+using Toolbox::ButtonRole;
+using Toolbox::Control;
+using Toolbox::ControlKind;
+
+class WindowManager : public WindowTest { };
+
+TEST_F(WindowManager, ShowsAndHidesHoweverOftenItIsAsked)
+{
+    const TestWindow made;
+    for (const bool visible : {false, false, true, true, false}) {
+        visible ? ShowWindow(made.ref) : HideWindow(made.ref);
+        EXPECT_EQ(made.window().visible, visible);
+    }
+}
+
+TEST_F(WindowManager, DisposesOfControlsAndHandlersWithTheWindow)
+{
+    TestWindow made;
+    made.addButton('butt');
+    const CommandRecorder recorder(made.target());
+    EXPECT_EQ(liveWindowObjects(),
+        (std::map<std::string, std::size_t>{{"window", 1}, {"control", 2}, {"event target", 1}, {"event handler", 1}}));
+    DisposeWindow(made.ref);
+    EXPECT_TRUE(liveWindowObjects().empty());
+}
+
+TEST_F(WindowManager, LeavesWrongReferencesAlone)
+{
+    const WindowRef wrong[] = {
+        nullptr, reinterpret_cast<WindowRef>(std::uintptr_t{7}), [] { return TestWindow().ref; }()};
+    const TestWindow bystander;
+    for (const WindowRef each : wrong) {
+        ShowWindow(each);
+        HideWindow(each);
+        DisposeWindow(each);
+    }
+    EXPECT_TRUE(bystander.window().visible);
+}
+
+TEST_F(WindowManager, ListsControlsInTheOrderOfTheNib)
+{
+    TestWindow made;
+    Control& box = made.add(ControlKind::GroupBox);
+    Control& inner = made.addTo(box, ControlKind::CheckBox);
+    Control& innermost = made.addTo(inner, ControlKind::Other);
+    Control& last = made.addButton(0);
+    EXPECT_EQ(made.window().controls(), (std::vector<Control*>{&made.root(), &box, &inner, &innermost, &last}));
+}
+
+TEST_F(WindowManager, KnowsTheButtonOfEachRole)
+{
+    TestWindow made;
+    EXPECT_EQ(made.window().buttonOfRole(ButtonRole::Default), nullptr);
+    made.add(ControlKind::PopupButton).role = ButtonRole::Default;  // no button
+    Control& box = made.add(ControlKind::GroupBox);
+    Control& ok = made.addTo(box, ControlKind::Button);
+    ok.role = ButtonRole::Default;
+    ok.enabled = false;
+    made.addButton(0, ButtonRole::Default);
+    EXPECT_EQ(made.window().buttonOfRole(ButtonRole::Default), &ok);
+    EXPECT_EQ(made.window().buttonOfRole(ButtonRole::Cancel), nullptr);
+}
+
+}  // namespace

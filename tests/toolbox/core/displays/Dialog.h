@@ -1,0 +1,79 @@
+// The dialog that the tests of displays run: a text, a pop-up, OK and Cancel, and a record of what it is sent.
+
+#ifndef TESTS_TOOLBOX_CORE_DISPLAYS_DIALOG_H
+#define TESTS_TOOLBOX_CORE_DISPLAYS_DIALOG_H
+
+#include "tests/toolbox/core/dialogs/TestWindow.h"
+
+#include <string>
+
+/// A window as an external's nib draws it. OK and Cancel end it, unless its recorder is given another action.
+struct Dialog {
+    Dialog()
+        : label(made.add(Toolbox::ControlKind::StaticText))
+        , popUp(
+              made.addPopUp({{QStringLiteral("Small")}, {QStringLiteral("日本 (Medium)")}, {QStringLiteral("Large")}}))
+        , ok(made.addButton(kHICommandOK, Toolbox::ButtonRole::Default))
+        , cancel(made.addButton(kHICommandCancel, Toolbox::ButtonRole::Cancel))
+        , recorder(made.target(), eventNotHandledErr)
+    {
+        made.window().title = QStringLiteral("Paper & ink");
+        made.window().content = {200, 300, 324, 640};
+        label.title = QStringLiteral("Choose a size:");
+        label.bounds = {20, 20, 36, 320};
+        popUp.bounds = {44, 20, 64, 320};
+        popUp.setValue(2);
+        ok.title = QStringLiteral("OK");
+        ok.bounds = {84, 251, 104, 320};
+        cancel.title = QStringLiteral("Cancel");
+        cancel.bounds = {84, 170, 104, 239};
+        recorder.action = [this](const HICommand& command) {
+            if (command.commandID == kHICommandOK || command.commandID == kHICommandCancel)
+                QuitAppModalLoopForWindow(made.ref);
+        };
+    }
+
+    /// Adds a control that can be 0 or 1.
+    Toolbox::Control& add(Toolbox::ControlKind kind, const char* title, const Rect& bounds = {})
+    {
+        Toolbox::Control& added = made.add(kind);
+        added.title = QString::fromUtf8(title);
+        added.bounds = bounds;
+        added.maximum = 1;
+        return added;
+    }
+
+    /// Runs it on the display that was chosen, and says how it ended and which commands it got.
+    std::string run()
+    {
+        const bool ended = RunAppModalLoopForWindow(made.ref) == noErr;
+        std::string report = (ended ? "ended" : Toolbox::DisplayProblem()) + ":";
+        for (const HICommand& each : recorder.commands)
+            report += inWords(each);
+        return report;
+    }
+
+    TestWindow made;
+    Toolbox::Control& label;
+    Toolbox::Control& popUp;
+    Toolbox::Control& ok;
+    Toolbox::Control& cancel;
+    CommandRecorder recorder;
+
+private:
+    static std::string inWords(const HICommand& command)
+    {
+        switch (command.commandID) {
+        case 0:
+            return " item " + std::to_string(command.menu.menuItemIndex);
+        case kHICommandOK:
+            return " ok";
+        case kHICommandCancel:
+            return command.attributes == kHICommandFromWindow ? " closed" : " cancel";
+        default:
+            return " other";
+        }
+    }
+};
+
+#endif

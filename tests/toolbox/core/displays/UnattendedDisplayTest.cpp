@@ -1,0 +1,416 @@
+#include "tests/toolbox/core/dialogs/TestWindow.h"
+
+namespace {
+
+using Toolbox::Alert;
+using Toolbox::Answer;
+using Toolbox::AnswersRanOut;
+using Toolbox::AnswerWasUnfit;
+using Toolbox::ButtonRole;
+using Toolbox::Control;
+using Toolbox::ControlKind;
+using Toolbox::DisplayProblem;
+using Toolbox::UseUnattendedDisplay;
+
+Answer command(UInt32 value)
+{
+    return {Answer::Kind::Command, value};
+}
+
+Answer item(UInt32 value)
+{
+    return {Answer::Kind::Item, value};
+}
+
+Answer button(UInt32 value)
+{
+    return {Answer::Kind::Button, value};
+}
+
+// ---- A window like a dialog: a pop-up, OK, Cancel, and buttons that do not end it
+
+class UnattendedWindow : public WindowTest {
+protected:
+    UnattendedWindow()
+        : disabledPopUp(made.addPopUp({{QStringLiteral("Nothing")}}))
+        , popUp(made.addPopUp({{QStringLiteral("Small")}, {QStringLiteral("Medium")}, {QString(), 0, true, true},
+              {QStringLiteral("Large"), 0, false}, {QStringLiteral("Huge")}}))
+        , secondPopUp(made.addPopUp({{QStringLiteral("One")}, {QStringLiteral("Two")}}))
+        , cancel(made.addButton(kHICommandCancel, ButtonRole::Cancel))
+        , ok(made.addButton(kHICommandOK, ButtonRole::Default))
+        , more(made.addButton('more'))
+        , recorder(made.target(), eventNotHandledErr)
+    {
+        disabledPopUp.enabled = false;
+        recorder.action = [this](const HICommand& sent) {
+            if (sent.commandID == kHICommandOK || sent.commandID == kHICommandCancel)
+                QuitAppModalLoopForWindow(made.ref);
+        };
+    }
+
+    OSStatus run(const std::vector<Answer>& answers)
+    {
+        UseUnattendedDisplay(answers);
+        return RunAppModalLoopForWindow(made.ref);
+    }
+
+    TestWindow made;
+    Control& disabledPopUp;
+    Control& popUp;
+    Control& secondPopUp;
+    Control& cancel;
+    Control& ok;
+    Control& more;
+    CommandRecorder recorder;
+};
+
+struct WindowCase {
+    const char* name;
+    std::vector<Answer> answers;
+    std::vector<MenuCommand> sent;  // a 0 for each item chosen
+    SInt32 value;                   // of the pop-up, 1 before
+    bool unfit;
+};
+
+// clang-format off
+const WindowCase WINDOW_CASES[] = {
+    // name                        answers                           sent                          value unfit
+    {"NoneConfirms",               {},                               {kHICommandOK},               1,    false},
+    {"OKConfirms",                 {command(kHICommandOK)},          {kHICommandOK},               1,    false},
+    {"CancelCancels",              {command(kHICommandCancel)},      {kHICommandCancel},           1,    false},
+    {"ItemThenConfirms",           {item(2)},                        {0, kHICommandOK},            2,    false},
+    {"LastItemThenOK",             {item(5), command(kHICommandOK)}, {0, kHICommandOK},            5,    false},
+    {"ItemsInOrder",               {item(5), item(2)},               {0, 0, kHICommandOK},         2,    false},
+    {"ItemThenCancel",             {item(2), command(kHICommandCancel)}, {0, kHICommandCancel},    2,    false},
+    {"PressThatDoesNotEndIt",      {command('more'), item(2)},       {'more', 0, kHICommandOK},    2,    false},
+    {"AnswersAfterTheEndAreLeft",  {command(kHICommandOK), item(9)}, {kHICommandOK},               1,    false},
+    {"ItemZeroIsUnfit",            {item(0)},                        {kHICommandCancel},           1,    true},
+    {"ItemAfterTheLastIsUnfit",    {item(6)},                        {kHICommandCancel},           1,    true},
+    {"HugeItemIsUnfit",            {item(0xFFFFFFFF)},               {kHICommandCancel},           1,    true},
+    {"SeparatorIsUnfit",           {item(3)},                        {kHICommandCancel},           1,    true},
+    {"DisabledItemIsUnfit",        {item(4)},                        {kHICommandCancel},           1,    true},
+    {"UnknownCommandIsUnfit",      {command('what')},                {kHICommandCancel},           1,    true},
+    {"CommandZeroIsUnfit",         {command(0)},                     {kHICommandCancel},           1,    true},
+    {"ButtonOfAnAlertIsUnfit",     {button(1)},                      {kHICommandCancel},           1,    true},
+    {"UnfitAfterAnItem",           {item(2), item(9)},               {0, kHICommandCancel},        2,    true},
+    {"NothingAfterAnUnfitOne",     {item(9), command(kHICommandOK)}, {kHICommandCancel},           1,    true},
+};
+// clang-format on
+
+class UnattendedAnswers : public UnattendedWindow, public testing::WithParamInterface<WindowCase> { };
+
+TEST_P(UnattendedAnswers, AreGivenInOrderUntilTheWindowEnds)
+{
+    EXPECT_EQ(run(GetParam().answers), noErr);
+    EXPECT_EQ(recorder.ids(), GetParam().sent);
+    EXPECT_EQ(popUp.value, GetParam().value);
+    EXPECT_EQ(secondPopUp.value, 1);
+    EXPECT_EQ(AnswerWasUnfit(), GetParam().unfit);
+    EXPECT_EQ(DisplayProblem(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, UnattendedAnswers, testing::ValuesIn(WINDOW_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(UnattendedWindow, GoesOnToTheNextWindowWithTheAnswersThatAreLeft)
+{
+    EXPECT_EQ(run({command(kHICommandCancel), item(2), command(kHICommandOK)}), noErr);
+    EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{kHICommandCancel, 0, kHICommandOK}));
+}
+
+TEST_F(UnattendedWindow, SaysWhetherTheAnswersRanOut)
+{
+    EXPECT_EQ(run({item(2)}), noErr);
+    EXPECT_TRUE(AnswersRanOut());
+    EXPECT_EQ(run({item(2), command(kHICommandOK)}), noErr);
+    EXPECT_FALSE(AnswersRanOut());
+    EXPECT_EQ(run({item(9)}), noErr);
+    EXPECT_FALSE(AnswersRanOut()) << "an unfit answer cancels";
+    EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
+    EXPECT_TRUE(AnswersRanOut()) << "in the next window";
+}
+
+TEST_F(UnattendedWindow, ChoosesAnItemThatAHandlerTakes)
+{
+    recorder.answer = noErr;
+    EXPECT_EQ(run({item(2)}), noErr);
+    EXPECT_EQ(popUp.value, 1);
+    EXPECT_FALSE(AnswerWasUnfit());
+}
+
+TEST_F(UnattendedWindow, WithoutAPopUpMakesAnItemUnfit)
+{
+    popUp.hidden = true;
+    secondPopUp.enabled = false;
+    EXPECT_EQ(run({item(1)}), noErr);
+    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
+    EXPECT_TRUE(AnswerWasUnfit());
+}
+
+TEST_F(UnattendedWindow, PressesTheFirstUsableControlOfACommand)
+{
+    Control& box = made.add(ControlKind::GroupBox);
+    Control& hidden = made.addButton('many');
+    Control& disabled = made.addButton('many');
+    hidden.hidden = true;
+    disabled.enabled = false;
+    const Control& usable = made.addTo(box, ControlKind::CheckBox, 'many');
+    made.addButton('many');
+    EXPECT_EQ(run({command('many')}), noErr);
+    ASSERT_EQ(recorder.ids(), (std::vector<MenuCommand>{'many', kHICommandOK}));
+    EXPECT_EQ(static_cast<void*>(recorder.commands[0].menu.menuRef), static_cast<void*>(usable.ref()));
+}
+
+TEST_F(UnattendedWindow, FindsADisabledControlsCommandUnfit)
+{
+    more.enabled = false;
+    EXPECT_EQ(run({command('more')}), noErr);
+    EXPECT_TRUE(AnswerWasUnfit());
+}
+
+TEST_F(UnattendedWindow, PressesTheDefaultAndCancelButtonsForOKAndCancelWhateverTheyCarry)
+{
+    ok.command = 'inst';
+    cancel.command = 'stop';
+    recorder.action = [this](const HICommand& sent) {
+        if (sent.commandID == 'stop')
+            QuitAppModalLoopForWindow(made.ref);
+    };
+    EXPECT_EQ(run({command(kHICommandOK), command(kHICommandCancel)}), noErr);
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{'inst', 'stop'}));
+    EXPECT_FALSE(AnswerWasUnfit());
+}
+
+TEST_F(UnattendedWindow, ConfirmsByTheCommandWhereThereIsNoDefaultButton)
+{
+    ok.role = ButtonRole::Plain;
+    EXPECT_EQ(run({}), noErr);
+    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandOK});
+}
+
+TEST_F(UnattendedWindow, ConfirmsByTheDefaultButtonRatherThanTheCommand)
+{
+    ok.role = ButtonRole::Plain;
+    more.role = ButtonRole::Default;
+    recorder.action = [this](const HICommand&) { QuitAppModalLoopForWindow(made.ref); };
+    EXPECT_EQ(run({}), noErr);
+    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'more'});
+}
+
+TEST_F(UnattendedWindow, CancelsByTheWindowsOwnCommandWhereThereIsNoCancelButton)
+{
+    const struct {
+        ButtonRole role;
+        bool enabled;
+    } rows[] = {{ButtonRole::Plain, true}, {ButtonRole::Cancel, false}};
+    for (const auto& row : rows) {
+        cancel.role = row.role;
+        cancel.enabled = row.enabled;
+        recorder.commands.clear();
+        EXPECT_EQ(run({item(9)}), noErr);
+        ASSERT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
+        EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromWindow});
+    }
+}
+
+// ---- Windows that nothing ends
+
+TEST_F(UnattendedWindow, FailsWhenConfirmingDoesNotEndIt)
+{
+    recorder.action = nullptr;
+    EXPECT_EQ(run({item(2), command('more')}), eventInternalErr);
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, 'more', kHICommandOK}));
+    EXPECT_EQ(DisplayProblem(), "no answer is left, and confirming the window does not end it");
+    EXPECT_FALSE(AnswerWasUnfit());
+}
+
+TEST_F(UnattendedWindow, FailsWhenThereIsNothingToConfirmItWith)
+{
+    ok.enabled = false;
+    EXPECT_EQ(run({}), eventInternalErr);
+    EXPECT_TRUE(recorder.ids().empty());
+    EXPECT_NE(DisplayProblem(), "");
+}
+
+TEST_F(UnattendedWindow, FailsRatherThanConfirmsWhenCancellingDoesNotEndIt)
+{
+    recorder.action = nullptr;
+    EXPECT_EQ(run({item(9)}), eventInternalErr);
+    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
+    EXPECT_EQ(DisplayProblem(), "an answer fits nothing in the window, and cancelling does not end it");
+    EXPECT_TRUE(AnswerWasUnfit());
+}
+
+TEST_F(UnattendedWindow, WithoutAnyControlFails)
+{
+    const TestWindow empty;
+    UseUnattendedDisplay({});
+    EXPECT_EQ(RunAppModalLoopForWindow(empty.ref), eventInternalErr);
+}
+
+TEST_F(UnattendedWindow, SendsNothingMoreOnceItFailed)
+{
+    recorder.action = nullptr;
+    EXPECT_EQ(run({}), eventInternalErr);
+    recorder.commands.clear();
+    Toolbox::pressControl(ok);
+    EXPECT_TRUE(recorder.ids().empty());
+}
+
+// ---- What handlers do meanwhile
+
+TEST_F(UnattendedWindow, MayBeDisposedOfByEachOfItsCommands)
+{
+    for (const Answer& answer : {item(2), command('more'), command(kHICommandOK), item(9)}) {
+        TestWindow doomed;
+        doomed.addPopUp({{QStringLiteral("One")}, {QStringLiteral("Two")}});
+        doomed.addButton('more');
+        doomed.addButton(kHICommandOK, ButtonRole::Default);
+        CommandRecorder disposer(doomed.target());
+        disposer.action = [&](const HICommand&) { DisposeWindow(doomed.ref); };
+        UseUnattendedDisplay({answer, item(1)});
+        EXPECT_EQ(RunAppModalLoopForWindow(doomed.ref), noErr);
+        EXPECT_EQ(disposer.commands.size(), 1u);
+    }
+}
+
+TEST_F(UnattendedWindow, SharesItsAnswersWithAWindowThatItsHandlerRuns)
+{
+    TestWindow inner;
+    inner.addButton('done');
+    CommandRecorder innerRecorder(inner.target());
+    innerRecorder.action = [&](const HICommand&) { QuitAppModalLoopForWindow(inner.ref); };
+    recorder.action = [&](const HICommand& sent) {
+        if (sent.commandID == 'more')
+            EXPECT_EQ(RunAppModalLoopForWindow(inner.ref), noErr);
+        else
+            QuitAppModalLoopForWindow(made.ref);
+    };
+    EXPECT_EQ(run({command('more'), command('done'), command(kHICommandCancel)}), noErr);
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{'more', kHICommandCancel}));
+    EXPECT_EQ(innerRecorder.ids(), std::vector<MenuCommand>{'done'});
+}
+
+TEST_F(UnattendedWindow, ForgetsAnUnfitAnswerWithTheNextList)
+{
+    EXPECT_EQ(run({item(9)}), noErr);
+    EXPECT_TRUE(AnswerWasUnfit());
+    UseUnattendedDisplay({});
+    EXPECT_FALSE(AnswerWasUnfit());
+}
+
+TEST_F(UnattendedWindow, CountsTheAnswersThatWereNotTaken)
+{
+    EXPECT_EQ(run({item(2), command(kHICommandOK), item(1), button(1)}), noErr);
+    EXPECT_EQ(Toolbox::UnusedAnswers(), 2u);
+    EXPECT_EQ(Toolbox::currentDisplay()->runAlert({}), 0) << "the next one is for a window";
+    EXPECT_EQ(Toolbox::UnusedAnswers(), 2u);
+    EXPECT_EQ(run({}), noErr);
+    EXPECT_EQ(Toolbox::UnusedAnswers(), 0u);
+}
+
+TEST(UnattendedAlert, SaysWhetherTheAnswersRanOut)
+{
+    UseUnattendedDisplay({button(1)});
+    EXPECT_FALSE(AnswersRanOut());
+    Toolbox::currentDisplay()->runAlert({});
+    EXPECT_FALSE(AnswersRanOut());
+    Toolbox::currentDisplay()->runAlert({});
+    EXPECT_TRUE(AnswersRanOut());
+    UseUnattendedDisplay({item(1)});
+    Toolbox::currentDisplay()->runAlert({});
+    EXPECT_FALSE(AnswersRanOut()) << "there is one, but for a window";
+}
+
+// ---- Alerts
+
+struct AlertCase {
+    const char* name;
+    SInt16 buttons;  // how many
+    SInt16 defaultButton;
+    SInt16 cancelButton;
+    SInt16 disabled;  // the number of one, or 0
+    std::vector<Answer> answers;
+    SInt16 pressed;
+    bool unfit;
+};
+
+// clang-format off
+const AlertCase ALERT_CASES[] = {
+    // name                          buttons default cancel disabled answers                  pressed unfit
+    {"NoneTakesTheDefault",             2,      2,      1,     0, {},                             2, false},
+    {"NoneWithoutDefaultTakesFirst",    2,      0,      0,     0, {},                             1, false},
+    {"NoneTakesNoDisabledFirst",        2,      0,      0,     1, {},                             2, false},
+    {"NoneTakesNoDisabledDefault",      2,      2,      0,     2, {},                             1, false},
+    {"NoneWithoutButtonsIsDefault",     0,      1,      0,     0, {},                             1, false},
+    {"Button",                          3,      1,      2,     0, {button(3)},                    3, false},
+    {"ButtonThatIsNotThere",            2,      2,      1,     0, {button(3)},                    2, true},
+    {"ButtonZero",                      2,      2,      1,     0, {button(0)},                    2, true},
+    {"ButtonOfMoreThan16Bits",          2,      2,      1,     0, {button(0x10001)},              2, true},
+    {"ButtonThatIsDisabled",            2,      2,      1,     1, {button(1)},                    2, true},
+    {"OKPressesTheFirst",               2,      2,      1,     0, {command(kHICommandOK)},        1, false},
+    {"OKThatIsDisabled",                2,      2,      0,     1, {command(kHICommandOK)},        2, true},
+    {"CancelPressesTheCancelButton",    3,      1,      3,     0, {command(kHICommandCancel)},    3, false},
+    {"CancelWithoutCancelButton",       1,      1,      0,     0, {command(kHICommandCancel)},    1, true},
+};
+// clang-format on
+
+class UnattendedAlert : public WindowTest, public testing::WithParamInterface<AlertCase> { };
+
+TEST_P(UnattendedAlert, IsAnsweredByWhatIsMeantForIt)
+{
+    Alert alert;
+    for (SInt16 number = 1; number <= GetParam().buttons; ++number)
+        alert.buttons.push_back({number, QStringLiteral("Button"), number != GetParam().disabled, {}});
+    alert.defaultButton = GetParam().defaultButton;
+    alert.cancelButton = GetParam().cancelButton;
+
+    UseUnattendedDisplay(GetParam().answers);
+    EXPECT_EQ(Toolbox::currentDisplay()->runAlert(alert), GetParam().pressed);
+    EXPECT_EQ(AnswerWasUnfit(), GetParam().unfit);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, UnattendedAlert, testing::ValuesIn(ALERT_CASES), [](const auto& row) { return row.param.name; });
+
+Alert twoButtons()
+{
+    Alert alert;
+    alert.buttons = {{1, QStringLiteral("OK"), true, {}}, {2, QStringLiteral("Cancel"), true, {}}};
+    alert.defaultButton = 2;
+    return alert;
+}
+
+TEST_F(UnattendedWindow, GivesEachAlertOneAnswer)
+{
+    UseUnattendedDisplay({button(1), button(2), button(1)});
+    for (const int pressed : {1, 2, 1, 2})
+        EXPECT_EQ(Toolbox::currentDisplay()->runAlert(twoButtons()), pressed);
+}
+
+TEST_F(UnattendedWindow, KeepsWhatIsMeantForAWindowWhenAnAlertComesFirst)
+{
+    UseUnattendedDisplay({item(5), command('more'), button(1)});
+    EXPECT_EQ(Toolbox::currentDisplay()->runAlert(twoButtons()), 2);
+    recorder.action = [this](const HICommand& sent) {
+        if (sent.commandID != 'more')
+            return;
+        EXPECT_EQ(Toolbox::currentDisplay()->runAlert(twoButtons()), 1);
+        QuitAppModalLoopForWindow(made.ref);
+    };
+    EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
+    EXPECT_EQ(popUp.value, 5);
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, 'more'}));
+    EXPECT_FALSE(AnswerWasUnfit());
+}
+
+TEST_F(UnattendedWindow, LeavesACommandOfAWindowToIt)
+{
+    UseUnattendedDisplay({command('more')});
+    EXPECT_EQ(Toolbox::currentDisplay()->runAlert(twoButtons()), 2);
+    EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{'more', kHICommandOK}));
+}
+
+}  // namespace

@@ -1,0 +1,364 @@
+#include "toolbox/core/nibs/NibArchive.h"
+
+#include "tests/toolbox/core/nibs/SampleNib.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using Toolbox::NibArchive;
+using Toolbox::NibObject;
+using Toolbox::NibReference;
+
+std::optional<NibArchive> read(const std::string& xml)
+{
+    return NibArchive::read(QByteArray::fromStdString(xml));
+}
+
+std::string repeated(const std::string& text, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+// An archive of one object, with the id "1", that has `properties`.
+std::optional<NibArchive> readObject(const std::string& properties)
+{
+    return read("<object class='Demo' id='1'>" + properties + "</object>");
+}
+
+const NibObject& theObject(const std::optional<NibArchive>& archive)
+{
+    static const NibObject nothing;
+    const NibObject* const object = archive ? archive->find({QStringLiteral("1")}) : nullptr;
+    EXPECT_NE(object, nullptr);
+    return object == nullptr ? nothing : *object;
+}
+
+// ---- Values
+
+TEST(NibArchiveValues, AreReadByTheirTags)
+{
+    const auto archive = readObject("<string name='text'> a &lt;b&gt;\n&#233; </string><int name='number'> -12 </int>"
+                                    "<unsigned_int name='big'>4294967295</unsigned_int>"
+                                    "<boolean name='yes'>TRUE</boolean><boolean name='no'>FALSE</boolean>"
+                                    "<float name='ratio'>0.5</float><ostype name='code'>demo</ostype>");
+    const NibObject& object = theObject(archive);
+    EXPECT_EQ(object.className, QStringLiteral("Demo"));
+    EXPECT_EQ(object.text("text"), QStringLiteral(" a <b>\n\u00e9 "));
+    EXPECT_EQ(object.number("number", 0), -12);
+    EXPECT_EQ(object.number("big", 0), 0x7FFFFFFF);
+    EXPECT_TRUE(object.flag("yes", false));
+    EXPECT_FALSE(object.flag("no", true));
+    EXPECT_EQ(object.code("code"), OSType{'demo'});
+}
+
+TEST(NibArchiveValues, ThatAreNotThereOrOfAnotherTypeAreAtTheirDefaults)
+{
+    for (const std::string tag : {"absent", "string", "array", "dictionary", "float", "thing"}) {
+        SCOPED_TRACE(tag);
+        const auto archive = readObject(tag == "absent" ? std::string() : "<" + tag + " name='value'/>");
+        const NibObject& object = theObject(archive);
+        EXPECT_TRUE(object.text("value").isEmpty());
+        EXPECT_EQ(object.number("value", 7), 7);
+        EXPECT_TRUE(object.flag("value", true));
+        EXPECT_EQ(object.code("value"), 0u);
+        EXPECT_FALSE(object.reference("value").has_value());
+        EXPECT_TRUE(object.array("value").empty());
+        EXPECT_FALSE(object.rectangle("value").has_value());
+    }
+}
+
+TEST(NibArchiveValues, OfOneNameAreTheFirst)
+{
+    EXPECT_EQ(theObject(readObject("<int name='n'>1</int><int name='n'>2</int>")).number("n", 0), 1);
+}
+
+TEST(NibArchiveValues, MayBeSplitByCommentsAndSections)
+{
+    const auto archive = readObject("<string name='t'>a<!-- no -->b<![CDATA[<c>]]><?no?>d</string>");
+    EXPECT_EQ(theObject(archive).text("t"), QStringLiteral("ab<c>d"));
+}
+
+struct CodeCase {
+    const char* name;
+    const char* text;
+    OSType code;
+};
+
+const CodeCase CODE_CASES[] = {
+    {"FourLetters", "demo", 0x64656D6F},
+    {"BlanksAtTheEnd", "ok  ", 0x6F6B2020},
+    {"BlanksInFront", "  ok", 0x20206F6B},
+    {"OnlyBlanks", "    ", 0x20202020},
+    {"ShorterEndsInBlanks", "ok", 0x6F6B2020},
+    {"EmptyIsBlanks", "", 0x20202020},
+    {"MacOSRoman", "\u00c4\u20ac\u00f8\u02c7", 0x80DBBFFF},
+    {"Escapes", "&lt;&amp;&gt;&#33;", 0x3C263E21},
+};
+
+class NibCodes : public testing::TestWithParam<CodeCase> { };
+
+TEST_P(NibCodes, KeepEveryCharacter)
+{
+    const auto archive = readObject(std::string("<ostype name='code'>") + GetParam().text + "</ostype>");
+    EXPECT_EQ(theObject(archive).code("code"), GetParam().code);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, NibCodes, testing::ValuesIn(CODE_CASES), [](const auto& row) { return row.param.name; });
+
+struct RectangleCase {
+    const char* name;
+    const char* text;
+    bool fits;
+};
+
+const RectangleCase RECTANGLE_CASES[] = {
+    {"BlankAfterEach", "-1 2 32767 -32768 ", true},
+    {"NoBlankAtTheEnd", "-1 2 32767 -32768", true},
+    {"MoreBlanks", "  -1  2 32767   -32768 ", true},
+    {"Empty", "", false},
+    {"Three", "1 2 3 ", false},
+    {"Five", "1 2 3 4 5 ", false},
+    {"Letters", "1 2 3 x ", false},
+    {"Fractions", "1 2 3 4.5 ", false},
+    {"AboveSixteenBits", "-1 2 32768 -32768 ", false},
+    {"BelowSixteenBits", "-1 2 32767 -32769 ", false},
+    {"FarTooLarge", "1 2 3 99999999999999999999 ", false},
+};
+
+class NibRectangles : public testing::TestWithParam<RectangleCase> { };
+
+TEST_P(NibRectangles, AreFourNumbersOfSixteenBits)
+{
+    const auto archive = readObject(std::string("<string name='bounds'>") + GetParam().text + "</string>");
+    const std::optional<Rect> found = theObject(archive).rectangle("bounds");
+    ASSERT_EQ(found.has_value(), GetParam().fits);
+    if (!found)
+        return;
+    EXPECT_EQ(found->top, -1);
+    EXPECT_EQ(found->left, 2);
+    EXPECT_EQ(found->bottom, 32767);
+    EXPECT_EQ(found->right, -32768);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, NibRectangles, testing::ValuesIn(RECTANGLE_CASES), [](const auto& row) { return row.param.name; });
+
+// ---- Objects
+
+TEST(NibArchiveObjects, MayStandInPlaceBeforeOrAfterAReference)
+{
+    const auto archive = readObject("<array name='all'>"
+                                    "<reference idRef='after'/>"
+                                    "<object class='Before' id='before'/>"
+                                    "<object class='InPlace' id='in place'/>"
+                                    "<reference idRef='before'/>"
+                                    "<object class='After' id='after'/>"
+                                    "<object class='WithoutId'><object class='Inside'/></object>"
+                                    "<object class='WithoutIdToo'/>"
+                                    "<reference idRef='nowhere'/></array>");
+    QStringList classes;
+    for (const auto& value : theObject(archive).array("all")) {
+        ASSERT_NE(value.as<NibReference>(), nullptr);
+        const NibObject* const object = archive->find(*value.as<NibReference>());
+        classes += object == nullptr ? QStringLiteral("none") : object->className;
+    }
+    EXPECT_EQ(classes.join(QLatin1Char(' ')),
+        QStringLiteral("After Before InPlace Before After WithoutId WithoutIdToo none"));
+}
+
+TEST(NibArchiveObjects, MayReferToThemselvesAndEachOther)
+{
+    const auto archive = readObject("<reference name='self' idRef='1'/>"
+                                    "<object name='other' class='Other' id='2'><reference name='back' idRef='1'/>"
+                                    "</object>");
+    const NibObject& object = theObject(archive);
+    ASSERT_TRUE(object.reference("self").has_value());
+    EXPECT_EQ(archive->find(*object.reference("self")), &object);
+    const NibObject* const other = archive->find(*object.reference("other"));
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(archive->find(*other->reference("back")), &object);
+}
+
+// ---- The name table
+
+TEST(NibNameTable, NamesObjectsOfTheArchive)
+{
+    const auto archive = read(SAMPLE_NIB);
+    ASSERT_TRUE(archive.has_value());
+    const auto* const chooser = archive->named(QStringLiteral("Size_Chooser"));
+    ASSERT_NE(chooser, nullptr);
+    ASSERT_NE(chooser->as<NibReference>(), nullptr);
+    EXPECT_EQ(archive->find(*chooser->as<NibReference>())->className, QStringLiteral("IBCarbonWindow"));
+    EXPECT_EQ(archive->named(QStringLiteral("size_chooser")), nullptr) << "upper and lower case differ";
+    EXPECT_EQ(archive->named(QString()), nullptr);
+}
+
+TEST(NibNameTable, GivesTheFirstOfTwoOfOneName)
+{
+    const auto archive = readObject("<dictionary name='nameTable'><string>A</string><reference idRef='first'/>"
+                                    "<string>A</string><reference idRef='second'/></dictionary>");
+    ASSERT_TRUE(archive.has_value());
+    EXPECT_EQ(archive->named(QStringLiteral("A"))->as<NibReference>()->id, QStringLiteral("first"));
+}
+
+TEST(NibNameTable, MayBeMissing)
+{
+    for (const char* const properties : {"", "<string name='nameTable'>A</string>"}) {
+        const auto archive = readObject(properties);
+        ASSERT_TRUE(archive.has_value());
+        EXPECT_EQ(archive->named(QStringLiteral("A")), nullptr);
+    }
+}
+
+// ---- What is no archive
+
+struct RefusedCase {
+    const char* name;
+    std::string xml;
+};
+
+const RefusedCase REFUSED_CASES[] = {
+    {"Empty", ""},
+    {"Blanks", " \n "},
+    {"Text", "Size_Chooser"},
+    {"AnotherRoot", "<plist><dict/></plist>"},
+    {"AStringAsRoot", "<string>text</string>"},
+    {"TwoRoots", "<object class='A'/><object class='B'/>"},
+    {"TextAfterTheRoot", "<object class='A'/>text"},
+    {"CommentAfterTheRoot", "<object class='A'/><!-- text -->"},
+    {"TagsThatDoNotMatch", "<object class='A'><string>a</object></string>"},
+    {"AttributeTwice", "<object class='A' class='B'/>"},
+    {"NotUTF8", "<object class='A'><string>\xFF</string></object>"},
+    {"ZeroByte", std::string("<object class='A'>\0</object>", 27)},
+    {"TwoObjectsOfOneId", "<object class='A' id='1'><object class='B' id='1'/></object>"},
+    {"IntOfLetters", "<object class='A'><int name='n'>x</int></object>"},
+    {"IntThatIsEmpty", "<object class='A'><int name='n'/></object>"},
+    {"IntWithAFraction", "<object class='A'><int name='n'>1.5</int></object>"},
+    {"IntInAnotherBase", "<object class='A'><int name='n'>0x10</int></object>"},
+    {"IntOfTooManyDigits", "<object class='A'><int name='n'>99999999999999999999</int></object>"},
+    {"UnsignedIntOfLetters", "<object class='A'><unsigned_int name='n'>x</unsigned_int></object>"},
+    {"BooleanInLowerCase", "<object class='A'><boolean name='b'>true</boolean></object>"},
+    {"BooleanThatIsEmpty", "<object class='A'><boolean name='b'/></object>"},
+    {"CodeOfFiveCharacters", "<object class='A'><ostype name='c'>abcde</ostype></object>"},
+    {"CodeOutsideMacOSRoman", "<object class='A'><ostype name='c'>ab\u65e5d</ostype></object>"},
+    {"CodeOfSurrogates", "<object class='A'><ostype name='c'>ab\U0001F600</ostype></object>"},
+    {"ElementInAString", "<object class='A'><string name='s'>a<int>1</int></string></object>"},
+    {"DictionaryOfAnOddNumber", "<object class='A'><dictionary><string>a</string></dictionary></object>"},
+    {"DictionaryWithoutNames", "<object class='A'><dictionary><int>1</int><int>2</int></dictionary></object>"},
+    {"EntityOfItsOwn", "<!DOCTYPE object [<!ENTITY e 'x'>]><object class='A'><string name='s'>&e;</string></object>"},
+    {"EntityThatIsNotUsed", "<!DOCTYPE object [<!ENTITY e 'x'>]><object class='A'/>"},
+    {"ExternalEntity",
+        "<!DOCTYPE object [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><object class='A'><string>&e;</string></object>"},
+    {"ParameterEntity", "<!DOCTYPE object [<!ENTITY % p ''>]><object class='A'/>"},
+    {"ExternalParameterEntity", "<!DOCTYPE object [<!ENTITY % p SYSTEM 'file:///etc/passwd'> %p;]><object class='A'/>"},
+    {"EntityOfAnotherDocument",
+        "<!DOCTYPE object SYSTEM 'http://127.0.0.1:1/x.dtd'><object class='A'><string name='s'>&e;</string></object>"},
+    {"UnknownEntity", "<object class='A'><string name='s'>&e;</string></object>"},
+};
+
+class NibArchiveRefused : public testing::TestWithParam<RefusedCase> { };
+
+TEST_P(NibArchiveRefused, WhenItIsCorrupt)
+{
+    EXPECT_FALSE(read(GetParam().xml).has_value());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, NibArchiveRefused, testing::ValuesIn(REFUSED_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(NibArchiveRefused, WhereverItIsCutOff)
+{
+    const std::string whole = SAMPLE_NIB.substr(0, SAMPLE_NIB.rfind('>') + 1);
+    ASSERT_TRUE(read(whole).has_value());
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        EXPECT_FALSE(read(whole.substr(0, length)).has_value()) << length;
+}
+
+TEST(NibArchiveRefused, WithATagOfVeryManyAttributesWithoutReadingItAll)
+{
+    // The stream compares every attribute of a tag with every other: read to its end, each of these would take minutes.
+    std::string inTheTag = "<object ";
+    for (int i = 0; i < 250000; ++i)
+        inTheTag += "a" + std::to_string(i) + "='' ";
+    EXPECT_FALSE(read(inTheTag + "/>").has_value());
+
+    std::string declared = "<!DOCTYPE object [";
+    for (int i = 0; i < 100000; ++i)
+        declared += "<!ATTLIST object a" + std::to_string(i) + " CDATA ''>";
+    EXPECT_FALSE(read(declared + "]><object class='A'/>").has_value());
+}
+
+// ---- Limits
+
+TEST(NibArchive, MayNameATypeOfDocumentThatIsNeverFetched)
+{
+    EXPECT_TRUE(
+        read("<!DOCTYPE object PUBLIC '-//Demo//EN' 'http://127.0.0.1:1/x.dtd'><object class='A'/>").has_value());
+    EXPECT_TRUE(read("<!DOCTYPE object SYSTEM 'file:///dev/zero'><object class='A'/>").has_value());
+}
+
+TEST(NibArchive, DoesNotBelieveItsCounts)
+{
+    const auto archive = readObject("<array count='4000000000' name='a'><int>1</int></array>"
+                                    "<dictionary count='-1' name='d'><string>k</string><int>1</int></dictionary>");
+    EXPECT_EQ(theObject(archive).array("a").size(), 1u);
+}
+
+TEST(NibArchive, MayNestTo200Elements)
+{
+    const auto nested = [](int depth) {
+        return "<object class='A'>" + repeated("<array>", depth - 1) + repeated("</array>", depth - 1) + "</object>";
+    };
+    EXPECT_TRUE(read(nested(199)).has_value());
+    EXPECT_TRUE(read(nested(200)).has_value());
+    EXPECT_FALSE(read(nested(201)).has_value());
+    EXPECT_FALSE(read(nested(100000)).has_value());
+    EXPECT_FALSE(read(repeated("<object>", 100000)).has_value());
+}
+
+TEST(NibArchive, MayHaveAnyNumberOfElementsBesideOneAnother)
+{
+    EXPECT_TRUE(readObject(repeated("<int>1</int>", 1000)).has_value());
+    EXPECT_TRUE(readObject("<array>" + repeated("<int>1</int>", 1000) + "</array>").has_value());
+}
+
+TEST(NibArchive, MayNestAnythingInWhatIsOfNoUse)
+{
+    EXPECT_TRUE(readObject(repeated("<thing>", 1000) + repeated("</thing>", 1000)).has_value());
+}
+
+// The stream is given 1 KiB at a time. That must not show, wherever a piece ends.
+TEST(NibArchive, IsTheSameWhereverAPieceEnds)
+{
+    const std::string properties = "<string name='t'>\u65e5\r\n\U0001F600&amp;</string>";
+    for (std::size_t length = 0; length <= 1024; ++length) {
+        const std::string blanks(length, ' ');
+        const auto archive = readObject(blanks + properties);
+        EXPECT_EQ(theObject(archive).text("t"), QStringLiteral("\u65e5\n\U0001F600&")) << length;
+        EXPECT_TRUE(read("<object class='A'/>" + blanks).has_value()) << length;
+        EXPECT_FALSE(read("<object class='A'/>" + blanks + "x").has_value()) << length;
+        EXPECT_FALSE(read(blanks + "<object class='A'").has_value()) << length;
+    }
+}
+
+TEST(NibArchive, TakesTextsOf16KiBButNotOfMuchMoreWhereverAPieceEnds)
+{
+    for (std::size_t before = 0; before < 1024; before += 13) {
+        const auto ofLength = [&](std::size_t length) {
+            return readObject(std::string(before, ' ') + "<string name='s'>" + std::string(length, 'x') + "</string>");
+        };
+        EXPECT_EQ(theObject(ofLength(16 * 1024)).text("s").size(), 16 * 1024) << before;
+        EXPECT_FALSE(ofLength(17 * 1024 + 1).has_value()) << before;
+    }
+}
+
+}  // namespace

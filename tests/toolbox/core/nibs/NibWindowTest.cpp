@@ -1,0 +1,465 @@
+#include "toolbox/core/nibs/NibWindow.h"
+
+#include "tests/toolbox/core/dialogs/TestWindow.h"
+#include "tests/toolbox/core/nibs/SampleNib.h"
+
+#include <QStringList>
+
+namespace {
+
+using Toolbox::ButtonRole;
+using Toolbox::Control;
+using Toolbox::ControlKind;
+using Toolbox::Justification;
+using Toolbox::NibArchive;
+using Toolbox::NibObject;
+using Toolbox::NibReference;
+using Toolbox::Window;
+
+// The window `name` of the archive `xml`, or null where it cannot be made.
+std::unique_ptr<Window> windowOf(const std::string& xml, const char* name = "Window")
+{
+    const auto archive = NibArchive::read(QByteArray::fromStdString(xml));
+    if (!archive || archive->named(QLatin1String(name)) == nullptr) {
+        ADD_FAILURE() << "no archive with " << name;
+        return nullptr;
+    }
+    const NibObject* const object = archive->find(*archive->named(QLatin1String(name))->as<NibReference>());
+    EXPECT_TRUE(Toolbox::isWindow(*object));
+    return Toolbox::makeWindow(*archive, *object);
+}
+
+// The first control in the window's root.
+const Control& onlyControl(const std::unique_ptr<Window>& window)
+{
+    return *window->root->children.at(0);
+}
+
+std::vector<int> edges(const Rect& rectangle)
+{
+    return {rectangle.top, rectangle.left, rectangle.bottom, rectangle.right};
+}
+
+class NibWindow : public WindowTest { };
+
+// ---- The dialog of the sample
+
+TEST_F(NibWindow, IsWhatTheArchiveSays)
+{
+    const auto window = windowOf(SAMPLE_NIB, "Size_Chooser");
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->title, QStringLiteral("Paper & ink"));
+    EXPECT_EQ(edges(window->content), (std::vector<int>{200, 300, 320, 620}));
+    EXPECT_EQ(window->windowClass, 4u);
+    EXPECT_EQ(window->windowPosition, 7u);
+    EXPECT_FALSE(window->visible);
+}
+
+TEST_F(NibWindow, HasItsControlsInTheirOrder)
+{
+    const auto window = windowOf(SAMPLE_NIB, "Size_Chooser");
+    ASSERT_NE(window, nullptr);
+    const auto controls = window->controls();
+    const struct {
+        ControlKind kind;
+        const char* title;
+        std::vector<int> bounds;
+        MenuCommand command;
+        ButtonRole role;
+    } rows[] = {
+        {ControlKind::Root, "", {0, 0, 120, 320}, 0, ButtonRole::Plain},
+        {ControlKind::StaticText, "Choose a <size>:", {20, 20, 36, 300}, 0, ButtonRole::Plain},
+        {ControlKind::PopupButton, "", {44, 20, 64, 200}, 0, ButtonRole::Plain},
+        {ControlKind::Button, "OK", {80, 230, 100, 300}, kHICommandOK, ButtonRole::Default},
+        {ControlKind::Button, "Cancel", {80, 148, 100, 218}, kHICommandCancel, ButtonRole::Cancel},
+    };
+    ASSERT_EQ(controls.size(), std::size(rows));
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(controls[i]->kind, rows[i].kind);
+        EXPECT_EQ(controls[i]->title, QLatin1String(rows[i].title));
+        EXPECT_EQ(edges(controls[i]->bounds), rows[i].bounds);
+        EXPECT_EQ(controls[i]->command, rows[i].command);
+        EXPECT_EQ(controls[i]->role, rows[i].role);
+        EXPECT_TRUE(controls[i]->usable());
+        EXPECT_EQ(controls[i]->container, i == 0 ? nullptr : controls[0]);
+    }
+}
+
+TEST_F(NibWindow, HasAPopUpWithItsItems)
+{
+    const auto window = windowOf(SAMPLE_NIB, "Size_Chooser");
+    ASSERT_NE(window, nullptr);
+    const Control* const popUp = window->findControl({'demo', 1});
+    ASSERT_NE(popUp, nullptr);
+    QStringList titles;
+    for (const auto& item : popUp->items)
+        titles += item.title;
+    EXPECT_EQ(titles, (QStringList{QStringLiteral("Small"), QStringLiteral("Medium"), QStringLiteral("Large")}));
+    EXPECT_EQ(popUp->value, 1);
+    EXPECT_EQ(popUp->minimum, 1);
+    EXPECT_EQ(popUp->maximum, 3);
+}
+
+// ---- Properties and their defaults
+
+TEST_F(NibWindow, IsADocumentWindowWithoutPositionAndControlsByDefault)
+{
+    const auto window = windowOf("<object class='NSIBObjectData'><dictionary name='nameTable'><string>Window</string>"
+                                 "<object class='IBCarbonWindow'><string name='windowRect'>1 2 3 4 </string></object>"
+                                 "</dictionary></object>");
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->title.isEmpty());
+    EXPECT_EQ(window->windowClass, 6u);
+    EXPECT_EQ(window->windowPosition, 0u);
+    ASSERT_EQ(window->controls().size(), 1u);
+    EXPECT_EQ(window->controls()[0]->kind, ControlKind::Root);
+}
+
+TEST_F(NibWindow, GivesControlsTheirDefaults)
+{
+    const auto window = windowOf(nibOf(controlOf("IBCarbonButton")));
+    ASSERT_NE(window, nullptr);
+    const Control& control = onlyControl(window);
+    EXPECT_EQ(edges(control.bounds), (std::vector<int>{1, 2, 3, 4}));
+    EXPECT_TRUE(control.title.isEmpty());
+    EXPECT_EQ(control.id.signature, 0u);
+    EXPECT_EQ(control.id.id, 0);
+    EXPECT_EQ(control.command, 0u);
+    EXPECT_TRUE(control.enabled);
+    EXPECT_FALSE(control.hidden);
+    EXPECT_EQ(control.role, ButtonRole::Plain);
+}
+
+TEST_F(NibWindow, GivesControlsOfAnyClassWhatEveryControlHas)
+{
+    const std::string properties =
+        "<string name='title'>T</string><ostype name='controlSignature'>sign</ostype><int name='controlID'>-5</int>"
+        "<ostype name='command'>comm</ostype><boolean name='enabled'>FALSE</boolean>"
+        "<boolean name='hidden'>TRUE</boolean><array name='subviews'>"
+        + controlOf("IBCarbonButton", "<ostype name='controlSignature'>innr</ostype>") + "</array>";
+    for (const char* const name : {"IBCarbonButton", "IBCarbonUserPane", "IBCarbonUnheardOf", "", "IBCarbonWindow"}) {
+        SCOPED_TRACE(name);
+        const auto window = windowOf(nibOf(controlOf(name, properties)));
+        ASSERT_NE(window, nullptr);
+        const Control* const control = window->findControl({'sign', -5});
+        ASSERT_NE(control, nullptr);
+        EXPECT_EQ(control->title, QStringLiteral("T"));
+        EXPECT_EQ(control->command, MenuCommand{'comm'});
+        EXPECT_FALSE(control->enabled);
+        EXPECT_TRUE(control->hidden);
+        ASSERT_NE(window->findControl({'innr', 0}), nullptr);
+        EXPECT_EQ(window->findControl({'innr', 0})->container, control);
+    }
+}
+
+TEST_F(NibWindow, KeepsBoundsInTheCoordinatesOfTheContentInNestedControlsToo)
+{
+    const auto window = windowOf(nibOf(controlOf("IBCarbonGroupBox",
+        "<string name='viewFrame'>9 9 9 9</string><array name='subviews'>" + controlOf("IBCarbonButton")
+            + "</array>")));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(edges(onlyControl(window).children.at(0)->bounds), (std::vector<int>{1, 2, 3, 4}));
+}
+
+struct ClassCase {
+    const char* name;
+    const char* className;
+    std::string properties;
+    ControlKind kind;
+    SInt32 minimum, maximum, value;
+};
+
+const std::string TWO_ITEMS = menuOf("<object class='IBCarbonMenuItem'/><object class='IBCarbonMenuItem'/>");
+const std::string FIVE_RADIO_BUTTONS = "<array name='radioTitles'>"
+                                       "<array><string>A</string><string>B</string></array>"
+                                       "<array><string>C</string><string>D</string></array>"
+                                       "<array><string>E</string></array></array><int name='numCols'>2</int>";
+const std::string TWO_RADIO_BUTTONS = "<array name='radioTitles'>"
+                                      "<array><string>A</string></array><array><string>B</string></array></array>";
+const std::string TWO_TABS = "<array name='tabItems'><dictionary/><dictionary/></array>";
+
+std::string number(const char* name, long long value)
+{
+    return std::string("<int name='") + name + "'>" + std::to_string(value) + "</int>";
+}
+
+std::string range(int minimum, int maximum, int value)
+{
+    return number("minimumValue", minimum) + number("maximumValue", maximum) + number("initialValue", value);
+}
+
+// clang-format off
+const ClassCase CLASS_CASES[] = {
+    // name               class                    properties                               kind                  min max value
+    {"Button",            "IBCarbonButton",        "",                                      ControlKind::Button,      0,   0, 0},
+    {"PopUp",             "IBCarbonPopupButton",   TWO_ITEMS,                               ControlKind::PopupButton, 1,   2, 1},
+    {"PopUpItemZero",     "IBCarbonPopupButton",   TWO_ITEMS + number("selectedItem", 0),   ControlKind::PopupButton, 1,   2, 1},
+    {"PopUpSecondItem",   "IBCarbonPopupButton",   TWO_ITEMS + number("selectedItem", 2),   ControlKind::PopupButton, 1,   2, 2},
+    {"PopUpItemTooFar",   "IBCarbonPopupButton",   TWO_ITEMS + number("selectedItem", 3),   ControlKind::PopupButton, 1,   2, 2},
+    {"PopUpEmptyMenu",    "IBCarbonPopupButton",   menuOf(""),                              ControlKind::PopupButton, 0,   0, 0},
+    {"PopUpWithoutMenu",  "IBCarbonPopupButton",   "",                                      ControlKind::PopupButton, 0,   0, 0},
+    {"StaticText",        "IBCarbonStaticText",    "",                                      ControlKind::StaticText,  0,   0, 0},
+    {"EditText",          "IBCarbonEditText",      "",                                      ControlKind::EditText,    0,   0, 0},
+    {"CheckBox",          "IBCarbonCheckBox",      "",                                      ControlKind::CheckBox,    0,   2, 0},
+    {"CheckBoxOn",        "IBCarbonCheckBox",      number("initialState", 1),               ControlKind::CheckBox,    0,   2, 1},
+    {"CheckBoxMixed",     "IBCarbonCheckBox",      number("initialState", 2),               ControlKind::CheckBox,    0,   2, 2},
+    {"CheckBoxTooFar",    "IBCarbonCheckBox",      number("initialState", 9),               ControlKind::CheckBox,    0,   2, 2},
+    {"RadioButton",       "IBCarbonRadioButton",   number("initialState", 1),               ControlKind::RadioButton, 0,   2, 1},
+    {"GroupBox",          "IBCarbonGroupBox",      "",                                      ControlKind::GroupBox,    0,   0, 0},
+    {"GroupBoxPopUp",     "IBCarbonGroupBox",      TWO_ITEMS + number("selectedItem", 2),   ControlKind::GroupBox,    1,   2, 2},
+    {"Separator",         "IBCarbonSeparator",     "",                                      ControlKind::Separator,   0,   0, 0},
+    {"RadioGroup",        "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS,                      ControlKind::Other,       0,   5, 1},
+    {"RadioGroupFourth",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", 2) + number("selectedCol", 2), ControlKind::Other, 0, 5, 4},
+    {"RadioGroupTooFar",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", 0x7FFFFFFF) + number("selectedCol", 0x7FFFFFFF), ControlKind::Other, 0, 5, 5},
+    {"RadioGroupBefore",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", -0x7FFFFFFF), ControlKind::Other, 0, 5, 0},
+    {"RadioGroupOneColumn", "IBCarbonRadioGroup",  TWO_RADIO_BUTTONS + number("selectedRow", 2), ControlKind::Other,  0,   2, 2},
+    {"RadioGroupEmpty",   "IBCarbonRadioGroup",    "",                                      ControlKind::Other,       0,   0, 0},
+    {"ProgressBar",       "IBCarbonProgressBar",   "",                                      ControlKind::Other,       0, 100, 0},
+    {"Slider",            "IBCarbonSlider",        range(-5, 5, 3),                         ControlKind::Other,      -5,   5, 3},
+    {"ScrollBar",         "IBCarbonScrollBar",     range(-5, 5, 6),                         ControlKind::Other,      -5,   5, 5},
+    {"LittleArrows",      "IBCarbonLittleArrows",  range(5, -5, 3),                         ControlKind::Other,       5,  -5, 5},
+    {"Tab",               "IBCarbonTab",           TWO_TABS,                                ControlKind::Other,       1,   2, 1},
+    {"TabSecond",         "IBCarbonTab",           TWO_TABS + number("tabSelection", 2),    ControlKind::Other,       1,   2, 2},
+    {"TabWithoutTabs",    "IBCarbonTab",           "",                                      ControlKind::Other,       0,   0, 0},
+    {"Triangle",          "IBCarbonTriangle",      "",                                      ControlKind::Other,       0,   1, 0},
+    {"TriangleOpen",      "IBCarbonTriangle",      "<boolean name='collapsed'>FALSE</boolean>", ControlKind::Other,   0,   1, 1},
+    {"BevelButtonMenu",   "IBCarbonBevelButton",   TWO_ITEMS,                               ControlKind::Other,       1,   2, 1},
+    {"RoundButton",       "IBCarbonRoundButton",   "",                                      ControlKind::Other,       0,   0, 0},
+    {"UserPane",          "IBCarbonUserPane",      "",                                      ControlKind::Other,       0,   0, 0},
+    {"Icon",              "IBCarbonIcon",          "",                                      ControlKind::Other,       0,   0, 0},
+    {"Picture",           "IBCarbonPicture",       "",                                      ControlKind::Other,       0,   0, 0},
+    {"ImageWell",         "IBCarbonImageWell",     "",                                      ControlKind::Other,       0,   0, 0},
+    {"ChasingArrows",     "IBCarbonChasingArrows", "",                                      ControlKind::Other,       0,   0, 0},
+    {"HIView",            "IBCarbonHIView",        "",                                      ControlKind::Other,       0,   0, 0},
+    {"Custom",            "IBCarbonCustom",        "",                                      ControlKind::Other,       0,   0, 0},
+    {"ScrollView",        "IBCarbonScrollView",    "",                                      ControlKind::Other,       0,   0, 0},
+    {"WithoutItsPrefix",  "Button",                "",                                      ControlKind::Other,       0,   0, 0},
+};
+// clang-format on
+
+class NibControlClass : public WindowTest, public testing::WithParamInterface<ClassCase> { };
+
+TEST_P(NibControlClass, HasItsKindAndValues)
+{
+    const auto window = windowOf(nibOf(controlOf(GetParam().className, GetParam().properties)));
+    ASSERT_NE(window, nullptr);
+    const Control& control = onlyControl(window);
+    EXPECT_EQ(control.kind, GetParam().kind);
+    EXPECT_EQ(control.minimum, GetParam().minimum);
+    EXPECT_EQ(control.maximum, GetParam().maximum);
+    EXPECT_EQ(control.value, GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, NibControlClass, testing::ValuesIn(CLASS_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(NibWindow, GivesButtonsTheirRoles)
+{
+    const struct {
+        int type;
+        ButtonRole role;
+    } rows[] = {{0, ButtonRole::Plain}, {1, ButtonRole::Default}, {2, ButtonRole::Cancel}, {3, ButtonRole::Plain},
+        {-1, ButtonRole::Plain}};
+    for (const auto& row : rows) {
+        const auto window = windowOf(nibOf(controlOf("IBCarbonButton", number("buttonType", row.type))));
+        ASSERT_NE(window, nullptr);
+        EXPECT_EQ(onlyControl(window).role, row.role) << row.type;
+    }
+}
+
+TEST_F(NibWindow, JustifiesTexts)
+{
+    const struct {
+        int number;
+        Justification justification;
+    } rows[] = {{0, Justification::Natural}, {1, Justification::Center}, {-1, Justification::Right},
+        {-2, Justification::Left}, {2, Justification::Natural}, {-3, Justification::Natural}};
+    for (const auto& row : rows) {
+        const auto window = windowOf(nibOf(controlOf("IBCarbonStaticText", number("justification", row.number))));
+        ASSERT_NE(window, nullptr);
+        EXPECT_EQ(onlyControl(window).justification, row.justification) << row.number;
+    }
+}
+
+TEST_F(NibWindow, JustifiesATextNaturallyThatDoesNotSayHow)
+{
+    const auto window = windowOf(nibOf(controlOf("IBCarbonStaticText", "")));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(onlyControl(window).justification, Justification::Natural);
+}
+
+TEST_F(NibWindow, TakesTheTitleOfAnEditableTextAsItsText)
+{
+    const auto window = windowOf(nibOf(controlOf("IBCarbonEditText", "<string name='title'>abc</string>")));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(onlyControl(window).text, QStringLiteral("abc"));
+    EXPECT_TRUE(onlyControl(window).title.isEmpty());
+    EXPECT_FALSE(onlyControl(window).secret);
+}
+
+TEST_F(NibWindow, KeepsAPasswordSecret)
+{
+    const auto window = windowOf(nibOf(controlOf("IBCarbonEditText", "<boolean name='isPassword'>TRUE</boolean>")));
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(onlyControl(window).secret);
+}
+
+TEST_F(NibWindow, LetsAToggleBeMovedByItsOwner)
+{
+    const auto window = windowOf(nibOf(
+        controlOf("IBCarbonCheckBox") + controlOf("IBCarbonCheckBox", "<boolean name='autoToggle'>FALSE</boolean>")));
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->root->children.at(0)->autoToggle);
+    EXPECT_FALSE(window->root->children.at(1)->autoToggle);
+}
+
+TEST_F(NibWindow, ReadsItemsWithTheirDefaults)
+{
+    const auto item = [](const char* properties) {
+        return std::string("<object class='IBCarbonMenuItem'>") + properties + "</object>";
+    };
+    const struct {
+        const char* properties;
+        const char* title;
+        MenuCommand command;
+        bool enabled, separator, hidden;
+    } rows[] = {
+        {"", "", 0, true, false, false},
+        {"<string name='title'>A &amp; B</string><ostype name='command'>it</ostype>", "A & B", 'it  ', true, false,
+            false},
+        {"<boolean name='disabled'>TRUE</boolean>", "", 0, false, false, false},
+        {"<boolean name='separator'>TRUE</boolean>", "", 0, true, true, false},
+        {"<boolean name='hidden'>TRUE</boolean>", "", 0, true, false, true},
+    };
+    std::string items;
+    for (const auto& row : rows)
+        items += item(row.properties);
+    const auto window = windowOf(nibOf(controlOf("IBCarbonPopupButton", menuOf(items))));
+    ASSERT_NE(window, nullptr);
+    const auto& read = onlyControl(window).items;
+    ASSERT_EQ(read.size(), std::size(rows));
+    for (std::size_t i = 0; i < read.size(); ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(read[i].title, QLatin1String(rows[i].title));
+        EXPECT_EQ(read[i].command, rows[i].command);
+        EXPECT_EQ(read[i].enabled, rows[i].enabled);
+        EXPECT_EQ(read[i].separator, rows[i].separator);
+        EXPECT_EQ(read[i].hidden, rows[i].hidden);
+    }
+}
+
+// ---- Archives that are wrong
+
+struct UnfitCase {
+    const char* name;
+    std::string xml;
+};
+
+// An archive of a window with these properties alone.
+std::string nibOfWindow(const std::string& properties)
+{
+    return "<object class='NSIBObjectData'><dictionary name='nameTable'><string>Window</string>"
+           "<object class='IBCarbonWindow' id='2'>"
+        + properties + "</object></dictionary></object>";
+}
+
+// A pane whose only control is the one of `id`.
+std::string paneAround(const std::string& id, const std::string& around)
+{
+    return "<object class='IBCarbonUserPane' id='" + id
+        + "'><string name='bounds'>1 2 3 4 </string><array name='subviews'><reference idRef='" + around
+        + "'/></array></object>";
+}
+
+const UnfitCase UNFIT_CASES[] = {
+    {"WindowWithoutRectangle", nibOfWindow("")},
+    {"WindowWithAWrongRectangle", nibOfWindow("<string name='windowRect'>0 0 99999 1 </string>")},
+    {"WindowAsItsRootControl",
+        nibOfWindow("<string name='windowRect'>1 2 3 4 </string><string name='bounds'>1 2 3 4 </string>"
+                    "<reference name='rootControl' idRef='2'/>")},
+    {"RootControlThatIsNowhere",
+        nibOfWindow("<string name='windowRect'>1 2 3 4 </string><reference name='rootControl' idRef='9'/>")},
+    {"ControlWithoutBounds", nibOf("<object class='IBCarbonButton'/>")},
+    {"ControlWithWrongBounds", nibOf("<object class='IBCarbonButton'><string name='bounds'>a b c d</string></object>")},
+    {"BoundsOfAnotherType", nibOf("<object class='IBCarbonButton'><int name='bounds'>1</int></object>")},
+    {"ControlThatIsNowhere", nibOf("<reference idRef='99'/>")},
+    {"ControlThatIsNoObject", nibOf("<string>IBCarbonButton</string>")},
+    {"ControlInItself", nibOf("<reference idRef='3'/>")},
+    {"ControlTwice",
+        nibOf("<reference idRef='9'/><reference idRef='9'/>",
+            "<object class='IBCarbonButton' id='9'><string name='bounds'>1 2 3 4 </string></object>")},
+    {"ControlsInEachOther", nibOf("<reference idRef='8'/>", paneAround("8", "9") + paneAround("9", "8"))},
+    {"MenuThatIsNowhere", nibOf(controlOf("IBCarbonPopupButton", "<reference name='menu' idRef='99'/>"))},
+    {"MenuOfTwoPopUps",
+        nibOf(controlOf("IBCarbonPopupButton", "<reference name='menu' idRef='9'/>")
+                + controlOf("IBCarbonPopupButton", "<reference name='menu' idRef='9'/>"),
+            "<object class='IBCarbonMenu' id='9'/>")},
+    {"MenuThatIsThePopUp",
+        nibOf("<object class='IBCarbonPopupButton' id='9'><string name='bounds'>1 2 3 4 </string>"
+              "<reference name='menu' idRef='9'/></object>")},
+    {"ItemThatIsNowhere", nibOf(controlOf("IBCarbonPopupButton", menuOf("<reference idRef='99'/>")))},
+    {"ItemTwice",
+        nibOf(controlOf(
+            "IBCarbonPopupButton", menuOf("<object class='IBCarbonMenuItem' id='9'/><reference idRef='9'/>")))},
+    {"ItemThatIsTheRoot", nibOf(controlOf("IBCarbonPopupButton", menuOf("<reference idRef='3'/>")))},
+};
+
+class NibWindowUnfit : public WindowTest, public testing::WithParamInterface<UnfitCase> { };
+
+TEST_P(NibWindowUnfit, IsNotMade)
+{
+    EXPECT_EQ(windowOf(GetParam().xml), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, NibWindowUnfit, testing::ValuesIn(UNFIT_CASES), [](const auto& row) { return row.param.name; });
+
+// Controls that lie in one another by references do not nest in the archive itself.
+TEST_F(NibWindow, MayNestTo100Controls)
+{
+    const auto chain = [](int length) {
+        std::string panes;
+        for (int i = 1; i < length; ++i)
+            panes += paneAround("p" + std::to_string(i), "p" + std::to_string(i + 1));
+        return nibOf("<reference idRef='p1'/>",
+            panes + "<object class='IBCarbonButton' id='p" + std::to_string(length)
+                + "'><string name='bounds'>1 2 3 4 </string></object>");
+    };
+    EXPECT_NE(windowOf(chain(99)), nullptr);  // and the root
+    EXPECT_EQ(windowOf(chain(100)), nullptr);
+    EXPECT_EQ(windowOf(chain(10000)), nullptr);
+}
+
+TEST_F(NibWindow, HasRoomForManyControls)
+{
+    std::string controls;
+    for (int i = 0; i < 2000; ++i)
+        controls += controlOf("IBCarbonButton");
+    const auto window = windowOf(nibOf(controls));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->controls().size(), 2001u);
+}
+
+// Most of these are no archives, and some are ones whose window cannot be made. What is made is whole.
+TEST_F(NibWindow, IsWholeOrNotMadeWhateverByteIsWrong)
+{
+    int made = 0;
+    for (std::size_t at = 0; at < SAMPLE_NIB.size(); ++at) {
+        for (const char wrong : {'\0', '<', '"', '1'}) {
+            std::string xml = SAMPLE_NIB;
+            xml[at] = wrong;
+            const auto archive = NibArchive::read(QByteArray::fromStdString(xml));
+            const NibObject* const object = archive ? archive->find({QStringLiteral("2")}) : nullptr;
+            const auto window = object == nullptr ? nullptr : Toolbox::makeWindow(*archive, *object);
+            if (window == nullptr)
+                continue;
+            ++made;
+            for (const Control* const control : window->controls())
+                EXPECT_TRUE(&control->window == window.get() && control->value <= std::max(control->maximum, 1));
+        }
+    }
+    EXPECT_GT(made, 0);
+}
+
+}  // namespace

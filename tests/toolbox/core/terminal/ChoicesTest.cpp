@@ -1,0 +1,131 @@
+#include "toolbox/core/terminal/Choices.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Toolbox::Choices;
+using Toolbox::isReturnAlone;
+
+struct FindCase {
+    const char* name;
+    const char* typed;
+    int found;  // the index, or -1
+    const char* problem = "";
+};
+
+// 0 English, 1 Japanese, 2 German, 3 French, 4 a number as a name, 5 OK, 6 Cancel, 7 the button that Return presses.
+Choices languages()
+{
+    Choices choices;
+    choices.add(QStringLiteral("English"), 1);
+    choices.add(QStringLiteral("日本語 (Japanese)"), 2);
+    choices.add(QStringLiteral("Deutsch / German"), 3);
+    choices.add(QStringLiteral("Français – French"), 4);
+    choices.add(QStringLiteral("1"), 12);
+    choices.add(QStringLiteral("Okay, then"), std::nullopt, QStringLiteral("cancel"));
+    choices.add(QStringLiteral("Cancel"));
+    choices.add(QStringLiteral("Install"), std::nullopt, QStringLiteral("ok"));
+    return choices;
+}
+
+// clang-format off
+const FindCase FIND_CASES[] = {
+    {"Number",                        "3",                2},
+    {"NumberOfTwoDigits",             "12",               4},
+    {"NumberBeforeAName",             "1",                0},
+    {"NumberWithBlanks",              "  2 ",             1},
+    {"WideNumber",                    "２",               1},
+    {"NumberThatIsNotThere",          "5",                -1, "There is no \"5\" here."},
+    {"Zero",                          "0",                -1, "There is no \"0\" here."},
+    {"NegativeNumber",                "-1",               -1, "There is no \"-1\" here."},
+    {"NumberBeyondEveryRange",        "99999999999999",   -1, "There is no \"99999999999999\" here."},
+    {"WholeName",                     "日本語 (Japanese)", 1},
+    {"FirstPart",                     "日本語",            1},
+    {"SecondPart",                    "Japanese",         1},
+    {"PartAfterAStroke",              "German",           2},
+    {"PartAfterADash",                "French",           3},
+    {"OtherCase",                     "jApAnEsE",         1},
+    {"WithoutAccent",                 "francais",         3},
+    {"OtherCaseOfAnAccentedLetter",   "FRANÇAIS",         3},
+    {"ComposedOtherwise",             "franc\u0327ais",   3},
+    {"Beginning",                     "jap",              1},
+    {"BeginningOfTheFirstPart",       "日",               1},
+    {"BeginningOfAWholeName",         "deutsch / g",      2},
+    {"MiddleOfAName",                 "ench",             -1, "There is no \"ench\" here."},
+    {"LongerThanTheName",             "Englisher",        -1, "There is no \"Englisher\" here."},
+    {"TwoPartsBeginAlike",            "f",                3},
+    {"BlanksInside",                  "okay,   then",     5},
+    {"Word",                          "ok",               7},
+    {"WordInCapitals",                "OK",               7},
+    {"WordBeforeABeginning",          "ok",               7},
+    {"BeginningOfAWordIsNone",        "o",                5},
+    {"NameBeforeAWord",               "cancel",           6},
+    {"Nothing",                       "",                 -1, "There is no \"\" here."},
+    {"BlanksAlone",                   "   ",              -1, "There is no \"\" here."},
+    {"ControlCharacters",             "a\x01\f\x1b",       -1, "There is no \"a^A^L^[\" here."},
+    {"APlaceholderIsNoPlaceholder",   "%1 %2",            -1, "There is no \"%1 %2\" here."},
+};
+// clang-format on
+
+class FindChoice : public testing::TestWithParam<FindCase> { };
+
+TEST_P(FindChoice, TakesTheSurestReading)
+{
+    QString problem;
+    const auto found = languages().find(QString::fromUtf8(GetParam().typed), &problem);
+    EXPECT_EQ(found ? static_cast<int>(*found) : -1, GetParam().found);
+    EXPECT_EQ(problem.toStdString(), GetParam().problem);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FindChoice, testing::ValuesIn(FIND_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(FindChoice, NamesTheChoicesThatItCouldBe)
+{
+    Choices choices;
+    choices.add(QStringLiteral("Español (Spanish)"), 1);
+    choices.add(QStringLiteral("English"), 2);
+    choices.add(QStringLiteral("Svenska\n(Swedish)"), 3);
+    QString problem;
+    EXPECT_FALSE(choices.find(QStringLiteral("E"), &problem).has_value());
+    EXPECT_EQ(problem, QStringLiteral("\"E\" could be Español (Spanish) or English."));
+    EXPECT_FALSE(choices.find(QStringLiteral("s"), &problem).has_value());
+    EXPECT_EQ(problem, QStringLiteral("\"s\" could be Español (Spanish) or Svenska (Swedish)."));
+}
+
+TEST(FindChoice, KnowsNamesakesByTheirNumbersOnly)
+{
+    Choices choices;
+    choices.add(QStringLiteral("Same"), 1);
+    choices.add(QStringLiteral("Same"), 2);
+    QString problem;
+    EXPECT_FALSE(choices.find(QStringLiteral("Same"), &problem).has_value());
+    EXPECT_EQ(choices.find(QStringLiteral("2"), &problem), std::optional<std::size_t>(1));
+}
+
+TEST(ReturnAlone, IsNothingButBlanks)
+{
+    for (const char* const typed : {"", " ", "   ", "\t", " \t ", "\u3000"})
+        EXPECT_TRUE(isReturnAlone(QString::fromUtf8(typed))) << typed;
+    for (const char* const typed : {"x", " x ", "\f", "\x0b", "\x01", " \x1b"})
+        EXPECT_FALSE(isReturnAlone(QString::fromUtf8(typed))) << typed;
+}
+
+TEST(FindChoice, RepeatsTheBeginningOfALongText)
+{
+    QString problem;
+    EXPECT_FALSE(languages().find(QString(40, QLatin1Char('x')), &problem).has_value());
+    EXPECT_EQ(problem, QStringLiteral("There is no \"%1\" here.").arg(QString(40, QLatin1Char('x'))));
+    EXPECT_FALSE(languages().find(QString(41, QLatin1Char('x')), &problem).has_value());
+    EXPECT_EQ(problem, QStringLiteral("There is no \"%1...\" here.").arg(QString(40, QLatin1Char('x'))));
+}
+
+TEST(FindChoice, FindsNothingAmongNothing)
+{
+    QString problem;
+    EXPECT_FALSE(Choices().find(QStringLiteral("x"), &problem).has_value());
+    EXPECT_EQ(problem, QStringLiteral("There is no \"x\" here."));
+}
+
+}  // namespace

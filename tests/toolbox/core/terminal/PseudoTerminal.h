@@ -1,0 +1,44 @@
+// A terminal without a screen, with a process on it that a test talks to as a person would.
+
+#ifndef TESTS_TOOLBOX_CORE_TERMINAL_PSEUDOTERMINAL_H
+#define TESTS_TOOLBOX_CORE_TERMINAL_PSEUDOTERMINAL_H
+
+#include <functional>
+#include <optional>
+#include <string>
+
+/// Runs `work` in a process whose controlling terminal this is, and which reports one line when it is done.
+class PseudoTerminal {
+public:
+    /// Starts `work` in the locale named `locale`. What it returns is the report.
+    PseudoTerminal(const char* locale, const std::function<std::string()>& work);
+
+    /// Hangs up, and waits for the process.
+    ~PseudoTerminal();
+
+    PseudoTerminal(const PseudoTerminal&) = delete;
+    PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+
+    /// Waits until what the process has written since the last call ends in `end`; returns all that was written since
+    /// then, with plain line feeds. A test fails if that does not come, and gets what did.
+    std::string readUntil(const std::string& end);
+
+    /// Types `keys`; "\n" is Return, "\x04" the end of input.
+    void type(const std::string& keys);
+
+    /// Lets the terminal go away.
+    void hangUp();
+
+    /// What the process reports; nothing when it ends without a report or does not end.
+    std::optional<std::string> report();
+
+private:
+    int m_terminal = -1;
+    int m_report = -1;
+    int m_process = -1;
+};
+
+/// Runs `work` in a process without a terminal, and returns what it reports.
+std::optional<std::string> reportWithoutTerminal(const std::function<std::string()>& work);
+
+#endif

@@ -1,0 +1,415 @@
+#include "tests/toolbox/core/displays/Dialog.h"
+#include "tests/toolbox/core/terminal/PseudoTerminal.h"
+
+#include <csignal>
+
+namespace {
+
+using Toolbox::Alert;
+using Toolbox::ButtonRole;
+using Toolbox::Control;
+using Toolbox::ControlKind;
+
+// ---- Windows
+
+using Change = std::function<void(Dialog&)>;
+
+std::function<std::string()> runChanged(const Change& change)
+{
+    return [change] {
+        Toolbox::UseTerminalDisplay();
+        Dialog dialog;
+        change(dialog);
+        return dialog.run();
+    };
+}
+
+void leaveAsItIs(Dialog&) { }
+
+const std::string QUESTION = "Number or name, Cancel, or Return for OK: ";
+
+TEST(TerminalWindow, ShowsItsTextsAndNumbersItsItems)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
+    EXPECT_EQ(terminal.readUntil(QUESTION),
+        "\nPaper & ink\n"
+        "\n"
+        "Choose a size:\n"
+        "  1  Small\n"
+        "  2  日本 (Medium) - chosen\n"
+        "  3  Large\n"
+        "\n" + QUESTION);
+}
+
+TEST(TerminalWindow, StaysReadableInASCII)
+{
+    PseudoTerminal terminal("C", runChanged(leaveAsItIs));
+    const std::string shown = terminal.readUntil(QUESTION);
+    EXPECT_NE(shown.find("  2  Medium - chosen\n"), std::string::npos) << shown;
+    terminal.type("medium\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "medium\nMedium is chosen.\n" + QUESTION);
+    terminal.type("\n");
+    EXPECT_EQ(terminal.report(), "ended: item 2 ok");
+}
+
+struct SessionCase {
+    const char* name;
+    const char* keys;
+    const char* report;
+};
+
+const SessionCase SESSION_CASES[] = {
+    {"ReturnConfirms", "\n", "ended: ok"},
+    {"BlanksConfirm", "  \n", "ended: ok"},
+    {"Number", "3\n\n", "ended: item 3 ok"},
+    {"Name", "small\n\n", "ended: item 1 ok"},
+    {"BeginningOfAPart", "med\n\n", "ended: item 2 ok"},
+    {"NameThatIsNotASCII", "日本\n\n", "ended: item 2 ok"},
+    {"SecondThoughts", "1\n3\n\n", "ended: item 1 item 3 ok"},
+    {"OK", "ok\n", "ended: ok"},
+    {"Cancel", "Cancel\n", "ended: cancel"},
+    {"BeginningOfAButton", "c\n", "ended: cancel"},
+    {"ChoiceThenCancel", "3\ncancel\n", "ended: item 3 cancel"},
+    {"NonsenseThenReturn", "nonsense\n7\n-1\n\n", "ended: ok"},
+    {"EndOfInput", "\x04", "ended: cancel"},
+    {"ChoiceThenEndOfInput", "3\n\x04", "ended: item 3 cancel"},
+    {"HalfALineThenEndOfInput", "3\x04\x04", "ended: cancel"},
+};
+
+class TerminalSession : public testing::TestWithParam<SessionCase> { };
+
+TEST_P(TerminalSession, BecomesCommands)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
+    terminal.readUntil(QUESTION);
+    terminal.type(GetParam().keys);
+    EXPECT_EQ(terminal.report(), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, TerminalSession, testing::ValuesIn(SESSION_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(TerminalWindow, SaysWhatWasChosenAndWhatWasNotUnderstood)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
+    terminal.readUntil(QUESTION);
+    terminal.type("9\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "9\nThere is no \"9\" here.\n" + QUESTION);
+    terminal.type("\x1B[31m\n");
+    EXPECT_NE(terminal.readUntil(QUESTION).find("\nThere is no \"^[[31m\" here.\n"), std::string::npos);
+    terminal.type("la\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "la\nLarge is chosen.\n" + QUESTION);
+    terminal.type("\n");
+    EXPECT_EQ(terminal.report(), "ended: item 3 ok");
+}
+
+TEST(TerminalWindow, DoesNotSayThatItChoseWhatAHandlerTook)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.recorder.answer = noErr; }));
+    terminal.readUntil(QUESTION);
+    terminal.type("3\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "3\n" + QUESTION);
+    terminal.type("\n");
+    EXPECT_EQ(terminal.report(), "ended: item 3 ok");
+}
+
+TEST(TerminalWindow, IsCancelledWhenTheTerminalHangsUp)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog&) { std::signal(SIGHUP, SIG_IGN); }));
+    terminal.readUntil(QUESTION);
+    terminal.hangUp();
+    EXPECT_EQ(terminal.report(), "ended: cancel");
+}
+
+TEST(TerminalWindow, IsCancelledWithoutATerminal)
+{
+    EXPECT_EQ(reportWithoutTerminal(runChanged(leaveAsItIs)), "ended: cancel");
+}
+
+TEST(TerminalWindow, FailsWhenInputEndsAndCancellingDoesNotEndIt)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.recorder.action = {}; }));
+    terminal.readUntil(QUESTION);
+    terminal.type("ok\ncancel\n\x04");
+    EXPECT_EQ(terminal.report(),
+        "the terminal gives no more input, and cancelling the window does not end it: ok cancel cancel");
+}
+
+struct WindowCase {
+    const char* name;
+    Change change;
+    std::string question;
+    const char* keys;
+    const char* report;
+};
+
+const WindowCase WINDOW_CASES[] = {
+    {"WithoutACancelButton", [](Dialog& dialog) { dialog.cancel.hidden = true; },
+        "Number or name, cancel, or Return for OK: ", "cancel\n", "ended: closed"},
+    {"WithoutACancelButtonAtTheEndOfInput", [](Dialog& dialog) { dialog.cancel.enabled = false; },
+        "Number or name, cancel, or Return for OK: ", "\x04", "ended: closed"},
+    {"WithoutADefaultButton", [](Dialog& dialog) { dialog.ok.hidden = true; },
+        "Number or name, or Cancel: ", "\nok\nc\n", "ended: cancel"},
+    {"WithAPlainOKButton", [](Dialog& dialog) { dialog.ok.role = ButtonRole::Plain; }, QUESTION, "\n", "ended: ok"},
+    {"WithOtherTitles",
+        [](Dialog& dialog) {
+            dialog.ok.title = QStringLiteral("Install");
+            dialog.cancel.title = QStringLiteral("Never mind");
+        },
+        "Number or name, Never mind, or Return for Install: ", "cancel\n", "ended: cancel"},
+    {"WithAnotherButton", [](Dialog& dialog) { dialog.add(ControlKind::Button, "Apply").command = 'aply'; },
+        "Number or name, Cancel, Apply, or Return for OK: ", "apply\nok\n", "ended: other ok"},
+    {"WithNothingToChoose", [](Dialog& dialog) { dialog.popUp.enabled = false; }, "Cancel, or Return for OK: ", "1\n\n",
+        "ended: ok"},
+    {"WithDisabledItems",
+        [](Dialog& dialog) {
+            dialog.popUp.items[0].enabled = false;
+            dialog.popUp.items[1].separator = true;
+        },
+        QUESTION, "1\nok\n", "ended: item 3 ok"},
+};
+
+class ChangedWindow : public testing::TestWithParam<WindowCase> { };
+
+TEST_P(ChangedWindow, IsAskedAboutAsItIs)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged(GetParam().change));
+    terminal.readUntil("\n\n" + GetParam().question);
+    terminal.type(GetParam().keys);
+    EXPECT_EQ(terminal.report(), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ChangedWindow, testing::ValuesIn(WINDOW_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(TerminalWindow, SaysThatReturnMeansNothingWithoutADefaultButton)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.ok.enabled = false; }));
+    terminal.readUntil("Number or name, or Cancel: ");
+    terminal.type("\n");
+    EXPECT_EQ(terminal.readUntil("Number or name, or Cancel: "),
+        "\nReturn alone means nothing here.\nNumber or name, or Cancel: ");
+}
+
+TEST(TerminalWindow, ShowsEveryKindOfControl)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) {
+        dialog.popUp.title = QStringLiteral("Size:");
+        dialog.add(ControlKind::GroupBox, "More\x1B[2J");
+        dialog.add(ControlKind::CheckBox, "Smooth").value = 1;
+        dialog.add(ControlKind::RadioButton, "Thick");
+        dialog.add(ControlKind::Separator, "line");
+        dialog.add(ControlKind::Other, "other");
+        dialog.add(ControlKind::StaticText, "Hidden").hidden = true;
+        dialog.add(ControlKind::StaticText, "Name:");
+        dialog.made.add(ControlKind::EditText).text = QStringLiteral("Ada");
+        dialog.add(ControlKind::StaticText, "Two\rlines");
+        dialog.made.add(ControlKind::EditText).secret = true;
+    }));
+    EXPECT_EQ(terminal.readUntil(QUESTION),
+        "\nPaper & ink\n"
+        "\n"
+        "Choose a size:\n"
+        "Size:\n"
+        "  1  Small\n"
+        "  2  日本 (Medium) - chosen\n"
+        "  3  Large\n"
+        "More [2J\n"
+        "  4  Smooth - on\n"
+        "  5  Thick\n"
+        "Name:\n"
+        "  6  Name - Ada\n"
+        "Two\n"
+        "lines\n"
+        "  7  Two lines - not shown\n"
+        "\n" + QUESTION);
+}
+
+TEST(TerminalWindow, ChangesCheckBoxesAndRadioButtons)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) {
+        dialog.add(ControlKind::CheckBox, "Smooth").value = 1;
+        dialog.add(ControlKind::RadioButton, "Thick");
+    }));
+    terminal.readUntil(QUESTION);
+    terminal.type("4\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "4\nSmooth is off.\n" + QUESTION);
+    terminal.type("thick\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "thick\nThick is chosen.\n" + QUESTION);
+}
+
+TEST(TerminalWindow, TakesTexts)
+{
+    PseudoTerminal terminal("C.UTF-8", [] {
+        Dialog dialog;
+        dialog.add(ControlKind::StaticText, "Name:");
+        Control& name = dialog.made.add(ControlKind::EditText);
+        dialog.add(ControlKind::StaticText, "Password:");
+        Control& password = dialog.made.add(ControlKind::EditText);
+        password.secret = true;
+        Toolbox::UseTerminalDisplay();
+        const std::string report = dialog.run();
+        return report + " " + name.text.toStdString() + " " + password.text.toStdString();
+    });
+    terminal.readUntil(QUESTION);
+    terminal.type("name\n");
+    EXPECT_EQ(terminal.readUntil("Name: "), "name\nName: ");
+    terminal.type("Ada Lovelace\n");
+    terminal.readUntil(QUESTION);
+    terminal.type("password\n");
+    terminal.readUntil("Password: ");
+    terminal.type("secret\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "\n" + QUESTION) << "what is secret is not shown";
+    terminal.type("\n");
+    EXPECT_EQ(terminal.report(), "ended: ok Ada Lovelace secret");
+}
+
+TEST(TerminalWindow, MayBeDisposedOfByAHandler)
+{
+    for (const char* const keys : {"ok\n", "3\n", "cancel\n", "\x04"}) {
+        PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) {
+            dialog.recorder.action = [ref = dialog.made.ref](const HICommand&) { DisposeWindow(ref); };
+        }));
+        terminal.readUntil(QUESTION);
+        terminal.type(keys);
+        EXPECT_EQ(terminal.report().value_or("none").substr(0, 6), "ended:") << keys;
+    }
+}
+
+TEST(TerminalWindow, MayRunAnotherInside)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) {
+        dialog.recorder.action = [&dialog](const HICommand& command) {
+            Dialog inner;
+            inner.made.window().title = QStringLiteral("Inner");
+            if (command.commandID == 0)
+                RunAppModalLoopForWindow(inner.made.ref);
+            else
+                QuitAppModalLoopForWindow(dialog.made.ref);
+        };
+    }));
+    terminal.readUntil(QUESTION);
+    terminal.type("3\n");
+    EXPECT_NE(terminal.readUntil(QUESTION).find("\nInner\n"), std::string::npos);
+    terminal.type("\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "\nLarge is chosen.\n" + QUESTION);
+    terminal.type("\n");
+    EXPECT_EQ(terminal.report(), "ended: item 3 ok");
+}
+
+// ---- Alerts
+
+Alert fourButtons()
+{
+    Alert alert;
+    alert.type = kAlertCautionAlert;
+    alert.text = QStringLiteral("Replace <b>everything</b>?\nAnd & more\x1B[2J");
+    alert.explanation = QStringLiteral("It cannot be undone.");
+    alert.buttons = {{1, QStringLiteral("OK"), true, {}}, {2, QStringLiteral("Cancel"), true, {}},
+        {3, QStringLiteral("Don't Save"), true, {}}, {4, QStringLiteral("Help"), false, {}}};
+    alert.defaultButton = 1;
+    alert.cancelButton = 2;
+    return alert;
+}
+
+Alert withoutCancel()
+{
+    Alert alert = fourButtons();
+    alert.cancelButton = 0;
+    return alert;
+}
+
+Alert withoutKeys()
+{
+    Alert alert = withoutCancel();
+    alert.defaultButton = 0;
+    return alert;
+}
+
+std::function<std::string()> runAlertOf(Alert (*make)())
+{
+    return [make] {
+        Toolbox::UseTerminalDisplay();
+        return std::to_string(Toolbox::runAlert(make()));
+    };
+}
+
+const std::string ALERT_QUESTION = "Number or name, or Return for the default: ";
+
+TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
+{
+    PseudoTerminal terminal("C.UTF-8", runAlertOf(fourButtons));
+    EXPECT_EQ(terminal.readUntil(ALERT_QUESTION),
+        "\nCaution: Replace <b>everything</b>?\n"
+        "And & more [2J\n"
+        "\n"
+        "It cannot be undone.\n"
+        "\n"
+        "  1  OK - default\n"
+        "  2  Cancel\n"
+        "  3  Don't Save\n"
+        "\n" + ALERT_QUESTION);
+}
+
+TEST(TerminalAlert, SaysWhichKindItIs)
+{
+    struct {
+        AlertType type;
+        const char* start;
+    } const kinds[] = {{kAlertStopAlert, "\nStop: x\n"}, {kAlertNoteAlert, "\nNote: x\n"},
+        {kAlertCautionAlert, "\nCaution: x\n"}, {kAlertPlainAlert, "\nx\n"}, {9, "\nx\n"}};
+    for (const auto& [type, start] : kinds) {
+        PseudoTerminal terminal("C.UTF-8", [wanted = type] {
+            Alert alert;
+            alert.type = wanted;
+            alert.text = QStringLiteral("x");
+            alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
+            alert.defaultButton = 1;
+            Toolbox::UseTerminalDisplay();
+            return std::to_string(Toolbox::runAlert(alert));
+        });
+        EXPECT_EQ(terminal.readUntil(ALERT_QUESTION), start + ("\n  1  OK - default\n\n" + ALERT_QUESTION));
+        terminal.type("\n");
+        EXPECT_EQ(terminal.report(), "1");
+    }
+}
+
+struct AlertCase {
+    const char* name;
+    Alert (*make)();
+    const char* keys;
+    const char* report;
+};
+
+const AlertCase ALERT_CASES[] = {
+    {"Return", fourButtons, "\n", "1"},
+    {"Number", fourButtons, "2\n", "2"},
+    {"Name", fourButtons, "don't save\n", "3"},
+    {"Beginning", fourButtons, "can\n", "2"},
+    {"DisabledButton", fourButtons, "4\nhelp\n3\n", "3"},
+    {"Nonsense", fourButtons, "nonsense\n0\n2\n", "2"},
+    {"EndOfInputCancels", fourButtons, "\x04", "2"},
+    {"EndOfInputTakesTheDefault", withoutCancel, "\x04", "1"},
+    {"EndOfInputTakesTheFirst", withoutKeys, "\x04", "1"},
+    {"ReturnWithoutADefault", withoutKeys, "\n3\n", "3"},
+};
+
+class TerminalAlertSession : public testing::TestWithParam<AlertCase> { };
+
+TEST_P(TerminalAlertSession, TakesAButton)
+{
+    PseudoTerminal terminal("C.UTF-8", runAlertOf(GetParam().make));
+    terminal.readUntil(GetParam().make == withoutKeys ? "Number or name: " : ALERT_QUESTION);
+    terminal.type(GetParam().keys);
+    EXPECT_EQ(terminal.report(), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, TerminalAlertSession, testing::ValuesIn(ALERT_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(TerminalAlert, TakesTheCancelButtonWithoutATerminal)
+{
+    EXPECT_EQ(reportWithoutTerminal(runAlertOf(fourButtons)), "2");
+}
+
+}  // namespace

@@ -1,0 +1,179 @@
+#include "toolbox/core/terminal/TerminalEncoding.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+namespace {
+
+using Toolbox::TerminalEncoding;
+
+// The encoding of the locale that the environment is made to name.
+std::unique_ptr<TerminalEncoding> encodingOf(const char* locale)
+{
+    setenv("LC_ALL", locale, 1);
+    auto encoding = std::make_unique<TerminalEncoding>();
+    unsetenv("LC_ALL");
+    return encoding;
+}
+
+struct ShowableCase {
+    const char* name;
+    const char* text;
+    const char* inUTF8;
+    const char* inASCII;
+};
+
+// clang-format off
+const ShowableCase SHOWABLE_CASES[] = {
+    {"ASCII",             "Plain & <b>text</b>",    "Plain & <b>text</b>",    "Plain & <b>text</b>"},
+    {"LineFeed",          "a\nb",                   "a\nb",                   "a\nb"},
+    {"Escape",            "a\x1B[31mb",             "a [31mb",                "a [31mb"},
+    {"EveryKindOfBreak",  "a\rb\tc\vd\fe\x08" "f",  "a b c d e f",            "a b c d e f"},
+    {"Bell",              "a\a",                    "a ",                     "a "},
+    {"Delete",            "a\x7F" "b",              "a b",                    "a b"},
+    {"EightBitEscape",    "a\u009B" "31mb",         "a 31mb",                 "a 31mb"},
+    {"NextLine",          "a\u0085b",               "a b",                    "a b"},
+    {"Accents",           "Français Español Å",     "Français Español Å",     "Francais Espanol A"},
+    {"CombiningAccent",   "e\u0301",                "e\u0301",                "e?"},
+    {"Japanese",          "日本語 (Japanese)",       "日本語 (Japanese)",       "??? (Japanese)"},
+    {"Ligatures",         "Œuvre ﬁn ß æ",           "Œuvre ﬁn ß æ",           "OEuvre fin ss ae"},
+    {"Quotes",            "“a” ‘b’ «c»",            "“a” ‘b’ «c»",            "\"a\" 'b' \"c\""},
+    {"Punctuation",       "a – b — c… •",           "a – b — c… •",           "a - b - c... *"},
+    {"NoBreakSpace",      "a\u00A0b",               "a\u00A0b",               "a b"},
+    {"RightToLeftMark",   "a\u202Eb",               "a?b",                    "a?b"},
+    {"ZeroWidthSpace",    "a\u200Bb",               "a?b",                    "a?b"},
+    {"LineSeparator",     "a\u2028b",               "a?b",                    "a?b"},
+    {"AppleLogo",         "\uF8FF",                 "?",                      "?"},
+    {"BeyondTheFirstPlane", "\U0001F600",           "\U0001F600",             "?"},
+    {"Nothing",           "",                       "",                       ""},
+};
+// clang-format on
+
+struct NameCase {
+    const char* name;
+    const char* whole;
+    const char* inUTF8;
+    const char* inASCII;
+};
+
+// clang-format off
+const NameCase NAME_CASES[] = {
+    {"Japanese",           "日本語 (Japanese)",    "日本語 (Japanese)",   "Japanese"},
+    {"JapaneseInBrackets", "Japanese (日本語)",    "Japanese (日本語)",   "Japanese"},
+    {"Accents",            "Français (French)",   "Français (French)",  "Francais (French)"},
+    {"OnlyOneLetterReads", "A語 (Alpha)",          "A語 (Alpha)",         "A? (Alpha)"},
+    {"NeitherPart",        "日本 (語)",            "日本 (語)",            "?\? (?)"},
+    {"OnePart",            "日本語",               "日本語",               "???"},
+    {"BracketsAlone",      "(日本語)",             "(日本語)",             "(?\?\?)"},
+    {"EmptyBrackets",      "日本語 ()",            "日本語 ()",            "?\?? ()"},
+    {"MoreBehind",         "日本 (Nippon) 語",     "日本 (Nippon) 語",     "?\? (Nippon) ?"},
+    {"Digits",             "日本語 (11)",          "日本語 (11)",          "11"},
+    {"Nothing",            "",                    "",                   ""},
+};
+// clang-format on
+
+class ReadableName : public testing::TestWithParam<NameCase> { };
+
+TEST_P(ReadableName, IsThePartThatCanBeRead)
+{
+    const QString whole = QString::fromUtf8(GetParam().whole);
+    EXPECT_EQ(encodingOf("C.UTF-8")->readableName(whole).toStdString(), GetParam().inUTF8);
+    EXPECT_EQ(encodingOf("C")->readableName(whole).toStdString(), GetParam().inASCII);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ReadableName, testing::ValuesIn(NAME_CASES), [](const auto& row) { return row.param.name; });
+
+class ShowableText : public testing::TestWithParam<ShowableCase> { };
+
+TEST_P(ShowableText, KeepsWhatTheEncodingHas)
+{
+    const auto encoding = encodingOf("C.UTF-8");
+    const QString showable = encoding->showable(QString::fromUtf8(GetParam().text));
+    EXPECT_EQ(showable.toStdString(), GetParam().inUTF8);
+    EXPECT_EQ(encoding->encode(showable).toStdString(), GetParam().inUTF8);
+}
+
+TEST_P(ShowableText, IsReadableInASCII)
+{
+    const auto encoding = encodingOf("C");
+    const QString showable = encoding->showable(QString::fromUtf8(GetParam().text));
+    EXPECT_EQ(showable.toStdString(), GetParam().inASCII);
+    EXPECT_EQ(encoding->encode(showable).toStdString(), GetParam().inASCII);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ShowableText, testing::ValuesIn(SHOWABLE_CASES), [](const auto& row) { return row.param.name; });
+
+// No character but the line feed may reach a terminal as a control character, in whatever encoding.
+TEST(ShowableText, HasNoControlCharacters)
+{
+    for (const char* const locale : {"C", "C.UTF-8"}) {
+        const auto encoding = encodingOf(locale);
+        for (char32_t each = 0; each < 0x10000; ++each) {
+            if (each == U'\n')
+                continue;
+            const std::string bytes = encoding->encode(encoding->showable(QString::fromUcs4(&each, 1))).toStdString();
+            for (const char byte : bytes)
+                ASSERT_FALSE(static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F) << std::hex << unsigned(each);
+            ASSERT_FALSE(bytes.size() == 2 && bytes[0] == '\xC2' && static_cast<unsigned char>(bytes[1]) < 0xA0)
+                << std::hex << unsigned(each);
+        }
+    }
+}
+
+TEST(ShowableText, SurvivesHalfASurrogatePair)
+{
+    for (const char* const locale : {"C", "C.UTF-8"}) {
+        const auto encoding = encodingOf(locale);
+        EXPECT_EQ(encoding->showable(QString(QChar(0xD800))).size(), 1);
+        EXPECT_EQ(encoding->showable(QString(QChar(0xDC00)) + QLatin1Char('a')).size(), 2);
+    }
+}
+
+TEST(TypedBytes, AreReadInTheEncoding)
+{
+    EXPECT_EQ(encodingOf("C.UTF-8")->decode("caf\xC3\xA9 \xE6\x97\xA5"), QStringLiteral("café 日"));
+    EXPECT_EQ(encodingOf("C")->decode("plain"), QStringLiteral("plain"));
+    EXPECT_EQ(encodingOf("C")->decode(""), QString());
+}
+
+TEST(TypedBytes, AreReplacedWhereTheyAreNotValid)
+{
+    const QChar bad(QChar::ReplacementCharacter);
+    EXPECT_EQ(encodingOf("C.UTF-8")->decode("a\xFF"
+                                            "b"),
+        QStringLiteral("a%1b").arg(bad));
+    EXPECT_EQ(encodingOf("C.UTF-8")->decode("a\xC3"), QStringLiteral("a%1").arg(bad));
+    EXPECT_EQ(encodingOf("C.UTF-8")->decode(QByteArray("a\0b", 3)).size(), 3);
+    EXPECT_EQ(encodingOf("C")->decode("a\xC3\xA9"), QStringLiteral("a%1%1").arg(bad));
+}
+
+TEST(TerminalColumns, AreThoseOfTheCharacter)
+{
+    const auto encoding = encodingOf("C.UTF-8");
+    EXPECT_EQ(encoding->columns(U'a'), 1);
+    EXPECT_EQ(encoding->columns(U'日'), 2);
+    EXPECT_EQ(encoding->columns(0x0301), 0) << "a combining accent";
+    EXPECT_EQ(encoding->columns(U'\n'), 0);
+}
+
+TEST(TerminalLocale, IsASCIIWhereTheEnvironmentNamesNone)
+{
+    EXPECT_EQ(encodingOf("xx_YY.no-such-locale")->showable(QStringLiteral("é")), QStringLiteral("e"));
+}
+
+TEST(TerminalLocale, LeavesTheProcessAlone)
+{
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    const auto encoding = encodingOf("C.UTF-8");
+    encoding->encode(encoding->showable(QStringLiteral("é")));
+    EXPECT_EQ(std::setlocale(LC_ALL, nullptr), before);
+    EXPECT_EQ(uselocale(nullptr), LC_GLOBAL_LOCALE);
+}
+
+}  // namespace

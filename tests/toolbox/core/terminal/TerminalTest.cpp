@@ -1,0 +1,229 @@
+#include "toolbox/core/terminal/Terminal.h"
+#include "tests/toolbox/core/terminal/PseudoTerminal.h"
+
+#include <Toolbox/Displays.h>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using Toolbox::Terminal;
+
+const std::string DONE = "done\n";
+
+// What the terminal shows when `write` has written to it, without the mark that it is done.
+std::string written(const char* locale, const std::function<void(Terminal&)>& write)
+{
+    PseudoTerminal terminal(locale, [&] {
+        Terminal opened;
+        write(opened);
+        opened.writeLines(QStringLiteral("done"));
+        return "written";
+    });
+    const std::string text = terminal.readUntil(DONE);
+    return text.substr(0, text.size() - DONE.size());
+}
+
+std::string writtenLines(const QString& text)
+{
+    return written("C.UTF-8", [&](Terminal& terminal) { terminal.writeLines(text); });
+}
+
+std::string describe(const std::optional<QString>& line)
+{
+    return line ? "[" + line->toStdString() + "]" : "nothing";
+}
+
+// What the answer to a question is when `keys` are typed.
+std::string answerTo(const std::string& keys)
+{
+    PseudoTerminal terminal("C.UTF-8", [] { return describe(Terminal().ask(QStringLiteral("? "))); });
+    EXPECT_EQ(terminal.readUntil("? "), "? ");
+    terminal.type(keys);
+    return terminal.report().value_or("no report");
+}
+
+// ---- Writing
+
+TEST(TerminalLines, AreWrittenAsTheyAre)
+{
+    EXPECT_EQ(writtenLines(QStringLiteral("one\n  two\n\nthree")), "one\n  two\n\nthree\n");
+    EXPECT_EQ(writtenLines(QString()), "\n");
+}
+
+TEST(TerminalLines, CarryNoControlCharacters)
+{
+    EXPECT_EQ(writtenLines(QStringLiteral("a\x1B[2Jb\u009B1mc\td\a")), "a [2Jb 1mc d \n");
+}
+
+TEST(TerminalLines, AreWrittenInTheLocalesEncoding)
+{
+    const auto write = [](Terminal& terminal) { terminal.writeLines(QStringLiteral("日本語 (Japanese) é")); };
+    EXPECT_EQ(written("C.UTF-8", write), "日本語 (Japanese) é\n");
+    EXPECT_EQ(written("C", write), "??? (Japanese) e\n");
+}
+
+struct BreakCase {
+    const char* name;
+    QString line;
+    QString broken;
+};
+
+const QString FORTY(40, QLatin1Char('x'));
+const QString EIGHTY(80, QLatin1Char('x'));
+const QString WIDE_FORTY(40, QChar(0x65E5));
+
+const BreakCase BREAK_CASES[] = {
+    {"JustFits", EIGHTY, EIGHTY},
+    {"OneTooLong", EIGHTY + "y", EIGHTY + "\ny"},
+    {"AtTheLastBlank", FORTY + " " + FORTY, FORTY + "\n" + FORTY},
+    {"WhereTheBlankIsTheFirstTooMany", EIGHTY + " y", EIGHTY + "\ny"},
+    {"AtTheLastOfSeveralBlanks", "a b " + FORTY + " " + FORTY, "a b " + FORTY + "\n" + FORTY},
+    {"TwiceInALongWord", EIGHTY + EIGHTY + "y", EIGHTY + "\n" + EIGHTY + "\ny"},
+    {"WideCharactersThatFit", WIDE_FORTY, WIDE_FORTY},
+    {"WideCharactersThatDoNot", WIDE_FORTY + QChar(0x672C), WIDE_FORTY + "\n" + QChar(0x672C)},
+    {"WideCharacterThatFitsHalf", "x" + WIDE_FORTY, "x" + WIDE_FORTY.chopped(1) + "\n" + QChar(0x65E5)},
+};
+
+class BrokenLine : public testing::TestWithParam<BreakCase> { };
+
+TEST_P(BrokenLine, IsNoWiderThanTheTerminal)
+{
+    EXPECT_EQ(writtenLines(GetParam().line), GetParam().broken.toStdString() + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, BrokenLine, testing::ValuesIn(BREAK_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(NumberedEntries, ContinueBelowTheirText)
+{
+    EXPECT_EQ(written("C.UTF-8",
+                  [](Terminal& terminal) {
+                      terminal.writeNumbered(1, QStringLiteral("One\nline"));
+                      terminal.writeNumbered(12, FORTY + " " + FORTY);
+                      terminal.writeNumbered(13, EIGHTY);
+                      terminal.writeNumbered(12345, QStringLiteral("Far"));
+                  }),
+        "  1  One line\n"
+        " 12  "
+            + FORTY.toStdString() + "\n     " + FORTY.toStdString()
+            + "\n"
+              " 13  "
+            + EIGHTY.toStdString().substr(0, 75) + "\n     " + EIGHTY.toStdString().substr(75)
+            + "\n"
+              "12345  Far\n");
+}
+
+// ---- Reading
+
+TEST(TerminalAnswer, IsTheLine)
+{
+    EXPECT_EQ(answerTo("yes\n"), "[yes]");
+    EXPECT_EQ(answerTo("\n"), "[]");
+    EXPECT_EQ(answerTo("日本\n"), "[日本]");
+}
+
+TEST(TerminalAnswer, IsNothingAtTheEndOfInput)
+{
+    EXPECT_EQ(answerTo("\x04"), "nothing");
+    EXPECT_EQ(answerTo("half\x04\x04"), "nothing");
+}
+
+TEST(TerminalAnswer, LeavesTheNextLineForTheNextQuestion)
+{
+    PseudoTerminal terminal("C.UTF-8", [] {
+        const std::string first = describe(Terminal().ask(QStringLiteral("1? ")));
+        return first + describe(Terminal().ask(QStringLiteral("2? ")));
+    });
+    terminal.readUntil("1? ");
+    terminal.type("one\ntwo\n");
+    EXPECT_EQ(terminal.report(), "[one][two]");
+}
+
+TEST(TerminalAnswer, MayFollowAnEndOfInput)
+{
+    PseudoTerminal terminal("C.UTF-8", [] {
+        const std::string first = describe(Terminal().ask(QStringLiteral("1? ")));
+        return first + describe(Terminal().ask(QStringLiteral("2? ")));
+    });
+    terminal.readUntil("1? ");
+    terminal.type("\x04");
+    EXPECT_EQ(terminal.readUntil("2? "), "\n2? ") << "the line that nobody ended is ended";
+    terminal.type("two\n");
+    EXPECT_EQ(terminal.report(), "nothing[two]");
+}
+
+TEST(TerminalAnswer, IsNothingOnceTheTerminalHangsUp)
+{
+    PseudoTerminal terminal("C.UTF-8", [] {
+        std::signal(SIGHUP, SIG_IGN);
+        return describe(Terminal().ask(QStringLiteral("? ")));
+    });
+    terminal.readUntil("? ");
+    terminal.hangUp();
+    EXPECT_EQ(terminal.report(), "nothing");
+}
+
+TEST(TerminalAnswer, IsNotShownWhereItIsSecret)
+{
+    PseudoTerminal terminal("C.UTF-8", [] {
+        Terminal opened;
+        const std::string secret = describe(opened.askSecretly(QStringLiteral("1? ")));
+        return secret + describe(opened.ask(QStringLiteral("2? ")));
+    });
+    terminal.readUntil("1? ");
+    terminal.type("secret\n");
+    EXPECT_EQ(terminal.readUntil("2? "), "\n2? ");
+    terminal.type("open\n");
+    EXPECT_EQ(terminal.readUntil("open\n"), "open\n") << "typing is shown again";
+    EXPECT_EQ(terminal.report(), "[secret][open]");
+}
+
+// ---- Whether there is a terminal
+
+std::string whetherTerminalAnswers()
+{
+    return Toolbox::TerminalAnswers() ? "yes" : "no";
+}
+
+TEST(TerminalAnswers, WhereTheProcessHasOne)
+{
+    EXPECT_EQ(PseudoTerminal("C", whetherTerminalAnswers).report(), "yes");
+}
+
+TEST(TerminalAnswers, NotWhereTheProcessHasNone)
+{
+    EXPECT_EQ(reportWithoutTerminal(whetherTerminalAnswers), "no");
+}
+
+TEST(TerminalAnswers, NotInTheBackground)
+{
+    PseudoTerminal terminal("C", [] {
+        const pid_t background = fork();
+        if (background == 0) {
+            setpgid(0, 0);
+            _exit(Toolbox::TerminalAnswers() ? 1 : 0);
+        }
+        int status = 0;
+        waitpid(background, &status, 0);
+        return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? "no" : "yes";
+    });
+    EXPECT_EQ(terminal.report(), "no");
+}
+
+TEST(TerminalWithoutOne, TakesTextsAndGivesNothing)
+{
+    EXPECT_EQ(reportWithoutTerminal([] {
+        Terminal terminal;
+        terminal.writeLines(QStringLiteral("text"));
+        return describe(terminal.ask(QStringLiteral("? "))) + describe(terminal.askSecretly(QStringLiteral("? ")));
+    }),
+        "nothingnothing");
+}
+
+}  // namespace

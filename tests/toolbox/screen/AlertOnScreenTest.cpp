@@ -1,0 +1,327 @@
+#include "tests/toolbox/screen/Person.h"
+#include "tests/toolbox/screen/WindowDisplayTest.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+
+namespace {
+
+using Toolbox::Alert;
+using Toolbox::AlertLayout;
+
+class AlertOnScreen : public WindowDisplayTest { };
+
+Alert fourButtons()
+{
+    Alert alert;
+    alert.type = kAlertCautionAlert;
+    alert.text = QStringLiteral("Replace <b>everything</b> & more?\nReally?");
+    alert.explanation = QStringLiteral("It cannot be undone.");
+    alert.buttons = {{1, QStringLiteral("Yes & no"), true, {}}, {2, QStringLiteral("Cancel"), true, {}},
+        {3, QStringLiteral("Don't Save"), true, {}}, {4, QStringLiteral("Help"), true, {}}};
+    alert.defaultButton = 1;
+    alert.cancelButton = 2;
+    return alert;
+}
+
+Alert withoutCancel()
+{
+    Alert alert = fourButtons();
+    alert.cancelButton = 0;
+    return alert;
+}
+
+Alert cancelIsDefault()
+{
+    Alert alert = fourButtons();
+    alert.defaultButton = 2;
+    return alert;
+}
+
+Alert oneButton()
+{
+    Alert alert;
+    alert.type = kAlertNoteAlert;
+    alert.text = QStringLiteral("Done.");
+    alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
+    alert.defaultButton = 1;
+    return alert;
+}
+
+// An alert as resources draw it: a text beside the icon, and two buttons at the lower right.
+Alert fromResources()
+{
+    Alert alert;
+    alert.type = kAlertStopAlert;
+    alert.buttons = {{1, QStringLiteral("OK"), true, {90, 230, 110, 300}},
+        {3, QStringLiteral("Cancel"), true, {90, 150, 110, 220}},
+        {4, QStringLiteral("Never"), false, {90, 20, 110, 90}}};
+    alert.defaultButton = 1;
+    alert.text = QStringLiteral("This external cannot do what the installer asks of it.");
+    alert.layout = AlertLayout{5000, {40, 40, 160, 360}, {{alert.text, {10, 75, 74, 300}}}};
+    return alert;
+}
+
+SInt16 runWith(const Alert& alert, const std::vector<Person::Act>& acts)
+{
+    const Person person(acts);
+    return Toolbox::runAlert(alert);
+}
+
+void lookAt(const Alert& alert, const Person::Act& look)
+{
+    EXPECT_EQ(runWith(alert, {look, press(Qt::Key_Return)}), alert.defaultButton);
+}
+
+QRect placeOf(const QWidget& widget)
+{
+    return QRect(widget.mapTo(widget.window(), QPoint(0, 0)), widget.size());
+}
+
+QRect buttonPlace(const QDialog& shown, const char* title)
+{
+    return placeOf(titled<QPushButton>(shown, title));
+}
+
+// ---- What is done in it
+
+struct SessionCase {
+    const char* name;
+    Alert (*make)();
+    std::vector<Person::Act> acts;
+    SInt16 pressed;
+};
+
+const SessionCase SESSION_CASES[] = {
+    {"ReturnPressesTheDefault", fourButtons, {press(Qt::Key_Return)}, 1},
+    {"EnterPressesTheDefault", cancelIsDefault, {press(Qt::Key_Enter)}, 2},
+    {"EscapePressesCancel", fourButtons, {press(Qt::Key_Escape)}, 2},
+    {"EscapeDoesNothingWithoutCancel", withoutCancel, {press(Qt::Key_Escape), press(Qt::Key_Return)}, 1},
+    {"EscapeDoesNothingForOneButton", oneButton, {press(Qt::Key_Escape), press(Qt::Key_Return)}, 1},
+    {"SpacePressesTheFocus", cancelIsDefault, {press(Qt::Key_Space)}, 2},
+    {"ClickOnTheFirst", fourButtons, {click("Yes && no")}, 1},
+    {"ClickOnCancel", fourButtons, {click("Cancel")}, 2},
+    {"ClickOnOther", fourButtons, {click("Don't Save")}, 3},
+    {"ClickOnHelp", fourButtons, {click("Help")}, 4},
+    {"ClosingPressesCancel", fourButtons, {close()}, 2},
+    {"ClosingPressesTheOnlyButton", oneButton, {close()}, 1},
+    {"ClosingDoesNothingWhereItIsNotClear", withoutCancel, {close(), click("Help")}, 4},
+    {"ClickOnAnItem", fromResources, {click("Cancel")}, 3},
+    {"ClickOnADisabledItem", fromResources, {click("Never"), press(Qt::Key_Return)}, 1},
+};
+
+class AlertSession : public AlertOnScreen, public testing::WithParamInterface<SessionCase> { };
+
+TEST_P(AlertSession, GivesTheButtonsNumber)
+{
+    EXPECT_EQ(runWith(GetParam().make(), GetParam().acts), GetParam().pressed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, AlertSession, testing::ValuesIn(SESSION_CASES), [](const auto& row) { return row.param.name; });
+
+// ---- How it looks
+
+TEST_F(AlertOnScreen, HasItsButtonsInTheOrderOfThePlatform)
+{
+    lookAt(fourButtons(), [](QDialog& shown) {
+        const QRect ok = buttonPlace(shown, "Yes && no");
+        const QRect cancel = buttonPlace(shown, "Cancel");
+        const QRect other = buttonPlace(shown, "Don't Save");
+        const QRect help = buttonPlace(shown, "Help");
+        EXPECT_LT(help.right(), other.left());
+        EXPECT_LT(other.right(), cancel.left());
+        EXPECT_LT(cancel.right(), ok.left());
+        EXPECT_EQ(help.left(), shown.width() - 1 - ok.right()) << "the margins are alike";
+        for (const QRect& each : {cancel, other, help})
+            EXPECT_EQ(each.center().y(), ok.center().y());
+        EXPECT_LT(ok.bottom(), shown.height());
+        EXPECT_EQ(QApplication::focusWidget(), &titled<QPushButton>(shown, "Yes && no"));
+        EXPECT_TRUE(titled<QPushButton>(shown, "Yes && no").isDefault());
+    });
+}
+
+TEST_F(AlertOnScreen, ShowsItsTextsAsTheyAre)
+{
+    lookAt(fourButtons(), [](QDialog& shown) {
+        const QLabel& text = titled<QLabel>(shown, "Replace <b>everything</b> && more?\nReally?");
+        const QLabel& explanation = titled<QLabel>(shown, "It cannot be undone.");
+        EXPECT_EQ(text.textFormat(), Qt::PlainText);
+        EXPECT_EQ(text.accessibleName(), QStringLiteral("Replace <b>everything</b> & more?\nReally?"));
+        EXPECT_TRUE(text.font().bold());
+        EXPECT_FALSE(explanation.font().bold());
+        EXPECT_LT(explanation.font().pixelSize(), text.font().pixelSize());
+        EXPECT_EQ(placeOf(text).left(), placeOf(explanation).left());
+        EXPECT_LT(placeOf(text).bottom(), placeOf(explanation).top());
+    });
+}
+
+TEST_F(AlertOnScreen, IsAnnouncedWithItsTexts)
+{
+    lookAt(fourButtons(), [](QDialog& shown) {
+        QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&shown);
+        EXPECT_EQ(accessible->role(), QAccessible::AlertMessage);
+        EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Caution"));
+        EXPECT_EQ(accessible->text(QAccessible::Description),
+            QStringLiteral("Replace <b>everything</b> & more?\nReally?\nIt cannot be undone."));
+    });
+}
+
+TEST_F(AlertOnScreen, HasTheIconOfItsType)
+{
+    struct {
+        AlertType type;
+        const char* title;
+        bool hasIcon;
+    } const types[] = {{kAlertStopAlert, "Stop", true}, {kAlertNoteAlert, "Note", true},
+        {kAlertCautionAlert, "Caution", true}, {kAlertPlainAlert, "Alert", false}, {-7, "Alert", false}};
+    QList<QImage> icons;
+    for (const auto& [type, title, hasIcon] : types) {
+        Alert alert = oneButton();
+        alert.type = type;
+        lookAt(alert, [&, expectedTitle = title, expectsIcon = hasIcon](QDialog& shown) {
+            EXPECT_EQ(shown.windowTitle(), QString::fromLatin1(expectedTitle));
+            QImage icon;
+            for (const QLabel* const each : shown.findChildren<QLabel*>())
+                if (!each->pixmap(Qt::ReturnByValue).isNull() && each->accessibleName() == shown.windowTitle())
+                    icon = each->pixmap(Qt::ReturnByValue).toImage();
+            EXPECT_EQ(icon.size(), expectsIcon ? QSize(48, 48) : QSize(0, 0)) << expectedTitle;
+            EXPECT_FALSE(expectsIcon && icons.contains(icon)) << "each type has its own";
+            icons.append(icon);
+        });
+    }
+}
+
+struct LongCase {
+    const char* name;
+    QString text;
+};
+
+const LongCase LONG_CASES[] = {
+    {"OneLongWord", QString(254, QLatin1Char('W'))},
+    {"ManyWords", QStringLiteral("word ").repeated(60)},
+    {"SeveralLines", QStringLiteral("line\n").repeated(10)},
+    {"Japanese", QStringLiteral("日本語").repeated(60)},
+};
+
+class LongAlert : public AlertOnScreen, public testing::WithParamInterface<LongCase> { };
+
+TEST_P(LongAlert, CutsNothingOff)
+{
+    Alert alert = oneButton();
+    alert.text = GetParam().text;
+    alert.explanation = GetParam().text;
+    lookAt(alert, [](QDialog& shown) {
+        int texts = 0;
+        for (const QLabel* const each : shown.findChildren<QLabel*>()) {
+            if (each->text().isEmpty())
+                continue;
+            ++texts;
+            EXPECT_GE(each->height(), each->heightForWidth(each->width()));
+            EXPECT_GE(each->heightForWidth(each->width()), 2 * each->fontMetrics().height()) << "it has several lines";
+            EXPECT_TRUE(shown.rect().contains(placeOf(*each)));
+        }
+        EXPECT_EQ(texts, 2);
+        EXPECT_LT(shown.width(), 600);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, LongAlert, testing::ValuesIn(LONG_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(AlertOnScreen, ScrollsATextThatIsHigherThanTheScreen)
+{
+    Alert alert = oneButton();
+    alert.text = QStringLiteral("line\n").repeated(500);
+    lookAt(alert, [](QDialog& shown) {
+        EXPECT_LT(shown.height(), shown.screen()->availableSize().height());
+        EXPECT_TRUE(shown.rect().contains(buttonPlace(shown, "OK")));
+        const QWidget& text = *only<QScrollArea>(shown).widget();
+        EXPECT_GT(text.height(), shown.height());
+    });
+}
+
+TEST_F(AlertOnScreen, ShowsEmptyTextsAndTitles)
+{
+    Alert alert = oneButton();
+    alert.text.clear();
+    alert.buttons[0].title.clear();
+    EXPECT_EQ(runWith(alert, {press(Qt::Key_Return)}), 1);
+}
+
+TEST_F(AlertOnScreen, StaysWithinTheScreenForButtonsThatDoNot)
+{
+    Alert alert = oneButton();
+    alert.buttons[0].title = QString(5000, QLatin1Char('W'));
+    lookAt(alert,
+        [](QDialog& shown) { EXPECT_EQ(shown.size(), shown.size().boundedTo(shown.screen()->availableSize())); });
+}
+
+// ---- The layout of resources
+
+TEST_F(AlertOnScreen, HasItsItemsWhereItsResourcesSay)
+{
+    lookAt(fromResources(), [](QDialog& shown) {
+        EXPECT_EQ(shown.width(), 320);
+        EXPECT_EQ(buttonPlace(shown, "OK").left(), 230);
+        EXPECT_EQ(buttonPlace(shown, "Cancel").left(), 150);
+        EXPECT_EQ(buttonPlace(shown, "Never").left(), 20);
+        EXPECT_EQ(placeOf(titled<QLabel>(shown, "This external cannot do what the installer asks of it.")).left(), 75);
+        EXPECT_FALSE(titled<QPushButton>(shown, "Never").isEnabled());
+        EXPECT_TRUE(titled<QPushButton>(shown, "OK").isDefault());
+    });
+}
+
+struct UnusableCase {
+    const char* name;
+    void (*spoil)(Alert&);
+};
+
+const UnusableCase UNUSABLE_CASES[] = {
+    {"ButtonOutside",
+        [](Alert& alert) {
+            alert.buttons[0].bounds = {400, 230, 420, 300};
+        }},
+    {"ButtonHalfOutside",
+        [](Alert& alert) {
+            alert.buttons[0].bounds = {90, 300, 110, 370};
+        }},
+    {"ButtonWithoutSize",
+        [](Alert& alert) {
+            alert.buttons[0].bounds = {90, 230, 90, 230};
+        }},
+    {"ButtonTooSmall",
+        [](Alert& alert) {
+            alert.buttons[0].bounds = {90, 230, 93, 240};
+        }},
+    {"TextTooLong", [](Alert& alert) { alert.layout->texts[0].text = QStringLiteral("word ").repeated(200); }},
+    {"AlertLargerThanTheScreen",
+        [](Alert& alert) {
+            alert.layout->bounds = {-32768, -32768, 32767, 32767};
+        }},
+};
+
+class UnusableLayout : public AlertOnScreen, public testing::WithParamInterface<UnusableCase> { };
+
+TEST_P(UnusableLayout, GivesWayToThatOfStandardAlerts)
+{
+    Alert alert = fromResources();
+    GetParam().spoil(alert);
+    lookAt(alert, [](QDialog& shown) {
+        const QRect ok = buttonPlace(shown, "OK");
+        const QRect cancel = buttonPlace(shown, "Cancel");
+        EXPECT_TRUE(shown.rect().contains(ok));
+        EXPECT_LT(cancel.right(), ok.left());
+        EXPECT_EQ(cancel.center().y(), ok.center().y());
+        titled<QLabel>(shown, "This external cannot do what the installer asks of it.");
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, UnusableLayout, testing::ValuesIn(UNUSABLE_CASES), [](const auto& row) { return row.param.name; });
+
+}  // namespace

@@ -1,0 +1,110 @@
+#include "tests/toolbox/screen/Person.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <deque>
+
+namespace {
+
+constexpr qint64 LONGEST_WAIT = 10000;  // milliseconds; a test that needs them has failed
+
+std::deque<Person::Act> acts;
+bool isThere = false;
+QElapsedTimer waiting;
+
+void look();
+
+void lookAgain()
+{
+    QTimer::singleShot(1, qApp, look);
+}
+
+void look()
+{
+    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    const bool isUp = dialog != nullptr && dialog->isActiveWindow();
+    if (isUp && !acts.empty()) {
+        const Person::Act act = acts.front();
+        acts.pop_front();
+        waiting.start();
+        lookAgain();  // first, since the act may open another dialog and come back only when that is done with
+        try {
+            act(*dialog);
+        } catch (const std::exception& problem) {
+            ADD_FAILURE() << problem.what();
+        }
+        return;
+    }
+    if (waiting.hasExpired(LONGEST_WAIT)) {
+        ADD_FAILURE() << (acts.empty() ? "a dialog waits for more" : "no dialog comes up");
+        if (dialog != nullptr)
+            dialog->done(QDialog::Rejected);
+        waiting.start();
+    }
+    lookAgain();
+}
+
+// Whoever makes the application: it is made and ended with each dialog.
+void comeToTheScreen()
+{
+    if (isThere)
+        lookAgain();
+}
+
+// Of the menu, while one is open.
+QWidget* focus()
+{
+    QWidget* const menu = QApplication::activePopupWidget();
+    return menu != nullptr && menu->focusWidget() != nullptr ? menu->focusWidget() : QApplication::focusWidget();
+}
+
+const bool REGISTERED = (qAddPreRoutine(comeToTheScreen), true);
+
+}  // namespace
+
+Person::Person(const std::vector<Act>& itsActs)
+{
+    EXPECT_TRUE(REGISTERED);
+    acts.assign(itsActs.begin(), itsActs.end());
+    isThere = true;
+    waiting.start();
+}
+
+Person::~Person()
+{
+    EXPECT_TRUE(acts.empty()) << acts.size() << " acts were not done";
+    acts.clear();
+    isThere = false;
+}
+
+Person::Act press(Qt::Key key)
+{
+    return [key](QDialog&) { QTest::keyClick(focus(), key); };
+}
+
+Person::Act type(const char* text)
+{
+    return [text](QDialog&) {
+        for (const QChar letter : QString::fromUtf8(text))
+            QTest::sendKeyEvent(QTest::Click, focus(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    };
+}
+
+Person::Act click(const char* title)
+{
+    return [title](QDialog& dialog) {
+        auto& button = titled<QAbstractButton>(dialog, title);
+        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(10, button.height() / 2));
+    };
+}
+
+Person::Act close()
+{
+    return [](QDialog& dialog) { dialog.close(); };
+}

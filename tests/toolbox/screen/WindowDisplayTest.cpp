@@ -1,0 +1,661 @@
+#include "tests/toolbox/screen/WindowDisplayTest.h"
+#include "tests/toolbox/core/displays/Dialog.h"
+#include "tests/toolbox/screen/Person.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextLayout>
+
+#include <clocale>
+
+namespace {
+
+using Toolbox::ButtonRole;
+using Toolbox::Control;
+using Toolbox::ControlKind;
+
+class WindowOnScreen : public WindowDisplayTest { };
+
+// Runs `dialog` with somebody who does `acts` in it.
+std::string runWith(Dialog& dialog, const std::vector<Person::Act>& acts)
+{
+    const Person person(acts);
+    return dialog.run();
+}
+
+std::string runWith(const std::vector<Person::Act>& acts)
+{
+    Dialog dialog;
+    return runWith(dialog, acts);
+}
+
+// Looks at `dialog` on the screen, and cancels it.
+void lookAt(Dialog& dialog, const Person::Act& look)
+{
+    EXPECT_EQ(runWith(dialog, {look, press(Qt::Key_Escape)}), "ended: cancel");
+}
+
+// Where `widget` lies in its dialog.
+QRect placeOf(const QWidget& widget)
+{
+    return QRect(widget.mapTo(widget.window(), QPoint(0, 0)), widget.size());
+}
+
+// ---- What is done in it
+
+struct SessionCase {
+    const char* name;
+    std::vector<Person::Act> acts;
+    const char* report;
+};
+
+void openMenu(QDialog& shown)
+{
+    only<QComboBox>(shown).showPopup();
+}
+
+const SessionCase SESSION_CASES[] = {
+    {"ReturnConfirms", {press(Qt::Key_Return)}, "ended: ok"},
+    {"EnterConfirms", {press(Qt::Key_Enter)}, "ended: ok"},
+    {"EscapeCancels", {press(Qt::Key_Escape)}, "ended: cancel"},
+    {"ClosingCancels", {close()}, "ended: closed"},
+    {"DownChoosesTheNext", {press(Qt::Key_Down), press(Qt::Key_Return)}, "ended: item 3 ok"},
+    {"UpChoosesTheOneBefore", {press(Qt::Key_Up), press(Qt::Key_Return)}, "ended: item 1 ok"},
+    {"EscapeCancelsFromTheDefaultButton", {press(Qt::Key_Tab), press(Qt::Key_Escape)}, "ended: cancel"},
+    {"EscapeCancelsFromTheCancelButton", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Escape)},
+        "ended: cancel"},
+    {"EscapeClosesTheMenuOnly", {openMenu, press(Qt::Key_Down), press(Qt::Key_Escape), press(Qt::Key_Return)},
+        "ended: ok"},
+    {"TabAndSpacePress", {press(Qt::Key_Tab), press(Qt::Key_Space)}, "ended: ok"},
+    {"TabTwiceAndSpacePress", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Space)}, "ended: cancel"},
+    {"ReturnConfirmsFromEveryButton", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Return)}, "ended: ok"},
+    {"ClickOnOK", {click("OK")}, "ended: ok"},
+    {"ClickOnCancel", {click("Cancel")}, "ended: cancel"},
+    {"ChoiceThenCancel", {press(Qt::Key_Down), press(Qt::Key_Escape)}, "ended: item 3 cancel"},
+};
+
+class WindowSession : public WindowOnScreen, public testing::WithParamInterface<SessionCase> { };
+
+TEST_P(WindowSession, BecomesCommands)
+{
+    EXPECT_EQ(runWith(GetParam().acts), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, WindowSession, testing::ValuesIn(SESSION_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(WindowOnScreen, OpensItsMenuAndChoosesThere)
+{
+    Dialog dialog;
+    EXPECT_EQ(runWith(dialog,
+                  {openMenu,
+                      [](QDialog& shown) {
+                          QAbstractItemView& menu = *only<QComboBox>(shown).view();
+                          QTest::mouseClick(
+                              menu.viewport(), Qt::LeftButton, {}, menu.visualRect(menu.model()->index(2, 0)).center());
+                          shown.activateWindow();  // a screen without a window manager may see to it or not
+                      },
+                      press(Qt::Key_Return)}),
+        "ended: item 3 ok");
+    EXPECT_EQ(dialog.popUp.value, 3);
+}
+
+TEST_F(WindowOnScreen, GoesBackToTheItemBeforeWhenAHandlerTakesTheChoice)
+{
+    Dialog dialog;
+    dialog.recorder.answer = noErr;
+    EXPECT_EQ(runWith(dialog,
+                  {press(Qt::Key_Down), [](QDialog& shown) { EXPECT_EQ(only<QComboBox>(shown).currentIndex(), 1); },
+                      press(Qt::Key_Return)}),
+        "ended: item 3 ok");
+    EXPECT_EQ(dialog.popUp.value, 2);
+}
+
+TEST_F(WindowOnScreen, ShowsWhatAHandlerSets)
+{
+    Dialog dialog;
+    Control& apply = dialog.add(ControlKind::Button, "Apply", {84, 20, 104, 90});
+    apply.command = 'aply';
+    const auto endTheUsualWay = dialog.recorder.action;
+    dialog.recorder.action = [&](const HICommand& command) {
+        if (command.commandID == 'aply') {
+            SetControl32BitValue(dialog.popUp.ref(), 1);
+            dialog.ok.enabled = false;
+            apply.hidden = true;
+        }
+        endTheUsualWay(command);
+    };
+    EXPECT_EQ(runWith(dialog,
+                  {click("Apply"),
+                      [](QDialog& shown) {
+                          EXPECT_EQ(only<QComboBox>(shown).currentIndex(), 0);
+                          EXPECT_FALSE(titled<QPushButton>(shown, "OK").isEnabled());
+                          EXPECT_FALSE(titled<QPushButton>(shown, "Apply").isVisible());
+                      },
+                      press(Qt::Key_Return), press(Qt::Key_Escape)}),
+        "ended: other cancel")
+        << "Return does nothing while the default button is disabled";
+}
+
+TEST_F(WindowOnScreen, StaysOpenUntilItsLoopIsToldToEnd)
+{
+    Dialog dialog;
+    int commands = 0;
+    dialog.recorder.action = [&](const HICommand&) {
+        if (++commands == 4)
+            QuitAppModalLoopForWindow(dialog.made.ref);
+    };
+    EXPECT_EQ(runWith(dialog, {press(Qt::Key_Return), press(Qt::Key_Escape), close(), press(Qt::Key_Return)}),
+        "ended: ok cancel closed ok");
+}
+
+TEST_F(WindowOnScreen, SendsTheCancelCommandWithoutACancelButton)
+{
+    Dialog dialog;
+    dialog.cancel.hidden = true;
+    EXPECT_EQ(runWith(dialog, {press(Qt::Key_Escape)}), "ended: closed");
+}
+
+TEST_F(WindowOnScreen, MayBeDisposedOfByAHandler)
+{
+    for (const Person::Act& act : {press(Qt::Key_Return), press(Qt::Key_Escape), press(Qt::Key_Down), close()}) {
+        Dialog dialog;
+        dialog.recorder.action = [ref = dialog.made.ref](const HICommand&) { DisposeWindow(ref); };
+        EXPECT_EQ(runWith(dialog, {act}).substr(0, 6), "ended:");
+    }
+}
+
+TEST_F(WindowOnScreen, MayRunAnotherInside)
+{
+    Dialog outer;
+    std::string innerReport;
+    outer.recorder.action = [&](const HICommand& command) {
+        Dialog inner;
+        inner.made.window().title = QStringLiteral("Inner");
+        if (command.commandID == 0)
+            innerReport = inner.run();
+        else
+            QuitAppModalLoopForWindow(outer.made.ref);
+    };
+    EXPECT_EQ(runWith(outer,
+                  {press(Qt::Key_Down), [](QDialog& shown) { EXPECT_EQ(shown.windowTitle(), QStringLiteral("Inner")); },
+                      press(Qt::Key_Escape),
+                      [](QDialog& shown) { EXPECT_EQ(shown.windowTitle(), QStringLiteral("Paper & ink")); },
+                      press(Qt::Key_Return)}),
+        "ended: item 3 ok");
+    EXPECT_EQ(innerReport, "ended: cancel");
+}
+
+TEST_F(WindowOnScreen, EndsWithTheInnerOneThatWasToldToEndBoth)
+{
+    Dialog outer;
+    outer.recorder.action = [&](const HICommand&) {
+        Dialog inner;
+        inner.recorder.action = [&](const HICommand&) {
+            QuitAppModalLoopForWindow(outer.made.ref);
+            QuitAppModalLoopForWindow(inner.made.ref);
+        };
+        inner.run();
+    };
+    EXPECT_EQ(runWith(outer, {press(Qt::Key_Return), press(Qt::Key_Return)}), "ended: ok");
+}
+
+TEST_F(WindowOnScreen, MayShowAnAlertInside)
+{
+    Dialog dialog;
+    const auto endTheUsualWay = dialog.recorder.action;
+    dialog.recorder.action = [&](const HICommand& command) {
+        Toolbox::Alert alert;
+        alert.text = QStringLiteral("Are you sure?");
+        alert.buttons = {{1, QStringLiteral("Yes"), true, {}}};
+        alert.defaultButton = 1;
+        EXPECT_EQ(Toolbox::runAlert(alert), 1);
+        endTheUsualWay(command);
+    };
+    EXPECT_EQ(runWith(dialog, {press(Qt::Key_Return), click("Yes")}), "ended: ok");
+}
+
+// ---- Typing ahead
+
+// A key with `text`, pressed at a time in milliseconds.
+Person::Act typeAt(quint64 time, const char* text, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    return [=](QDialog&) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, modifiers, QString::fromUtf8(text));
+        event.setTimestamp(time);
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    };
+}
+
+constexpr quint64 A_PAUSE = 60'000;
+
+// In "One", "日本 (Medium)", "Óptima (Largest)", "Large", "Medial - Medley" of which the second is chosen.
+const SessionCase TYPING_CASES[] = {
+    {"Beginning", {type("on")}, "ended: item 3 item 1 ok"},
+    {"Capitals", {type("ON")}, "ended: item 3 item 1 ok"},
+    {"AccentsDoNotCount", {type("opt")}, "ended: item 3 ok"},
+    {"PartInBrackets", {press(Qt::Key_Up), type("medium")}, "ended: item 1 item 2 ok"},
+    {"LettersThatAreNotASCII", {press(Qt::Key_Up), type("日本")}, "ended: item 1 item 2 ok"},
+    {"OneLetterGoesOn", {type("l")}, "ended: item 3 ok"},
+    {"TheSameLetterGoesOn", {type("ll")}, "ended: item 3 item 4 ok"},
+    {"TheSameLetterComesRound", {type("lll")}, "ended: item 3 item 4 item 3 ok"},
+    {"MoreLettersStayWhereTheyCan", {type("lar")}, "ended: item 3 ok"},
+    {"MoreLettersGoOnWhereTheyMust", {press(Qt::Key_Down), type("medl")}, "ended: item 3 item 5 ok"},
+    {"MoreLettersComeRound", {type("mediu")}, "ended: item 5 item 2 ok"},
+    {"TheOnlyOneStaysChosen", {type("日")}, "ended: ok"},
+    {"NothingBeginsSo", {type("x")}, "ended: ok"},
+    {"NothingGoesOnSo", {type("lx")}, "ended: item 3 ok"},
+    {"LettersBelongTogether", {typeAt(A_PAUSE, "m"), typeAt(A_PAUSE + 100, "o")}, "ended: item 5 ok"},
+    {"APauseBeginsAnew", {typeAt(A_PAUSE, "m"), typeAt(2 * A_PAUSE, "o")}, "ended: item 5 item 1 ok"},
+    {"CommandsAreNotLetters", {typeAt(0, "o", Qt::ControlModifier), typeAt(0, "o", Qt::AltModifier)}, "ended: ok"},
+    {"NotOnAButton", {press(Qt::Key_Tab), type("on")}, "ended: ok"},
+    {"InTheOpenMenu", {openMenu, type("lar"), press(Qt::Key_Return)}, "ended: item 3 ok"},
+    {"InTheOpenMenuItGoesOn", {openMenu, type("ll"), press(Qt::Key_Return)}, "ended: item 4 ok"},
+    {"InTheOpenMenuNothingIsChosenYet", {openMenu, type("lar"), press(Qt::Key_Escape)}, "ended: ok"},
+};
+
+class TypingAhead : public WindowOnScreen, public testing::WithParamInterface<SessionCase> { };
+
+TEST_P(TypingAhead, ChoosesByTheBeginning)
+{
+    Dialog dialog;
+    dialog.popUp.items = {{QStringLiteral("One")}, {QStringLiteral("日本 (Medium)")},
+        {QStringLiteral("Óptima (Largest)")}, {QStringLiteral("Large")}, {QStringLiteral("Medial - Medley")}};
+    dialog.popUp.maximum = 5;
+    std::vector<Person::Act> acts = GetParam().acts;
+    acts.push_back(press(Qt::Key_Return));
+    EXPECT_EQ(runWith(dialog, acts), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, TypingAhead, testing::ValuesIn(TYPING_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(WindowOnScreen, PassesOverWhatCannotBeChosenWhenTyping)
+{
+    Dialog dialog;
+    dialog.popUp.items = {{QStringLiteral("One")}, {QStringLiteral("Two")}, {QStringLiteral("Three"), 0, false},
+        {QStringLiteral("Tiny"), 0, true, false, true}, {QStringLiteral("Ten")}};
+    dialog.popUp.maximum = 5;
+    EXPECT_EQ(runWith(dialog, {type("t"), press(Qt::Key_Return)}), "ended: item 5 ok");
+}
+
+// ---- How it looks
+
+TEST_F(WindowOnScreen, HasItsControlsAtTheirPlaces)
+{
+    Dialog dialog;
+    lookAt(dialog, [](QDialog& shown) {
+        EXPECT_EQ(shown.width(), 340);
+        EXPECT_EQ(shown.minimumSize(), shown.maximumSize()) << "its size is fixed";
+        const QRect label = placeOf(only<QLabel>(shown));
+        const QRect popUp = placeOf(only<QComboBox>(shown));
+        const QRect ok = placeOf(titled<QPushButton>(shown, "OK"));
+        const QRect cancel = placeOf(titled<QPushButton>(shown, "Cancel"));
+        EXPECT_EQ(label.left(), 20);
+        EXPECT_EQ(popUp.left(), 20);
+        EXPECT_EQ(popUp.width(), 300);
+        EXPECT_EQ(ok.left(), 251);
+        EXPECT_EQ(cancel.left(), 170);
+        EXPECT_EQ(ok.top(), cancel.top());
+        EXPECT_EQ(ok.size(), cancel.size());
+        EXPECT_LT(label.bottom(), popUp.top());
+        EXPECT_LT(popUp.bottom(), ok.top());
+        for (const QRect& each : {label, popUp, ok, cancel})
+            EXPECT_TRUE(shown.rect().contains(each));
+    });
+}
+
+TEST_F(WindowOnScreen, CutsNothingOff)
+{
+    Dialog dialog;
+    lookAt(dialog, [](QDialog& shown) {
+        for (const QWidget* const each : shown.findChildren<QComboBox*>())
+            EXPECT_EQ(each->size(), each->size().expandedTo(each->minimumSizeHint()));
+        for (const QPushButton* const each : shown.findChildren<QPushButton*>()) {
+            EXPECT_GE(each->height(), each->sizeHint().height());
+            EXPECT_GT(each->width(), each->fontMetrics().horizontalAdvance(each->text()));
+        }
+        const QLabel& label = only<QLabel>(shown);
+        EXPECT_EQ(label.size(), label.size().expandedTo(label.sizeHint()));
+    });
+}
+
+TEST_F(WindowOnScreen, HasTheFocusOnThePopUpAndGoesOnInOrder)
+{
+    Dialog dialog;
+    lookAt(dialog, [](QDialog& shown) {
+        EXPECT_EQ(QApplication::focusWidget(), &only<QComboBox>(shown));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &titled<QPushButton>(shown, "OK"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &titled<QPushButton>(shown, "Cancel"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &only<QComboBox>(shown));
+    });
+}
+
+TEST_F(WindowOnScreen, HasTheFocusOnTheDefaultButtonWhereThereIsNothingElse)
+{
+    Dialog dialog;
+    dialog.popUp.enabled = false;
+    lookAt(dialog, [](QDialog& shown) {
+        EXPECT_EQ(QApplication::focusWidget(), &titled<QPushButton>(shown, "OK"));
+        EXPECT_TRUE(titled<QPushButton>(shown, "OK").isDefault());
+        EXPECT_FALSE(titled<QPushButton>(shown, "Cancel").isDefault());
+    });
+}
+
+TEST_F(WindowOnScreen, IsModalAndCanBeMovedAndClosed)
+{
+    Dialog dialog;
+    lookAt(dialog, [](QDialog& shown) {
+        EXPECT_EQ(shown.windowModality(), Qt::ApplicationModal);
+        EXPECT_TRUE(shown.windowFlags() & Qt::WindowTitleHint);
+        EXPECT_TRUE(shown.windowFlags() & Qt::WindowCloseButtonHint);
+        EXPECT_FALSE(shown.windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint));
+    });
+}
+
+TEST_F(WindowOnScreen, ShowsTextsAsTheyAre)
+{
+    Dialog dialog;
+    dialog.made.window().title = QStringLiteral("All & [*] <b>\x1B");
+    dialog.label.title = QStringLiteral("A & <b>b</b>\rc\t\x01");
+    dialog.popUp.items[1].title = QStringLiteral("D & <i>e</i>\nf");
+    dialog.ok.title = QStringLiteral("O & <u>K</u>");
+    dialog.add(ControlKind::CheckBox, "G & h", {4, 20, 18, 200});
+    lookAt(dialog, [](QDialog& shown) {
+        EXPECT_EQ(shown.windowTitle(), QStringLiteral("All & [*][*] <b>")) << "Qt shows [*][*] as [*]";
+        const QLabel& label = only<QLabel>(shown);
+        EXPECT_EQ(label.text(), QStringLiteral("A && <b>b</b>\nc  "));
+        EXPECT_EQ(label.accessibleName(), QStringLiteral("A & <b>b</b>\nc  "));
+        EXPECT_EQ(label.textFormat(), Qt::PlainText);
+        EXPECT_EQ(only<QComboBox>(shown).currentText(), QStringLiteral("D & <i>e</i> f"));
+        titled<QPushButton>(shown, "O && <u>K</u>");
+        titled<QCheckBox>(shown, "G && h");
+    });
+}
+
+TEST_F(WindowOnScreen, HasGlyphsForJapanese)
+{
+    Dialog dialog;
+    lookAt(dialog, [](QDialog& shown) {
+        QTextLayout layout(QStringLiteral("日本語"), only<QComboBox>(shown).font());
+        layout.beginLayout();
+        layout.createLine();
+        layout.endLayout();
+        for (const QGlyphRun& run : layout.glyphRuns())
+            EXPECT_FALSE(run.glyphIndexes().contains(0)) << "no font here has Japanese characters";
+    });
+}
+
+TEST_F(WindowOnScreen, JustifiesTextsAsTheirControlsSay)
+{
+    const struct {
+        Toolbox::Justification justification;
+        Qt::Alignment alignment;
+    } rows[] = {{Toolbox::Justification::Natural, Qt::AlignLeft}, {Toolbox::Justification::Left, Qt::AlignLeft},
+        {Toolbox::Justification::Center, Qt::AlignHCenter}, {Toolbox::Justification::Right, Qt::AlignRight}};
+    for (const auto& row : rows) {
+        Dialog dialog;
+        dialog.label.justification = row.justification;
+        lookAt(dialog, [&](QDialog& shown) {
+            EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").alignment() & Qt::AlignHorizontal_Mask, row.alignment);
+        });
+    }
+}
+
+TEST_F(WindowOnScreen, NamesItsControlsForThoseWhoCannotSee)
+{
+    Dialog dialog;
+    dialog.add(ControlKind::StaticText, "Your name:", {4, 20, 18, 90});
+    dialog.made.add(ControlKind::EditText).bounds = {4, 100, 18, 200};
+    lookAt(dialog, [](QDialog& shown) {
+        EXPECT_EQ(only<QComboBox>(shown).accessibleName(), QStringLiteral("Choose a size"));
+        EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").buddy(), &only<QComboBox>(shown));
+        EXPECT_EQ(titled<QLabel>(shown, "Your name:").buddy(), &only<QLineEdit>(shown));
+        EXPECT_EQ(only<QLineEdit>(shown).accessibleName(), QStringLiteral("Your name"));
+    });
+}
+
+TEST_F(WindowOnScreen, ShowsThePopUpsOwnLabelBesideIt)
+{
+    Dialog dialog;
+    dialog.label.hidden = true;
+    dialog.popUp.title = QStringLiteral("Size:");
+    lookAt(dialog, [](QDialog& shown) {
+        const QComboBox& box = only<QComboBox>(shown);
+        const QLabel& label = titled<QLabel>(shown, "Size:");
+        EXPECT_EQ(box.accessibleName(), QStringLiteral("Size"));
+        EXPECT_EQ(label.buddy(), &box);
+        EXPECT_LT(placeOf(label).right(), placeOf(box).left());
+        EXPECT_EQ(placeOf(label).left(), 20);
+        EXPECT_EQ(placeOf(box).right(), 319);
+        EXPECT_GE(label.width(), label.sizeHint().width());
+    });
+}
+
+TEST_F(WindowOnScreen, OffersOnlyTheItemsThatCanBeChosen)
+{
+    Dialog dialog;
+    dialog.popUp.items = {{QStringLiteral("One")}, {QString(), 0, true, true}, {QStringLiteral("Three"), 0, false},
+        {QStringLiteral("Four"), 0, true, false, true}, {QStringLiteral("Five")}};
+    dialog.popUp.maximum = 5;
+    dialog.popUp.setValue(1);
+    EXPECT_EQ(runWith(dialog, {press(Qt::Key_Down), press(Qt::Key_Return)}), "ended: item 5 ok");
+}
+
+// ---- Other controls
+
+TEST_F(WindowOnScreen, TakesTexts)
+{
+    Dialog dialog;
+    Control& name = dialog.add(ControlKind::EditText, "", {4, 20, 18, 150});
+    Control& secret = dialog.add(ControlKind::EditText, "", {4, 160, 18, 300});
+    name.text = QStringLiteral("Ada");
+    secret.secret = true;
+    EXPECT_EQ(runWith(dialog,
+                  {[](QDialog& shown) {
+                       const QList<QLineEdit*> edits = shown.findChildren<QLineEdit*>();
+                       ASSERT_EQ(edits.size(), 2);
+                       EXPECT_EQ(edits[0]->text(), QStringLiteral("Ada"));
+                       EXPECT_EQ(edits[0]->echoMode(), QLineEdit::Normal);
+                       EXPECT_NE(edits[1]->echoMode(), QLineEdit::Normal);
+                       edits[0]->setFocus();
+                       edits[0]->end(false);
+                   },
+                      type(" L."), press(Qt::Key_Tab), type("pass"),
+                      [](QDialog& shown) {
+                          EXPECT_FALSE(shown.findChildren<QLineEdit*>()[1]->displayText().contains(QLatin1Char('p')));
+                      },
+                      press(Qt::Key_Return)}),
+        "ended: ok");
+    EXPECT_EQ(name.text, QStringLiteral("Ada L."));
+    EXPECT_EQ(secret.text, QStringLiteral("pass"));
+}
+
+TEST_F(WindowOnScreen, PressesCheckBoxesAndRadioButtons)
+{
+    Dialog dialog;
+    Control& check = dialog.add(ControlKind::CheckBox, "Check", {2, 20, 20, 150});
+    Control& stubborn = dialog.add(ControlKind::CheckBox, "Stubborn", {2, 160, 20, 300});
+    Control& one = dialog.add(ControlKind::RadioButton, "One", {66, 20, 84, 150});
+    Control& two = dialog.add(ControlKind::RadioButton, "Two", {66, 160, 84, 300});
+    stubborn.autoToggle = false;
+    one.value = 1;
+    EXPECT_EQ(runWith(dialog,
+                  {click("Check"), click("Stubborn"), click("Two"),
+                      [](QDialog& shown) {
+                          EXPECT_TRUE(titled<QCheckBox>(shown, "Check").isChecked());
+                          EXPECT_FALSE(titled<QCheckBox>(shown, "Stubborn").isChecked());
+                          EXPECT_TRUE(titled<QRadioButton>(shown, "One").isChecked());
+                          EXPECT_TRUE(titled<QRadioButton>(shown, "Two").isChecked());
+                      },
+                      press(Qt::Key_Return)}),
+        "ended: ok");
+    EXPECT_EQ(check.value, 1);
+    EXPECT_EQ(stubborn.value, 0);
+    EXPECT_EQ(two.value, 1);
+}
+
+TEST_F(WindowOnScreen, ShowsAMixedCheckBox)
+{
+    Dialog dialog;
+    Control& check = dialog.add(ControlKind::CheckBox, "Check", {2, 20, 20, 150});
+    check.maximum = 2;
+    check.value = 2;
+    lookAt(dialog, [](QDialog& shown) { EXPECT_EQ(only<QCheckBox>(shown).checkState(), Qt::PartiallyChecked); });
+}
+
+TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
+{
+    Dialog dialog;
+    Control& box = dialog.add(ControlKind::GroupBox, "Group", {0, 0, 40, 340});
+    dialog.made.addTo(box, ControlKind::CheckBox).title = QStringLiteral("Inside");
+    dialog.add(ControlKind::Other, "Unknown", {0, 0, 10, 10});
+    dialog.add(ControlKind::Separator, "", {70, 0, 72, 300});
+    box.hidden = true;
+    dialog.cancel.enabled = false;
+    EXPECT_EQ(runWith(dialog,
+                  {[](QDialog& shown) {
+                       EXPECT_FALSE(only<QGroupBox>(shown).isVisible());
+                       EXPECT_FALSE(titled<QCheckBox>(shown, "Inside").isVisible());
+                       EXPECT_FALSE(titled<QPushButton>(shown, "Cancel").isEnabled());
+                   },
+                      press(Qt::Key_Return)}),
+        "ended: ok");
+}
+
+// ---- Places that are too small or out of proportion
+
+TEST_F(WindowOnScreen, StretchesRowsAndColumnsAlike)
+{
+    Dialog dialog;
+    dialog.cancel.title = QStringLiteral("Do nothing");  // somewhat wider than its place
+    lookAt(dialog, [](QDialog& shown) {
+        const QPushButton& cancel = titled<QPushButton>(shown, "Do nothing");
+        const QPushButton& ok = titled<QPushButton>(shown, "OK");
+        EXPECT_GT(cancel.width(), cancel.fontMetrics().horizontalAdvance(cancel.text()));
+        EXPECT_EQ(cancel.width(), ok.width());
+        EXPECT_EQ(placeOf(ok).right() + 1, placeOf(only<QComboBox>(shown)).right() + 1);
+        EXPECT_LT(placeOf(cancel).right(), placeOf(ok).left());
+        EXPECT_GT(shown.width(), 340);
+    });
+}
+
+TEST_F(WindowOnScreen, LetsWhatIsFarTooLongGrow)
+{
+    Dialog dialog;
+    dialog.label.title = QStringLiteral("A text that is far too long for the room that it was given. ").repeated(4);
+    dialog.label.bounds = {84, 20, 100, 120};
+    dialog.ok.title = QString(60, QLatin1Char('W'));
+    lookAt(dialog, [](QDialog& shown) {
+        const QLabel& label = only<QLabel>(shown);
+        EXPECT_GE(label.height(), label.heightForWidth(label.width()));
+        EXPECT_TRUE(shown.rect().contains(placeOf(label)));
+        const QPushButton& ok = titled<QPushButton>(shown, QByteArray(60, 'W').constData());
+        EXPECT_GT(ok.width(), ok.fontMetrics().horizontalAdvance(ok.text()));
+    });
+}
+
+TEST_F(WindowOnScreen, ScrollsWhatIsLargerThanTheScreen)
+{
+    Dialog dialog;
+    dialog.made.window().content = {-32768, -32768, 32767, 32767};
+    lookAt(dialog, [](QDialog& shown) {
+        const QSize screen = shown.screen()->availableSize();
+        EXPECT_EQ(shown.size(), shown.size().boundedTo(screen));
+        EXPECT_GT(only<QScrollArea>(shown).widget()->width(), screen.width());
+        EXPECT_GT(only<QScrollArea>(shown).widget()->height(), screen.height());
+    });
+}
+
+TEST_F(WindowOnScreen, ScrollsOneWayOnlyWhereThatIsEnough)
+{
+    struct {
+        QSize content;
+        bool scrollsAcross;
+        bool scrollsDown;
+    } const cases[] = {{{760, 200}, true, false}, {{340, 760}, false, true}, {{760, 760}, true, true}};
+    for (const auto& [content, scrollsAcross, scrollsDown] : cases) {
+        Dialog dialog;
+        dialog.made.window().content = {
+            0, 0, static_cast<SInt16>(content.height()), static_cast<SInt16>(content.width())};
+        lookAt(dialog, [across = scrollsAcross, down = scrollsDown](QDialog& shown) {
+            const QScrollArea& area = only<QScrollArea>(shown);
+            EXPECT_EQ(area.horizontalScrollBar()->isVisible(), across);
+            EXPECT_EQ(area.verticalScrollBar()->isVisible(), down);
+        });
+    }
+}
+
+TEST_F(WindowOnScreen, SurvivesBoundsOfEveryKind)
+{
+    constexpr Rect BOUNDS[] = {{0, 0, 0, 0}, {10, 10, 5, 5}, {-32768, -32768, -32768, -32768},
+        {-32768, -32768, 32767, 32767}, {32767, 32767, 32767, 32767}, {32767, 32767, -32768, -32768}};
+    for (const Rect& content : BOUNDS) {
+        Dialog dialog;
+        dialog.made.window().content = content;
+        for (const Rect& each : BOUNDS)
+            for (const ControlKind kind : {ControlKind::StaticText, ControlKind::Button, ControlKind::PopupButton,
+                     ControlKind::EditText, ControlKind::GroupBox, ControlKind::Separator})
+                dialog.add(kind, "x", each);
+        EXPECT_EQ(runWith(dialog, {press(Qt::Key_Escape)}), "ended: cancel");
+    }
+}
+
+TEST_F(WindowOnScreen, ShowsAWindowWithoutControls)
+{
+    const TestWindow made;
+    made.window().content = {0, 0, 100, 100};
+    const CommandRecorder recorder(made.target());
+    const Person person({[&](QDialog& shown) {
+        EXPECT_EQ(shown.size(), QSize(100, 100));
+        DisposeWindow(made.ref);
+        shown.close();
+    }});
+    EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
+}
+
+// ---- What is left behind
+
+TEST_F(WindowOnScreen, LeavesNoApplicationBehind)
+{
+    EXPECT_EQ(QCoreApplication::instance(), nullptr);
+    EXPECT_EQ(runWith({press(Qt::Key_Return)}), "ended: ok");
+    EXPECT_EQ(QCoreApplication::instance(), nullptr);
+    EXPECT_EQ(runWith({press(Qt::Key_Escape)}), "ended: cancel");
+}
+
+TEST_F(WindowOnScreen, LeavesTheLocaleOfTheProcessAlone)
+{
+    setenv("LC_ALL", "C.UTF-8", 1);
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    EXPECT_EQ(runWith({[&](QDialog&) { EXPECT_EQ(std::setlocale(LC_ALL, nullptr), before); }, press(Qt::Key_Return)}),
+        "ended: ok");
+    EXPECT_EQ(std::setlocale(LC_ALL, nullptr), before);
+    unsetenv("LC_ALL");
+}
+
+TEST_F(WindowOnScreen, SaysNothingOnTheStandardStreams)
+{
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const std::string report = runWith({press(Qt::Key_Return)});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(report, "ended: ok");
+}
+
+}  // namespace

@@ -1,0 +1,107 @@
+// The trace point. Each public function begins with a TracedCall of its name and arguments, and hands what it returns
+// through gives(). With tracing off that is a test of one flag.
+//
+// A line names objects by what they are ("window#3", a string's text), codes by their characters, other memory by its
+// address; behind a call that succeeded stand the references that it has given: CreateNibReference(...) = 0 -> nib#2.
+
+#ifndef TOOLBOX_BASE_TRACEDCALL_H
+#define TOOLBOX_BASE_TRACEDCALL_H
+
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace Toolbox {
+
+/// One call of a public function, reported when it ends, unless it was made from inside another.
+class TracedCall {
+public:
+    template <typename... Arguments>
+    explicit TracedCall(const char* function, const Arguments&... arguments)
+        : m_reported(enter())
+    {
+        if (!m_reported)
+            return;
+        m_line = function;
+        m_line += '(';
+        [[maybe_unused]] const char* separator = "";
+        ((m_line += separator, m_line += describe(arguments), separator = ", "), ...);
+        m_line += ')';
+        (noteResult(arguments), ...);
+    }
+
+    ~TracedCall() { leave(m_reported ? &m_line : nullptr); }
+    TracedCall(const TracedCall&) = delete;
+    TracedCall& operator=(const TracedCall&) = delete;
+
+    /// Notes `result` as what the call returns, and returns it.
+    template <typename Result> Result gives(Result result)
+    {
+        if (m_reported)
+            m_line += " = " + describe(result) + (isSuccess(result) ? describeResults() : std::string());
+        return result;
+    }
+
+private:
+    // A place where the caller wants a reference: a pointer to a pointer to a structure. Bytes behind pointers, such as
+    // a Handle's, are none.
+    template <typename Value> void noteResult(const Value& value)
+    {
+        if constexpr (std::is_pointer_v<Value>) {
+            using Place = std::remove_pointer_t<Value>;
+            if constexpr (std::is_pointer_v<Place> && std::is_class_v<std::remove_pointer_t<Place>>)
+                m_results.push_back(reinterpret_cast<const void* const*>(value));
+        }
+    }
+
+    // Only noErr says that the results were written.
+    template <typename Result> static bool isSuccess(Result result)
+    {
+        if constexpr (std::is_integral_v<Result>)
+            return result == 0;
+        else
+            return false;
+    }
+
+    // The references that the call has given, behind arrows.
+    std::string describeResults() const;
+
+    static bool enter();
+    static void leave(const std::string* line);
+
+    static std::string describeNumber(long long number);
+    static std::string describePointer(const void* pointer);
+
+    template <typename Value> static std::string describe(const Value& value)
+    {
+        if constexpr (std::is_function_v<std::remove_pointer_t<Value>>)
+            return value == nullptr ? "null" : "procedure";
+        else if constexpr (std::is_pointer_v<Value>)
+            return describePointer(value);
+        else if constexpr (std::is_integral_v<Value>)
+            return describeNumber(static_cast<long long>(value));
+        else
+            return "...";  // a structure passed by value
+    }
+
+    const bool m_reported;
+    std::string m_line;
+    std::vector<const void* const*> m_results;
+};
+
+/// While this lives, code that is not the toolbox's runs inside one of its calls, and its calls are reported again:
+/// stands around every call of a handler.
+class ForeignCode {
+public:
+    ForeignCode();
+    ~ForeignCode();
+    ForeignCode(const ForeignCode&) = delete;
+    ForeignCode& operator=(const ForeignCode&) = delete;
+
+private:
+    const int m_depth;
+};
+
+}  // namespace Toolbox
+
+#endif

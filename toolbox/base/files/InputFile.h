@@ -1,0 +1,40 @@
+// A regular file, open for reading.
+
+#ifndef TOOLBOX_BASE_FILES_INPUTFILE_H
+#define TOOLBOX_BASE_FILES_INPUTFILE_H
+
+#include <Carbon/Files.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Toolbox {
+
+/// Closed when this goes.
+class InputFile {
+public:
+    InputFile() = default;
+    ~InputFile();
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    /// Opens the file at `path`, once in the life of this. Never waits: what is no regular file is refused.
+    /// Returns noErr; fnfErr; permErr; ioErr, also for a folder, a pipe or a device; tmfoErr.
+    OSErr open(const std::string& path);
+
+    /// Its length when it was opened, in bytes.
+    std::uint64_t length() const { return m_length; }
+
+    /// Puts the `count` bytes from `offset` on into `*bytes`, which is then that long; fewer where the file ends.
+    /// Returns noErr or ioErr.
+    OSErr read(std::uint64_t offset, std::size_t count, std::vector<UInt8>* bytes) const;
+
+private:
+    int m_descriptor = -1;
+    std::uint64_t m_length = 0;
+};
+
+}  // namespace Toolbox
+
+#endif

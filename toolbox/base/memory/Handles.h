@@ -1,0 +1,24 @@
+// Handles as the toolbox's other managers make them. To the callers a handle is an address of an address.
+
+#ifndef TOOLBOX_BASE_MEMORY_HANDLES_H
+#define TOOLBOX_BASE_MEMORY_HANDLES_H
+
+#include <Carbon/MacMemory.h>
+
+#include <cstddef>
+
+namespace Toolbox {
+
+/// The zeros that follow the data of every handle, which may be read and written like it, in bytes.
+constexpr std::size_t HANDLE_SLACK = 1024;
+
+/// A new handle to a copy of the `size` bytes from `data` on, to be given to freeHandle; null when there is no memory.
+/// Leaves MemError alone.
+Handle makeHandle(const void* data, std::size_t size);
+
+/// Frees the block of `handle` and forgets the handle, which is then dead. A wrong handle is ignored.
+void freeHandle(Handle handle);
+
+}  // namespace Toolbox
+
+#endif

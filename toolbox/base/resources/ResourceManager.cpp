@@ -1,0 +1,257 @@
+// The Resource Manager: the chain of open files, and the handles of their resources.
+
+#include <Carbon/Resources.h>
+
+#include "toolbox/base/LiveCount.h"
+#include "toolbox/base/TracedCall.h"
+#include "toolbox/base/files/FileReferences.h"
+#include "toolbox/base/memory/Handles.h"
+#include "toolbox/base/memory/OrMemFull.h"
+#include "toolbox/base/resources/Forks.h"
+#include "toolbox/base/resources/ResourceMap.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace Toolbox {
+
+namespace {
+
+// Each open file is held in memory, so a caller who never closes one is stopped here.
+constexpr std::size_t MAX_OPEN_FILES = 256;
+
+OSErr lastResult = noErr;
+
+struct LoadedResource {
+    Handle handle = nullptr;
+    bool isChanged = false;
+};
+
+// One opening of a file, with the handles that were asked for.
+class ResourceFile {
+public:
+    explicit ResourceFile(SInt16 refNum)
+        : m_refNum(refNum)
+    {
+    }
+
+    ~ResourceFile()
+    {
+        for (const auto& [key, resource] : m_loaded)
+            freeHandle(resource.handle);
+    }
+
+    ResourceFile(const ResourceFile&) = delete;
+    ResourceFile& operator=(const ResourceFile&) = delete;
+
+    OSErr read(const std::string& path, Fork fork)
+    {
+        const OSErr unread = readFork(path, fork, &m_fork);
+        return unread != noErr ? unread : readResourceMap(BigEndianBytes(m_fork.data(), m_fork.size()), &m_map);
+    }
+
+    SInt16 refNum() const { return m_refNum; }
+
+    bool hasType(ResType type) const
+    {
+        const auto first = m_map.lower_bound(ResourceKey(type, std::numeric_limits<SInt16>::min()));
+        return first != m_map.end() && first->first.first == type;
+    }
+
+    bool has(const ResourceKey& key) const { return m_map.count(key) != 0; }
+
+    // The handle of a resource that this has, or null and the reason.
+    OSErr load(const ResourceKey& key, Handle* handle)
+    {
+        const ResourcePlace& place = m_map.at(key);
+        if (place.isCompressed)
+            return CantDecompress;
+        Handle& loaded = m_loaded[key].handle;
+        if (loaded == nullptr)
+            loaded = makeHandle(m_fork.data() + place.offset, place.length);
+        *handle = loaded;
+        if (loaded == nullptr)
+            return memFullErr;
+        return noErr;
+    }
+
+    // False when `handle` is not of this file. A changed resource stays as it is.
+    bool release(Handle handle)
+    {
+        const auto loaded = findLoaded(handle);
+        if (loaded == m_loaded.end())
+            return false;
+        if (!loaded->second.isChanged) {
+            freeHandle(handle);
+            m_loaded.erase(loaded);
+        }
+        return true;
+    }
+
+    // False when `handle` is not of this file.
+    bool markChanged(Handle handle)
+    {
+        const auto loaded = findLoaded(handle);
+        if (loaded == m_loaded.end())
+            return false;
+        loaded->second.isChanged = true;
+        return true;
+    }
+
+private:
+    using LoadedResources = std::map<ResourceKey, LoadedResource>;
+
+    LoadedResources::iterator findLoaded(Handle handle)
+    {
+        return std::find_if(
+            m_loaded.begin(), m_loaded.end(), [=](const auto& loaded) { return loaded.second.handle == handle; });
+    }
+
+    const SInt16 m_refNum;
+    std::vector<UInt8> m_fork;
+    ResourceMap m_map;
+    LoadedResources m_loaded;
+    const LiveCount m_alive{"resource file"};
+};
+
+using Chain = std::vector<std::unique_ptr<ResourceFile>>;
+
+// The open files in the order in which they were opened; the last one is the current one.
+Chain& chain()
+{
+    // Never destroyed: what is still open when the process ends may still be in use.
+    static auto* const files = new Chain;
+    return *files;
+}
+
+Chain::iterator findFile(SInt16 refNum)
+{
+    return std::find_if(chain().begin(), chain().end(), [=](const auto& file) { return file->refNum() == refNum; });
+}
+
+// From 1 on; a number comes back only when all others had their turn, so that a closed file's finds nothing.
+SInt16 nextRefNum()
+{
+    static SInt16 last = 0;
+    do
+        last = last == std::numeric_limits<SInt16>::max() ? SInt16(1) : static_cast<SInt16>(last + 1);
+    while (findFile(last) != chain().end());
+    return last;
+}
+
+std::optional<Fork> forkNamed(UniCharCount length, const UniChar* name)
+{
+    if (length == 0)
+        return Fork::Data;
+    constexpr std::string_view RESOURCE_FORK = "RESOURCE_FORK";
+    const bool isResourceFork = name != nullptr && length == RESOURCE_FORK.size()
+        && std::equal(RESOURCE_FORK.begin(), RESOURCE_FORK.end(), name);
+    return isResourceFork ? std::optional(Fork::Resource) : std::nullopt;
+}
+
+OSErr openFile(
+    const FSRef* reference, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum)
+{
+    if (refNum != nullptr)
+        *refNum = kResFileNotOpened;
+    if (reference == nullptr || refNum == nullptr)
+        return paramErr;
+    const std::optional<std::string> path = pathOf(reference);
+    if (!path)
+        return errFSBadFSRef;
+    const std::optional<Fork> fork = forkNamed(forkNameLength, forkName);
+    if (!fork)
+        return errFSBadForkName;
+    if (permissions != fsCurPerm && permissions != fsRdPerm)
+        return permErr;
+    if (chain().size() == MAX_OPEN_FILES)
+        return tmfoErr;
+
+    auto file = std::make_unique<ResourceFile>(nextRefNum());
+    const OSErr unread = file->read(*path, *fork);
+    if (unread != noErr)
+        return unread;
+    chain().push_back(std::move(file));
+    *refNum = chain().back()->refNum();
+    return noErr;
+}
+
+OSErr closeFile(SInt16 refNum)
+{
+    const auto file = findFile(refNum);
+    if (file == chain().end())
+        return resFNotFound;
+    chain().erase(file);
+    return noErr;
+}
+
+OSErr findResource(const ResourceKey& key, Handle* handle)
+{
+    *handle = nullptr;
+    bool typeExists = false;
+    for (auto file = chain().rbegin(); file != chain().rend(); ++file) {
+        if ((*file)->has(key))
+            return (*file)->load(key, handle);
+        typeExists = typeExists || (*file)->hasType(key.first);
+    }
+    if (typeExists)
+        return resNotFound;
+    return noErr;
+}
+
+// Does `action` for the file that `handle` is of.
+template <typename Action> OSErr withFileOf(Handle handle, Action action)
+{
+    if (handle == nullptr || std::none_of(chain().begin(), chain().end(), action))
+        return resNotFound;
+    return noErr;
+}
+
+}  // namespace
+
+}  // namespace Toolbox
+
+using namespace Toolbox;
+
+OSErr FSOpenResourceFile(
+    const FSRef* file, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum)
+{
+    TracedCall call("FSOpenResourceFile", file, forkNameLength, forkName, permissions, refNum);
+    lastResult = orMemFull([=] { return openFile(file, forkNameLength, forkName, permissions, refNum); });
+    return call.gives(lastResult);
+}
+
+void CloseResFile(SInt16 refNum)
+{
+    const TracedCall call("CloseResFile", refNum);
+    lastResult = closeFile(refNum);
+}
+
+OSErr ResError()
+{
+    TracedCall call("ResError");
+    return call.gives(lastResult);
+}
+
+Handle GetResource(ResType type, SInt16 id)
+{
+    TracedCall call("GetResource", type, id);
+    Handle handle = nullptr;
+    lastResult = orMemFull([&] { return findResource(ResourceKey(type, id), &handle); });
+    return call.gives(handle);
+}
+
+void ReleaseResource(Handle resource)
+{
+    const TracedCall call("ReleaseResource", resource);
+    lastResult = withFileOf(resource, [=](const auto& file) { return file->release(resource); });
+}
+
+void ChangedResource(Handle resource)
+{
+    const TracedCall call("ChangedResource", resource);
+    lastResult = withFileOf(resource, [=](const auto& file) { return file->markChanged(resource); });
+}

@@ -1,0 +1,131 @@
+#include "toolbox/core/bundles/Bundle.h"
+
+#include "toolbox/core/bundles/Languages.h"
+#include "toolbox/core/bundles/PlugInRegister.h"
+#include "toolbox/core/bundles/PropertyList.h"
+#include "toolbox/core/core_foundation/FileName.h"
+#include "toolbox/core/core_foundation/Quoted.h"
+
+#include <fstream>
+#include <map>
+#include <optional>
+
+namespace fs = std::filesystem;
+
+namespace Toolbox {
+
+namespace {
+
+// Never destroyed: bundles that live until the process ends stay in it.
+std::map<fs::path, Bundle*>& bundlesByFolder()
+{
+    static auto* const all = new std::map<fs::path, Bundle*>;
+    return *all;
+}
+
+// The first bytes of `file`, one more than a property list may have, so that a longer one is recognised.
+QByteArray readStart(const fs::path& file)
+{
+    QByteArray bytes(LONGEST_PROPERTY_LIST + 1, Qt::Uninitialized);
+    std::ifstream stream(file, std::ios::binary);
+    stream.read(bytes.data(), bytes.size());
+    bytes.truncate(stream.gcount());
+    return bytes;
+}
+
+QVariantMap readInfo(const fs::path& folder, const BundleLayout& layout)
+{
+    const fs::path file = findInside(folder, layout.info);
+    std::error_code unreachable;
+    if (!fs::is_regular_file(file, unreachable))  // a pipe would be waited for
+        return {};
+    return readPropertyList(readStart(file)).value_or(QVariantMap());
+}
+
+}  // namespace
+
+Bundle::Bundle(const fs::path& folder)
+    : m_folder(folder)
+    , m_layout(layoutOf(folder))
+    , m_info(readInfo(folder, m_layout))
+{
+    bundlesByFolder().emplace(m_folder, this);
+    registerFactories(*this);
+}
+
+Bundle::~Bundle()
+{
+    unregisterFactories(*this);
+    bundlesByFolder().erase(m_folder);
+}
+
+std::string Bundle::traceName() const
+{
+    return quoted(QString::fromStdString(m_folder.filename().native()));
+}
+
+Bundle* Bundle::create(const fs::path& folder)
+{
+    std::error_code missing;
+    const fs::path real = fs::canonical(folder, missing);
+    if (!fs::is_directory(real, missing))
+        return nullptr;
+    const auto found = bundlesByFolder().find(real);
+    if (found == bundlesByFolder().end())
+        return new Bundle(real);
+    found->second->retain();
+    return found->second;
+}
+
+QString Bundle::infoText(const char* key) const
+{
+    const QVariant value = m_info.value(key);
+    return value.typeId() == QMetaType::QString ? value.toString() : QString();
+}
+
+QString Bundle::executableName() const
+{
+    for (const char* const key : {"CFBundleExecutable", "NSExecutable"}) {
+        if (const QString name = infoText(key); !name.isEmpty())
+            return name;
+    }
+    return QString::fromStdString(m_folder.stem());
+}
+
+bool Bundle::load()
+{
+    if (m_executable.isLoaded())
+        return true;
+    const std::optional<std::string> name = fileName(executableName());
+    const fs::path file = name.has_value() ? findExecutable(m_folder, *name) : fs::path();
+    return !file.empty() && m_executable.load(file);
+}
+
+void* Bundle::findFunction(const QString& name)
+{
+    const std::optional<std::string> symbol = fileName(name);
+    return symbol.has_value() && load() ? m_executable.find(*symbol) : nullptr;
+}
+
+fs::path Bundle::findResource(
+    const QString& name, const QString& type, const QString& subfolder, const QStringList& languages) const
+{
+    const std::optional<std::string> folder = fileName(subfolder);
+    const std::optional<std::string> file = fileName(type.isEmpty() ? name : name + '.' + type);
+    if (name.isEmpty() || !folder.has_value() || !file.has_value())
+        return {};
+    const QString region = infoText("CFBundleDevelopmentRegion");
+    for (const QString& language : QStringList(QString()) + languageFolders(languages + QStringList(region))) {
+        fs::path found = findInside(m_folder, m_layout.resources / fs::path(language.toStdString()) / *folder / *file);
+        if (!found.empty())
+            return found;
+    }
+    return {};
+}
+
+fs::path Bundle::builtInPlugIns() const
+{
+    return m_folder / m_layout.builtInPlugIns;
+}
+
+}  // namespace Toolbox

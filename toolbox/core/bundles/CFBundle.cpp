@@ -1,0 +1,141 @@
+#include <CoreFoundation/CFBundle.h>
+
+#include "toolbox/base/Remark.h"
+#include "toolbox/base/TracedCall.h"
+#include "toolbox/core/bundles/Bundle.h"
+#include "toolbox/core/bundles/Languages.h"
+#include "toolbox/core/bundles/MainBundle.h"
+#include "toolbox/core/core_foundation/StringObject.h"
+#include "toolbox/core/core_foundation/URLObject.h"
+
+#include <Toolbox/Application.h>
+
+#include <QFile>
+
+namespace fs = std::filesystem;
+
+using Toolbox::Bundle;
+using Toolbox::createURL;
+using Toolbox::findObject;
+using Toolbox::remark;
+using Toolbox::StringObject;
+using Toolbox::TracedCall;
+using Toolbox::URLObject;
+
+namespace {
+
+// A reference, not an object: a caller may have released it though he only borrowed it.
+CFBundleRef mainBundle = nullptr;
+
+CFBundleRef createBundle(const fs::path& folder)
+{
+    const Bundle* const bundle = Bundle::create(folder);
+    return bundle == nullptr ? nullptr : Toolbox::referenceTo<CFBundleRef>(*bundle);
+}
+
+// As resources are looked for: the locale decides nothing but which of a bundle's own language folders is taken.
+QStringList userLanguages()
+{
+    QStringList languages;
+    for (const std::string& language : Toolbox::UserLanguages())
+        languages += QString::fromStdString(language);
+    return languages;
+}
+
+// Whether `string` is null, for nothing, or a string at all.
+bool isOptionalString(CFStringRef string)
+{
+    return string == nullptr || findObject<StringObject>(string) != nullptr;
+}
+
+CFURLRef copyResourceURL(const Bundle* bundle, CFStringRef name, CFStringRef type, CFStringRef subfolder)
+{
+    if (bundle == nullptr || !isOptionalString(type) || !isOptionalString(subfolder))
+        return nullptr;
+    const fs::path path =
+        bundle->findResource(Toolbox::textOf(name), Toolbox::textOf(type), Toolbox::textOf(subfolder), userLanguages());
+    std::error_code missing;
+    return createURL(path, fs::is_directory(path, missing));
+}
+
+}  // namespace
+
+bool Toolbox::SetMainBundle(const std::string& folder)
+{
+    const CFBundleRef bundle = createBundle(folder);
+    if (bundle == nullptr)
+        return false;
+    if (auto* const previous = findObject<Bundle>(mainBundle))
+        previous->release();
+    mainBundle = bundle;
+    return true;
+}
+
+QString Toolbox::mainBundleName()
+{
+    const auto* const bundle = findObject<Bundle>(mainBundle);
+    return bundle == nullptr ? QString() : bundle->info().value(QStringLiteral("CFBundleName")).toString();
+}
+
+QString Toolbox::mainBundleResource(const QString& name, const QString& type, const QString& subfolder)
+{
+    const auto* const bundle = findObject<Bundle>(mainBundle);
+    if (bundle == nullptr)
+        return QString();
+    const fs::path path = bundle->findResource(name, type, subfolder, userLanguages());
+    return QFile::decodeName(path.c_str());
+}
+
+CFBundleRef CFBundleGetMainBundle()
+{
+    TracedCall call("CFBundleGetMainBundle");
+    return call.gives(mainBundle);
+}
+
+CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
+{
+    TracedCall call("CFBundleCreate", allocator, url);
+    const auto* const found = findObject<URLObject>(url);
+    if (found == nullptr)
+        return call.gives<CFBundleRef>(nullptr);
+    const CFBundleRef bundle = createBundle(found->path());
+    if (bundle == nullptr)
+        remark("there is no bundle " + found->traceName());
+    return call.gives(bundle);
+}
+
+Boolean CFBundleLoadExecutable(CFBundleRef bundle)
+{
+    TracedCall call("CFBundleLoadExecutable", bundle);
+    auto* const found = findObject<Bundle>(bundle);
+    const bool loaded = found != nullptr && found->load();
+    if (found != nullptr && !loaded)
+        remark("the bundle " + found->traceName() + " has no executable that can be loaded");
+    return call.gives<Boolean>(loaded);
+}
+
+void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)
+{
+    TracedCall call("CFBundleGetFunctionPointerForName", bundle, name);
+    auto* const found = findObject<Bundle>(bundle);
+    const auto* const string = findObject<StringObject>(name);
+    if (found == nullptr || string == nullptr)
+        return call.gives<void*>(nullptr);
+    void* const function = found->findFunction(string->text());
+    if (function == nullptr)
+        remark("the bundle " + found->traceName() + " has no function " + string->traceName());
+    return call.gives(function);
+}
+
+CFURLRef CFBundleCopyResourceURL(CFBundleRef bundle, CFStringRef name, CFStringRef type, CFStringRef subfolder)
+{
+    TracedCall call("CFBundleCopyResourceURL", bundle, name, type, subfolder);
+    return call.gives(copyResourceURL(findObject<Bundle>(bundle), name, type, subfolder));
+}
+
+CFURLRef CFBundleCopyBuiltInPlugInsURL(CFBundleRef bundle)
+{
+    TracedCall call("CFBundleCopyBuiltInPlugInsURL", bundle);
+    const auto* const found = findObject<Bundle>(bundle);
+    return call.gives(found == nullptr ? nullptr : createURL(found->builtInPlugIns(), true));
+}

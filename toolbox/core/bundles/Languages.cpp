@@ -1,0 +1,86 @@
+#include "toolbox/core/bundles/Languages.h"
+
+#include <Toolbox/Application.h>
+
+#include <cstdlib>
+#include <initializer_list>
+
+namespace Toolbox {
+
+namespace {
+
+// The languages that Mac OS X began with. Their folders bear either name.
+struct LongName {
+    const char* code;
+    const char* name;
+};
+
+constexpr LongName LONG_NAMES[] = {
+    {"de", "German"},
+    {"en", "English"},
+    {"es", "Spanish"},
+    {"fr", "French"},
+    {"it", "Italian"},
+    {"ja", "Japanese"},
+    {"nl", "Dutch"},
+};
+
+// Every name that the folder of `language` may have, the most special first.
+QStringList namesOf(const QString& language)
+{
+    const QString withUnderscore = QString(language).replace('-', '_');
+    const QString general = withUnderscore.section('_', 0, 0);
+    QStringList names = {language, withUnderscore, general};
+    for (const LongName& known : LONG_NAMES) {
+        if (general == QLatin1String(known.code))
+            names += known.name;
+        if (general == QLatin1String(known.name))
+            names += known.code;
+    }
+    return names;
+}
+
+// A locale's name without its encoding and modifier, as languages are written: "de-AT" of "de_AT.UTF-8@euro".
+QString languageOf(const QString& locale)
+{
+    return locale.section('.', 0, 0).section('@', 0, 0).replace('_', '-');
+}
+
+// The locale in which the user wants to read messages, as a language.
+QString localeOfMessages()
+{
+    for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (const QString locale = qEnvironmentVariable(variable); !locale.isEmpty())
+            return languageOf(locale);
+    }
+    return QString();
+}
+
+}  // namespace
+
+std::vector<std::string> UserLanguages()
+{
+    const QString locale = localeOfMessages();
+    if (locale.isEmpty() || locale == "C" || locale == "POSIX")
+        return {};
+    std::vector<std::string> languages;
+    for (const QString& name : qEnvironmentVariable("LANGUAGE").split(':') + QStringList(locale)) {
+        if (const QString language = languageOf(name); !language.isEmpty())
+            languages.push_back(language.toStdString());
+    }
+    return languages;
+}
+
+QStringList languageFolders(const QStringList& languages)
+{
+    QStringList folders;
+    for (const QString& language : languages) {
+        for (const QString& name : namesOf(language))
+            folders += name + ".lproj";
+    }
+    folders.removeAll(".lproj");  // of an empty name
+    folders.removeDuplicates();
+    return folders;
+}
+
+}  // namespace Toolbox

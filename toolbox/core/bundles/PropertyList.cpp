@@ -1,0 +1,128 @@
+#include "toolbox/core/bundles/PropertyList.h"
+
+#include <QXmlStreamReader>
+
+namespace Toolbox {
+
+namespace {
+
+// Walks the document once, forwards. Whatever is wrong becomes an error of the XML reader, after which no element comes
+// any more: so every function below just runs out, and the error is looked for once, at the end.
+class PropertyListReader {
+public:
+    explicit PropertyListReader(const QByteArray& document)
+        : m_xml(document)
+    {
+    }
+
+    std::optional<QVariantMap> read()
+    {
+        require(nextElement() && m_xml.name() == QLatin1String("plist"));
+        require(nextElement());
+        const QVariant value = readValue();
+        require(!nextElement());  // there is one value, and after it the document ends
+        while (!m_xml.atEnd())
+            m_xml.readNext();
+        if (m_xml.hasError() || value.typeId() != QMetaType::QVariantMap)
+            return std::nullopt;
+        return value.toMap();
+    }
+
+private:
+    void require(bool condition)
+    {
+        if (!condition)
+            m_xml.raiseError(QStringLiteral("not a property list"));
+    }
+
+    // Goes to the next element within the present one. False when there is none.
+    bool nextElement()
+    {
+        while (!m_xml.atEnd()) {
+            switch (m_xml.readNext()) {
+            case QXmlStreamReader::StartElement:
+                return true;
+            case QXmlStreamReader::EndElement:
+                return false;
+            case QXmlStreamReader::DTD:
+                require(m_xml.entityDeclarations().isEmpty());
+                break;
+            case QXmlStreamReader::Characters:
+                require(m_xml.isWhitespace());
+                break;
+            default:
+                require(m_xml.tokenType() != QXmlStreamReader::EntityReference);
+            }
+        }
+        return false;
+    }
+
+    // The text of the present element, which has no elements within.
+    QString readText()
+    {
+        QString text;
+        while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::EndElement) {
+            if (m_xml.isCharacters())
+                text += m_xml.text();
+            else
+                require(m_xml.isComment() || m_xml.isProcessingInstruction());
+        }
+        return text;
+    }
+
+    QVariant readValue()
+    {
+        const QString type = m_xml.name().toString();
+        if (type == QLatin1String("string"))
+            return readText();
+        if (type == QLatin1String("dict") || type == QLatin1String("array"))
+            return readContainer(type == QLatin1String("dict"));
+        require(NOT_ASKED_FOR.contains(type));
+        readText();
+        return QVariant();
+    }
+
+    QVariant readContainer(bool isDictionary)
+    {
+        require(++m_depth <= DEEPEST_PROPERTY_LIST);
+        const QVariant container = isDictionary ? QVariant(readDictionary()) : QVariant(readArray());
+        --m_depth;
+        return container;
+    }
+
+    QVariantMap readDictionary()
+    {
+        QVariantMap dictionary;
+        while (nextElement()) {
+            require(m_xml.name() == QLatin1String("key"));
+            const QString key = readText();
+            require(nextElement());
+            dictionary.insert(key, readValue());
+        }
+        return dictionary;
+    }
+
+    QVariantList readArray()
+    {
+        QVariantList array;
+        while (nextElement())
+            array.append(readValue());
+        return array;
+    }
+
+    static inline const QStringList NOT_ASKED_FOR = {"integer", "real", "true", "false", "date", "data"};
+
+    QXmlStreamReader m_xml;
+    int m_depth = 0;
+};
+
+}  // namespace
+
+std::optional<QVariantMap> readPropertyList(const QByteArray& document)
+{
+    if (document.size() > LONGEST_PROPERTY_LIST)
+        return std::nullopt;
+    return PropertyListReader(document).read();
+}
+
+}  // namespace Toolbox

@@ -1,0 +1,40 @@
+// What a display is to the toolbox: something that lets a person, or a list of answers, work in a window or answer an
+// alert. It knows commands, item numbers and buttons, and nothing of languages.
+
+#ifndef TOOLBOX_CORE_DIALOGS_DISPLAY_H
+#define TOOLBOX_CORE_DIALOGS_DISPLAY_H
+
+#include "toolbox/core/dialogs/Alert.h"
+#include "toolbox/core/dialogs/Window.h"
+
+#include <memory>
+
+namespace Toolbox {
+
+class Display {
+public:
+    virtual ~Display() = default;
+
+    /// Has somebody work in `window`, whose modal loop has begun, until modalLoopEnded(); the window may be gone by
+    /// then. True then; false, with the reason in `*problem`, when it cannot go on: a closed terminal, or a window that
+    /// nothing could ever end.
+    virtual bool runWindow(Window& window, QString* problem) = 0;
+
+    /// Has somebody answer `alert`, which has a button that can be pressed; returns the number of the button. It always
+    /// ends, with one of the alert's buttons also when nobody can answer any more.
+    virtual SInt16 runAlert(const Alert& alert) = 0;
+};
+
+/// The display that was chosen; an unattended one without answers until then. Whoever runs something on it keeps it
+/// alive until that has ended, also when a handler chooses another.
+std::shared_ptr<Display> currentDisplay();
+
+/// Shows everything on `display` from now on.
+void setCurrentDisplay(std::unique_ptr<Display> display);
+
+/// Keeps `problem` for DisplayProblem, until another display is chosen.
+void noteDisplayProblem(const QString& problem);
+
+}  // namespace Toolbox
+
+#endif

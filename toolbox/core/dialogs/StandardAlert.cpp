@@ -1,0 +1,151 @@
+#include "toolbox/base/Referenced.h"
+#include "toolbox/base/TracedCall.h"
+#include "toolbox/core/core_foundation/StringObject.h"
+#include "toolbox/core/dialogs/Alert.h"
+#include "toolbox/core/dialogs/MacText.h"
+
+#include <cstdint>
+#include <memory>
+#include <utility>
+
+namespace Toolbox {
+
+namespace {
+
+// An alert between CreateStandardAlert and RunStandardAlert.
+class WaitingAlert : public Referenced<WaitingAlert, DialogRef> {
+public:
+    static constexpr const char* KIND = "alert";
+
+    explicit WaitingAlert(Alert itsAlert)
+        : alert(std::move(itsAlert))
+    {
+    }
+
+    const Alert alert;
+};
+
+QString plainText(ConstStringPtr text)
+{
+    return withLineFeeds(fromPascalString(text));
+}
+
+QString plainText(CFStringRef text)
+{
+    return withLineFeeds(textOf(text));
+}
+
+bool meansSystemWord(const void* title)
+{
+    return reinterpret_cast<std::intptr_t>(title) == kAlertDefaultOKText;
+}
+
+template <typename Text> void addButton(Alert& alert, SInt16 slot, Text title, const char* systemWord)
+{
+    if (title != nullptr)
+        alert.buttons.push_back(
+            {slot, meansSystemWord(title) ? QString::fromLatin1(systemWord) : plainText(title), true, {}});
+}
+
+template <typename Record> void addButtons(Alert& alert, const Record& parameters)
+{
+    addButton(alert, kAlertStdAlertOKButton, parameters.defaultText, "OK");
+    addButton(alert, kAlertStdAlertCancelButton, parameters.cancelText, "Cancel");
+    addButton(alert, kAlertStdAlertOtherButton, parameters.otherText, "Don't Save");
+    if (parameters.helpButton)
+        alert.buttons.push_back({kAlertStdAlertHelpButton, QStringLiteral("Help"), true, {}});
+    alert.defaultButton = alert.offers(parameters.defaultButton) ? parameters.defaultButton : SInt16{0};
+    alert.cancelButton = alert.offers(parameters.cancelButton) ? parameters.cancelButton : SInt16{0};
+}
+
+template <typename Text, typename Record>
+Alert makeAlert(AlertType type, Text error, Text explanation, const Record* parameters)
+{
+    Alert alert;
+    alert.type = type;
+    alert.text = plainText(error);
+    alert.explanation = plainText(explanation);
+    if (parameters != nullptr) {
+        addButtons(alert, *parameters);
+    } else {
+        alert.buttons.push_back({kAlertStdAlertOKButton, QStringLiteral("OK"), true, {}});
+        alert.defaultButton = kAlertStdAlertOKButton;
+    }
+    return alert;
+}
+
+OSErr standardAlert(AlertType type, ConstStr255Param error, ConstStr255Param explanation,
+    const AlertStdAlertParamRec* parameters, SInt16* itemHit)
+{
+    if (itemHit == nullptr)
+        return paramErr;
+    const Alert alert = makeAlert(type, error, explanation, parameters);
+    if (!alert.canEnd())
+        return paramErr;
+    *itemHit = runAlert(alert);
+    return noErr;
+}
+
+// Whether `text` is a reference to nothing; null and the system's word are not.
+bool isWrong(CFStringRef text)
+{
+    return text != nullptr && !meansSystemWord(text) && textOf(text).isNull();
+}
+
+bool isWrong(const AlertStdCFStringAlertParamRec& parameters)
+{
+    return parameters.version != kStdCFStringAlertVersionOne || isWrong(parameters.defaultText)
+        || isWrong(parameters.cancelText) || isWrong(parameters.otherText);
+}
+
+OSStatus createStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,
+    const AlertStdCFStringAlertParamRec* parameters, DialogRef* dialog)
+{
+    if (dialog == nullptr)
+        return paramErr;
+    *dialog = nullptr;
+    if (isWrong(error) || isWrong(explanation) || (parameters != nullptr && isWrong(*parameters)))
+        return paramErr;
+    const Alert alert = makeAlert(type, error, explanation, parameters);
+    if (!alert.canEnd())
+        return paramErr;
+    *dialog = (new WaitingAlert(alert))->ref();  // the caller's, until RunStandardAlert
+    return noErr;
+}
+
+OSStatus runStandardAlert(DialogRef dialog, DialogItemIndex* itemHit)
+{
+    if (itemHit == nullptr)
+        return paramErr;
+    const std::unique_ptr<WaitingAlert> waiting(WaitingAlert::find(dialog));
+    if (waiting == nullptr)
+        return paramErr;
+    *itemHit = runAlert(waiting->alert);
+    return noErr;
+}
+
+}  // namespace
+
+}  // namespace Toolbox
+
+using Toolbox::TracedCall;
+
+OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param explanation,
+    const AlertStdAlertParamRec* parameters, SInt16* itemHit)
+{
+    TracedCall call("StandardAlert", type, error, explanation, parameters, itemHit);
+    return call.gives(Toolbox::standardAlert(type, error, explanation, parameters, itemHit));
+}
+
+OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,
+    const AlertStdCFStringAlertParamRec* parameters, DialogRef* alert)
+{
+    TracedCall call("CreateStandardAlert", type, error, explanation, parameters, alert);
+    return call.gives(Toolbox::createStandardAlert(type, error, explanation, parameters, alert));
+}
+
+OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit)
+{
+    TracedCall call("RunStandardAlert", alert, filter, itemHit);
+    return call.gives(Toolbox::runStandardAlert(alert, itemHit));
+}

@@ -1,0 +1,31 @@
+// The picture that SavePicture asked for: one file, of the next window or alert that is run.
+
+#ifndef TOOLBOX_CORE_DISPLAYS_PICTURE_H
+#define TOOLBOX_CORE_DISPLAYS_PICTURE_H
+
+#include "toolbox/core/dialogs/Alert.h"
+#include "toolbox/core/dialogs/Window.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace Toolbox {
+
+/// The file that was asked for, once; nothing when none was, or when it was taken already. Whoever takes it saves the
+/// picture and says with notePictureProblem() what went wrong.
+std::optional<QString> takePictureRequest();
+
+/// Keeps `problem`, empty for none, for PictureProblem.
+void notePictureProblem(const QString& problem);
+
+/// For a display without a screen: if a picture was asked for, draws `window` as it would be shown on one, and saves
+/// it.
+void drawRequestedPicture(Window& window);
+
+/// The same of `alert`.
+void drawRequestedPicture(const Alert& alert);
+
+}  // namespace Toolbox
+
+#endif

@@ -1,0 +1,126 @@
+#include "toolbox/core/displays/Screen.h"
+
+#include "toolbox/core/displays/ScreenLibrary.h"
+
+#include <Toolbox/Displays.h>
+
+#include <QCoreApplication>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace Toolbox {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds TIME_LIMIT(2000);
+
+// In a process of its own: writes one byte to `answer` when Qt could start. Says nothing, leaves no core file, and does
+// not outlive its parent.
+[[noreturn]] void tryPlatform(const ScreenLibrary& library, const QByteArray& platform, int answer)
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    prctl(PR_SET_DUMPABLE, 0);
+    signal(SIGABRT, SIG_DFL);
+    const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        dup2(nowhere, stream);
+    const bool answered = library.tryPlatform(platform) && write(answer, "y", 1) == 1;
+    _exit(answered ? 0 : 1);
+}
+
+// Whether a byte arrives in `file` within the time limit.
+bool byteArrives(int file)
+{
+    const Clock::time_point end = Clock::now() + TIME_LIMIT;
+    for (;;) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+        pollfd waiting{file, POLLIN, 0};
+        const int ready = left.count() > 0 ? poll(&waiting, 1, static_cast<int>(left.count())) : 0;
+        char byte = '\0';
+        if (ready > 0)
+            return read(file, &byte, 1) == 1;
+        if (ready == 0 || errno != EINTR)
+            return false;
+    }
+}
+
+// The platforms that the environment speaks of, the one to be preferred first.
+QList<QByteArray> namedPlatforms()
+{
+    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return {QByteArray()};
+    QList<QByteArray> platforms;
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        platforms.append("wayland");
+    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
+        platforms.append("xcb");
+    return platforms;
+}
+
+}  // namespace
+
+bool platformAnswers(const QByteArray& platform)
+{
+    QString problem;
+    const ScreenLibrary* const library = screenLibrary(&problem);
+    int ends[2];
+    if (library == nullptr || pipe2(ends, O_CLOEXEC) != 0)
+        return false;
+    const pid_t child = fork();
+    if (child == 0)
+        tryPlatform(*library, platform, ends[1]);
+    close(ends[1]);
+    const bool answered = child > 0 && byteArrives(ends[0]);
+    close(ends[0]);
+    if (child > 0) {
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+    }
+    return answered;
+}
+
+std::optional<QByteArray> answeringPlatform(QString* problem)
+{
+    if (QCoreApplication::instance() != nullptr) {  // there can only be one, and this one is somebody else's
+        *problem = QStringLiteral("the process has an application without a screen");
+        return QCoreApplication::instance()->inherits("QGuiApplication") ? std::optional(QByteArray()) : std::nullopt;
+    }
+    if (screenLibrary(problem) == nullptr)
+        return std::nullopt;
+    for (const QByteArray& each : namedPlatforms())
+        if (platformAnswers(each))
+            return each;
+    *problem = QStringLiteral("no screen answers");
+    return std::nullopt;
+}
+
+bool ScreenAnswers()
+{
+    QString problem;
+    return answeringPlatform(&problem).has_value();
+}
+
+bool UseWindowDisplay(std::string* problem)
+{
+    QString reason;
+    const std::optional<QByteArray> platform = answeringPlatform(&reason);
+    const ScreenLibrary* const library = screenLibrary(&reason);
+    if (!platform || library == nullptr) {
+        *problem = reason.toStdString();
+        return false;
+    }
+    setCurrentDisplay(library->makeDisplay(*platform));
+    return true;
+}
+
+}  // namespace Toolbox

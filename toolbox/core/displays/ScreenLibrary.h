@@ -1,0 +1,38 @@
+// The library that shows windows on a screen. It is loaded when it is first needed, from beside the core library and
+// from nowhere else, so that nobody needs it who never opens a window.
+
+#ifndef TOOLBOX_CORE_DISPLAYS_SCREENLIBRARY_H
+#define TOOLBOX_CORE_DISPLAYS_SCREENLIBRARY_H
+
+#include "toolbox/core/dialogs/Display.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+namespace Toolbox {
+
+/// What the library gives to the core, as `toolboxScreenLibrary`. A platform is a name by which Qt knows a way to reach
+/// a screen; an empty one stands for the one that the user's environment names.
+struct ScreenLibrary {
+    /// Whether Qt can use `platform` now. Where it cannot, Qt may end the process or wait for ever, so this is called
+    /// in a process that is there for nothing else.
+    bool (*tryPlatform)(const QByteArray& platform);
+
+    /// A display that shows windows on `platform`, which must be usable.
+    std::unique_ptr<Display> (*makeDisplay)(const QByteArray& platform);
+
+    /// Draws `window` as it would be shown, on no screen, and saves it as `file`. Returns what went wrong, or nothing.
+    QString (*drawPicture)(Window& window, const QString& file);
+
+    /// The same of `alert`.
+    QString (*drawAlertPicture)(const Alert& alert, const QString& file);
+};
+
+/// The library, or null with the reason in `*problem`.
+const ScreenLibrary* screenLibrary(QString* problem);
+
+}  // namespace Toolbox
+
+#endif

@@ -1,0 +1,39 @@
+// The archive of a nib, objects.xib, as a graph of objects that name each other.
+//
+// An element's tag is a value's type, its attribute `name` the property that has it. An object may stand inside its
+// owner, or elsewhere with a reference in its place, before or after it; here it makes no difference.
+
+#ifndef TOOLBOX_CORE_NIBS_NIBARCHIVE_H
+#define TOOLBOX_CORE_NIBS_NIBARCHIVE_H
+
+#include "toolbox/core/nibs/NibObject.h"
+
+#include <QByteArray>
+
+#include <memory>
+
+namespace Toolbox {
+
+class NibArchive {
+public:
+    /// The graph in `xml`. None when that is not well-formed XML, goes on after its root, declares entities, nests too
+    /// deeply, has a tag or text of more than 16 KiB, gives two objects one id, or holds a value that is not of its
+    /// type. What it says of counts is not looked at, and nothing outside of it.
+    static std::optional<NibArchive> read(const QByteArray& xml);
+
+    /// The object that `reference` names, or null.
+    const NibObject* find(const NibReference& reference) const;
+
+    /// The entry `name` of the name table, the first of several, or null.
+    const NibValue* named(const QString& name) const;
+
+private:
+    friend class NibArchiveReader;
+
+    std::map<QString, NibObject> m_objects;  // by id
+    NibDictionary m_nameTable;
+};
+
+}  // namespace Toolbox
+
+#endif

@@ -1,0 +1,233 @@
+#include "toolbox/core/nibs/NibWindow.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace Toolbox {
+
+namespace {
+
+// Controls inside one another. A chain of references can go deeper than the archive's elements do.
+constexpr int DEEPEST = 100;
+
+// What a class of controls has beyond what every control has.
+using Details = void (*)(const NibObject& object, Control& control);
+
+void setRange(Control& control, SInt32 minimum, SInt32 maximum, SInt32 value)
+{
+    control.minimum = minimum;
+    control.maximum = maximum;
+    control.setValue(value);
+}
+
+void readNothingMore(const NibObject&, Control&) { }
+
+void readButton(const NibObject& object, Control& control)
+{
+    const SInt32 type = object.number("buttonType", 0);
+    control.role = type == 1 ? ButtonRole::Default : type == 2 ? ButtonRole::Cancel : ButtonRole::Plain;
+}
+
+void readStaticText(const NibObject& object, Control& control)
+{
+    switch (object.number("justification", 0)) {
+    case 1:
+        control.justification = Justification::Center;
+        break;
+    case -1:
+        control.justification = Justification::Right;
+        break;
+    case -2:
+        control.justification = Justification::Left;
+        break;
+    }
+}
+
+void readEditText(const NibObject& object, Control& control)
+{
+    control.text = std::exchange(control.title, QString());
+    control.secret = object.flag("isPassword", false);
+}
+
+void readToggle(const NibObject& object, Control& control)
+{
+    setRange(control, 0, 2, object.number("initialState", 0));  // off, on, mixed
+    control.autoToggle = object.flag("autoToggle", true);
+}
+
+// Its value is the number of the chosen button, counted by rows.
+void readRadioGroup(const NibObject& object, Control& control)
+{
+    long long buttons = 0;
+    for (const NibValue& row : object.array("radioTitles"))
+        if (const NibArray* const titles = row.as<NibArray>())
+            buttons += static_cast<long long>(titles->size());
+    const long long chosen =
+        (object.number("selectedRow", 1) - 1LL) * object.number("numCols", 1) + object.number("selectedCol", 1);
+    setRange(control, 0, static_cast<SInt32>(buttons), static_cast<SInt32>(std::clamp<long long>(chosen, 0, buttons)));
+}
+
+void readRange(const NibObject& object, Control& control)
+{
+    setRange(control, object.number("minimumValue", 0), object.number("maximumValue", 100),
+        object.number("initialValue", 0));
+}
+
+void readTab(const NibObject& object, Control& control)
+{
+    const SInt32 tabs = static_cast<SInt32>(object.array("tabItems").size());
+    setRange(control, std::min(tabs, 1), tabs, object.number("tabSelection", 1));
+}
+
+void readTriangle(const NibObject& object, Control& control)
+{
+    setRange(control, 0, 1, object.flag("collapsed", true) ? 0 : 1);
+}
+
+struct ControlClass {
+    const char* name;
+    ControlKind kind;
+    Details readDetails;
+};
+
+// The classes that have something of their own here. Any other is Other, with what every control has.
+constexpr ControlClass CONTROL_CLASSES[] = {
+    {"IBCarbonRootControl", ControlKind::Root, readNothingMore},
+    {"IBCarbonButton", ControlKind::Button, readButton},
+    {"IBCarbonPopupButton", ControlKind::PopupButton, readNothingMore},
+    {"IBCarbonStaticText", ControlKind::StaticText, readStaticText},
+    {"IBCarbonEditText", ControlKind::EditText, readEditText},
+    {"IBCarbonCheckBox", ControlKind::CheckBox, readToggle},
+    {"IBCarbonRadioButton", ControlKind::RadioButton, readToggle},
+    {"IBCarbonGroupBox", ControlKind::GroupBox, readNothingMore},
+    {"IBCarbonSeparator", ControlKind::Separator, readNothingMore},
+    {"IBCarbonRadioGroup", ControlKind::Other, readRadioGroup},
+    {"IBCarbonProgressBar", ControlKind::Other, readRange},
+    {"IBCarbonSlider", ControlKind::Other, readRange},
+    {"IBCarbonScrollBar", ControlKind::Other, readRange},
+    {"IBCarbonLittleArrows", ControlKind::Other, readRange},
+    {"IBCarbonTab", ControlKind::Other, readTab},
+    {"IBCarbonTriangle", ControlKind::Other, readTriangle},
+};
+
+constexpr ControlClass OTHER_CLASS = {nullptr, ControlKind::Other, readNothingMore};
+
+const ControlClass& classOf(const NibObject& object)
+{
+    for (const ControlClass& each : CONTROL_CLASSES)
+        if (object.className == QLatin1String(each.name))
+            return each;
+    return OTHER_CLASS;
+}
+
+// Makes one window. Where the archive cannot be followed it goes on with what there is, and gives no window in the end.
+class WindowMaker {
+public:
+    explicit WindowMaker(const NibArchive& archive)
+        : m_archive(archive)
+    {
+    }
+
+    std::unique_ptr<Window> make(const NibObject& object)
+    {
+        claim(object);
+        auto window = std::make_unique<Window>();
+        window->title = object.text("title");
+        window->content = rectangle(object, "windowRect");
+        window->windowClass = static_cast<UInt32>(object.number("carbonWindowClass", 6));
+        window->windowPosition = static_cast<UInt32>(object.number("windowPosition", 0));
+        if (const auto root = object.reference("rootControl"))
+            window->root = makeControl(*window, nullptr, follow(&*root), 0);
+        else
+            window->root = std::make_unique<Control>(*window, ControlKind::Root);
+        return m_fits ? std::move(window) : nullptr;
+    }
+
+private:
+    std::unique_ptr<Control> makeControl(Window& window, const Control* container, const NibObject& object, int depth)
+    {
+        if (depth == DEEPEST || !claim(object)) {
+            m_fits = false;
+            return nullptr;
+        }
+        const ControlClass& controlClass = classOf(object);
+        auto control = std::make_unique<Control>(window, controlClass.kind, container);
+        control->bounds = rectangle(object, "bounds");
+        control->title = object.text("title");
+        control->id = {object.code("controlSignature"), object.number("controlID", 0)};
+        control->command = object.code("command");
+        control->enabled = object.flag("enabled", true);
+        control->hidden = object.flag("hidden", false);
+        controlClass.readDetails(object, *control);
+        if (const auto menu = object.reference("menu"))
+            readMenu(follow(&*menu), object.number("selectedItem", 1), *control);
+        for (const NibValue& child : object.array("subviews"))
+            control->children.push_back(
+                makeControl(window, control.get(), follow(child.as<NibReference>()), depth + 1));
+        return control;
+    }
+
+    void readMenu(const NibObject& menu, SInt32 selectedItem, Control& control)
+    {
+        if (!claim(menu))
+            return;
+        for (const NibValue& item : menu.array("items"))
+            control.items.push_back(makeItem(follow(item.as<NibReference>())));
+        const SInt32 items = static_cast<SInt32>(control.items.size());
+        setRange(control, std::min(items, 1), items, selectedItem);
+    }
+
+    MenuItem makeItem(const NibObject& object)
+    {
+        claim(object);
+        MenuItem item;
+        item.title = object.text("title");
+        item.command = object.code("command");
+        item.enabled = !object.flag("disabled", false);
+        item.separator = object.flag("separator", false);
+        item.hidden = object.flag("hidden", false);
+        return item;
+    }
+
+    // Whatever stands in one place stands in no other: so nothing is in itself, and little cannot become much.
+    bool claim(const NibObject& object)
+    {
+        const bool isNew = m_claimed.insert(&object).second;
+        m_fits = m_fits && isNew;
+        return isNew;
+    }
+
+    const NibObject& follow(const NibReference* reference)
+    {
+        static const NibObject nothing;
+        const NibObject* const object = reference == nullptr ? nullptr : m_archive.find(*reference);
+        m_fits = m_fits && object != nullptr;
+        return object == nullptr ? nothing : *object;
+    }
+
+    Rect rectangle(const NibObject& object, const char* name)
+    {
+        const std::optional<Rect> found = object.rectangle(name);
+        m_fits = m_fits && found.has_value();
+        return found.value_or(Rect{});
+    }
+
+    const NibArchive& m_archive;
+    std::set<const NibObject*> m_claimed;
+    bool m_fits = true;
+};
+
+}  // namespace
+
+bool isWindow(const NibObject& object)
+{
+    return object.className == QLatin1String("IBCarbonWindow");
+}
+
+std::unique_ptr<Window> makeWindow(const NibArchive& archive, const NibObject& object)
+{
+    return WindowMaker(archive).make(object);
+}
+
+}  // namespace Toolbox

@@ -1,0 +1,119 @@
+#include "toolbox/core/terminal/Choices.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace Toolbox {
+
+namespace {
+
+// One spelling for all that count as the same: compatibility forms, case, accents and blanks.
+QString oneSpelling(const QString& text)
+{
+    QString spelling = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
+    spelling.removeIf([](QChar unit) { return unit.isMark(); });
+    return spelling.simplified();
+}
+
+// As it can be repeated within a line: control characters as the keys that give them, and not too much of it.
+QString repeated(const QString& typed)
+{
+    constexpr qsizetype MOST = 40;
+    QString text;
+    for (const QChar each : typed)
+        text += each < QLatin1Char(' ') && each != QLatin1Char('\t')
+            ? QLatin1Char('^') + QString(QChar(each.unicode() + '@'))
+            : QString(each);
+    text = text.simplified();
+    return text.size() <= MOST ? text : text.left(MOST) + QStringLiteral("...");
+}
+
+// The whole name, and its parts where brackets, strokes or dashes set them apart.
+QStringList keysOf(const QString& name)
+{
+    static const QRegularExpression separators(QStringLiteral("[()\\[\\]/|,–—]|\\s-\\s"));
+    QStringList keys = oneSpelling(name).split(separators);
+    for (QString& key : keys)
+        key = key.trimmed();
+    keys.append(oneSpelling(name));
+    keys.removeAll(QString(QLatin1String("")));
+    return keys;
+}
+
+}  // namespace
+
+bool isReturnAlone(const QString& typed)
+{
+    return std::all_of(typed.begin(), typed.end(),
+        [](QChar each) { return each == QLatin1Char('\t') || (each.isSpace() && each >= QLatin1Char(' ')); });
+}
+
+bool Choices::Choice::hasNumber(const QString& wanted) const
+{
+    return number == wanted;
+}
+
+bool Choices::Choice::isNamed(const QString& wanted) const
+{
+    return keys.contains(wanted);
+}
+
+bool Choices::Choice::hasWord(const QString& wanted) const
+{
+    return word == wanted;
+}
+
+bool Choices::Choice::beginsLike(const QString& wanted) const
+{
+    return std::any_of(keys.begin(), keys.end(), [&wanted](const QString& key) { return key.startsWith(wanted); });
+}
+
+void Choices::add(const QString& name, std::optional<int> number, const QString& word)
+{
+    m_choices.push_back({name.simplified(), keysOf(name), number ? QString::number(*number) : QString(), word});
+}
+
+std::optional<std::size_t> Choices::find(const QString& typed, QString* problem) const
+{
+    const QString wanted = oneSpelling(typed);
+    const std::vector<std::size_t> found = wanted.isEmpty() ? std::vector<std::size_t>() : findAll(wanted);
+    if (found.size() == 1)
+        return found.front();
+
+    QStringList names;
+    for (const std::size_t index : found)
+        names.append(m_choices[index].name);
+    if (names.isEmpty())
+        *problem = QStringLiteral("There is no \"%1\" here.").arg(repeated(typed));
+    else
+        *problem = QStringLiteral("\"%1\" could be %2.").arg(repeated(typed), names.join(QStringLiteral(" or ")));
+    return std::nullopt;
+}
+
+std::vector<std::size_t> Choices::beginningLike(const QString& typed) const
+{
+    return allThat(&Choice::beginsLike, oneSpelling(typed));
+}
+
+// The choices that fit the surest reading that fits any.
+std::vector<std::size_t> Choices::findAll(const QString& wanted) const
+{
+    for (const Test fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
+        const std::vector<std::size_t> found = allThat(fits, wanted);
+        if (!found.empty())
+            return found;
+    }
+    return {};
+}
+
+std::vector<std::size_t> Choices::allThat(Test fits, const QString& wanted) const
+{
+    std::vector<std::size_t> found;
+    for (std::size_t index = 0; index < m_choices.size(); ++index)
+        if ((m_choices[index].*fits)(wanted))
+            found.push_back(index);
+    return found;
+}
+
+}  // namespace Toolbox

@@ -1,0 +1,55 @@
+// What a person can answer with on a terminal, and which of it a typed line means.
+
+#ifndef TOOLBOX_CORE_TERMINAL_CHOICES_H
+#define TOOLBOX_CORE_TERMINAL_CHOICES_H
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace Toolbox {
+
+/// Whether nothing but blanks was typed. A control character is something: Ctrl-L was not meant as Return.
+bool isReturnAlone(const QString& typed);
+
+/// A choice is known by its number, by its name and by each part of the name: "日本語 (Japanese)" answers to the whole,
+/// to "日本語" and to "Japanese". A name may be cut short where no other begins alike; neither case nor accents count.
+class Choices {
+public:
+    /// Adds a choice. Without a `number` it has none; `word`, in small letters, means it where no name is that word.
+    void add(const QString& name, std::optional<int> number = std::nullopt, const QString& word = QString());
+
+    /// The index, in the order of adding, of the choice that `typed` means; else nothing, with the reason in
+    /// `*problem`, a sentence.
+    std::optional<std::size_t> find(const QString& typed, QString* problem) const;
+
+    /// The indexes, in the order of adding, of the choices whose name or a part of it begins as `typed` says, which
+    /// must not be empty.
+    std::vector<std::size_t> beginningLike(const QString& typed) const;
+
+private:
+    struct Choice {
+        bool hasNumber(const QString& wanted) const;
+        bool isNamed(const QString& wanted) const;
+        bool hasWord(const QString& wanted) const;
+        bool beginsLike(const QString& wanted) const;
+
+        QString name;
+        QStringList keys;  // the name and its parts, in one spelling
+        QString number;
+        QString word;
+    };
+
+    using Test = bool (Choice::*)(const QString& wanted) const;
+
+    std::vector<std::size_t> findAll(const QString& wanted) const;
+    std::vector<std::size_t> allThat(Test fits, const QString& wanted) const;
+
+    std::vector<Choice> m_choices;
+};
+
+}  // namespace Toolbox
+
+#endif

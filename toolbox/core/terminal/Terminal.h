@@ -1,0 +1,55 @@
+// The process's controlling terminal, as a place to write paragraphs to and to read lines from. Standard input and
+// output stay what they are, so that an answer on standard output carries nothing else.
+
+#ifndef TOOLBOX_CORE_TERMINAL_TERMINAL_H
+#define TOOLBOX_CORE_TERMINAL_TERMINAL_H
+
+#include "toolbox/core/terminal/TerminalEncoding.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace Toolbox {
+
+/// Open for as long as it lives. A terminal that cannot be opened, or that closes, reads as ended.
+class Terminal {
+public:
+    Terminal();
+    ~Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    /// Whether somebody could answer: it is open, and this process may read from it, which a job in the background may
+    /// not.
+    bool answers() const;
+
+    /// `name` as it can be read here (TerminalEncoding.h).
+    QString readableName(const QString& name) const { return m_encoding.readableName(name); }
+
+    /// Writes the lines of `text`, broken at 80 columns.
+    void writeLines(const QString& text);
+
+    /// Writes `text` as one entry of a list, on one line or broken and indented, with `number` before it.
+    void writeNumbered(int number, const QString& text);
+
+    /// Writes `text`, without ending its last line, and reads what is typed after it, without the line's end. Nothing
+    /// at the end of input (Ctrl-D, a terminal that hung up); that is not remembered.
+    std::optional<QString> ask(const QString& text);
+
+    /// The same for a text that is not shown while it is typed.
+    std::optional<QString> askSecretly(const QString& text);
+
+private:
+    void write(const QString& showableText);
+    std::optional<QString> readLine();
+
+    const TerminalEncoding m_encoding;
+    const int m_file;
+    bool m_failed;
+};
+
+}  // namespace Toolbox
+
+#endif

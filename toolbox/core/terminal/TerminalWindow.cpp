@@ -1,0 +1,197 @@
+#include "toolbox/core/terminal/TerminalWindow.h"
+
+#include "toolbox/core/dialogs/Commands.h"
+#include "toolbox/core/dialogs/ControlLabel.h"
+#include "toolbox/core/dialogs/MacText.h"
+#include "toolbox/core/dialogs/ModalLoop.h"
+#include "toolbox/core/dialogs/WindowButtons.h"
+#include "toolbox/core/terminal/Choices.h"
+
+#include <algorithm>
+
+namespace Toolbox {
+
+namespace {
+
+// What `control` is set to, in words; of a pop-up, whether it is set to `item`.
+QString stateInWords(const Control& control, SInt32 item)
+{
+    switch (control.kind) {
+    case ControlKind::PopupButton:
+        return control.value == item ? QStringLiteral("chosen") : QString();
+    case ControlKind::RadioButton:
+        return control.value != 0 ? QStringLiteral("chosen") : QString();
+    case ControlKind::CheckBox:
+        return control.value != 0 ? QStringLiteral("on") : QStringLiteral("off");
+    case ControlKind::EditText:
+        return control.secret ? QStringLiteral("not shown") : control.text;
+    default:
+        return QString();
+    }
+}
+
+// "a, b, or c", with a capital.
+QString alternatives(QStringList parts)
+{
+    if (parts.size() > 1)
+        parts.last().prepend(QStringLiteral("or "));
+    QString sentence = parts.join(QStringLiteral(", "));
+    sentence.replace(0, 1, sentence.left(1).toUpper());
+    return sentence;
+}
+
+}  // namespace
+
+TerminalWindow::TerminalWindow(Terminal& terminal, Window& window)
+    : m_terminal(terminal)
+    , m_window(window)
+    , m_ref(window.ref())
+{
+}
+
+bool TerminalWindow::run(QString* problem)
+{
+    describe();
+    while (!modalLoopEnded(m_ref)) {
+        const std::optional<QString> typed = m_terminal.ask(question());
+        if (!typed) {
+            cancelWindow(m_window);
+            *problem = QStringLiteral("the terminal gives no more input, and cancelling the window does not end it");
+            return modalLoopEnded(m_ref);
+        }
+        answer(*typed);
+    }
+    return true;
+}
+
+std::vector<TerminalWindow::Offer> TerminalWindow::offers() const
+{
+    std::vector<Offer> all;
+    for (Control* const each : m_window.controls())
+        if (each->usable())
+            appendOffers(*each, all);
+
+    int number = 0;
+    for (Offer& each : all) {
+        if (each.control->kind != ControlKind::Button)
+            each.number = ++number;
+        if (each.control == confirmingControl(m_window))
+            each.word = QStringLiteral("ok");
+        else if (each.control == cancellingControl(m_window))
+            each.word = QStringLiteral("cancel");
+    }
+    if (cancellingControl(m_window) == nullptr)
+        all.push_back({nullptr, 0, QStringLiteral("cancel"), std::nullopt, QStringLiteral("cancel")});
+    return all;
+}
+
+void TerminalWindow::appendOffers(Control& control, std::vector<Offer>& all) const
+{
+    switch (control.kind) {
+    case ControlKind::PopupButton:
+        for (std::size_t index = 0; index < control.items.size(); ++index) {
+            const SInt32 item = static_cast<SInt32>(index + 1);
+            const QString name = m_terminal.readableName(control.items[index].title.simplified());
+            if (control.offers(item))
+                all.push_back({&control, item, name, std::nullopt, QString()});
+        }
+        break;
+    case ControlKind::Button:
+    case ControlKind::CheckBox:
+    case ControlKind::RadioButton:
+    case ControlKind::EditText:
+        all.push_back({&control, 0, labelOf(control), std::nullopt, QString()});
+        break;
+    default:
+        break;
+    }
+}
+
+QString TerminalWindow::question() const
+{
+    const Control* const confirming = confirmingControl(m_window);
+    bool hasNumbers = false;
+    QStringList others;
+    for (const Offer& each : offers()) {
+        hasNumbers = hasNumbers || each.number;
+        if (!each.number && each.control != confirming)
+            others.append(each.name);
+    }
+    if (hasNumbers)
+        others.prepend(QStringLiteral("number or name"));
+    if (confirming != nullptr)
+        others.append(QStringLiteral("Return for %1").arg(labelOf(*confirming)));
+    return alternatives(others) + QStringLiteral(": ");
+}
+
+void TerminalWindow::describe()
+{
+    m_terminal.writeLines(QLatin1Char('\n') + m_window.title.simplified() + QLatin1Char('\n'));
+    const std::vector<Offer> all = offers();
+    for (const Control* const each : m_window.controls())
+        if (each->shown())
+            describe(*each, all);
+    m_terminal.writeLines(QString());
+}
+
+void TerminalWindow::describe(const Control& control, const std::vector<Offer>& all)
+{
+    const bool showsTitle = control.kind == ControlKind::StaticText || control.kind == ControlKind::GroupBox
+        || control.kind == ControlKind::PopupButton;
+    if (showsTitle && !control.title.isEmpty())
+        m_terminal.writeLines(withLineFeeds(control.title));
+    for (const Offer& each : all) {
+        if (each.control != &control || !each.number)
+            continue;
+        const QString state = stateInWords(control, each.item);
+        m_terminal.writeNumbered(
+            *each.number, state.isEmpty() ? each.name : QStringLiteral("%1 - %2").arg(each.name, state));
+    }
+}
+
+void TerminalWindow::answer(const QString& typed)
+{
+    if (isReturnAlone(typed)) {
+        Control* const confirming = confirmingControl(m_window);
+        if (confirming != nullptr)
+            pressControl(*confirming);
+        else
+            m_terminal.writeLines(QStringLiteral("Return alone means nothing here."));
+        return;
+    }
+    const std::vector<Offer> all = offers();
+    Choices choices;
+    for (const Offer& each : all)
+        choices.add(each.name, each.number, each.word);
+    QString problem;
+    const std::optional<std::size_t> chosen = choices.find(typed, &problem);
+    if (chosen)
+        take(all[*chosen]);
+    else
+        m_terminal.writeLines(problem);
+}
+
+void TerminalWindow::take(const Offer& offer)
+{
+    if (offer.control == nullptr) {
+        cancelWindow(m_window);
+        return;
+    }
+    if (offer.control->kind == ControlKind::PopupButton) {
+        chooseMenuItem(*offer.control, offer.item);
+    } else if (offer.control->kind == ControlKind::EditText) {
+        const QString question = QStringLiteral("%1: ").arg(offer.name);
+        const auto typed = offer.control->secret ? m_terminal.askSecretly(question) : m_terminal.ask(question);
+        offer.control->text = typed.value_or(offer.control->text);
+        return;
+    } else {
+        pressControl(*offer.control);
+    }
+    if (modalLoopEnded(m_ref))
+        return;
+    const QString state = stateInWords(*offer.control, offer.item);
+    if (!state.isEmpty())
+        m_terminal.writeLines(QStringLiteral("%1 is %2.").arg(offer.name, state));
+}
+
+}  // namespace Toolbox

@@ -1,0 +1,49 @@
+// A window as questions on a terminal.
+
+#ifndef TOOLBOX_CORE_TERMINAL_TERMINALWINDOW_H
+#define TOOLBOX_CORE_TERMINAL_TERMINALWINDOW_H
+
+#include "toolbox/core/dialogs/Window.h"
+#include "toolbox/core/terminal/Terminal.h"
+
+#include <optional>
+#include <vector>
+
+namespace Toolbox {
+
+/// One run of a window: what is typed becomes presses and choices, until the window's modal loop has ended.
+class TerminalWindow {
+public:
+    TerminalWindow(Terminal& terminal, Window& window);
+
+    /// True when the modal loop has ended; false, with the reason in `*problem`, when the terminal gives no more input
+    /// and cancelling the window does not end it.
+    bool run(QString* problem);
+
+private:
+    // One thing that somebody can do in the window. Handlers may dispose of controls, so offers are made anew for
+    // each answer.
+    struct Offer {
+        Control* control;  // null for cancelling a window without a cancel button
+        SInt32 item;       // of a pop-up
+        QString name;
+        std::optional<int> number;
+        QString word;  // stands for it beside its name: "ok", "cancel"
+    };
+
+    std::vector<Offer> offers() const;
+    void appendOffers(Control& control, std::vector<Offer>& all) const;
+    QString question() const;
+    void describe();
+    void describe(const Control& control, const std::vector<Offer>& all);
+    void answer(const QString& typed);
+    void take(const Offer& offer);
+
+    Terminal& m_terminal;
+    Window& m_window;
+    const WindowRef m_ref;  // tells whether m_window is still there
+};
+
+}  // namespace Toolbox
+
+#endif

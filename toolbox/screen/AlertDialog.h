@@ -1,0 +1,44 @@
+// An alert as a dialog on the screen.
+
+#ifndef TOOLBOX_SCREEN_ALERTDIALOG_H
+#define TOOLBOX_SCREEN_ALERTDIALOG_H
+
+#include "toolbox/core/dialogs/Alert.h"
+
+#include <QDialog>
+
+class QPushButton;
+
+namespace Toolbox {
+
+/// Shows the icon, the texts and the buttons of an alert, and closes when one of the buttons is pressed. An alert from
+/// resources has them where its resources say, if everything fits there, every button lies within the alert and the
+/// alert within the screen. Any other alert, and one that fails that, has the arrangement of standard alerts.
+class AlertDialog : public QDialog {
+public:
+    AlertDialog(const Alert& alert, QWidget* parent);
+
+    /// The number of the button that was pressed; before that, of the one that is taken when nobody can answer.
+    SInt16 pressed() const { return m_pressed; }
+
+    /// What Escape does: presses the cancel button, if there is one.
+    void reject() override;
+
+protected:
+    /// Closing the alert presses the cancel button, else the only one; where there are several it does nothing.
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    bool buttonsLieWithin(const QSize& size) const;
+    bool arrangeByLayout();
+    void arrangeAsStandardAlert();
+    QPushButton* makeButton(const AlertButton& button, QWidget* parent);
+    void press(SInt16 number);
+
+    const Alert& m_alert;
+    SInt16 m_pressed;
+};
+
+}  // namespace Toolbox
+
+#endif

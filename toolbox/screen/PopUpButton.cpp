@@ -1,0 +1,126 @@
+#include "toolbox/screen/PopUpButton.h"
+
+#include "toolbox/screen/PlainText.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QListView>
+#include <QStandardItemModel>
+
+#include <algorithm>
+
+namespace Toolbox {
+
+namespace {
+
+// Whether `event` is of a key with a letter, rather than of one that works the pop-up: the blank opens it.
+bool hasALetter(const QKeyEvent& event)
+{
+    const QString text = event.text();
+    return !text.isEmpty() && text.front().isPrint() && !text.front().isSpace();
+}
+
+bool isCommand(const QKeyEvent& event)
+{
+    return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+}
+
+bool isOneLetterOnly(const QString& text)
+{
+    return text.count(text.front()) == text.size();
+}
+
+}  // namespace
+
+PopUpButton::PopUpButton(const Control& control, QWidget* parent)
+    : QComboBox(parent)
+{
+    for (std::size_t index = 0; index < control.items.size(); ++index)
+        addItem(control, static_cast<int>(index));
+    view()->installEventFilter(this);
+}
+
+// With what nobody can choose marked as such.
+void PopUpButton::addItem(const Control& control, int row)
+{
+    const auto& item = control.items[static_cast<std::size_t>(row)];
+    const QString title = plainText(item.title).simplified();
+    if (item.separator)
+        insertSeparator(row);
+    else
+        QComboBox::addItem(title);
+    m_names.add(title);
+    qobject_cast<QStandardItemModel*>(model())->item(row)->setEnabled(control.offers(row + 1));
+    qobject_cast<QListView*>(view())->setRowHidden(row, item.hidden);
+}
+
+// The keys of the open menu arrive at its view.
+bool PopUpButton::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && typeAhead(*static_cast<const QKeyEvent*>(event)))
+        return true;
+    return QComboBox::eventFilter(watched, event);
+}
+
+void PopUpButton::keyPressEvent(QKeyEvent* event)
+{
+    if (typeAhead(*event))
+        return;
+    if (hasALetter(*event))
+        event->ignore();  // or a combo box would take the command for a letter
+    else
+        QComboBox::keyPressEvent(event);
+}
+
+// False when the key is none for this.
+bool PopUpButton::typeAhead(const QKeyEvent& event)
+{
+    if (!hasALetter(event) || isCommand(event))
+        return false;
+    // By the time at which the key was pressed, not by that at which a busy machine comes to see it.
+    const bool isNew = event.timestamp() > m_lastTyped + static_cast<quint64>(QApplication::keyboardInputInterval());
+    m_typed = isNew ? event.text() : m_typed + event.text();
+    m_lastTyped = event.timestamp();
+
+    std::vector<int> rows = rowsBeginningLike(m_typed);
+    const bool goesOn = isOneLetterOnly(m_typed) && (m_typed.size() == 1 || rows.empty());
+    if (rows.empty() && goesOn)
+        rows = rowsBeginningLike(m_typed.left(1));
+    if (rows.empty())
+        return true;
+    const int first = presentRow() + (goesOn ? 1 : 0);
+    const auto next = std::lower_bound(rows.begin(), rows.end(), first);
+    goTo(next != rows.end() ? *next : rows.front());
+    return true;
+}
+
+std::vector<int> PopUpButton::rowsBeginningLike(const QString& text) const
+{
+    std::vector<int> rows;
+    for (const std::size_t index : m_names.beginningLike(text)) {
+        const int row = static_cast<int>(index);
+        const bool canBeChosen = qobject_cast<const QStandardItemModel*>(model())->item(row)->isEnabled()
+            && !qobject_cast<const QListView*>(view())->isRowHidden(row);
+        if (canBeChosen)
+            rows.push_back(row);
+    }
+    return rows;
+}
+
+int PopUpButton::presentRow() const
+{
+    return view()->isVisible() ? view()->currentIndex().row() : currentIndex();
+}
+
+// In the open menu nothing is chosen yet.
+void PopUpButton::goTo(int row)
+{
+    if (view()->isVisible()) {
+        view()->setCurrentIndex(model()->index(row, modelColumn()));
+    } else if (row != currentIndex()) {
+        setCurrentIndex(row);
+        emit activated(row);
+    }
+}
+
+}  // namespace Toolbox
