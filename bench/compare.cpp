@@ -12,7 +12,8 @@ std::string words(std::size_t length)
     std::string text;
     while (text.size() < length) {
         for (auto letters = 2 + random() % 9; letters > 0; --letters)
-            text += static_cast<char>((random() % 8 == 0 ? 'A' : 'a') + static_cast<int>(random() % 26));
+            text += random() % 8 == 0 ? "ABCDEFGHIJKLMNOPRSTUVWXYZ"[random() % 25]
+                                      : "abcdefghijklmnoprstuvwxyz"[random() % 25];
         text += ' ';
     }
     text.resize(length);
@@ -39,11 +40,12 @@ Text::Text(const std::string& text)
 
 int main(int argc, char** argv)
 {
-    bench::addScans();
+    bench::addMaking();
     bench::addEdits();
-    bench::addTransforms();
-    bench::addBounded();
+    bench::addLists();
     bench::addNumbers();
+    bench::addScans();
+    bench::addTransforms();
     bench::addUnicode();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))

@@ -11,6 +11,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -18,11 +19,8 @@
 
 namespace bench {
 
-/// The two lengths of the long texts, in bytes: the second is 16 times the first, so that growth shows.
-constexpr std::size_t LENGTHS[] = {1024, 16384};
-
 /// A text in the type of each peer. Words of lower- and upper-case letters with one space between, `length` bytes in
-/// all; the same for the same length. '#' and the word "needle" are nowhere in it.
+/// all; the same for the same length. '#', the letter Q and the word "needle" are nowhere in it.
 struct Text {
     explicit Text(std::size_t length);
     explicit Text(const std::string& text);
@@ -33,12 +31,12 @@ struct Text {
     QString wide;
 };
 
-/// Times `body` as `operation` done by `peer` on `length` bytes. `body` returns what it computed, so that nothing of it
-/// is left out.
-template <typename Body> void add(const std::string& operation, const std::string& peer, std::size_t length, Body body)
+/// Times `body` as `operation` done by `peer` on `size` bytes, digits or fields, as the operation's name says. `body`
+/// returns what it computed, so that nothing of it is left out.
+template <typename Body> void add(const std::string& operation, const std::string& peer, std::size_t size, Body body)
 {
     benchmark::RegisterBenchmark(
-        (operation + "/" + std::to_string(length) + "/" + peer).c_str(), [body](benchmark::State& state) {
+        (operation + "/" + std::to_string(size) + "/" + peer).c_str(), [body](benchmark::State& state) {
             for (auto _ : state) {
                 auto result = body();
                 benchmark::DoNotOptimize(result);
@@ -46,39 +44,73 @@ template <typename Body> void add(const std::string& operation, const std::strin
         });
 }
 
-/// A text of a std::string and a count, each in a block of its own: as little as a shared text can be.
-class Prototype {
+/// The peer whose time is what the library's promises cost at least: see Imposed.
+constexpr char IMPOSED[] = "imposed";
+
+/// As little as a shared text can be: its length and characters in one heap block, its count in another.
+class Imposed {
 public:
-    Prototype(const char* text, std::size_t length)
-        : m_text(new std::string(text, length))
+    /// Of `length` bytes that are not set yet.
+    explicit Imposed(std::size_t length)
+        : m_block(new char[sizeof(unsigned) + length + 1])
         , m_count(new unsigned(1))
     {
+        characters()[length] = '\0';
     }
-    Prototype(std::string_view head, std::string_view middle, std::string_view tail)
-        : Prototype("", 0)
+    Imposed(std::initializer_list<std::string_view> pieces)
+        : Imposed(lengthOf(pieces))
     {
-        m_text->reserve(head.size() + middle.size() + tail.size());
-        m_text->append(head).append(middle).append(tail);
+        char* to = characters();
+        for (const std::string_view piece : pieces)
+            to += piece.copy(to, piece.size());
     }
-    Prototype(const Prototype& other)
-        : m_text(other.m_text)
+    Imposed(const Imposed& other)
+        : m_block(other.m_block)
         , m_count(other.m_count)
     {
         ++*m_count;
     }
-    ~Prototype()
+    ~Imposed()
     {
         if (--*m_count == 0) {
-            delete m_text;
+            delete[] m_block;
             delete m_count;
         }
     }
-    Prototype& operator=(const Prototype&) = delete;
+    Imposed& operator=(const Imposed&) = delete;
+
+    char* characters() const { return m_block + sizeof(unsigned); }
 
 private:
-    std::string* m_text;
+    static std::size_t lengthOf(std::initializer_list<std::string_view> pieces)
+    {
+        std::size_t length = 0;
+        for (const std::string_view piece : pieces)
+            length += piece.size();
+        return length;
+    }
+
+    char* m_block;
     unsigned* m_count;
 };
+
+/// The ASCII rule for case, without branches, as the loops over a std::string below and in the other files have it.
+inline char lowered(char c)
+{
+    return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+}
+inline char raised(char c)
+{
+    return static_cast<char>(c >= 'a' && c <= 'z' ? c - ('a' - 'A') : c);
+}
+
+/// `text` with each of its characters turned into what `map` makes of it.
+template <typename Map> std::string mapped(std::string text, Map map)
+{
+    for (char& c : text)
+        c = map(c);
+    return text;
+}
 
 /// Owns a text that GLib allocated.
 struct GAllocated {
@@ -93,11 +125,16 @@ struct GAllocated {
     char* const text;
 };
 
-void addScans();
+/// Lengths of long texts.
+constexpr std::size_t KIB = 1024;
+constexpr std::size_t MIB = 1024 * KIB;
+
+void addMaking();
 void addEdits();
-void addTransforms();
-void addBounded();
+void addLists();
 void addNumbers();
+void addScans();
+void addTransforms();
 void addUnicode();
 
 }  // namespace bench

@@ -3,14 +3,7 @@
 #include "bench/compare.h"
 
 #include <absl/strings/str_cat.h>
-#include <absl/strings/str_join.h>
 #include <absl/strings/str_replace.h>
-
-#include <QByteArrayList>
-#include <QStringList>
-
-#include <algorithm>
-#include <vector>
 
 namespace bench {
 
@@ -51,11 +44,8 @@ void addReplaceCharacter(std::size_t n)
 {
     const Text text(n);
     add("replace a character", "library", n, [text] { return text.own.ReplaceChar('e', '_'); });
-    add("replace a character", "std", n, [text] {
-        std::string result = text.plain;
-        std::replace(result.begin(), result.end(), 'e', '_');
-        return result;
-    });
+    add("replace a character", "std", n,
+        [text] { return mapped(text.plain, [](char c) { return c == 'e' ? '_' : c; }); });
     add("replace a character", "QByteArray", n, [text] {
         QByteArray result = text.bytes;
         return result.replace('e', '_');
@@ -73,100 +63,77 @@ void addReplaceCharacter(std::size_t n)
 void addInsertAndRemove(std::size_t n)
 {
     const Text text(n);
-    const Text piece(std::string("inserted"));
+    const Text piece(std::string("ten bytes."));
     const std::size_t middle = n / 2;
     const unsigned at = static_cast<unsigned>(middle);
 
-    add("insert", "library", n, [=] {
+    add("insert 10", "library", n, [=] {
         String result = text.own;
         result.Insert(at, piece.own);
         return result;
     });
-    add("insert", "prototype", n, [=] {
+    add("insert 10", IMPOSED, n, [=] {
         const std::string_view whole = text.plain;
-        return Prototype(whole.substr(0, middle), piece.plain, whole.substr(middle));
+        return Imposed({whole.substr(0, middle), piece.plain, whole.substr(middle)});
     });
-    add("insert", "std", n, [=] {
+    add("insert 10", "std", n, [=] {
         std::string result = text.plain;
         return result.insert(middle, piece.plain);
     });
-    add("insert", "Abseil", n, [=] {
+    add("insert 10", "Abseil", n, [=] {
         const absl::string_view whole = text.plain;
         return absl::StrCat(whole.substr(0, middle), piece.plain, whole.substr(middle));
     });
-    add("insert", "QByteArray", n, [=] {
+    add("insert 10", "QByteArray", n, [=] {
         QByteArray result = text.bytes;
         return result.insert(static_cast<qsizetype>(middle), piece.bytes);
     });
 
-    add("remove", "library", n, [=] {
+    add("remove 10", "library", n, [=] {
         String result = text.own;
-        result.Remove(at, 8u);
+        result.Remove(at, 10u);
         return result;
     });
-    add("remove", "prototype", n, [=] {
+    add("remove 10", IMPOSED, n, [=] {
         const std::string_view whole = text.plain;
-        return Prototype(whole.substr(0, middle), whole.substr(middle + 8), "");
+        return Imposed({whole.substr(0, middle), whole.substr(middle + 10)});
     });
-    add("remove", "std", n, [=] {
+    add("remove 10", "std", n, [=] {
         std::string result = text.plain;
-        return result.erase(middle, 8);
+        return result.erase(middle, 10);
     });
-    add("remove", "Abseil", n, [=] {
+    add("remove 10", "Abseil", n, [=] {
         const absl::string_view whole = text.plain;
-        return absl::StrCat(whole.substr(0, middle), whole.substr(middle + 8));
+        return absl::StrCat(whole.substr(0, middle), whole.substr(middle + 10));
     });
-    add("remove", "QByteArray", n, [=] {
+    add("remove 10", "QByteArray", n, [=] {
         QByteArray result = text.bytes;
-        return result.remove(static_cast<qsizetype>(middle), 8);
+        return result.remove(static_cast<qsizetype>(middle), 10);
     });
 
-    add("append", "library", n, [=] {
+    add("append 10", "library", n, [=] {
         String result = text.own;
         result += piece.own;
         return result;
     });
-    add("append", "prototype", n, [=] { return Prototype(text.plain, piece.plain, ""); });
-    add("append", "std", n, [=] { return text.plain + piece.plain; });
-    add("append", "Abseil", n, [=] { return absl::StrCat(text.plain, piece.plain); });
-    add("append", "QByteArray", n, [=] { return QByteArray(text.bytes + piece.bytes); });
-}
-
-void addJoin(std::size_t n)
-{
-    const Text piece(std::string("seven77"));
-    const std::size_t count = n / 8;
-    const std::vector<String> own(count, piece.own);
-    const std::vector<std::string> plain(count, piece.plain);
-    const QByteArrayList bytes(static_cast<qsizetype>(count), piece.bytes);
-    const QStringList wide(static_cast<qsizetype>(count), piece.wide);
-
-    add("join", "library", n, [=] { return String::Join(",", own); });
-    add("join", "Abseil", n, [=] { return absl::StrJoin(plain, ","); });
-    add("join", "QByteArray", n, [=] { return bytes.join(','); });
-    add("join", "QString", n, [=] { return wide.join(QLatin1Char(',')); });
-    add("join", "std", n, [=] {
-        std::string result;
-        result.reserve(count * (piece.plain.size() + 1));
-        for (const std::string& part : plain)
-            (result += part) += ',';
-        result.pop_back();
-        return result;
-    });
+    add("append 10", IMPOSED, n, [=] { return Imposed({text.plain, piece.plain}); });
+    add("append 10", "std", n, [=] { return text.plain + piece.plain; });
+    add("append 10", "Abseil", n, [=] { return absl::StrCat(text.plain, piece.plain); });
+    add("append 10", "QByteArray", n, [=] { return QByteArray(text.bytes + piece.bytes); });
 }
 
 }  // namespace
 
 void addEdits()
 {
-    for (const std::size_t n : LENGTHS) {
+    for (const std::size_t n : {KIB, MIB}) {
         addReplace("replace without a match", "needle", n);
         addReplace("replace a letter", "e", n);
         addReplace("replace a pair of letters", "e ", n);
         addReplaceCharacter(n);
-        addInsertAndRemove(n);
-        addJoin(n);
     }
+    for (const std::size_t n : {std::size_t{100}, std::size_t{1000}, 64 * KIB})
+        addInsertAndRemove(n);
 }
 
 }  // namespace bench

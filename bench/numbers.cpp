@@ -1,8 +1,9 @@
-// Numbers read from text, and floating-point numbers in both directions.
+// Numbers read from text and written as text.
 
 #include "bench/compare.h"
 
 #include <absl/strings/numbers.h>
+#include <absl/strings/str_cat.h>
 #include <absl/strings/str_format.h>
 #include <fmt/format.h>
 
@@ -15,95 +16,118 @@ namespace bench {
 
 namespace {
 
+template <typename Number> Number fromChars(const std::string& text, int base = 10)
+{
+    Number number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number, base);
+    return number;
+}
+
 void addParse(const std::string& digits)
 {
     const Text text(digits);
     const std::size_t n = digits.size();
-    add("parse an int", "library", n, [text] { return text.own.ToInt(); });
-    add("parse an int", "from_chars", n, [text] {
-        int number = 0;
-        std::from_chars(text.plain.data(), text.plain.data() + text.plain.size(), number);
-        return number;
-    });
-    add("parse an int", "Abseil", n, [text] {
+    add("parse an int, digits", "library", n, [text] { return text.own.ToInt(); });
+    add("parse an int, digits", "from_chars", n, [text] { return fromChars<int>(text.plain); });
+    add("parse an int, digits", "Abseil", n, [text] {
         int number = 0;
         return absl::SimpleAtoi(text.plain, &number) ? number : 0;
     });
-    add("parse an int", "QByteArray", n, [text] { return text.bytes.toInt(); });
-    add("parse an int", "GLib", n, [text] { return g_ascii_strtoll(text.plain.c_str(), nullptr, 10); });
+    add("parse an int, digits", "QByteArray", n, [text] { return text.bytes.toInt(); });
+    add("parse an int, digits", "GLib", n, [text] { return g_ascii_strtoll(text.plain.c_str(), nullptr, 10); });
 }
 
-void addParseHexadecimal()
+void addParseOthers()
 {
-    const Text text(std::string("1A2b3C4d"));
-    const std::size_t n = text.plain.size();
-    add("parse base 16", "library", n, [text] { return text.own.ToUInt(nullptr, 16); });
-    add("parse base 16", "from_chars", n, [text] {
-        unsigned number = 0;
-        std::from_chars(text.plain.data(), text.plain.data() + text.plain.size(), number, 16);
-        return number;
-    });
-    add("parse base 16", "QByteArray", n, [text] { return text.bytes.toUInt(nullptr, 16); });
+    const Text hexadecimal(std::string("1A2b3C4d"));
+    add("parse base 16, digits", "library", 8, [=] { return hexadecimal.own.ToUInt(nullptr, 16); });
+    add("parse base 16, digits", "from_chars", 8, [=] { return fromChars<unsigned>(hexadecimal.plain, 16); });
+    add("parse base 16, digits", "QByteArray", 8, [=] { return hexadecimal.bytes.toUInt(nullptr, 16); });
+
+    const Text wide(std::string("12345678901234567890"));
+    add("parse 64 bits, digits", "library", 20, [=] { return wide.own.ToUInt64(); });
+    add("parse 64 bits, digits", "from_chars", 20, [=] { return fromChars<unsigned long long>(wide.plain); });
+    add("parse 64 bits, digits", "QByteArray", 20, [=] { return wide.bytes.toULongLong(); });
 }
 
-void addParse64()
+void addParseDouble(const std::string& number, std::size_t digits)
 {
-    const Text text(std::string("12345678901234567890"));
-    const std::size_t n = text.plain.size();
-    add("parse 64 bits", "library", n, [text] { return text.own.ToUInt64(); });
-    add("parse 64 bits", "from_chars", n, [text] {
-        unsigned long long number = 0;
-        std::from_chars(text.plain.data(), text.plain.data() + text.plain.size(), number);
-        return number;
+    const Text text(number);
+    add("parse a double, digits", "library", digits, [text] { return text.own.ToDouble(); });
+    add("parse a double, digits", "strtod", digits, [text] { return std::strtod(text.plain.c_str(), nullptr); });
+    add("parse a double, digits", "from_chars", digits, [text] {
+        double result = 0;
+        std::from_chars(text.plain.data(), text.plain.data() + text.plain.size(), result);
+        return result;
     });
-    add("parse 64 bits", "QByteArray", n, [text] { return text.bytes.toULongLong(); });
+    add("parse a double, digits", "Abseil", digits, [text] {
+        double result = 0;
+        return absl::SimpleAtod(text.plain, &result) ? result : 0;
+    });
+    add("parse a double, digits", "QByteArray", digits, [text] { return text.bytes.toDouble(); });
 }
 
-void addFloatingPoint(const std::string& digits)
+// What a new text of the digits that std::to_chars writes costs.
+template <typename... Options> Imposed imposed(Options... options)
 {
-    const Text text(digits);
-    const std::size_t n = digits.size();
-    add("parse a double", "library", n, [text] { return text.own.ToDouble(); });
-    // The grammar and the locale are strtod's, so that this is the bound.
-    add("parse a double", "prototype", n, [text] { return std::strtod(text.plain.c_str(), nullptr); });
-    add("parse a double", "from_chars", n, [text] {
-        double number = 0;
-        std::from_chars(text.plain.data(), text.plain.data() + text.plain.size(), number);
-        return number;
-    });
-    add("parse a double", "Abseil", n, [text] {
-        double number = 0;
-        return absl::SimpleAtod(text.plain, &number) ? number : 0;
-    });
-    add("parse a double", "QByteArray", n, [text] { return text.bytes.toDouble(); });
+    char digits[64];
+    const char* const end = std::to_chars(digits, digits + sizeof digits, options...).ptr;
+    return Imposed({std::string_view(digits, static_cast<std::size_t>(end - digits))});
 }
 
-void addFormat()
+template <typename Number> void addNumber(const std::string& operation, Number number)
 {
-    const double number = 12345.678;
-    add("a double to text", "library", 9, [number] { return String::Number(number, 3); });
-    // The text is printf's, in the current locale, so that this is the bound.
-    add("a double to text", "prototype", 9, [number] {
-        char digits[64];
-        std::snprintf(digits, sizeof digits, "%.3f", number);
-        return Prototype(digits, std::strlen(digits));
+    const std::size_t digits = std::to_string(number).size();
+    add(operation, "library", digits, [number] { return String::Number(number); });
+    add(operation, IMPOSED, digits, [number] { return imposed(number); });
+    add(operation, "std", digits, [number] { return std::to_string(number); });
+    add(operation, "fmt", digits, [number] { return fmt::to_string(number); });
+    add(operation, "Abseil", digits, [number] { return absl::StrCat(number); });
+    add(operation, "QByteArray", digits, [number] { return QByteArray::number(number); });
+    add(operation, "QString", digits, [number] { return QString::number(number); });
+}
+
+void addHexadecimal()
+{
+    const unsigned number = 0x1A2B3C4D;
+    const std::string operation = "base 16 to text, digits";
+    add(operation, "library", 8, [number] { return String::Number(number, 16); });
+    add(operation, IMPOSED, 8, [number] { return imposed(number, 16); });
+    add(operation, "fmt", 8, [number] { return fmt::format("{:X}", number); });
+    add(operation, "Abseil", 8, [number] { return absl::StrCat(absl::Hex(number)); });
+    add(operation, "QByteArray", 8, [number] { return QByteArray::number(number, 16); });
+}
+
+void addDouble(double number, int precision, std::size_t digits)
+{
+    const std::string operation = "a double to text, digits";
+    add(operation, "library", digits, [=] { return String::Number(number, static_cast<unsigned>(precision)); });
+    add(operation, IMPOSED, digits, [=] { return imposed(number, std::chars_format::fixed, precision); });
+    add(operation, "to_chars", digits, [=] {
+        char text[64];
+        return std::string(
+            text, std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, precision).ptr);
     });
-    add("a double to text", "fmt", 9, [number] { return fmt::format("{:.3f}", number); });
-    add("a double to text", "Abseil", 9, [number] { return absl::StrFormat("%.3f", number); });
-    add("a double to text", "QByteArray", 9, [number] { return QByteArray::number(number, 'f', 3); });
+    add(operation, "fmt", digits, [=] { return fmt::format("{:.{}f}", number, precision); });
+    add(operation, "Abseil", digits, [=] { return absl::StrFormat("%.*f", precision, number); });
+    add(operation, "QByteArray", digits, [=] { return QByteArray::number(number, 'f', precision); });
 }
 
 }  // namespace
 
 void addNumbers()
 {
-    addParse("42");
+    addParse("123");
     addParse("1234567890");
-    addParseHexadecimal();
-    addParse64();
-    addFloatingPoint("3.25");
-    addFloatingPoint("-1234567.890123e-12");
-    addFormat();
+    addParseOthers();
+    addParseDouble("3.25", 3);
+    addParseDouble("-12345.678901234567e-12", 17);
+    addNumber("an int to text, digits", 123);
+    addNumber("an int to text, digits", 1234567890);
+    addNumber("64 bits to text, digits", 1234567890123456789LL);
+    addHexadecimal();
+    addDouble(1.25, 2, 3);
+    addDouble(12345.678, 3, 8);
 }
 
 }  // namespace bench
