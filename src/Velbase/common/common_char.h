@@ -63,6 +63,10 @@ public:
     {
     }
 
+    /// The same byte. Only a character that has a name is assigned to: `text.At(0) = 'x'` would change nothing.
+    Char(const Char& other) = default;
+    Char& operator=(const Char& other) & = default;
+
     /// The byte.
     operator char() const { return m_char; }
 

@@ -5,6 +5,7 @@
 #define VELBASE_COMMON_CHECKED_TYPES_H
 
 #include <cstdint>
+#include <type_traits>
 
 /// A value that may be absent. Owns nothing, allocates nothing, copies freely.
 template <typename T> class checked_value {
@@ -22,6 +23,10 @@ public:
         , m_given(1)
     {
     }
+
+    /// A truth is no number: `FindRev('x', false)` would take the false for a position.
+    template <typename Bool, std::enable_if_t<std::is_same_v<Bool, bool> && !std::is_same_v<T, bool>, int> = 0>
+    checked_value(Bool given) = delete;
 
     /// Whether there is a value.
     bool valid() const { return m_given != 0; }

@@ -1,6 +1,6 @@
 #include "Velbase/common/common_smart_ptr.h"
 
-void delete_count(std::int32_t* count) noexcept
+void velbase_private::delete_count(std::int32_t* count) noexcept
 {
     delete count;
 }

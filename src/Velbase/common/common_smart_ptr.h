@@ -25,6 +25,8 @@ template <typename T> inline void checked_array_delete(T* p)
     delete[] p;
 }
 
+namespace velbase_private {
+
 /// Frees a count. A function of its own, not inline: GCC does not see that the owner who frees a count is the last to
 /// use it, and warns wherever it sees several of them at once.
 void delete_count(std::int32_t* count) noexcept;
@@ -129,21 +131,23 @@ private:
 /// How a shared_ptr frees what it owned.
 struct object_disposal {
     /// checked_delete.
-    template <typename T> static void dispose(T* p) { checked_delete(p); }
+    template <typename T> static void dispose(T* p) { ::checked_delete(p); }
 };
 
 /// How a shared_array frees what it owned.
 struct array_disposal {
     /// checked_array_delete.
-    template <typename T> static void dispose(T* p) { checked_array_delete(p); }
+    template <typename T> static void dispose(T* p) { ::checked_array_delete(p); }
 };
 
+}  // namespace velbase_private
+
 /// A shared owner of one object. Its operations are those of counted_owner.
-template <typename T> class shared_ptr : public counted_owner<T, object_disposal> {
+template <typename T> class shared_ptr : public velbase_private::counted_owner<T, velbase_private::object_disposal> {
 public:
     /// Owns `p`, which may be null. Throws std::bad_alloc, and has then freed `p`.
     explicit shared_ptr(T* p = nullptr)
-        : counted_owner<T, object_disposal>(p)
+        : velbase_private::counted_owner<T, velbase_private::object_disposal>(p)
     {
     }
 
@@ -153,11 +157,11 @@ public:
 };
 
 /// A shared owner of an array. Its operations are those of counted_owner.
-template <typename T> class shared_array : public counted_owner<T, array_disposal> {
+template <typename T> class shared_array : public velbase_private::counted_owner<T, velbase_private::array_disposal> {
 public:
     /// Owns `p`, which may be null. Throws std::bad_alloc, and has then freed `p`.
     explicit shared_array(T* p = nullptr)
-        : counted_owner<T, array_disposal>(p)
+        : velbase_private::counted_owner<T, velbase_private::array_disposal>(p)
     {
     }
 

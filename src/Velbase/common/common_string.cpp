@@ -2,7 +2,9 @@
 
 #include "Velbase/common/common_string.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 #include "Velbase/common/common_string_buffer.h"
 
@@ -16,34 +18,27 @@ String::String(std::nullptr_t)
 }
 
 String::String(const char* text)
-    : m_text(text == nullptr ? nullptr : newBuffer(std::string_view(text)).release())
+    : m_text(text == nullptr ? nullptr : Buffer::make(std::string_view(text)).release())
 {
 }
 
 String::String(const char* text, unsigned maxLength)
-    : m_text(text == nullptr ? nullptr : newBuffer(upToZero(text, maxLength)).release())
-{
-}
-
-String::String(std::unique_ptr<std::string> text)
-    : m_text(text.release())
+    : m_text(text == nullptr ? nullptr : Buffer::make(velbase_private::upToZero({text, maxLength})).release())
 {
 }
 
 void String::Truncate(unsigned length)
 {
     if (length < Length())
-        m_text.reset(newBuffer(view().substr(0, length)).release());
+        m_text.reset(Buffer::make(view().substr(0, length)).release());
 }
 
 void String::detachAndExtend(unsigned index)
 {
-    if (index < Length()) {
-        m_text.reset(newBuffer(view()).release());
-        return;
-    }
-    auto buffer = newZeroBuffer(std::uint64_t(index) + 1);
-    view().copy(buffer->data(), Length());
+    const std::string_view text = view();
+    auto buffer = Buffer::make(std::max<std::uint64_t>(text.size(), std::uint64_t(index) + 1));
+    char* const end = velbase_private::write(buffer->characters(), text);
+    std::memset(end, 0, buffer->length() - text.size());
     m_text.reset(buffer.release());
 }
 
@@ -51,5 +46,5 @@ void String::write(unsigned index, char c)
 {
     if (!m_text.unique() || index >= Length())
         detachAndExtend(index);
-    (*m_text)[index] = c;
+    m_text->characters()[index] = c;
 }

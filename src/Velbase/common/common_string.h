@@ -16,8 +16,12 @@
 //
 // Failure. Positions out of range give what each operation says, never an error. Whatever allocates may throw
 // std::bad_alloc, leaving every string and list as it was; a text of more than 4294967295 bytes counts as such a
-// failure. A new buffer takes a block for its std::string, one for its count and, if it is long, one for its
-// characters; a null string has its count alone. Copying, assigning and destroying allocate nothing.
+// failure.
+//
+// Cost. A text is two heap blocks: its buffer, of 5 bytes and the characters, and its count, of 4; a null string has
+// its count alone. Copying, assigning and destroying allocate nothing. Every change makes a new buffer, so that what is
+// put together piece by piece with operator+= takes time in the square of its length: use Join, Arg or Replace for
+// that.
 //
 // Threads. Counts are plain integers: strings that share a buffer must be used from one thread at a time.
 
@@ -25,9 +29,11 @@
 #define VELBASE_COMMON_STRING_H
 
 #include <cstddef>
+#include <cstdint>
+#include <initializer_list>
 #include <memory>
-#include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "Velbase/common/common_char.h"
@@ -37,7 +43,12 @@
 class CharRef;
 
 /// A text of 8-bit characters. What holds for all its operations is said at the head of common_string.h.
-class String {
+/// The compiler warns where one is made or returned and not used: what returns a String changes none.
+class [[nodiscard]] String {
+    // What the operations are declared with that would do something else than a caller means.
+    template <typename T, typename U> using if_same = std::enable_if_t<std::is_same_v<T, U>, int>;
+    template <typename T, typename U> using if_not_same = std::enable_if_t<!std::is_same_v<T, U>, int>;
+
 public:
     // ---- Making one
 
@@ -69,23 +80,23 @@ public:
     bool IsEmpty() const { return Length() == 0; }
 
     /// The number of bytes; 0 for a null string.
-    unsigned Length() const { return IsNull() ? 0 : static_cast<unsigned>(m_text->length()); }
+    unsigned Length() const { return IsNull() ? 0 : m_text->length(); }
 
     /// The zero-terminated text, "" for a null string; never null. It stays the buffer's: valid until the last string
     /// that shares it is changed or destroyed.
-    const char* Latin1() const { return IsNull() ? "" : m_text->c_str(); }
+    const char* Latin1() const { return IsNull() ? "" : m_text->characters(); }
 
     /// The text as zero-terminated UTF-16, read as Mac OS Roman up to the first zero byte; "" for a null string.
     /// A null array for a text of 100,000 bytes or more and after a failure of the Text Encoding Converter.
     shared_array<unsigned short> Unicode() const;
 
     /// The character at `index`; Char() at and past the end.
-    Char At(unsigned index) const { return index < Length() ? Char((*m_text)[index]) : Char(); }
-    Char operator[](unsigned index) const { return At(index); }
+    Char At(unsigned index) const { return index < Length() ? Char(Latin1()[index]) : Char(); }
+    Char operator[](unsigned index) const& { return At(index); }
 
     /// The character at `index`, to be read or written. Writing gives this string a buffer of its own first if it
     /// shares one, and at or past the end extends it as detachAndExtend does.
-    CharRef operator[](unsigned index);
+    CharRef operator[](unsigned index) &;
 
     // ---- Searching: the position of what was found, or an invalid number. Nothing is found in a null string, or with
     // `from` at or past the end. Without `caseSensitive`, ASCII letters match in either case.
@@ -99,6 +110,10 @@ public:
     /// as empty without `caseSensitive`, and is not allowed with it. Allocates only without `caseSensitive`.
     checked_uint Find(const char* needle, unsigned from = 0, bool caseSensitive = true) const;
     checked_uint Find(const String& needle, unsigned from = 0, bool caseSensitive = true) const;
+
+    /// `Find(x, false)` would take the false for a position.
+    template <typename X, typename Bool, if_same<Bool, bool> = 0>
+    checked_uint Find(const X& x, Bool from, bool caseSensitive = true) const = delete;
 
     /// The last `c` at or before `from`, or in the whole text when that is not given. Allocates nothing.
     checked_uint FindRev(char c, const checked_uint& from = checked_uint(), bool caseSensitive = true) const;
@@ -225,6 +240,10 @@ public:
     static String Number(double value, unsigned precision = DEFAULT_PRECISION, char format = 'f');
     static String Number(float value, unsigned precision = DEFAULT_PRECISION, char format = 'f');
 
+    /// `Number(1.5, 'e')` would take the 'e' for a precision.
+    template <typename N, typename C, if_same<C, char> = 0>
+    static String Number(N value, C precision, char format = 'f') = delete;
+
     /// The precision that stands for none.
     static constexpr unsigned DEFAULT_PRECISION = 0xFFFFFFFF;
 
@@ -260,31 +279,79 @@ public:
     String Arg(double v, unsigned precision = DEFAULT_PRECISION, char format = 'f') const;
     String Arg(float v, unsigned precision = DEFAULT_PRECISION, char format = 'f') const;
 
+    /// As for Number. And a pointer to anything but char would be taken for a truth.
+    template <typename N, typename C, if_same<C, char> = 0>
+    String Arg(N v, C precision, char format = 'f') const = delete;
+    template <typename T, if_not_same<std::remove_const_t<T>, char> = 0> String Arg(T* p) const = delete;
+
 private:
     friend class CharRef;
 
+    // The length, the characters and a zero byte, in one heap block of just that size.
+    class Buffer {
+    public:
+        // With room for `length` characters, to be written, or with a text, or with pieces one behind the other.
+        // Throws std::bad_alloc, also for a length beyond 32 bits.
+        static std::unique_ptr<Buffer> make(std::uint64_t length);
+        static std::unique_ptr<Buffer> make(std::string_view text);
+        static std::unique_ptr<Buffer> make(std::initializer_list<std::string_view> pieces);
+
+        Buffer(const Buffer&) = delete;
+        Buffer& operator=(const Buffer&) = delete;
+
+        std::uint32_t length() const { return m_length; }
+        char* characters() { return reinterpret_cast<char*>(this + 1); }
+
+        // Keeps the first `length` characters, in the same block.
+        void truncate(std::uint32_t length);
+
+        // Frees the whole block: the delete that is told a size would be told that of the length alone.
+        static void operator delete(void* block) { ::operator delete(block); }
+
+    private:
+        explicit Buffer(std::uint32_t length);
+
+        std::uint32_t m_length;
+    };
+
     // Takes over `text`.
-    explicit String(std::unique_ptr<std::string> text);
+    explicit String(std::unique_ptr<Buffer> text)
+        : m_text(text.release())
+    {
+    }
+
+    // The text in lower case, up to its first zero byte, without a count.
+    static std::unique_ptr<Buffer> lowered(std::string_view text);
 
     // The whole text, zero bytes included; "" for a null string.
-    std::string_view view() const { return IsNull() ? std::string_view() : std::string_view(*m_text); }
+    std::string_view view() const { return std::string_view(Latin1(), Length()); }
+
+    // This text with `a`, which is not empty, in place of the next placeholder or at its end, in a new buffer.
+    String fill(std::string_view a) const;
 
     // Writes `c` at `index`, in place if the buffer is this string's alone and long enough.
     void write(unsigned index, char c);
 
-    shared_ptr<std::string> m_text;
+    shared_ptr<Buffer> m_text;
 };
 
-static_assert(sizeof(String) == sizeof(shared_ptr<std::string>), "a string is its owner of the text and nothing else");
+static_assert(sizeof(String) == 2 * sizeof(void*), "a string is its owner of the text and nothing else");
 
 /// Compare as C strings, bytes as unsigned: zero bytes end the text, null and empty are equal. With a null pointer all
-/// three are false. There are no other operators.
+/// three are false. There are no other operators, and none for a const char* on the left: so is said here lest the
+/// language makes them of these, by a String of the pointer, or in C++20 by turning one round.
 bool operator==(const String& a, const String& b);
 bool operator==(const String& a, const char* b);
 bool operator<(const String& a, const String& b);
 bool operator<(const String& a, const char* b);
 bool operator<=(const String& a, const String& b);
 bool operator<=(const String& a, const char* b);
+bool operator==(const char* a, const String& b) = delete;
+bool operator<(const char* a, const String& b) = delete;
+bool operator<=(const char* a, const String& b) = delete;
+bool operator!=(const String& a, const String& b) = delete;
+bool operator!=(const String& a, const char* b) = delete;
+bool operator!=(const char* a, const String& b) = delete;
 
 /// A character of a string that can be read and assigned to, by position. It stays good while the string lives,
 /// whatever becomes of the text; at or past the end it reads as Char() and a write extends the text.
@@ -333,7 +400,7 @@ private:
     unsigned m_iChar;
 };
 
-inline CharRef String::operator[](unsigned index)
+inline CharRef String::operator[](unsigned index) &
 {
     return CharRef(*this, index);
 }

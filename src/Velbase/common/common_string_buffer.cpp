@@ -1,45 +1,46 @@
 #include "Velbase/common/common_string_buffer.h"
 
-std::unique_ptr<std::string> newBuffer(std::initializer_list<std::string_view> pieces)
+#include <limits>
+#include <new>
+
+#include "Velbase/common/common_string.h"
+
+String::Buffer::Buffer(std::uint32_t length)
+    : m_length(length)
+{
+    characters()[length] = '\0';
+}
+
+std::unique_ptr<String::Buffer> String::Buffer::make(std::uint64_t length)
+{
+    const std::uint64_t size = sizeof(Buffer) + length + 1;
+    if (length > std::numeric_limits<std::uint32_t>::max() || size > std::numeric_limits<std::size_t>::max())
+        throw std::bad_alloc();
+    void* const block = ::operator new(static_cast<std::size_t>(size));
+    return std::unique_ptr<Buffer>(new (block) Buffer(static_cast<std::uint32_t>(length)));
+}
+
+std::unique_ptr<String::Buffer> String::Buffer::make(std::string_view text)
+{
+    auto buffer = make(text.size());
+    std::memcpy(buffer->characters(), text.data(), text.size());
+    return buffer;
+}
+
+std::unique_ptr<String::Buffer> String::Buffer::make(std::initializer_list<std::string_view> pieces)
 {
     std::uint64_t length = 0;
     for (const std::string_view piece : pieces)
         length += piece.size();
-    BufferWriter writer(length);
+    auto buffer = make(length);
+    char* end = buffer->characters();
     for (const std::string_view piece : pieces)
-        writer.write(piece);
-    return writer.finish();
+        end = velbase_private::write(end, piece);
+    return buffer;
 }
 
-std::unique_ptr<std::string> newZeroBuffer(std::uint64_t length)
+void String::Buffer::truncate(std::uint32_t length)
 {
-    return std::make_unique<std::string>(checkedLength(length), '\0');
-}
-
-BufferWriter::BufferWriter(std::uint64_t length)
-    : m_used(0)
-{
-    const std::size_t room = checkedLength(length);
-    if (room <= sizeof m_collected)
-        return;
-    m_buffer = std::make_unique<std::string>();
-    m_buffer->reserve(room);
-}
-
-std::unique_ptr<std::string> BufferWriter::finish()
-{
-    if (m_buffer == nullptr)
-        return std::make_unique<std::string>(m_collected, m_used);
-    m_buffer->append(m_collected, m_used);
-    return std::move(m_buffer);
-}
-
-void BufferWriter::flushAndWrite(std::string_view piece)
-{
-    m_buffer->append(m_collected, m_used);
-    m_used = 0;
-    if (piece.size() < sizeof m_collected)
-        collect(piece);
-    else
-        m_buffer->append(piece);
+    m_length = length;
+    characters()[length] = '\0';
 }

@@ -1,5 +1,7 @@
 // Upper and lower case.
 
+#include <algorithm>
+
 #include "Velbase/common/common_string.h"
 #include "Velbase/common/common_string_buffer.h"
 
@@ -7,18 +9,21 @@ String String::ToUpper() const
 {
     if (IsEmpty())
         return *this;
-    auto buffer = newBuffer(upToZero(Latin1(), Length()));
-    for (char& c : *buffer)
-        c = Char(c).ToUpper();
+    const std::string_view text = velbase_private::upToZero(view());
+    auto buffer = Buffer::make(text.size());
+    std::transform(text.begin(), text.end(), buffer->characters(), [](char c) { return Char(c).ToUpper(); });
     return String(std::move(buffer));
 }
 
 String String::ToLower() const
 {
-    if (IsNull())
-        return String();
-    auto buffer = newBuffer(upToZero(Latin1(), Length()));
-    for (char& c : *buffer)
-        c = Char(c).ToLower();
-    return String(std::move(buffer));
+    return IsNull() ? String() : String(lowered(view()));
+}
+
+std::unique_ptr<String::Buffer> String::lowered(std::string_view text)
+{
+    text = velbase_private::upToZero(text);
+    auto buffer = Buffer::make(text.size());
+    std::transform(text.begin(), text.end(), buffer->characters(), [](char c) { return Char(c).ToLower(); });
+    return buffer;
 }

@@ -64,7 +64,7 @@ bool String::BeginsWith(const String& other, bool caseSensitive) const
         return false;
     if (caseSensitive)
         return isEqualPiece(Latin1(), other.Latin1(), length);
-    return Left(length).ToLower() == other.ToLower();
+    return std::strcmp(lowered(view().substr(0, length))->characters(), lowered(other.view())->characters()) == 0;
 }
 
 bool String::EndsWith(const String& other, bool caseSensitive) const
@@ -74,5 +74,6 @@ bool String::EndsWith(const String& other, bool caseSensitive) const
         return false;
     if (caseSensitive)
         return isEqualPiece(Latin1() + (Length() - length), other.Latin1(), length);
-    return Right(length).ToLower() == other.ToLower();
+    return std::strcmp(lowered(view().substr(Length() - length))->characters(), lowered(other.view())->characters())
+        == 0;
 }

@@ -1,23 +1,21 @@
 // Pieces of a text, and texts put together from pieces.
 
 #include <algorithm>
-#include <cstring>
 
 #include "Velbase/common/common_string.h"
-#include "Velbase/common/common_string_buffer.h"
 
 String String::Left(unsigned count) const
 {
     if (IsNull())
         return String();
-    return String(newBuffer(view().substr(0, count)));
+    return String(Buffer::make(view().substr(0, count)));
 }
 
 String String::Right(unsigned count) const
 {
     if (IsNull())
         return String();
-    return String(newBuffer(view().substr(Length() - std::min(count, Length()))));
+    return String(Buffer::make(view().substr(Length() - std::min(count, Length()))));
 }
 
 String String::Mid(unsigned start, const checked_uint& count) const
@@ -25,7 +23,7 @@ String String::Mid(unsigned start, const checked_uint& count) const
     // Null, not empty, at the end too: this is how Split tells a last field without text.
     if (start >= Length())
         return String();
-    return String(newBuffer(view().substr(start, count.valid() ? count.value() : std::string_view::npos)));
+    return String(Buffer::make(view().substr(start, count.valid() ? count.value() : std::string_view::npos)));
 }
 
 String& String::operator+=(const String& tail)
@@ -34,7 +32,7 @@ String& String::operator+=(const String& tail)
         return *this;
     if (IsEmpty())
         return *this = tail;
-    m_text.reset(newBuffer({view(), tail.view()}).release());
+    m_text.reset(Buffer::make({view(), tail.view()}).release());
     return *this;
 }
 
@@ -46,7 +44,7 @@ String& String::Insert(unsigned position, const String& text)
         return *this;
     const std::string_view head = view().substr(0, position);
     const std::string_view tail = view().substr(head.size());
-    m_text.reset(newBuffer({head, text.view(), tail}).release());
+    m_text.reset(Buffer::make({head, text.view(), tail}).release());
     return *this;
 }
 
@@ -58,6 +56,6 @@ String& String::Remove(unsigned start, const checked_uint& count)
         return *this;
     // May wrap, on purpose: the text from `end` on then follows once more.
     const unsigned end = start + removed;
-    m_text.reset(newBuffer({view().substr(0, start), view().substr(std::min(end, length))}).release());
+    m_text.reset(Buffer::make({view().substr(0, start), view().substr(std::min(end, length))}).release());
     return *this;
 }

@@ -1,188 +1,140 @@
-#include "Velbase/common/common_string_format.h"
+// Integers as text.
 
-#include <algorithm>
-#include <cstdint>
-#include <cstdio>
-#include <cstring>
+#include <charconv>
+#include <cstddef>
 #include <limits>
-#include <type_traits>
+
+#include "Velbase/common/common_string.h"
 
 namespace {
 
-const char DIGITS[] = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+// The text of an integer: in base 2 as many digits as bits, and a sign.
+struct IntegerText {
+    char characters[std::numeric_limits<unsigned long long>::digits + 1];
+    std::size_t length;
 
-// 00 to 99: decimal digits are written two at a time, which halves the divisions.
-const char DIGIT_PAIRS[] = "0001020304050607080910111213141516171819"
-                           "2021222324252627282930313233343536373839"
-                           "4041424344454647484950515253545556575859"
-                           "6061626364656667686970717273747576777879"
-                           "8081828384858687888990919293949596979899";
+    std::string_view view() const { return std::string_view(characters, length); }
+};
 
-// Writes the two last digits of `n`.
-char* writePair(char* first, std::uint32_t n)
+template <typename Integer> IntegerText formatInBase(Integer n, unsigned base)
 {
-    first -= 2;
-    std::memcpy(first, DIGIT_PAIRS + 2 * (n % 100), 2);
-    return first;
-}
-
-template <typename U> char* writeDecimal(char* first, U n)
-{
-    // Eight digits at a time, so that nearly all divisions are of 32 bits.
-    const std::uint32_t ten8 = 100000000;
-    for (; n >= ten8; n /= ten8) {
-        std::uint32_t digits = static_cast<std::uint32_t>(n % ten8);
-        for (int pairs = 4; pairs > 0; --pairs, digits /= 100)
-            first = writePair(first, digits);
+    if (base < 2 || base > 36)
+        base = 10;
+    IntegerText text;
+    char* const end =
+        std::to_chars(text.characters, text.characters + sizeof text.characters, n, static_cast<int>(base)).ptr;
+    if (base > 10) {
+        for (char* c = text.characters; c != end; ++c)
+            *c = Char(*c).ToUpper();
     }
-    std::uint32_t rest = static_cast<std::uint32_t>(n);
-    for (; rest >= 100; rest /= 100)
-        first = writePair(first, rest);
-    if (rest >= 10)
-        return writePair(first, rest);
-    *--first = DIGITS[rest];
-    return first;
+    text.length = static_cast<std::size_t>(end - text.characters);
+    return text;
 }
 
-template <typename U> char* writeHexadecimal(char* first, U n)
+IntegerText formatInteger(int n, unsigned base)
 {
-    do {
-        *--first = DIGITS[n % 16];
-        n = static_cast<U>(n / 16);
-    } while (n != 0);
-    return first;
+    return formatInBase(n, base);
 }
 
-template <typename U> char* writeInBase(char* first, U n, unsigned base)
+IntegerText formatInteger(unsigned n, unsigned base)
 {
-    do {
-        *--first = DIGITS[n % base];
-        n = static_cast<U>(n / base);
-    } while (n != 0);
-    return first;
+    return formatInBase(n, base);
 }
 
-// Writes the digits of `n`, at least one, so that the last is before `end`. The first one's place.
-template <typename U> char* writeDigits(char* end, U n, unsigned base)
+IntegerText formatInteger(long n, unsigned base)
 {
-    if (base == 16)
-        return writeHexadecimal(end, n);
-    if (base == 10 || base < 2 || base > 36)
-        return writeDecimal(end, n);
-    return writeInBase(end, n, base);
+    return formatInBase(n, base);
 }
 
-template <typename U> String formatDigits(bool negative, U magnitude, unsigned base)
+IntegerText formatInteger(unsigned long n, unsigned base)
 {
-    // As many digits as bits, a sign and the terminating zero.
-    char buffer[std::numeric_limits<U>::digits + 2];
-    char* const end = buffer + sizeof buffer - 1;
-    *end = '\0';
-    char* first = writeDigits(end, magnitude, base);
-    if (negative)
-        *--first = '-';
-    return String(first);
+    return formatInBase(n, base);
 }
 
-template <typename S> String formatSigned(S n, unsigned base)
+// The 64-bit numbers know two bases only, on purpose.
+
+IntegerText formatInteger(unsigned long long n, unsigned base)
 {
-    typedef std::make_unsigned_t<S> U;
-    // Negated as unsigned: the smallest number has no counterpart in S.
-    return formatDigits(n < 0, n < 0 ? U(0) - static_cast<U>(n) : static_cast<U>(n), base);
+    return formatInBase(n, base == 16 ? 16 : 10);
+}
+
+IntegerText formatInteger(long long n, unsigned base)
+{
+    return base == 16 ? formatInteger(static_cast<unsigned long long>(n), base) : formatInBase(n, 10);
 }
 
 }  // namespace
 
-String formatInteger(int n, unsigned base)
-{
-    return formatSigned(n, base);
-}
-
-String formatInteger(unsigned n, unsigned base)
-{
-    return formatDigits(false, n, base);
-}
-
-String formatInteger(long n, unsigned base)
-{
-    return formatSigned(n, base);
-}
-
-String formatInteger(unsigned long n, unsigned base)
-{
-    return formatDigits(false, n, base);
-}
-
-String formatInteger(long long n, unsigned base)
-{
-    return base == 16 ? formatInteger(static_cast<unsigned long long>(n), base) : formatSigned(n, 10);
-}
-
-String formatInteger(unsigned long long n, unsigned base)
-{
-    // The 64-bit numbers know these two bases only, on purpose.
-    return formatDigits(false, n, base == 16 ? 16 : 10);
-}
-
-String formatFloat(double value, const checked_uint& precision, char format)
-{
-    const bool isKnown = format != '\0' && std::strchr("fFeEgG", format) != nullptr;
-    char conversion[sizeof "%.99f"];
-    char* end = conversion;
-    *end++ = '%';
-    if (precision.valid()) {
-        const unsigned capped = std::min(precision.value(), 99u);
-        *end++ = '.';
-        if (capped >= 10)
-            *end++ = DIGITS[capped / 10];
-        *end++ = DIGITS[capped % 10];
-    }
-    *end++ = isKnown ? format : 'f';
-    *end = '\0';
-
-    // The largest double has 309 digits before the point.
-    char text[1024];
-    std::snprintf(text, sizeof text, conversion, value);
-    return String(text);
-}
-
 String String::Number(int n, unsigned base)
 {
-    return formatInteger(n, base);
+    return String(Buffer::make(formatInteger(n, base).view()));
 }
 
 String String::Number(unsigned n, unsigned base)
 {
-    return formatInteger(n, base);
+    return String(Buffer::make(formatInteger(n, base).view()));
 }
 
 String String::Number(long n, unsigned base)
 {
-    return formatInteger(n, base);
+    return String(Buffer::make(formatInteger(n, base).view()));
 }
 
 String String::Number(unsigned long n, unsigned base)
 {
-    return formatInteger(n, base);
+    return String(Buffer::make(formatInteger(n, base).view()));
 }
 
 String String::Number(long long n, unsigned base)
 {
-    return formatInteger(n, base);
+    return String(Buffer::make(formatInteger(n, base).view()));
 }
 
 String String::Number(unsigned long long n, unsigned base)
 {
-    return formatInteger(n, base);
+    return String(Buffer::make(formatInteger(n, base).view()));
 }
 
-String String::Number(double value, unsigned precision, char format)
+String String::Arg(int v, unsigned base) const
 {
-    const bool isGiven = precision != DEFAULT_PRECISION;
-    return formatFloat(value, isGiven ? checked_uint(precision) : checked_uint(), format);
+    return base == 16 ? Arg(static_cast<unsigned>(v), base) : fill(formatInteger(v, base).view());
 }
 
-String String::Number(float value, unsigned precision, char format)
+String String::Arg(long v, unsigned base) const
 {
-    return Number(static_cast<double>(value), precision, format);
+    if (base != 16)
+        return fill(formatInteger(v, base).view());
+    // A long is 32 bits on the target: what fits them has the same text everywhere.
+    const int word = static_cast<int>(v);
+    return word == v ? Arg(word, base) : Arg(static_cast<unsigned long>(v), base);
+}
+
+String String::Arg(short v, unsigned base) const
+{
+    return fill(formatInteger(static_cast<int>(v), base).view());
+}
+
+String String::Arg(unsigned short v, unsigned base) const
+{
+    return fill(formatInteger(static_cast<int>(v), base).view());
+}
+
+String String::Arg(unsigned v, unsigned base) const
+{
+    return fill(formatInteger(v, base).view());
+}
+
+String String::Arg(unsigned long v, unsigned base) const
+{
+    return fill(formatInteger(v, base).view());
+}
+
+String String::Arg(long long v, unsigned base) const
+{
+    return fill(formatInteger(v, base).view());
+}
+
+String String::Arg(unsigned long long v, unsigned base) const
+{
+    return fill(formatInteger(v, base).view());
 }

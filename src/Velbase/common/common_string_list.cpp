@@ -7,17 +7,12 @@ void String::Split(char separator, std::vector<String>& fields) const
 {
     // A list of its own until it is complete: `fields` may hold this string, and keeps what it has if memory runs out.
     std::vector<String> result;
-    checked_uint end = Find(separator);
-    if (!end.valid()) {
-        result.push_back(*this);
-    } else {
-        unsigned start = 0;
-        for (; end.valid(); end = Find(separator, start)) {
-            result.push_back(Mid(start, end.value() - start));
-            start = end.value() + 1;
-        }
-        result.push_back(Mid(start));
+    unsigned start = 0;
+    for (checked_uint end = Find(separator); end.valid(); end = Find(separator, start)) {
+        result.push_back(Mid(start, end.value() - start));
+        start = end.value() + 1;
     }
+    result.push_back(result.empty() ? *this : Mid(start));
     fields.swap(result);
 }
 
@@ -37,11 +32,12 @@ String String::Join(const String& separator, const std::vector<String>& parts)
         return String();
     if (last->Length() == length)
         return *last;
-    BufferWriter writer(length);
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        if (i > 0)
-            writer.write(separator.view());
-        writer.write(parts[i].view());
+    auto buffer = Buffer::make(length);
+    char* end = buffer->characters();
+    for (const String& part : parts) {
+        if (&part != parts.data())
+            end = velbase_private::write(end, separator.view());
+        end = velbase_private::write(end, part.view());
     }
-    return String(writer.finish());
+    return String(std::move(buffer));
 }

@@ -1,10 +1,7 @@
-// Numbers from text.
+// Integers from text.
 
 #include <algorithm>
-#include <clocale>
-#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 
 #include "Velbase/common/common_string.h"
@@ -169,13 +166,6 @@ template <typename U, typename S> S toInt(bool* ok, unsigned base, const String&
     return success ? number : 0;
 }
 
-// What separates the fraction in the current locale.
-char decimalPoint()
-{
-    const std::lconv* const conventions = std::localeconv();
-    return conventions == nullptr || conventions->decimal_point == nullptr ? '.' : conventions->decimal_point[0];
-}
-
 }  // namespace
 
 short String::ToShort(bool* ok, unsigned base) const
@@ -206,34 +196,4 @@ long long String::ToInt64(bool* ok, unsigned base) const
 unsigned long long String::ToUInt64(bool* ok, unsigned base) const
 {
     return toUInt<unsigned long long>(ok, base, *this);
-}
-
-double String::ToDouble(bool* ok) const
-{
-    if (ok != nullptr)
-        *ok = false;
-    // The whole text must be the number: white space around it, which would be left out below, makes it fail, on
-    // purpose.
-    if (IsEmpty() || At(0).IsSpace() || At(Length() - 1).IsSpace())
-        return 0.0;
-
-    const char point = decimalPoint();
-    String number = *this;
-    for (const char separator : {'.', ','}) {
-        if (separator != point && number.Contains(separator))
-            number = number.ReplaceChar(separator, point);
-    }
-    const char* const start = number.Latin1();
-    char* end = nullptr;
-    const double value = std::strtod(start, &end);
-    if (end == nullptr || static_cast<std::size_t>(end - start) != Length())
-        return 0.0;
-    if (ok != nullptr)
-        *ok = true;
-    return value;
-}
-
-float String::ToFloat(bool* ok) const
-{
-    return static_cast<float>(ToDouble(ok));
 }

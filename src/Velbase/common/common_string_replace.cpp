@@ -81,17 +81,18 @@ String String::Replace(const String& pattern, const String& replacement) const
         return String();
     if (positions.size() == 1 && length == replacement.Length())
         return replacement;
-    BufferWriter writer(length);
-    eachPiece([&](std::string_view piece) { writer.write(piece); });
-    return String(writer.finish());
+    auto buffer = Buffer::make(length);
+    char* end = buffer->characters();
+    eachPiece([&end](std::string_view piece) { end = velbase_private::write(end, piece); });
+    return String(std::move(buffer));
 }
 
 String String::ReplaceChar(const Char& from, const Char& to) const
 {
-    auto buffer = newBuffer(upToZero(Latin1(), Length()));
+    const std::string_view text = velbase_private::upToZero(view());
+    auto buffer = Buffer::make(text.size());
     const char wanted = from;
     const char given = to;
-    for (char& c : *buffer)
-        c = c == wanted ? given : c;
+    std::transform(text.begin(), text.end(), buffer->characters(), [=](char c) { return c == wanted ? given : c; });
     return String(std::move(buffer));
 }

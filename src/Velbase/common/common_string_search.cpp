@@ -42,6 +42,12 @@ private:
     unsigned char m_wanted;
 };
 
+// Where the first `c` is in `length` characters, or null.
+const char* findByte(const char* text, char c, std::size_t length)
+{
+    return static_cast<const char*>(std::memchr(text, c, length));
+}
+
 // Where `needle` is in a text of which `rest` begins at position `from`.
 checked_uint findText(const char* needle, const char* rest, unsigned from)
 {
@@ -59,9 +65,8 @@ checked_uint String::Find(char c, unsigned from, bool caseSensitive) const
     const char* const text = Latin1();
     const CharFinder finder(c, caseSensitive);
     if (finder.isExact()) {
-        const void* const hit = std::memchr(text + from, c, length - from);
-        return hit == nullptr ? checked_uint()
-                              : checked_uint(static_cast<unsigned>(static_cast<const char*>(hit) - text));
+        const char* const hit = findByte(text + from, c, length - from);
+        return hit == nullptr ? checked_uint() : checked_uint(static_cast<unsigned>(hit - text));
     }
     unsigned i = from;
     while (length - i >= 64 && !finder.matchesIn<64>(text + i))
@@ -88,10 +93,13 @@ checked_uint String::FindRev(char c, const checked_uint& from, bool caseSensitiv
     const CharFinder finder(c, caseSensitive);
     unsigned end = start + 1;
     if (finder.isExact()) {
-        // memchr goes forwards, but nothing is faster in telling where there is nothing.
+        // memchr goes forwards, but nothing is faster in telling where there is nothing, or nothing more.
         for (const unsigned chunk : {1024u, 256u}) {
-            while (end >= chunk && std::memchr(text + end - chunk, c, chunk) == nullptr)
+            const char* hit = nullptr;
+            while (end >= chunk && (hit = findByte(text + end - chunk, c, chunk)) == nullptr)
                 end -= chunk;
+            if (hit != nullptr && findByte(hit + 1, c, static_cast<std::size_t>(text + end - hit - 1)) == nullptr)
+                return checked_uint(static_cast<unsigned>(hit - text));
         }
     }
     while (end >= 64 && !finder.matchesIn<64>(text + end - 64))
@@ -117,9 +125,9 @@ checked_uint String::Find(const char* needle, unsigned from, bool caseSensitive)
         return findText(needle, Latin1() + from, from);
     }
     // The lowered copy ends at the first zero byte, which may be before `from`.
-    const String lowered = ToLower();
-    const char* const rest = from < lowered.Length() ? lowered.Latin1() + from : "";
-    return findText(String(needle).ToLower().Latin1(), rest, from);
+    const auto text = lowered(view());
+    const char* const rest = from < text->length() ? text->characters() + from : "";
+    return findText(lowered(needle == nullptr ? "" : needle)->characters(), rest, from);
 }
 
 checked_uint String::Find(const String& needle, unsigned from, bool caseSensitive) const

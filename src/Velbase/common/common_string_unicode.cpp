@@ -3,6 +3,8 @@
 
 #include <Carbon/Carbon.h>
 
+#include <cstring>
+
 #include "Velbase/common/common_string.h"
 #include "Velbase/common/common_string_buffer.h"
 
@@ -48,14 +50,15 @@ String::String(const unsigned short* text)
     if (count == TOO_LONG)
         return;
 
-    auto buffer = newZeroBuffer(count + 1);
+    auto buffer = Buffer::make(count);
+    std::memset(buffer->characters(), 0, count);
     ByteCount read = 0;
     ByteCount written = 0;
-    if (ConvertFromUnicodeToText(
-            converter, count * 2, text, 0, 0, nullptr, nullptr, nullptr, count + 1, &read, &written, buffer->data())
+    if (ConvertFromUnicodeToText(converter, count * 2, text, 0, 0, nullptr, nullptr, nullptr, count + 1, &read,
+            &written, buffer->characters())
         != noErr)
         return;
-    buffer->resize(upToZero(buffer->data(), count).size());
+    buffer->truncate(static_cast<std::uint32_t>(velbase_private::upToZero({buffer->characters(), count}).size()));
     m_text.reset(buffer.release());
 }
 
@@ -64,7 +67,7 @@ shared_array<unsigned short> String::Unicode() const
     TextToUnicodeInfo converter = nullptr;
     if (CreateTextToUnicodeInfoByEncoding(macRoman(), &converter) != noErr)
         return shared_array<unsigned short>();
-    const std::string_view source = upToZero(Latin1(), Length());
+    const std::string_view source = velbase_private::upToZero(view());
     if (source.size() >= TOO_LONG)
         return shared_array<unsigned short>();
 

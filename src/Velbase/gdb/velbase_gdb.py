@@ -7,9 +7,6 @@ made yet or no longer there, is shown with the reason in angle brackets. Nothing
 import gdb
 import gdb.printing
 
-# What String can hold, and so what a length beyond it tells: this is no String.
-LONGEST_TEXT = 0xFFFFFFFF
-
 ESCAPES = {ord('"'): '\\"', ord("\\"): "\\\\", ord("\n"): "\\n", ord("\r"): "\\r", ord("\t"): "\\t"}
 
 
@@ -53,20 +50,9 @@ class StringPrinter:
         text, shared = owner["m_owned"], owners_in_words(owner, "String")
         if int(text) == 0:
             return f"null ({shared})"
-        start, length = self.characters(text)
-        if length > LONGEST_TEXT:
-            return f"<not a String: it has {length} bytes>"
-        return f"{self.quoted(start, length)} (length {length}, {shared})"
-
-    @staticmethod
-    def characters(text):
-        """Address and number of the characters of the std::string at `text`: its first two words in libstdc++. They are
-        read as such, since the type has no members in a program that clang compiled."""
-        library = text.type.target().strip_typedefs().name
-        if "__cxx11::basic_string" not in library:
-            raise gdb.error(f"characters of a {library}: this layout is not known")
-        words = text.cast(gdb.lookup_type("unsigned long").pointer())
-        return int(words[0]), int(words[1])
+        buffer = text.dereference()
+        length = int(buffer["m_length"])
+        return f"{self.quoted(int(text) + buffer.type.sizeof, length)} (length {length}, {shared})"
 
     @staticmethod
     def quoted(start, length):

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <new>
+#include <string>
 
 #include "Velbase/common/common_string.h"
 
@@ -82,12 +83,8 @@ int main()
 
     const std::int32_t one = 1;
     const std::int32_t none = 0;
-    const std::uintptr_t endless[] = {16, UINTPTR_MAX};
-    const std::uintptr_t dead_characters[] = {16, 5};
     const Parts dead_text = {reinterpret_cast<const void*>(16), &one};
     const Parts without_owners = {&one, &none};
-    const Parts too_long = {endless, &one};
-    const Parts dead = {dead_characters, &one};
     const String& dead_string = *reinterpret_cast<const String*>(16);
     const Char& dead_char = *reinterpret_cast<const Char*>(16);
     const checked_uint& dead_number = *reinterpret_cast<const checked_uint*>(16);
