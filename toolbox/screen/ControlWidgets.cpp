@@ -5,12 +5,9 @@
 #include "toolbox/screen/PlainText.h"
 #include "toolbox/screen/PopUpButton.h"
 
-#include <QCheckBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 
 namespace Toolbox {
 
@@ -63,39 +60,6 @@ ControlWidget makePopUp(Control& control, QWidget* parent, const ControlActions&
     return {&control, row != nullptr ? row : box, box, [&control, box] { box->setCurrentIndex(control.value - 1); }};
 }
 
-ControlWidget makeEditText(Control& control, QWidget* parent)
-{
-    auto* const edit = new QLineEdit(parent);
-    edit->setAccessibleName(plainText(labelOf(control)));
-    edit->setEchoMode(control.secret ? QLineEdit::Password : QLineEdit::Normal);
-    QObject::connect(edit, &QLineEdit::textEdited, [&control](const QString& text) { control.text = text; });
-    return {&control, edit, edit, [&control, edit] {
-                if (edit->text() != control.text)  // or the cursor would jump
-                    edit->setText(control.text);
-            }};
-}
-
-ControlWidget makeCheckBox(Control& control, QWidget* parent, const ControlActions& actions)
-{
-    constexpr SInt32 MIXED = 2;
-    auto* const box = new QCheckBox(plainTitle(control.title), parent);
-    QObject::connect(box, &QCheckBox::clicked, [&control, press = actions.press] { press(control); });
-    return {&control, box, box, [&control, box] {
-                if (control.value == MIXED)
-                    box->setCheckState(Qt::PartiallyChecked);
-                else
-                    box->setChecked(control.value != 0);
-            }};
-}
-
-ControlWidget makeRadioButton(Control& control, QWidget* parent, const ControlActions& actions)
-{
-    auto* const button = new QRadioButton(plainTitle(control.title), parent);
-    button->setAutoExclusive(false);  // the controls' values say which one is on
-    QObject::connect(button, &QRadioButton::clicked, [&control, press = actions.press] { press(control); });
-    return {&control, button, button, [&control, button] { button->setChecked(control.value != 0); }};
-}
-
 ControlWidget makeSeparator(Control& control, QWidget* parent)
 {
     auto* const line = new QFrame(parent);
@@ -113,21 +77,13 @@ ControlWidget makeByKind(Control& control, QWidget* parent, const ControlActions
         return makePopUp(control, parent, actions);
     case ControlKind::StaticText:
         return makeStaticText(control, parent);
-    case ControlKind::EditText:
-        return makeEditText(control, parent);
-    case ControlKind::CheckBox:
-        return makeCheckBox(control, parent, actions);
-    case ControlKind::RadioButton:
-        return makeRadioButton(control, parent, actions);
     case ControlKind::GroupBox:
         return {&control, new QGroupBox(plainTitle(control.title), parent), nullptr, [] {}};
     case ControlKind::Separator:
         return makeSeparator(control, parent);
-    case ControlKind::Root:
-    case ControlKind::Other:
-        break;
+    default:
+        return {&control, nullptr, nullptr, [] {}};
     }
-    return {&control, nullptr, nullptr, [] {}};
 }
 
 }  // namespace

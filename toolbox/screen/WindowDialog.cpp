@@ -21,22 +21,13 @@ namespace {
 // Whether it is what somebody comes to work on, unlike the buttons that end it.
 bool isForInput(const ControlWidget& each)
 {
-    switch (each.control->kind) {
-    case ControlKind::PopupButton:
-    case ControlKind::EditText:
-    case ControlKind::CheckBox:
-    case ControlKind::RadioButton:
-        return each.control->usable();
-    default:
-        return false;
-    }
+    return each.control->kind == ControlKind::PopupButton && each.control->usable();
 }
 
 // Whether it shows no title of its own that says what it is for.
 bool needsLabel(const Control& control)
 {
-    const bool showsOnlyItsState = control.kind == ControlKind::PopupButton || control.kind == ControlKind::EditText;
-    return showsOnlyItsState && control.title.isEmpty();
+    return control.kind == ControlKind::PopupButton && control.title.isEmpty();
 }
 
 }  // namespace

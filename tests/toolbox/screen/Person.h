@@ -28,7 +28,7 @@ Person::Act press(Qt::Key key);
 /// Types `text` there, without a pause.
 Person::Act type(const char* text);
 
-/// Clicks on the beginning of the button, check box or radio button that shows `title`.
+/// Clicks on the beginning of the button that shows `title`.
 Person::Act click(const char* title);
 
 /// Closes the dialog as its window's close box does.

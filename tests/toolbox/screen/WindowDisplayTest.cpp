@@ -4,13 +4,10 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -374,7 +371,7 @@ TEST_F(WindowOnScreen, ShowsTextsAsTheyAre)
     dialog.label.title = QStringLiteral("A & <b>b</b>\rc\t\x01");
     dialog.popUp.items[1].title = QStringLiteral("D & <i>e</i>\nf");
     dialog.ok.title = QStringLiteral("O & <u>K</u>");
-    dialog.add(ControlKind::CheckBox, "G & h", {4, 20, 18, 200});
+    dialog.add(ControlKind::Button, "G & h", {4, 20, 18, 200});
     lookAt(dialog, [](QDialog& shown) {
         EXPECT_EQ(shown.windowTitle(), QStringLiteral("All & [*][*] <b>")) << "Qt shows [*][*] as [*]";
         const QLabel& label = only<QLabel>(shown);
@@ -383,7 +380,7 @@ TEST_F(WindowOnScreen, ShowsTextsAsTheyAre)
         EXPECT_EQ(label.textFormat(), Qt::PlainText);
         EXPECT_EQ(only<QComboBox>(shown).currentText(), QStringLiteral("D & <i>e</i> f"));
         titled<QPushButton>(shown, "O && <u>K</u>");
-        titled<QCheckBox>(shown, "G && h");
+        titled<QPushButton>(shown, "G && h");
     });
 }
 
@@ -419,13 +416,9 @@ TEST_F(WindowOnScreen, JustifiesTextsAsTheirControlsSay)
 TEST_F(WindowOnScreen, NamesItsControlsForThoseWhoCannotSee)
 {
     Dialog dialog;
-    dialog.add(ControlKind::StaticText, "Your name:", {4, 20, 18, 90});
-    dialog.made.add(ControlKind::EditText).bounds = {4, 100, 18, 200};
     lookAt(dialog, [](QDialog& shown) {
         EXPECT_EQ(only<QComboBox>(shown).accessibleName(), QStringLiteral("Choose a size"));
         EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").buddy(), &only<QComboBox>(shown));
-        EXPECT_EQ(titled<QLabel>(shown, "Your name:").buddy(), &only<QLineEdit>(shown));
-        EXPECT_EQ(only<QLineEdit>(shown).accessibleName(), QStringLiteral("Your name"));
     });
 }
 
@@ -456,73 +449,11 @@ TEST_F(WindowOnScreen, OffersOnlyTheItemsThatCanBeChosen)
     EXPECT_EQ(runWith(dialog, {press(Qt::Key_Down), press(Qt::Key_Return)}), "ended: item 5 ok");
 }
 
-// ---- Other controls
-
-TEST_F(WindowOnScreen, TakesTexts)
-{
-    Dialog dialog;
-    Control& name = dialog.add(ControlKind::EditText, "", {4, 20, 18, 150});
-    Control& secret = dialog.add(ControlKind::EditText, "", {4, 160, 18, 300});
-    name.text = QStringLiteral("Ada");
-    secret.secret = true;
-    EXPECT_EQ(runWith(dialog,
-                  {[](QDialog& shown) {
-                       const QList<QLineEdit*> edits = shown.findChildren<QLineEdit*>();
-                       ASSERT_EQ(edits.size(), 2);
-                       EXPECT_EQ(edits[0]->text(), QStringLiteral("Ada"));
-                       EXPECT_EQ(edits[0]->echoMode(), QLineEdit::Normal);
-                       EXPECT_NE(edits[1]->echoMode(), QLineEdit::Normal);
-                       edits[0]->setFocus();
-                       edits[0]->end(false);
-                   },
-                      type(" L."), press(Qt::Key_Tab), type("pass"),
-                      [](QDialog& shown) {
-                          EXPECT_FALSE(shown.findChildren<QLineEdit*>()[1]->displayText().contains(QLatin1Char('p')));
-                      },
-                      press(Qt::Key_Return)}),
-        "ended: ok");
-    EXPECT_EQ(name.text, QStringLiteral("Ada L."));
-    EXPECT_EQ(secret.text, QStringLiteral("pass"));
-}
-
-TEST_F(WindowOnScreen, PressesCheckBoxesAndRadioButtons)
-{
-    Dialog dialog;
-    Control& check = dialog.add(ControlKind::CheckBox, "Check", {2, 20, 20, 150});
-    Control& stubborn = dialog.add(ControlKind::CheckBox, "Stubborn", {2, 160, 20, 300});
-    Control& one = dialog.add(ControlKind::RadioButton, "One", {66, 20, 84, 150});
-    Control& two = dialog.add(ControlKind::RadioButton, "Two", {66, 160, 84, 300});
-    stubborn.autoToggle = false;
-    one.value = 1;
-    EXPECT_EQ(runWith(dialog,
-                  {click("Check"), click("Stubborn"), click("Two"),
-                      [](QDialog& shown) {
-                          EXPECT_TRUE(titled<QCheckBox>(shown, "Check").isChecked());
-                          EXPECT_FALSE(titled<QCheckBox>(shown, "Stubborn").isChecked());
-                          EXPECT_TRUE(titled<QRadioButton>(shown, "One").isChecked());
-                          EXPECT_TRUE(titled<QRadioButton>(shown, "Two").isChecked());
-                      },
-                      press(Qt::Key_Return)}),
-        "ended: ok");
-    EXPECT_EQ(check.value, 1);
-    EXPECT_EQ(stubborn.value, 0);
-    EXPECT_EQ(two.value, 1);
-}
-
-TEST_F(WindowOnScreen, ShowsAMixedCheckBox)
-{
-    Dialog dialog;
-    Control& check = dialog.add(ControlKind::CheckBox, "Check", {2, 20, 20, 150});
-    check.maximum = 2;
-    check.value = 2;
-    lookAt(dialog, [](QDialog& shown) { EXPECT_EQ(only<QCheckBox>(shown).checkState(), Qt::PartiallyChecked); });
-}
-
 TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
 {
     Dialog dialog;
     Control& box = dialog.add(ControlKind::GroupBox, "Group", {0, 0, 40, 340});
-    dialog.made.addTo(box, ControlKind::CheckBox).title = QStringLiteral("Inside");
+    dialog.made.addTo(box, ControlKind::Button).title = QStringLiteral("Inside");
     dialog.add(ControlKind::Other, "Unknown", {0, 0, 10, 10});
     dialog.add(ControlKind::Separator, "", {70, 0, 72, 300});
     box.hidden = true;
@@ -530,7 +461,7 @@ TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
     EXPECT_EQ(runWith(dialog,
                   {[](QDialog& shown) {
                        EXPECT_FALSE(only<QGroupBox>(shown).isVisible());
-                       EXPECT_FALSE(titled<QCheckBox>(shown, "Inside").isVisible());
+                       EXPECT_FALSE(titled<QPushButton>(shown, "Inside").isVisible());
                        EXPECT_FALSE(titled<QPushButton>(shown, "Cancel").isEnabled());
                    },
                       press(Qt::Key_Return)}),
@@ -609,7 +540,7 @@ TEST_F(WindowOnScreen, SurvivesBoundsOfEveryKind)
         dialog.made.window().content = content;
         for (const Rect& each : BOUNDS)
             for (const ControlKind kind : {ControlKind::StaticText, ControlKind::Button, ControlKind::PopupButton,
-                     ControlKind::EditText, ControlKind::GroupBox, ControlKind::Separator})
+                     ControlKind::GroupBox, ControlKind::Separator})
                 dialog.add(kind, "x", each);
         EXPECT_EQ(runWith(dialog, {press(Qt::Key_Escape)}), "ended: cancel");
     }

@@ -6,7 +6,6 @@
 #include <cerrno>
 
 #include <fcntl.h>
-#include <termios.h>
 #include <unistd.h>
 
 namespace Toolbox {
@@ -51,32 +50,6 @@ QString breakLine(const QString& line, int hanging, const TerminalEncoding& enco
     return broken + last;
 }
 
-// While this lives, what is typed is not shown.
-class HiddenTyping {
-public:
-    explicit HiddenTyping(int file)
-        : m_file(file)
-        , m_known(tcgetattr(file, &m_before) == 0)
-    {
-        termios hidden = m_before;
-        hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-        if (m_known)
-            tcsetattr(m_file, TCSADRAIN, &hidden);
-    }
-    ~HiddenTyping()
-    {
-        if (m_known)
-            tcsetattr(m_file, TCSADRAIN, &m_before);
-    }
-    HiddenTyping(const HiddenTyping&) = delete;
-    HiddenTyping& operator=(const HiddenTyping&) = delete;
-
-private:
-    const int m_file;
-    termios m_before{};
-    const bool m_known;
-};
-
 }  // namespace
 
 Terminal::Terminal()
@@ -116,15 +89,6 @@ std::optional<QString> Terminal::ask(const QString& text)
     const std::optional<QString> line = readLine();
     if (!line)
         write(QStringLiteral("\n"));  // nobody ended the line
-    return line;
-}
-
-std::optional<QString> Terminal::askSecretly(const QString& text)
-{
-    const HiddenTyping hidden(m_file);
-    const std::optional<QString> line = ask(text);
-    if (line)
-        write(QStringLiteral("\n"));  // the one that was typed was not shown either
     return line;
 }
 

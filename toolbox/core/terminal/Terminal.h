@@ -38,9 +38,6 @@ public:
     /// at the end of input (Ctrl-D, a terminal that hung up); that is not remembered.
     std::optional<QString> ask(const QString& text);
 
-    /// The same for a text that is not shown while it is typed.
-    std::optional<QString> askSecretly(const QString& text);
-
 private:
     void write(const QString& showableText);
     std::optional<QString> readLine();

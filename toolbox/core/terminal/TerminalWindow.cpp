@@ -13,23 +13,6 @@ namespace Toolbox {
 
 namespace {
 
-// What `control` is set to, in words; of a pop-up, whether it is set to `item`.
-QString stateInWords(const Control& control, SInt32 item)
-{
-    switch (control.kind) {
-    case ControlKind::PopupButton:
-        return control.value == item ? QStringLiteral("chosen") : QString();
-    case ControlKind::RadioButton:
-        return control.value != 0 ? QStringLiteral("chosen") : QString();
-    case ControlKind::CheckBox:
-        return control.value != 0 ? QStringLiteral("on") : QStringLiteral("off");
-    case ControlKind::EditText:
-        return control.secret ? QStringLiteral("not shown") : control.text;
-    default:
-        return QString();
-    }
-}
-
 // "a, b, or c", with a capital.
 QString alternatives(QStringList parts)
 {
@@ -97,9 +80,6 @@ void TerminalWindow::appendOffers(Control& control, std::vector<Offer>& all) con
         }
         break;
     case ControlKind::Button:
-    case ControlKind::CheckBox:
-    case ControlKind::RadioButton:
-    case ControlKind::EditText:
         all.push_back({&control, 0, labelOf(control), std::nullopt, QString()});
         break;
     default:
@@ -143,9 +123,8 @@ void TerminalWindow::describe(const Control& control, const std::vector<Offer>& 
     for (const Offer& each : all) {
         if (each.control != &control || !each.number)
             continue;
-        const QString state = stateInWords(control, each.item);
-        m_terminal.writeNumbered(
-            *each.number, state.isEmpty() ? each.name : QStringLiteral("%1 - %2").arg(each.name, state));
+        const QString mark = control.value == each.item ? QStringLiteral(" - chosen") : QString();
+        m_terminal.writeNumbered(*each.number, each.name + mark);
     }
 }
 
@@ -175,23 +154,13 @@ void TerminalWindow::take(const Offer& offer)
 {
     if (offer.control == nullptr) {
         cancelWindow(m_window);
-        return;
-    }
-    if (offer.control->kind == ControlKind::PopupButton) {
-        chooseMenuItem(*offer.control, offer.item);
-    } else if (offer.control->kind == ControlKind::EditText) {
-        const QString question = QStringLiteral("%1: ").arg(offer.name);
-        const auto typed = offer.control->secret ? m_terminal.askSecretly(question) : m_terminal.ask(question);
-        offer.control->text = typed.value_or(offer.control->text);
-        return;
-    } else {
+    } else if (offer.control->kind == ControlKind::Button) {
         pressControl(*offer.control);
+    } else {
+        chooseMenuItem(*offer.control, offer.item);
+        if (!modalLoopEnded(m_ref) && offer.control->value == offer.item)
+            m_terminal.writeLines(QStringLiteral("%1 is chosen.").arg(offer.name));
     }
-    if (modalLoopEnded(m_ref))
-        return;
-    const QString state = stateInWords(*offer.control, offer.item);
-    if (!state.isEmpty())
-        m_terminal.writeLines(QStringLiteral("%1 is %2.").arg(offer.name, state));
 }
 
 }  // namespace Toolbox

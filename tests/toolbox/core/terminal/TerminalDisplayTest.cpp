@@ -196,15 +196,10 @@ TEST(TerminalWindow, ShowsEveryKindOfControl)
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) {
         dialog.popUp.title = QStringLiteral("Size:");
         dialog.add(ControlKind::GroupBox, "More\x1B[2J");
-        dialog.add(ControlKind::CheckBox, "Smooth").value = 1;
-        dialog.add(ControlKind::RadioButton, "Thick");
         dialog.add(ControlKind::Separator, "line");
         dialog.add(ControlKind::Other, "other");
         dialog.add(ControlKind::StaticText, "Hidden").hidden = true;
-        dialog.add(ControlKind::StaticText, "Name:");
-        dialog.made.add(ControlKind::EditText).text = QStringLiteral("Ada");
         dialog.add(ControlKind::StaticText, "Two\rlines");
-        dialog.made.add(ControlKind::EditText).secret = true;
     }));
     EXPECT_EQ(terminal.readUntil(QUESTION),
         "\nPaper & ink\n"
@@ -215,53 +210,9 @@ TEST(TerminalWindow, ShowsEveryKindOfControl)
         "  2  日本 (Medium) - chosen\n"
         "  3  Large\n"
         "More [2J\n"
-        "  4  Smooth - on\n"
-        "  5  Thick\n"
-        "Name:\n"
-        "  6  Name - Ada\n"
         "Two\n"
         "lines\n"
-        "  7  Two lines - not shown\n"
         "\n" + QUESTION);
-}
-
-TEST(TerminalWindow, ChangesCheckBoxesAndRadioButtons)
-{
-    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) {
-        dialog.add(ControlKind::CheckBox, "Smooth").value = 1;
-        dialog.add(ControlKind::RadioButton, "Thick");
-    }));
-    terminal.readUntil(QUESTION);
-    terminal.type("4\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "4\nSmooth is off.\n" + QUESTION);
-    terminal.type("thick\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "thick\nThick is chosen.\n" + QUESTION);
-}
-
-TEST(TerminalWindow, TakesTexts)
-{
-    PseudoTerminal terminal("C.UTF-8", [] {
-        Dialog dialog;
-        dialog.add(ControlKind::StaticText, "Name:");
-        Control& name = dialog.made.add(ControlKind::EditText);
-        dialog.add(ControlKind::StaticText, "Password:");
-        Control& password = dialog.made.add(ControlKind::EditText);
-        password.secret = true;
-        Toolbox::UseTerminalDisplay();
-        const std::string report = dialog.run();
-        return report + " " + name.text.toStdString() + " " + password.text.toStdString();
-    });
-    terminal.readUntil(QUESTION);
-    terminal.type("name\n");
-    EXPECT_EQ(terminal.readUntil("Name: "), "name\nName: ");
-    terminal.type("Ada Lovelace\n");
-    terminal.readUntil(QUESTION);
-    terminal.type("password\n");
-    terminal.readUntil("Password: ");
-    terminal.type("secret\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "\n" + QUESTION) << "what is secret is not shown";
-    terminal.type("\n");
-    EXPECT_EQ(terminal.report(), "ended: ok Ada Lovelace secret");
 }
 
 TEST(TerminalWindow, MayBeDisposedOfByAHandler)

@@ -169,21 +169,6 @@ TEST(TerminalAnswer, IsNothingOnceTheTerminalHangsUp)
     EXPECT_EQ(terminal.report(), "nothing");
 }
 
-TEST(TerminalAnswer, IsNotShownWhereItIsSecret)
-{
-    PseudoTerminal terminal("C.UTF-8", [] {
-        Terminal opened;
-        const std::string secret = describe(opened.askSecretly(QStringLiteral("1? ")));
-        return secret + describe(opened.ask(QStringLiteral("2? ")));
-    });
-    terminal.readUntil("1? ");
-    terminal.type("secret\n");
-    EXPECT_EQ(terminal.readUntil("2? "), "\n2? ");
-    terminal.type("open\n");
-    EXPECT_EQ(terminal.readUntil("open\n"), "open\n") << "typing is shown again";
-    EXPECT_EQ(terminal.report(), "[secret][open]");
-}
-
 // ---- Whether there is a terminal
 
 std::string whetherTerminalAnswers()
@@ -221,9 +206,9 @@ TEST(TerminalWithoutOne, TakesTextsAndGivesNothing)
     EXPECT_EQ(reportWithoutTerminal([] {
         Terminal terminal;
         terminal.writeLines(QStringLiteral("text"));
-        return describe(terminal.ask(QStringLiteral("? "))) + describe(terminal.askSecretly(QStringLiteral("? ")));
+        return describe(terminal.ask(QStringLiteral("? ")));
     }),
-        "nothingnothing");
+        "nothing");
 }
 
 }  // namespace
