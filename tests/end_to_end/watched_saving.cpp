@@ -1,0 +1,49 @@
+// Sends the process the signal SIGNAL_IN_RENAME when it has written a file beside another that it is to replace: the
+// last moment at which anything of the new one could be where the old one is. What is not on the disk by then is not
+// moved. And says of every pipe that it is a regular file, to whoever asks for it by name: another may stand there by
+// the time that it is opened. Loaded before the host's libraries.
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+
+namespace {
+
+bool synchronized = false;
+
+}  // namespace
+
+extern "C" int fsync(int file)
+{
+    synchronized = true;
+    return static_cast<int>(syscall(SYS_fsync, file));
+}
+
+extern "C" int fdatasync(int file)
+{
+    return fsync(file);
+}
+
+extern "C" int rename(const char* from, const char* to) noexcept
+{
+    if (!synchronized) {
+        errno = EIO;
+        return -1;
+    }
+    if (const char* const signal = std::getenv("SIGNAL_IN_RENAME"))
+        raise(std::atoi(signal));
+    return static_cast<int>(syscall(SYS_rename, from, to));
+}
+
+extern "C" int stat(const char* path, struct stat* facts) noexcept
+{
+    const int result = fstatat(AT_FDCWD, path, facts, 0);
+    if (result == 0 && S_ISFIFO(facts->st_mode))
+        facts->st_mode = (facts->st_mode & ~static_cast<mode_t>(S_IFMT)) | S_IFREG;
+    return result;
+}
