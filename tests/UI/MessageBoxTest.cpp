@@ -3,9 +3,8 @@
 #include <initializer_list>
 #include <string>
 
-#include <gtest/gtest.h>
-
-#include "tests/double/ToolboxDouble.h"
+#include "tests/Velbase/common/allocations.h"
+#include "tests/double/ToolboxTest.h"
 
 namespace {
 
@@ -69,9 +68,10 @@ const BoxCase BOX_CASES[] = {
 };
 // clang-format on
 
-class MessageBox : public testing::TestWithParam<BoxCase> {
+class MessageBox : public ToolboxTestWith<BoxCase> {
 protected:
-    MessageBox() { ToolboxDouble::Reset(); }
+    MessageBox() { allocations::exempt(ToolboxDouble::IsAtWork); }
+    ~MessageBox() override { allocations::exempt(nullptr); }
 
     // The log of a box that shows `shown` and is left with button 1.
     static std::string boxLog(const std::string& shown)
@@ -93,12 +93,18 @@ TEST_P(MessageBox, ShowsTheMessageInANoteAlert)
     EXPECT_EQ(LeftBehind(), "");
 }
 
+// Whatever the alert's status says: what button it was left with decides.
 TEST_P(MessageBox, IsTrueForTheFirstButtonAlone)
 {
-    for (const SInt16 button : std::initializer_list<SInt16>{-1, 0, 1, 2, 3, 4, 257}) {
-        ToolboxDouble::PressInAlerts(button);
-        EXPECT_EQ(GetParam().show("The message"), button == 1 || !GetParam().asks) << "button " << button;
+    for (const long status : {0L, long{paramErr}, 1L, 0x7FFFL}) {
+        ToolboxDouble::FailCall("StandardAlert", status, 0);
+        for (const SInt16 button : std::initializer_list<SInt16>{-1, 0, 1, 2, 3, 4, 257}) {
+            ToolboxDouble::PressInAlerts(button);
+            EXPECT_EQ(GetParam().show("The message"), button == 1 || !GetParam().asks)
+                << "button " << button << ", status " << status;
+        }
     }
+    EXPECT_EQ(LeftBehind(), "");
 }
 
 TEST_P(MessageBox, ShowsTheFirst254Characters)
@@ -110,42 +116,54 @@ TEST_P(MessageBox, ShowsTheFirst254Characters)
     }
 }
 
-TEST_P(MessageBox, ThatCannotBeShownCountsAsNotPressed)
-{
-    ToolboxDouble::FailCall("StandardAlert", paramErr);
-    EXPECT_EQ(GetParam().show("The message"), !GetParam().asks);
-    EXPECT_EQ(LeftBehind(), "");
-}
-
 TEST_P(MessageBox, WithoutAPascalStringShowsNoText)
 {
     ToolboxDouble::FailCall("CFStringGetPascalStringPtr");
     EXPECT_TRUE(GetParam().show("The message"));
-    EXPECT_EQ(Log(),
-        std::string("CFStringCreateWithCString(null, \"The message\", 0) = string1\n"
-                    "CFStringGetPascalStringPtr(string1, 0) = null\n"
-                    "StandardAlert(1, null, null, ")
-            + GetParam().alert + ") = 0 -> 1\nCFRelease(string1)\n");
+    EXPECT_TRUE(logged(std::string("CFStringGetPascalStringPtr(string1, 0) = null\nStandardAlert(1, null, null, ")
+        + GetParam().alert + ") = 0 -> 1\nCFRelease(string1)\n"))
+        << Log();
 }
 
 TEST_P(MessageBox, WithoutAStringShowsNoText)
 {
     ToolboxDouble::FailCall("CFStringCreateWithCString");
     EXPECT_TRUE(GetParam().show("The message"));
-    EXPECT_EQ(Log(),
-        std::string("CFStringCreateWithCString(null, \"The message\", 0) = null\n"
-                    "CFStringGetPascalStringPtr(null, 0) = null\n"
-                    "StandardAlert(1, null, null, ")
-            + GetParam().alert + ") = 0 -> 1\n");
+    EXPECT_TRUE(logged(std::string("CFStringGetPascalStringPtr(null, 0) = null\nStandardAlert(1, null, null, ")
+        + GetParam().alert + ") = 0 -> 1\n"))
+        << Log();
+    EXPECT_FALSE(logged("CFRelease"));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, MessageBox, testing::ValuesIn(BOX_CASES), [](const auto& row) { return row.param.name; });
+// Only a message that has to be cut takes memory: the caller's text is shared, not copied.
+TEST_P(MessageBox, ThatGetsNoMemoryLeavesNothingBehind)
+{
+    const std::string message(300, 'x');
+    int refused = 0;
+    const auto show = [&message] { GetParam().show(message.c_str()); };
+    for (; allocations::refusing(refused, show); ++refused)
+        EXPECT_EQ(Log(), "") << "allocation " << refused;
+    EXPECT_GT(refused, 0) << "nothing was allocated, so nothing was tested";
+    EXPECT_TRUE(logged("StandardAlert("));
+    EXPECT_EQ(LeftBehind(), "");
+}
 
-class MessageBoxText : public testing::Test {
-protected:
-    MessageBoxText() { ToolboxDouble::Reset(); }
-};
+INSTANTIATE_TEST_SUITE_P(Cases, MessageBox, testing::ValuesIn(BOX_CASES), RowName());
+
+class MessageBoxText : public ToolboxTest { };
+
+TEST_F(MessageBoxText, ThatIsShortIsShownWithoutMemory)
+{
+    const String message(std::string(254, 'x').c_str());
+    allocations::exempt(ToolboxDouble::IsAtWork);
+    EXPECT_EQ(allocations::countIn([&] {
+        UI::MessageOK(nullptr, message, message, false);
+        UI::MessageYesNo(nullptr, message, message, UI::YesFocus, false);
+        UI::MessageOKCancel(nullptr, message, message, UI::OKFocus, false);
+    }),
+        0u);
+    allocations::exempt(nullptr);
+}
 
 TEST_F(MessageBoxText, OfANullStringIsEmpty)
 {
@@ -194,17 +212,18 @@ TEST_F(MessageBoxText, InUTF16IsNotCut)
         << Log();
 }
 
-TEST_F(MessageBoxText, InUTF16IsReleasedWhenTheAlertCannotBeMade)
+TEST_F(MessageBoxText, InUTF16IsNotRunButReleasedWhenTheAlertCannotBeMade)
 {
-    ToolboxDouble::FailCall("CreateStandardAlert", paramErr);
-    UI::MessageOK(nullptr, units("Title"), units("Message"), units("Button"), false);
-    EXPECT_EQ(Log(), R"(CFStringCreateWithCharacters(null, "Button", 6) = string1
-CFStringCreateWithCharacters(null, "Message", 7) = string2
-CreateStandardAlert(1, string2, null, {version 1, movable 1, help 0, default string1, cancel null, other null, default button 1, cancel button 0, position 0, flags 0}) = -50
-CFRelease(string2)
-CFRelease(string1)
-)");
-    EXPECT_EQ(LeftBehind(), "");
+    for (const long status : {long{paramErr}, 1L, 0x10000L, -0x10000L}) {
+        ToolboxDouble::Reset();
+        ToolboxDouble::FailCall("CreateStandardAlert", status);
+        UI::MessageOK(nullptr, units("Title"), JAPANESE, units("Fertig"), false);
+        const std::string whole = UNICODE_BOX_LOG;
+        EXPECT_EQ(Log(),
+            whole.substr(0, whole.find(" = 0 -> alert1")) + " = " + std::to_string(status)
+                + whole.substr(whole.find("\nCFRelease(")));
+        EXPECT_EQ(LeftBehind(), "");
+    }
 }
 
 TEST_F(MessageBoxText, InUTF16IsReleasedWhenTheAlertCannotBeRun)

@@ -20,9 +20,9 @@ template <typename Record> std::string describeButtons(const Record& parameters)
 std::string describeRecord(const AlertStdAlertParamRec& parameters)
 {
     return "{movable " + std::to_string(parameters.movable) + ", help " + std::to_string(parameters.helpButton)
-        + ", filter " + given(parameters.filterProc != nullptr) + ", default " + quoted(parameters.defaultText)
-        + ", cancel " + quoted(parameters.cancelText) + ", other " + quoted(parameters.otherText) + ", "
-        + describeButtons(parameters) + '}';
+        + ", filter " + describe(Given{parameters.filterProc != nullptr}) + ", default "
+        + quoted(parameters.defaultText) + ", cancel " + quoted(parameters.cancelText) + ", other "
+        + quoted(parameters.otherText) + ", " + describeButtons(parameters) + '}';
 }
 
 std::string describeRecord(const AlertStdCFStringAlertParamRec& parameters)
@@ -37,52 +37,42 @@ std::string describeRecord(const AlertStdCFStringAlertParamRec& parameters)
 
 DialogItemIndex StopAlert(SInt16 id, ModalFilterUPP filter)
 {
-    Call call("StopAlert");
-    call.takes(id, given(filter != nullptr));
-    if (call.fails())
-        return call.returns(static_cast<DialogItemIndex>(call.failure()));
-    return call.returns(state().pressedButton);
+    Call call("StopAlert", id, Given{filter != nullptr});
+    if (state().whenAlerted)
+        state().whenAlerted();
+    return call.returns(call.fails() ? static_cast<DialogItemIndex>(call.failure()) : state().pressedButton);
 }
 
 OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param explanation,
     const AlertStdAlertParamRec* parameters, SInt16* itemHit)
 {
-    Call call("StandardAlert");
-    call.takes(type, quoted(error), quoted(explanation), describeRecord(*parameters));
-    if (call.fails())
-        return static_cast<OSErr>(call.returnsStatus(call.failure()));
+    Call call(
+        "StandardAlert", type, [&] { return quoted(error); }, [&] { return quoted(explanation); },
+        [&] { return describeRecord(*parameters); });
     *itemHit = state().pressedButton;
-    call.returnsStatus(noErr);
-    call.gives(*itemHit);
-    return noErr;
+    return static_cast<OSErr>(call.fails() ? call.returnsStatus(call.failure()) : call.succeeds(*itemHit));
 }
 
 OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,
     const AlertStdCFStringAlertParamRec* parameters, DialogRef* alert)
 {
-    Call call("CreateStandardAlert");
-    call.takes(type, error, explanation, describeRecord(*parameters));
+    Call call("CreateStandardAlert", type, error, explanation, [&] { return describeRecord(*parameters); });
     if (call.fails()) {
         *alert = wrongReference<DialogRef>();
         return call.returnsStatus(call.failure());
     }
     *alert = referenceTo<DialogRef>(add(std::make_unique<Alert>(), numbered("alert")));
-    call.returnsStatus(noErr);
-    call.gives(*alert);
-    return noErr;
+    return call.succeeds(*alert);
 }
 
 OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit)
 {
-    Call call("RunStandardAlert");
-    call.takes(alert, given(filter != nullptr));
+    Call call("RunStandardAlert", alert, Given{filter != nullptr});
     Alert* const found = find<Alert>(alert);
     if (found != nullptr)
-        found->alive = false;
+        found->end();
     if (call.fails())
         return call.returnsStatus(call.failure());
     *itemHit = state().pressedButton;
-    call.returnsStatus(noErr);
-    call.gives(*itemHit);
-    return noErr;
+    return call.succeeds(*itemHit);
 }

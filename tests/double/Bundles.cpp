@@ -33,7 +33,7 @@ std::string describeItems(const AuthorizationItemSet* set)
     for (UInt32 i = 0; i < set->count; ++i) {
         const AuthorizationItem& item = set->items[i];
         text += (i == 0 ? "" : ", ") + quoted(std::string(item.name)) + ' ' + std::to_string(item.valueLength) + ' '
-            + given(item.value != nullptr) + ' ' + std::to_string(item.flags);
+            + describe(Given{item.value != nullptr}) + ' ' + std::to_string(item.flags);
     }
     return '{' + text + '}';
 }
@@ -41,46 +41,41 @@ std::string describeItems(const AuthorizationItemSet* set)
 OSStatus authorizationCreate(const AuthorizationRights* rights, const AuthorizationEnvironment* environment,
     AuthorizationFlags flags, AuthorizationRef* authorization)
 {
-    Call call("AuthorizationCreate");
-    call.takes(describeItems(rights), describeItems(environment), flags);
+    Call call(
+        "AuthorizationCreate", [&] { return describeItems(rights); }, [&] { return describeItems(environment); },
+        flags);
     if (call.fails())
         return call.returnsStatus(call.failure());
-    call.returnsStatus(noErr);
-    Authorization& made = add(std::make_unique<Authorization>(), numbered("authorization"));
-    *authorization = referenceTo<AuthorizationRef>(made);
-    call.gives(*authorization);
-    return noErr;
+    *authorization = referenceTo<AuthorizationRef>(add(std::make_unique<Authorization>(), numbered("authorization")));
+    return call.succeeds(*authorization);
 }
 
 OSStatus authorizationCopyRights(AuthorizationRef authorization, const AuthorizationRights* rights,
     const AuthorizationEnvironment* environment, AuthorizationFlags flags, AuthorizationRights** granted)
 {
-    Call call("AuthorizationCopyRights");
-    call.takes(authorization, describeItems(rights), describeItems(environment), flags, given(granted != nullptr));
-    return call.returnsStatus(call.fails() ? call.failure() : static_cast<long>(noErr));
+    Call call(
+        "AuthorizationCopyRights", authorization, [&] { return describeItems(rights); },
+        [&] { return describeItems(environment); }, flags, Given{granted != nullptr});
+    return call.returnsStatus(call.failure());
 }
 
 }  // namespace
 
 OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder)
 {
-    Call call("FSFindFolder");
-    call.takes(volume, fourCharCode(type), create);
+    Call call("FSFindFolder", volume, Code{type}, create);
     if (call.fails())
         return static_cast<OSErr>(call.returnsStatus(call.failure()));
     Folder& found = add(std::make_unique<Folder>(), numbered("folder"));
     found.borrowed = true;
     const void* const address = &found;
     std::memcpy(folder->hidden, &address, sizeof address);
-    call.returnsStatus(noErr);
-    call.gives(address);
-    return noErr;
+    return static_cast<OSErr>(call.succeeds(address));
 }
 
 CFURLRef CFURLCreateFromFSRef(CFAllocatorRef allocator, const FSRef* file)
 {
-    Call call("CFURLCreateFromFSRef");
-    call.takes(allocator, folderIn(*file));
+    Call call("CFURLCreateFromFSRef", allocator, folderIn(*file));
     if (call.fails())
         return call.returns<CFURLRef>(nullptr);
     return call.returns(referenceTo<CFURLRef>(add(std::make_unique<URL>(), numbered("url"))));
@@ -89,8 +84,7 @@ CFURLRef CFURLCreateFromFSRef(CFAllocatorRef allocator, const FSRef* file)
 CFURLRef CFURLCreateCopyAppendingPathComponent(
     CFAllocatorRef allocator, CFURLRef url, CFStringRef component, Boolean isFolder)
 {
-    Call call("CFURLCreateCopyAppendingPathComponent");
-    call.takes(allocator, url, component, isFolder);
+    Call call("CFURLCreateCopyAppendingPathComponent", allocator, url, component, isFolder);
     if (call.fails())
         return call.returns<CFURLRef>(nullptr);
     return call.returns(referenceTo<CFURLRef>(add(std::make_unique<URL>(), numbered("url"))));
@@ -98,8 +92,7 @@ CFURLRef CFURLCreateCopyAppendingPathComponent(
 
 CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
 {
-    Call call("CFBundleCreate");
-    call.takes(allocator, url);
+    Call call("CFBundleCreate", allocator, url);
     if (call.fails())
         return call.returns<CFBundleRef>(nullptr);
     return call.returns(referenceTo<CFBundleRef>(add(std::make_unique<Bundle>(), numbered("bundle"))));
@@ -107,20 +100,18 @@ CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
 
 Boolean CFBundleLoadExecutable(CFBundleRef bundle)
 {
-    Call call("CFBundleLoadExecutable");
-    call.takes(bundle);
+    Call call("CFBundleLoadExecutable", bundle);
     return call.returns<Boolean>(!call.fails());
 }
 
 void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)
 {
-    Call call("CFBundleGetFunctionPointerForName");
-    call.takes(bundle, name);
+    Call call("CFBundleGetFunctionPointerForName", bundle, name);
     void* function = nullptr;
     if (!call.fails() && name == CFSTR("AuthorizationCreate"))
         function = reinterpret_cast<void*>(authorizationCreate);
     if (!call.fails() && name == CFSTR("AuthorizationCopyRights"))
         function = reinterpret_cast<void*>(authorizationCopyRights);
-    call.returns(given(function != nullptr));
+    call.returns(Given{function != nullptr});
     return function;
 }

@@ -43,17 +43,17 @@ std::string quoted(ConstStringPtr pascalString)
     return quoted(std::string(pascalString + 1, pascalString + 1 + pascalString[0]));
 }
 
-std::string fourCharCode(UInt32 code)
+std::string describe(Code code)
 {
     std::string result;
     for (int shift = 24; shift >= 0; shift -= 8)
-        result += printable(static_cast<unsigned>(code >> shift & 0xFF), "\\x%02X");
+        result += printable(static_cast<unsigned>(code.code >> shift & 0xFF), "\\x%02X");
     return "'" + result + "'";
 }
 
-std::string given(bool isGiven)
+std::string describe(Given pointer)
 {
-    return isGiven ? "given" : "null";
+    return pointer.given ? "given" : "null";
 }
 
 std::string nameOf(const void* reference)
@@ -68,10 +68,14 @@ std::string nameOf(const void* reference)
     return object->alive ? object->name : "dead " + object->name;
 }
 
-Call::Call(const char* function)
-    : m_line(state().log.size())
+void Call::begin(const char* function)
 {
     State& all = state();
+    // The one call that takes a pointer into a block which may not be locked, and is sure not to move it.
+    if (function != std::string("BlockMoveData")) {
+        for (const auto& object : all.objects)
+            object->move();
+    }
     all.log.push_back(std::string(2 * all.depth, ' ') + function);
     ++all.depth;
 
@@ -82,16 +86,6 @@ Call::Call(const char* function)
             m_failure = failing.result;
         }
     }
-}
-
-Call::~Call()
-{
-    --state().depth;
-}
-
-void Call::append(const std::string& text)
-{
-    state().log[m_line] += text;
 }
 
 }  // namespace ToolboxDouble

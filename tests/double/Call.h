@@ -21,22 +21,30 @@ std::string quoted(const UniChar* units, std::size_t count);
 /// The same for a Pascal string; "null", and "-1" for the system's own word.
 std::string quoted(ConstStringPtr pascalString);
 
-/// A four-character code as 'lsel'.
-std::string fourCharCode(UInt32 code);
+/// A four-character code, described as 'lsel'.
+struct Code {
+    UInt32 code;
+};
+std::string describe(Code code);
 
-/// "given" or "null", for pointers that the log need not tell apart.
-std::string given(bool isGiven);
+/// For pointers that the log need not tell apart: "given" or "null".
+struct Given {
+    bool given;
+};
+std::string describe(Given pointer);
 
 /// The name of the object that `reference` refers to; "null", "dead window1", "unknown".
 std::string nameOf(const void* reference);
 
-/// Numbers in decimal, references by name, texts as they are.
+/// Numbers in decimal, references by name, texts as they are; for anything else, a function that gives its text.
 template <typename T> std::string describe(const T& value)
 {
     if constexpr (std::is_integral<T>::value)
         return std::to_string(value);
     else if constexpr (std::is_pointer<T>::value || std::is_null_pointer<T>::value)
         return nameOf(value);
+    else if constexpr (std::is_invocable<T>::value)
+        return value();
     else
         return value;
 }
@@ -44,18 +52,20 @@ template <typename T> std::string describe(const T& value)
 /// One call, from its beginning to its end.
 class Call {
 public:
-    explicit Call(const char* function);
-    ~Call();
-    Call(const Call&) = delete;
-    Call& operator=(const Call&) = delete;
-
-    /// Notes what it is called with. A step of its own, so that what describing them takes is the call's.
-    template <typename... Arguments> void takes(const Arguments&... arguments)
+    /// Notes what it is called with. A text is to be given by a function, so that making it is the call's work.
+    template <typename... Arguments>
+    explicit Call(const char* function, const Arguments&... arguments)
+        : m_line(state().log.size())
     {
+        begin(function);
         const char* separator = "(";
         ((append(separator + describe(arguments)), separator = ", "), ...);
         append(")");
     }
+
+    ~Call() { --state().depth; }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
 
     /// Whether a test wants it to fail.
     bool fails() const { return m_fails; }
@@ -73,21 +83,23 @@ public:
     /// The same for an error code, of whichever width.
     OSStatus returnsStatus(long status) { return returns(static_cast<OSStatus>(status)); }
 
-    /// Notes what an out-parameter is given.
-    template <typename T> void gives(const T& value)
+    /// The same for noErr, and notes `value` as what the out-parameter is given.
+    template <typename T> OSStatus succeeds(const T& value)
     {
-        append((m_gives ? ", " : " -> ") + describe(value));
-        m_gives = true;
+        append(" = 0 -> " + describe(value));
+        return noErr;
     }
 
+    /// Notes `text` behind all else.
+    void append(const std::string& text) { state().log[m_line] += text; }
+
 private:
-    void append(const std::string& text);
+    void begin(const char* function);
 
     const AtWork m_atWork = AtWork(AtWork::Double);
     const std::size_t m_line;
     bool m_fails = false;
     long m_failure = 0;
-    bool m_gives = false;
 };
 
 }  // namespace ToolboxDouble

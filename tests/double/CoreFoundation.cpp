@@ -13,12 +13,20 @@ using namespace ToolboxDouble;
 namespace {
 
 struct StringObject : CFObject {
+    void end() override
+    {
+        Object::end();
+        pascal.resize(1 + 0xFF);
+        poison(pascal);
+    }
+
     std::vector<unsigned char> pascal;  // empty if it has no such form
 };
 
-// One object for equal bytes, constant or not.
+// One object for equal bytes, constant or not. It may be the constant one too, which does not end.
 struct UUIDObject : CFObject {
     bool isLeft() const override { return references > 0; }
+    void end() override { }
 
     CFUUIDBytes bytes = {};
 };
@@ -29,6 +37,7 @@ std::vector<unsigned char> pascalForm(const std::string& text)
         return {};
     std::vector<unsigned char> pascal(text.begin(), text.end());
     pascal.insert(pascal.begin(), static_cast<unsigned char>(text.size()));
+    pascal.reserve(1 + 0xFF);  // so that its end does not move it
     return pascal;
 }
 
@@ -69,28 +78,24 @@ const CFAllocatorRef kCFAllocatorSystemDefault = reinterpret_cast<CFAllocatorRef
 
 void CFRelease(CFTypeRef object)
 {
-    Call call("CFRelease");
-    call.takes(object);
+    Call call("CFRelease", object);
     CFObject* const released = find<CFObject>(object);
     if (released == nullptr || !released->alive || released->references == 0)
         return;
-    --released->references;
-    // A UUID's object may be the constant one too, which does not end.
-    if (released->references == 0 && dynamic_cast<UUIDObject*>(released) == nullptr)
-        released->alive = false;
+    if (--released->references == 0)
+        released->end();
 }
 
 Boolean CFEqual(CFTypeRef first, CFTypeRef second)
 {
-    Call call("CFEqual");
-    call.takes(first, second);
+    Call call("CFEqual", first, second);
     return call.returns<Boolean>(first == second && first != nullptr);
 }
 
 CFStringRef CFStringCreateWithCString(CFAllocatorRef allocator, const char* text, CFStringEncoding encoding)
 {
-    Call call("CFStringCreateWithCString");
-    call.takes(allocator, quoted(std::string(text)), encoding);
+    Call call(
+        "CFStringCreateWithCString", allocator, [&] { return quoted(std::string(text)); }, encoding);
     if (call.fails())
         return call.returns<CFStringRef>(nullptr);
     StringObject& string = add(std::make_unique<StringObject>(), numbered("string"));
@@ -100,8 +105,9 @@ CFStringRef CFStringCreateWithCString(CFAllocatorRef allocator, const char* text
 
 CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar* units, CFIndex count)
 {
-    Call call("CFStringCreateWithCharacters");
-    call.takes(allocator, quoted(units, static_cast<std::size_t>(count)), count);
+    Call call(
+        "CFStringCreateWithCharacters", allocator, [&] { return quoted(units, static_cast<std::size_t>(count)); },
+        count);
     if (call.fails())
         return call.returns<CFStringRef>(nullptr);
     return call.returns(referenceTo<CFStringRef>(add(std::make_unique<StringObject>(), numbered("string"))));
@@ -109,8 +115,7 @@ CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar
 
 ConstStringPtr CFStringGetPascalStringPtr(CFStringRef string, CFStringEncoding encoding)
 {
-    Call call("CFStringGetPascalStringPtr");
-    call.takes(string, encoding);
+    Call call("CFStringGetPascalStringPtr", string, encoding);
     const StringObject* const found = find<StringObject>(string);
     const bool answers = !call.fails() && found != nullptr && found->alive && !found->pascal.empty();
     const ConstStringPtr bytes = answers ? found->pascal.data() : nullptr;
@@ -137,19 +142,15 @@ CFUUIDRef CFUUIDGetConstantUUIDWithBytes(CFAllocatorRef allocator, UInt8 byte0, 
 {
     const CFUUIDBytes bytes = {byte0, byte1, byte2, byte3, byte4, byte5, byte6, byte7, byte8, byte9, byte10, byte11,
         byte12, byte13, byte14, byte15};
-    Call call("CFUUIDGetConstantUUIDWithBytes");
-    call.takes(allocator, textForm(bytes));
+    Call call("CFUUIDGetConstantUUIDWithBytes", allocator, [&] { return textForm(bytes); });
     return referenceTo<CFUUIDRef>(uniqueUUID(bytes));
 }
 
 CFUUIDRef CFUUIDCreateFromUUIDBytes(CFAllocatorRef allocator, CFUUIDBytes bytes)
 {
-    Call call("CFUUIDCreateFromUUIDBytes");
-    call.takes(allocator, textForm(bytes));
-    if (call.fails()) {
-        call.returns(nullptr);
-        return nullptr;
-    }
+    Call call("CFUUIDCreateFromUUIDBytes", allocator, [&] { return textForm(bytes); });
+    if (call.fails())
+        return call.returns<CFUUIDRef>(nullptr);
     UUIDObject& uuid = uniqueUUID(bytes);
     ++uuid.references;
     return referenceTo<CFUUIDRef>(uuid);
@@ -157,6 +158,5 @@ CFUUIDRef CFUUIDCreateFromUUIDBytes(CFAllocatorRef allocator, CFUUIDBytes bytes)
 
 void CFPlugInRemoveInstanceForFactory(CFUUIDRef factory)
 {
-    Call call("CFPlugInRemoveInstanceForFactory");
-    call.takes(factory);
+    Call call("CFPlugInRemoveInstanceForFactory", factory);
 }

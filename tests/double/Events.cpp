@@ -37,7 +37,7 @@ std::string describeTypes(UInt32 count, const EventTypeSpec* types)
 {
     std::string text;
     for (UInt32 i = 0; i < count; ++i)
-        text += (i == 0 ? "" : ", ") + fourCharCode(types[i].eventClass) + ' ' + std::to_string(types[i].eventKind);
+        text += (i == 0 ? "" : ", ") + describe(Code{types[i].eventClass}) + ' ' + std::to_string(types[i].eventKind);
     return '{' + text + '}';
 }
 
@@ -57,8 +57,7 @@ void sendEvent(const Act& act, const Handler& handler)
     event.command.commandID = act.command;
 
     const bool hasUserData = act.kind != Act::Kind::CommandWithoutUserData;
-    Call call("handler");
-    call.takes(fourCharCode(act.eventClass), act.eventKind, fourCharCode(act.command), given(hasUserData));
+    Call call("handler", Code{act.eventClass}, act.eventKind, Code{act.command}, Given{hasUserData});
     call.returns(callHandler(handler, referenceTo<EventRef>(event), hasUserData ? handler.userData : nullptr));
 }
 
@@ -78,8 +77,7 @@ void perform(const Act& act, Window& window)
 
 EventTargetRef GetWindowEventTarget(WindowRef reference)
 {
-    Call call("GetWindowEventTarget");
-    call.takes(reference);
+    Call call("GetWindowEventTarget", reference);
     if (call.fails())
         return call.returns<EventTargetRef>(nullptr);
     const Window* const window = find<Window>(reference);
@@ -88,8 +86,7 @@ EventTargetRef GetWindowEventTarget(WindowRef reference)
 
 EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure)
 {
-    Call call("NewEventHandlerUPP");
-    call.takes(given(procedure != nullptr));
+    Call call("NewEventHandlerUPP", Given{procedure != nullptr});
     if (call.fails()) {
         call.returns(nullptr);
         return nullptr;
@@ -102,19 +99,18 @@ EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure)
 
 void DisposeEventHandlerUPP(EventHandlerUPP upp)
 {
-    Call call("DisposeEventHandlerUPP");
-    call.takes(reinterpret_cast<const void*>(upp));
+    Call call("DisposeEventHandlerUPP", reinterpret_cast<const void*>(upp));
     ProcedurePointer* const found = find<ProcedurePointer>(reinterpret_cast<const void*>(upp));
     if (found != nullptr)
-        found->alive = false;
+        found->end();
 }
 
 OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UInt32 count, const EventTypeSpec* types,
     void* userData, EventHandlerRef* installed)
 {
-    Call call("InstallEventHandler");
-    call.takes(target, reinterpret_cast<const void*>(handler), count, describeTypes(count, types),
-        given(userData != nullptr), given(installed != nullptr));
+    Call call(
+        "InstallEventHandler", target, reinterpret_cast<const void*>(handler), count,
+        [&] { return describeTypes(count, types); }, Given{userData != nullptr}, Given{installed != nullptr});
     if (call.fails())
         return call.returnsStatus(call.failure());
     if (handler == nullptr)
@@ -134,26 +130,23 @@ OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UIn
 
 UInt32 GetEventClass(EventRef event)
 {
-    Call call("GetEventClass");
-    call.takes(event);
+    Call call("GetEventClass", event);
     const UInt32 eventClass = find<EventObject>(event)->eventClass;
-    call.returns(fourCharCode(eventClass));
+    call.returns(Code{eventClass});
     return eventClass;
 }
 
 UInt32 GetEventKind(EventRef event)
 {
-    Call call("GetEventKind");
-    call.takes(event);
+    Call call("GetEventKind", event);
     return call.returns(find<EventObject>(event)->eventKind);
 }
 
 OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type, EventParamType* actualType,
     UInt32 size, UInt32* actualSize, void* data)
 {
-    Call call("GetEventParameter");
-    call.takes(event, fourCharCode(name), fourCharCode(type), given(actualType != nullptr), size,
-        given(actualSize != nullptr));
+    Call call("GetEventParameter", event, Code{name}, Code{type}, Given{actualType != nullptr}, size,
+        Given{actualSize != nullptr});
     const bool isThere = name == kEventParamDirectObject && type == typeHICommand;
     if (isThere) {
         const HICommand& command = find<EventObject>(event)->command;
@@ -167,8 +160,7 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
 
 OSStatus RunAppModalLoopForWindow(WindowRef reference)
 {
-    Call call("RunAppModalLoopForWindow");
-    call.takes(reference);
+    Call call("RunAppModalLoopForWindow", reference);
     if (call.fails())
         return call.returnsStatus(call.failure());
     Window* const window = find<Window>(reference);
@@ -185,8 +177,7 @@ OSStatus RunAppModalLoopForWindow(WindowRef reference)
 
 OSStatus QuitAppModalLoopForWindow(WindowRef reference)
 {
-    Call call("QuitAppModalLoopForWindow");
-    call.takes(reference);
+    Call call("QuitAppModalLoopForWindow", reference);
     if (call.fails())
         return call.returnsStatus(call.failure());
     Window* const window = find<Window>(reference);

@@ -17,6 +17,12 @@ namespace {
 const std::size_t RESOURCE_SLACK = 1024;
 
 struct Block : Object {
+    void end() override
+    {
+        Object::end();
+        poison(words);
+    }
+
     std::vector<const void*> words;
 };
 
@@ -24,7 +30,24 @@ struct Block : Object {
 struct ResourceHandle : Object {
     std::string condition() const override { return locked ? " locked" : ""; }
 
+    void end() override
+    {
+        Object::end();
+        poison(data);
+    }
+
+    void move() override
+    {
+        if (locked || !alive)
+            return;
+        left.push_back(data);
+        data.swap(left.back());
+        poison(left.back());
+        master = data.data();
+    }
+
     std::vector<char> data;
+    std::vector<std::vector<char>> left;  // where the data lay before
     Ptr master = nullptr;
     bool locked = false;
 };
@@ -66,8 +89,7 @@ void setLocked(Handle handle, bool locked)
 
 Ptr NewPtr(Size size)
 {
-    Call call("NewPtr");
-    call.takes(size);
+    Call call("NewPtr", size);
     if (call.fails())
         return call.returns<Ptr>(nullptr);
     auto block = std::make_unique<Block>();
@@ -79,19 +101,17 @@ Ptr NewPtr(Size size)
 
 void DisposePtr(Ptr block)
 {
-    Call call("DisposePtr");
-    call.takes(block);
+    Call call("DisposePtr", block);
     if (call.fails())
         return;
     Block* const found = find<Block>(block);
     if (found != nullptr)
-        found->alive = false;
+        found->end();
 }
 
 void HLock(Handle handle)
 {
-    Call call("HLock");
-    call.takes(handle);
+    Call call("HLock", handle);
     if (call.fails())
         return;
     setLocked(handle, true);
@@ -99,8 +119,7 @@ void HLock(Handle handle)
 
 void HUnlock(Handle handle)
 {
-    Call call("HUnlock");
-    call.takes(handle);
+    Call call("HUnlock", handle);
     if (call.fails())
         return;
     setLocked(handle, false);
@@ -108,24 +127,23 @@ void HUnlock(Handle handle)
 
 void BlockMoveData(const void* source, void* destination, Size count)
 {
-    Call call("BlockMoveData");
-    call.takes(place(source), count);
+    Call call(
+        "BlockMoveData", [&] { return place(source); }, count);
     std::memmove(destination, source, static_cast<std::size_t>(count));
-    call.gives(hexadecimal(destination, count));
+    call.append(" -> " + hexadecimal(destination, count));
 }
 
 Boolean BitTst(const void* bytes, long bit)
 {
-    Call call("BitTst");
-    call.takes(hexadecimal(bytes, bit / 8 + 1), bit);
+    Call call(
+        "BitTst", [&] { return hexadecimal(bytes, bit / 8 + 1); }, bit);
     const UInt8 byte = static_cast<const UInt8*>(bytes)[bit / 8];
     return call.returns<Boolean>((byte & 0x80 >> bit % 8) != 0);
 }
 
 Handle GetResource(ResType type, SInt16 id)
 {
-    Call call("GetResource");
-    call.takes(fourCharCode(type), id);
+    Call call("GetResource", Code{type}, id);
     if (call.fails())
         return call.returns<Handle>(nullptr);
     for (const ResourceData& resource : state().resources) {
@@ -144,11 +162,10 @@ Handle GetResource(ResType type, SInt16 id)
 
 void ReleaseResource(Handle resource)
 {
-    Call call("ReleaseResource");
-    call.takes(resource);
+    Call call("ReleaseResource", resource);
     if (call.fails())
         return;
     ResourceHandle* const found = find<ResourceHandle>(resource);
     if (found != nullptr)
-        found->alive = false;
+        found->end();
 }

@@ -101,4 +101,9 @@ void PressInAlerts(SInt16 button)
     state().pressedButton = button;
 }
 
+void WhenAlerted(const std::function<void()>& action)
+{
+    state().whenAlerted = action;
+}
+
 }  // namespace ToolboxDouble

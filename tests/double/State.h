@@ -6,6 +6,8 @@
 
 #include <Carbon/Carbon.h>
 
+#include <cstring>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -25,6 +27,12 @@ struct Object {
 
     /// What LeftBehind adds to its name.
     virtual std::string condition() const { return std::string(); }
+
+    /// Disposes of it. What it holds in memory is overwritten, so that whoever reads it too late reads something else.
+    virtual void end() { alive = false; }
+
+    /// Moves in memory what may move there, at each call.
+    virtual void move() { }
 
     std::string name;                 // as the log shows it
     const void* reference = nullptr;  // what callers hold of it
@@ -61,6 +69,7 @@ struct State {
 
     std::vector<ResourceData> resources;
     const void* newBlockWord = nullptr;
+    std::function<void()> whenAlerted;
 
     std::vector<Act> acts;
     SInt16 pressedButton = 1;
@@ -68,6 +77,12 @@ struct State {
 };
 
 State& state();
+
+/// Overwrites memory that has been disposed of.
+template <typename Memory> void poison(Memory& memory)
+{
+    std::memset(memory.data(), 0xDB, memory.size() * sizeof *memory.data());
+}
 
 /// Says, for as long as it lives, who is at work: the double, or somebody whom it calls.
 class AtWork {

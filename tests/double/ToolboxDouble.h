@@ -2,16 +2,17 @@
 // toolbox's place.
 //
 // It writes down every call, makes the calls fail that a test names, plays the person in front of the dialog, and tells
-// what is left behind. It is harsher than the platform: out-parameters hold a wrong reference after a failure, and a
-// procedure pointer is not the procedure.
+// what is left behind. It is harsher than the platform: out-parameters hold a wrong reference after a failure, a
+// procedure pointer is not the procedure, and blocks that are not locked move at every call but BlockMoveData.
 //
-// What has been disposed of keeps its memory until Reset, so that a test may still look into it.
+// What has been disposed of, or has moved, keeps its memory until Reset, full of bytes 0xDB.
 
 #ifndef TESTS_DOUBLE_TOOLBOXDOUBLE_H
 #define TESTS_DOUBLE_TOOLBOXDOUBLE_H
 
 #include <Carbon/Carbon.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -91,8 +92,11 @@ Act Quit();
 /// with eventInternalErr.
 void InModalLoop(const std::vector<Act>& acts);
 
-/// The button that every alert will be left with; 1 before.
+/// The button that every alert will be left with, the one that gives an error too; 1 before.
 void PressInAlerts(SInt16 button);
+
+/// What happens while StopAlert shows its alert.
+void WhenAlerted(const std::function<void()>& action);
 
 }  // namespace ToolboxDouble
 

@@ -34,73 +34,62 @@ void setShown(WindowRef reference, bool shown)
 
 OSStatus CreateNibReference(CFStringRef name, IBNibRef* nib)
 {
-    Call call("CreateNibReference");
-    call.takes(name);
+    Call call("CreateNibReference", name);
     if (call.fails()) {
         *nib = wrongReference<IBNibRef>();
         return call.returnsStatus(call.failure());
     }
     *nib = referenceTo<IBNibRef>(add(std::make_unique<Nib>(), numbered("nib")));
-    call.returnsStatus(noErr);
-    call.gives(*nib);
-    return noErr;
+    return call.succeeds(*nib);
 }
 
 OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window)
 {
-    Call call("CreateWindowFromNib");
-    call.takes(nib, name);
+    Call call("CreateWindowFromNib", nib, name);
     if (call.fails()) {
         *window = call.failure() == noErr ? nullptr : wrongReference<WindowRef>();
         return call.returnsStatus(call.failure());
     }
     *window = referenceTo<WindowRef>(addWindow());
-    call.returnsStatus(noErr);
-    call.gives(*window);
-    return noErr;
+    return call.succeeds(*window);
 }
 
 void DisposeNibReference(IBNibRef nib)
 {
-    Call call("DisposeNibReference");
-    call.takes(nib);
+    Call call("DisposeNibReference", nib);
     Nib* const found = find<Nib>(nib);
     if (found != nullptr)
-        found->alive = false;
+        found->end();
 }
 
 void ShowWindow(WindowRef window)
 {
-    Call call("ShowWindow");
-    call.takes(window);
+    Call call("ShowWindow", window);
     setShown(window, true);
 }
 
 void HideWindow(WindowRef window)
 {
-    Call call("HideWindow");
-    call.takes(window);
+    Call call("HideWindow", window);
     setShown(window, false);
 }
 
 void DisposeWindow(WindowRef reference)
 {
-    Call call("DisposeWindow");
-    call.takes(reference);
+    Call call("DisposeWindow", reference);
     Window* const window = find<Window>(reference);
     if (window == nullptr)
         return;
-    window->alive = false;
-    window->control->alive = false;
-    window->target->alive = false;
+    window->end();
+    window->control->end();
+    window->target->end();
     for (Handler* const handler : window->handlers)
-        handler->alive = false;
+        handler->end();
 }
 
 OSStatus GetControlByID(WindowRef reference, const ControlID* id, ControlRef* control)
 {
-    Call call("GetControlByID");
-    call.takes(reference, fourCharCode(id->signature), id->id);
+    Call call("GetControlByID", reference, Code{id->signature}, id->id);
     Window* const window = find<Window>(reference);
     *control = wrongReference<ControlRef>();
     if (call.fails())
@@ -108,15 +97,12 @@ OSStatus GetControlByID(WindowRef reference, const ControlID* id, ControlRef* co
     if (window == nullptr || id->signature != POPUP_SIGNATURE || id->id != POPUP_ID)
         return call.returnsStatus(errUnknownControl);
     *control = referenceTo<ControlRef>(*window->control);
-    call.returnsStatus(noErr);
-    call.gives(*control);
-    return noErr;
+    return call.succeeds(*control);
 }
 
 SInt32 GetControl32BitValue(ControlRef reference)
 {
-    Call call("GetControl32BitValue");
-    call.takes(reference);
+    Call call("GetControl32BitValue", reference);
     if (call.fails())
         return call.returns(static_cast<SInt32>(call.failure()));
     const Control* const control = find<Control>(reference);
@@ -125,8 +111,7 @@ SInt32 GetControl32BitValue(ControlRef reference)
 
 void SetControl32BitValue(ControlRef reference, SInt32 value)
 {
-    Call call("SetControl32BitValue");
-    call.takes(reference, value);
+    Call call("SetControl32BitValue", reference, value);
     Control* const control = find<Control>(reference);
     if (control != nullptr)
         control->value = value;

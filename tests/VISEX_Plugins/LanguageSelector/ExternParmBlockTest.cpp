@@ -7,6 +7,7 @@
 
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/support/RecordDifferences.h"
+#include "tests/support/RowName.h"
 
 namespace {
 
@@ -75,7 +76,6 @@ TEST_P(ExternParmBlockWrite, ChangesTheFieldsBytesAlone)
     EXPECT_EQ(recordDifferences(bytesOf(record), expected), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Fields, ExternParmBlockWrite, testing::ValuesIn(WRITE_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Fields, ExternParmBlockWrite, testing::ValuesIn(WRITE_CASES), RowName());
 
 }  // namespace

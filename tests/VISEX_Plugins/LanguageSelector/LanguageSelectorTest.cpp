@@ -1,22 +1,25 @@
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
-#include <gtest/gtest.h>
+#include <cstring>
+#include <string>
+#include <type_traits>
 
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
-#include "tests/double/ToolboxDouble.h"
+#include "tests/double/ToolboxTest.h"
 #include "tests/support/RecordDifferences.h"
 
 namespace {
 
+using ToolboxDouble::ClearLog;
 using ToolboxDouble::LeftBehind;
 using ToolboxDouble::Log;
 
-class Entry : public testing::Test {
-protected:
-    Entry() { ToolboxDouble::Reset(); }
+// ---- The main entry
 
+class Entry : public ToolboxTest {
+protected:
     // Whether what has been called since Reset includes `function`.
-    static bool called(const std::string& function) { return Log().find(function + "(") != std::string::npos; }
+    static bool called(const std::string& function) { return logged(function + "("); }
 };
 
 TEST_F(Entry, NullRecordIsIgnored)
@@ -28,31 +31,33 @@ TEST_F(Entry, NullRecordIsIgnored)
 
 TEST_F(Entry, MessageOtherThan1000IsAnsweredWithAlert5000AndAFlag)
 {
-    for (const int message : {999, 1001, 0, 1, -1000, -1, 0x7FFF, -0x8000, 0x03E7, 0x04E8, 0x0300, 0x00E8}) {
-        ToolboxDouble::Reset();
-        ExternParmBlock record = recordWith(static_cast<SInt16>(message), 11);
-        record.resultFlags = 0xA5A5A5A4;
-        RecordBytes expected = bytesOf(record);
-        expected[11] = 0xA5;
-
-        XCodMain(&record);
-        EXPECT_EQ(Log(), "StopAlert(5000, null) = 1\n") << "message " << message;
-        EXPECT_EQ(recordDifferences(bytesOf(record), expected), "") << "message " << message;
-    }
-}
-
-TEST_F(Entry, EveryOther16BitMessageIsAnsweredSo)
-{
+    ExternParmBlock record = recordWith(1000, 11);
+    record.resultFlags = 0xA5A5A5A4;
+    RecordBytes expected = bytesOf(record);
+    expected[11] = 0xA5;
     for (int message = -0x8000; message <= 0x7FFF; ++message) {
         if (message == 1000)
             continue;
         ToolboxDouble::Reset();
-        ExternParmBlock record = recordWith(static_cast<SInt16>(message), 11);
-        record.resultFlags = 0;
-        XCodMain(&record);
+        ExternParmBlock called = record;
+        called.message = static_cast<SInt16>(message);
+        XCodMain(&called);
         ASSERT_EQ(Log(), "StopAlert(5000, null) = 1\n") << "message " << message;
-        ASSERT_EQ(record.resultFlags, 1u) << "message " << message;
+        called.message = 1000;
+        ASSERT_TRUE(bytesOf(called) == expected) << "message " << message << ":\n"
+                                                 << recordDifferences(bytesOf(called), expected);
     }
+}
+
+TEST_F(Entry, FlagIsSetWhenTheAlertHasBeenShown)
+{
+    ExternParmBlock record = recordWith(999, 0);
+    record.resultFlags = 0;
+    UInt32 flagsMeanwhile = 99;
+    ToolboxDouble::WhenAlerted([&] { flagsMeanwhile = record.resultFlags; });
+    XCodMain(&record);
+    EXPECT_EQ(flagsMeanwhile, 0u);
+    EXPECT_EQ(record.resultFlags, 1u);
 }
 
 TEST_F(Entry, FlagThatIsSetStaysSet)
@@ -129,6 +134,245 @@ TEST_F(Entry, LanguageSelectorRunsTheDialogAloneWhateverTheMessage)
     EXPECT_FALSE(called("GetResource"));
     EXPECT_FALSE(called("StopAlert"));
     EXPECT_EQ(recordDifferences(bytesOf(record), expected), "");
+}
+
+// ---- The factory and its instances
+
+const CFUUIDBytes FACTORY_TYPE = {
+    0x5C, 0xD9, 0x48, 0x4B, 0x4A, 0x86, 0x4C, 0xA2, 0xA7, 0x9A, 0x15, 0x25, 0xA3, 0xB5, 0xF6, 0xE8};
+const CFUUIDBytes EXTERNAL_INTERFACE = {
+    0x00, 0xD5, 0xFB, 0xFE, 0x3D, 0x3D, 0x40, 0xE2, 0x9D, 0xCB, 0x92, 0xED, 0x69, 0x58, 0x34, 0xF8};
+const CFUUIDBytes UNKNOWN_INTERFACE = {0, 0, 0, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46};
+const CFUUIDBytes FACTORY_ID = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+
+// `bytes` with one bit of the byte at `position` turned.
+CFUUIDBytes withChange(CFUUIDBytes bytes, std::size_t position)
+{
+    UInt8 raw[sizeof bytes];
+    std::memcpy(raw, &bytes, sizeof bytes);
+    raw[position] ^= 1;
+    std::memcpy(&bytes, raw, sizeof bytes);
+    return bytes;
+}
+
+class PlugIn : public ToolboxTest {
+protected:
+    PlugIn()
+    {
+        type = CFUUIDCreateFromUUIDBytes(nullptr, FACTORY_TYPE);
+        ClearLog();
+    }
+
+    // An instance, and no log of how it was made.
+    XcodInstance* makeInstance()
+    {
+        void* const instance = MyFactory(nullptr, type);
+        ClearLog();
+        return static_cast<XcodInstance*>(instance);
+    }
+
+    CFUUIDRef type;
+};
+
+TEST_F(PlugIn, FactoryMakesAnInstanceOfItsType)
+{
+    const XcodInstance* const instance = static_cast<XcodInstance*>(MyFactory(nullptr, type));
+    ASSERT_NE(instance, nullptr);
+    EXPECT_EQ(instance->referenceCount, 1);
+    EXPECT_EQ(Log(),
+        "CFUUIDGetConstantUUIDWithBytes(null, 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8)\n"
+        "CFEqual(uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8, uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8) = 1\n"
+        "NewPtr("
+            + std::to_string(3 * sizeof(void*)) + ") = block1\n");
+}
+
+TEST_F(PlugIn, FactoryIgnoresTheAllocator)
+{
+    ASSERT_NE(MyFactory(kCFAllocatorSystemDefault, type), nullptr);
+    EXPECT_EQ(Log().find("system default"), std::string::npos) << Log();
+}
+
+TEST_F(PlugIn, FactoryRefusesEveryOtherType)
+{
+    for (std::size_t position = 0; position < sizeof(CFUUIDBytes); ++position) {
+        const CFUUIDRef other = CFUUIDCreateFromUUIDBytes(nullptr, withChange(FACTORY_TYPE, position));
+        EXPECT_EQ(MyFactory(nullptr, other), nullptr) << "differing at byte " << position;
+    }
+    EXPECT_EQ(Log().find("NewPtr"), std::string::npos) << Log();
+}
+
+TEST_F(PlugIn, FactoryLeavesTheFactoryIDAsItFoundIt)
+{
+    const CFUUIDRef factoryID = CFUUIDCreateFromUUIDBytes(nullptr, FACTORY_ID);
+    ToolboxDouble::FillNewBlocks(factoryID);
+    const XcodInstance* const instance = makeInstance();
+    EXPECT_EQ(instance->factoryID, factoryID);
+    EXPECT_EQ(instance->referenceCount, 1);
+    EXPECT_NE(instance->functions, static_cast<const void*>(factoryID));
+}
+
+TEST_F(PlugIn, InstanceBeginsWithTheTableOfFunctions)
+{
+    XcodInstance* const instance = makeInstance();
+    // As the host sees it: a pointer to a pointer to five words.
+    void* const* const words = *reinterpret_cast<void* const**>(instance);
+    EXPECT_EQ(words[0], nullptr);
+    EXPECT_EQ(words[1], reinterpret_cast<void*>(myQueryInterface));
+    EXPECT_EQ(words[2], reinterpret_cast<void*>(myAddRef));
+    EXPECT_EQ(words[3], reinterpret_cast<void*>(myRelease));
+    EXPECT_EQ(words[4], reinterpret_cast<void*>(XCodMain));
+}
+
+TEST_F(PlugIn, InstancesShareOneTableAndNothingElse)
+{
+    XcodInstance* const first = makeInstance();
+    XcodInstance* const second = makeInstance();
+    EXPECT_NE(first, second);
+    EXPECT_EQ(first->functions, second->functions);
+    myAddRef(first);
+    EXPECT_EQ(second->referenceCount, 1);
+}
+
+TEST_F(PlugIn, QueryForTheExternalsInterfaceGivesTheInstance)
+{
+    XcodInstance* const instance = makeInstance();
+    LPVOID given = nullptr;
+    EXPECT_EQ(instance->functions->QueryInterface(instance, EXTERNAL_INTERFACE, &given), S_OK);
+    EXPECT_EQ(given, instance);
+    EXPECT_EQ(instance->referenceCount, 2);
+    EXPECT_EQ(Log(), R"(CFUUIDCreateFromUUIDBytes(null, 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8)
+CFUUIDGetConstantUUIDWithBytes(null, 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8)
+CFEqual(uuid 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8, uuid 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8) = 1
+CFRelease(uuid 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8)
+)");
+}
+
+TEST_F(PlugIn, QueryForIUnknownGivesTheInstance)
+{
+    XcodInstance* const instance = makeInstance();
+    LPVOID given = nullptr;
+    EXPECT_EQ(instance->functions->QueryInterface(instance, UNKNOWN_INTERFACE, &given), S_OK);
+    EXPECT_EQ(given, instance);
+    EXPECT_EQ(instance->referenceCount, 2);
+    EXPECT_EQ(Log(), R"(CFUUIDCreateFromUUIDBytes(null, 00000000-0000-0000-C000-000000000046)
+CFUUIDGetConstantUUIDWithBytes(null, 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8)
+CFEqual(uuid 00000000-0000-0000-C000-000000000046, uuid 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8) = 0
+CFUUIDGetConstantUUIDWithBytes(null, 00000000-0000-0000-C000-000000000046)
+CFEqual(uuid 00000000-0000-0000-C000-000000000046, uuid 00000000-0000-0000-C000-000000000046) = 1
+CFRelease(uuid 00000000-0000-0000-C000-000000000046)
+)");
+}
+
+TEST_F(PlugIn, QueryForAnythingElseGivesNothing)
+{
+    XcodInstance* const instance = makeInstance();
+    LPVOID given = instance;
+    EXPECT_EQ(instance->functions->QueryInterface(instance, FACTORY_TYPE, &given), static_cast<HRESULT>(0x80000004));
+    EXPECT_EQ(given, nullptr);
+    EXPECT_EQ(instance->referenceCount, 1);
+    EXPECT_EQ(Log(), R"(CFUUIDCreateFromUUIDBytes(null, 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8)
+CFUUIDGetConstantUUIDWithBytes(null, 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8)
+CFEqual(uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8, uuid 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8) = 0
+CFUUIDGetConstantUUIDWithBytes(null, 00000000-0000-0000-C000-000000000046)
+CFEqual(uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8, uuid 00000000-0000-0000-C000-000000000046) = 0
+CFRelease(uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8)
+)");
+}
+
+TEST_F(PlugIn, QueryTellsEveryByteOfAnInterfaceApart)
+{
+    XcodInstance* const instance = makeInstance();
+    for (std::size_t position = 0; position < sizeof(CFUUIDBytes); ++position) {
+        for (const CFUUIDBytes& known : {EXTERNAL_INTERFACE, UNKNOWN_INTERFACE}) {
+            LPVOID given = instance;
+            EXPECT_EQ(myQueryInterface(instance, withChange(known, position), &given), E_NOINTERFACE);
+            EXPECT_EQ(given, nullptr) << "differing at byte " << position;
+        }
+    }
+}
+
+ULONG addTen(void* instance)
+{
+    static_cast<XcodInstance*>(instance)->referenceCount += 10;
+    return 0;
+}
+
+TEST_F(PlugIn, QueryAddsItsReferenceThroughTheInstancesTable)
+{
+    XcodInstance* const instance = makeInstance();
+    XcodFunctionBlock functions = *instance->functions;
+    functions.AddRef = addTen;
+    instance->functions = &functions;
+    LPVOID given = nullptr;
+    EXPECT_EQ(myQueryInterface(instance, UNKNOWN_INTERFACE, &given), S_OK);
+    EXPECT_EQ(instance->referenceCount, 11);
+}
+
+TEST_F(PlugIn, ReferencesAreCounted)
+{
+    XcodInstance* const instance = makeInstance();
+    EXPECT_EQ(instance->functions->AddRef(instance), 2u);
+    EXPECT_EQ(instance->functions->AddRef(instance), 3u);
+    EXPECT_EQ(instance->functions->Release(instance), 2u);
+    EXPECT_EQ(instance->functions->Release(instance), 1u);
+    EXPECT_EQ(instance->referenceCount, 1);
+    EXPECT_EQ(Log(), "");
+}
+
+TEST_F(PlugIn, LastReleaseFreesTheInstance)
+{
+    XcodInstance* const instance = makeInstance();
+    EXPECT_EQ(instance->functions->Release(instance), 0u);
+    EXPECT_EQ(Log(), "DisposePtr(block1)\n");
+    EXPECT_EQ(LeftBehind(), "uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8\n") << "the test's own";
+}
+
+TEST_F(PlugIn, LastReleaseGivesBackAFactoryIDThatTheBlockHeld)
+{
+    ToolboxDouble::FillNewBlocks(CFUUIDCreateFromUUIDBytes(nullptr, FACTORY_ID));
+    XcodInstance* const instance = makeInstance();
+    EXPECT_EQ(myRelease(instance), 0u);
+    EXPECT_EQ(Log(), R"(DisposePtr(block1)
+CFPlugInRemoveInstanceForFactory(uuid 01020304-0506-0708-090A-0B0C0D0E0F10)
+CFRelease(uuid 01020304-0506-0708-090A-0B0C0D0E0F10)
+)");
+}
+
+TEST_F(PlugIn, EarlierReleasesKeepTheFactoryID)
+{
+    ToolboxDouble::FillNewBlocks(CFUUIDCreateFromUUIDBytes(nullptr, FACTORY_ID));
+    XcodInstance* const instance = makeInstance();
+    myAddRef(instance);
+    EXPECT_EQ(myRelease(instance), 1u);
+    EXPECT_EQ(Log(), "");
+}
+
+TEST_F(PlugIn, ReleaseAfterTheLastOneIsNotGuarded)
+{
+    XcodInstance* const instance = makeInstance();
+    myRelease(instance);
+    ClearLog();
+    EXPECT_EQ(myRelease(instance), 0xDBDBDBDA) << "one less than what lies where the count was";
+    EXPECT_EQ(Log(), "");
+}
+
+TEST_F(PlugIn, ProcedureInformationDescribesTheMainEntry)
+{
+    static_assert(std::is_same<decltype(___procinfo), const UInt32>::value && sizeof ___procinfo == 4, "one word");
+    EXPECT_EQ(___procinfo, 0xC0u);
+}
+
+TEST_F(PlugIn, HostsCallsInTheirOrderLeaveNothingBehind)
+{
+    XcodInstance* const instance = makeInstance();
+    LPVOID given = nullptr;
+    ASSERT_EQ(instance->functions->QueryInterface(instance, EXTERNAL_INTERFACE, &given), S_OK);
+    XcodInstance* const queried = static_cast<XcodInstance*>(given);
+    queried->functions->XCodMain(nullptr);
+    EXPECT_EQ(queried->functions->Release(queried), 1u);
+    EXPECT_EQ(queried->functions->Release(queried), 0u);
+    CFRelease(type);
+    EXPECT_EQ(LeftBehind(), "");
 }
 
 }  // namespace
