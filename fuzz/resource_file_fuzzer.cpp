@@ -9,9 +9,9 @@
 #include "toolbox/base/memory/Handles.h"
 #include "toolbox/base/resources/Forks.h"
 #include "toolbox/base/resources/ResourceMap.h"
-#include "toolbox/core/dialogs/Alert.h"
 
 #include <Carbon/Carbon.h>
+#include <Toolbox/CallReport.h>
 
 #include <algorithm>
 
@@ -67,7 +67,7 @@ void drawAlert(SInt16 id)
 {
     for (int stage = 0; stage < STAGES; ++stage)
         StopAlert(id, nullptr);
-    forgetShownAlerts();
+    TakeReport();
 }
 
 void checkFork(const TwoForks& file, Fork fork)

@@ -3,8 +3,6 @@
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "host/Messages.h"
 
-#include <Toolbox/Displays.h>
-
 #include <string>
 
 namespace Host {
@@ -63,8 +61,6 @@ Report External::call(Record& record, const Toolbox::TraceSink& trace)
 
     report.chosen = chosen.settle();
     report.flagsAfter = block.resultFlags;
-    report.alerts = Toolbox::ShownAlerts();
-    report.answerWasUnfit = Toolbox::AnswerWasUnfit();
     return report;
 }
 

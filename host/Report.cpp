@@ -5,8 +5,6 @@
 
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
 
-#include <Toolbox/Remarks.h>
-
 #include <nlohmann/json.hpp>
 
 #include <cstdio>
@@ -52,7 +50,7 @@ std::string outcomeInWords(const Report& report)
         return describeLanguage(*report.chosen) + " was written to the record.";
     if (flagNewlySet(report))
         return "No language was written to the record: the external does not serve this message.";
-    if (!report.alerts.empty())
+    if (!report.toolbox.alerts.empty())
         return "No language was written to the record: the external reported an error.";
     return "No language was written to the record.";
 }
@@ -94,15 +92,15 @@ const char* resultInJson(const Report& report)
 
 // ---- Problems
 
-void tellOfAnswers(const Options& options)
+void tellOfAnswers(const Options& options, const Toolbox::CallReport& report)
 {
+    const std::size_t unused = stepsOf(options.answers).size() - report.answersTaken;
     const bool wantedNone = !options.display && options.answers.empty();
-    if (wantedNone && Toolbox::AnswersRanOut())
+    if (wantedNone && report.answersRanOut)
         complain("no screen here and no terminal to ask on: nobody was asked, and the default button was pressed");
-    if (Toolbox::AnswerWasUnfit())
-        complain("the answer '" + lastUsedAnswer(options.answers, Toolbox::UnusedAnswers())
-            + "' fits nothing that was shown");
-    for (const std::string& answer : unusedAnswers(options.answers, Toolbox::UnusedAnswers()))
+    if (report.answerWasUnfit)
+        complain("the answer '" + lastUsedAnswer(options.answers, unused) + "' fits nothing that was shown");
+    for (const std::string& answer : unusedAnswers(options.answers, unused))
         complain("the answer '" + answer + "' was not needed");
 }
 
@@ -110,9 +108,9 @@ void tellOfAnswers(const Options& options)
 
 ExitStatus statusOf(const Report& report)
 {
-    if (report.answerWasUnfit)
+    if (report.toolbox.answerWasUnfit)
         return ExitStatus::NotDone;
-    if (flagNewlySet(report) || (!report.alerts.empty() && !report.chosen))
+    if (flagNewlySet(report) || (!report.toolbox.alerts.empty() && !report.chosen))
         return ExitStatus::Refused;
     return report.chosen ? ExitStatus::Chosen : ExitStatus::NothingChosen;
 }
@@ -120,7 +118,7 @@ ExitStatus statusOf(const Report& report)
 std::string inWords(const Report& report)
 {
     std::string words = "Before: " + recordInWords(report, report.chosenBefore, report.flagsBefore) + "\n";
-    for (const ShownAlert& alert : report.alerts)
+    for (const ShownAlert& alert : report.toolbox.alerts)
         words += "Alert:  " + alertInWords(alert) + "\n";
     words += "After:  " + recordInWords(report, report.chosen.value_or(report.chosenBefore), report.flagsAfter) + "\n";
     return words + outcomeInWords(report) + "\n";
@@ -134,24 +132,22 @@ std::string inJson(const Report& report)
     json["chosen"] = report.chosen ? languageInJson(*report.chosen) : Json();
     json["flags"] = {{"before", report.flagsBefore}, {"after", report.flagsAfter}};
     json["alerts"] = Json::array();
-    for (const ShownAlert& alert : report.alerts)
+    for (const ShownAlert& alert : report.toolbox.alerts)
         json["alerts"].push_back(alertInJson(alert));
     json["result"] = resultInJson(report);
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-bool tellCallProblems(const Options& options)
+bool tellCallProblems(const Options& options, const Toolbox::CallReport& report)
 {
-    for (const std::string& remark : Toolbox::Remarks())
+    for (const std::string& remark : report.remarks)
         complain(remark);
-    if (const std::string problem = Toolbox::DisplayProblem(); !problem.empty())
-        complain("the dialog could not go on: " + problem);
-    tellOfAnswers(options);
-
-    const std::string picture = options.picture ? Toolbox::PictureProblem() : std::string();
-    if (!picture.empty())
-        complain(notWritten("picture", *options.picture, picture));
-    return picture.empty();
+    if (!report.displayProblem.empty())
+        complain("the dialog could not go on: " + report.displayProblem);
+    tellOfAnswers(options, report);
+    if (options.picture && !report.pictureProblem.empty())
+        complain(notWritten("picture", *options.picture, report.pictureProblem));
+    return report.pictureProblem.empty();
 }
 
 }  // namespace Host

@@ -6,7 +6,7 @@
 #include "host/Messages.h"
 #include "host/Options.h"
 
-#include <Toolbox/Displays.h>
+#include <Toolbox/CallReport.h>
 
 #include <cstdint>
 #include <optional>
@@ -15,7 +15,7 @@
 
 namespace Host {
 
-/// The fields of the record around a call, and what was shown.
+/// The fields of the record around a call, and what happened meanwhile.
 struct Report {
     std::int16_t message = 0;
     std::uint32_t current = 0;            // the language code before the call; the external only reads it
@@ -23,8 +23,7 @@ struct Report {
     std::optional<std::uint16_t> chosen;  // what the external wrote there, if it did
     std::uint32_t flagsBefore = 0;
     std::uint32_t flagsAfter = 0;
-    std::vector<Toolbox::ShownAlert> alerts;
-    bool answerWasUnfit = false;
+    Toolbox::CallReport toolbox;
 };
 
 /// What the process ends with after this call, if nothing else goes wrong.
@@ -38,7 +37,7 @@ std::string inJson(const Report& report);
 
 /// Says on standard error, a line each, what went wrong around the call with these options, or was met with on the way,
 /// without making its answer worthless. False when a picture was wanted and there is none.
-bool tellCallProblems(const Options& options);
+bool tellCallProblems(const Options& options, const Toolbox::CallReport& report);
 
 }  // namespace Host
 

@@ -90,10 +90,11 @@ ExitStatus callWith(Options options)
         const CallGuard guard(display);
         Report made = external->call(record, traceSink(options, traceFile));
         external.reset();  // its last code runs
+        made.toolbox = Toolbox::TakeReport();
         return made;
     }();
     const bool traced = finish(traceFile);
-    const bool noProblem = tellCallProblems(options) && traced;
+    const bool noProblem = tellCallProblems(options, report.toolbox) && traced;
     const bool printed = print(options.json ? inJson(report) : inWords(report));
     if (options.writeRecord)
         record.save(*options.writeRecord);

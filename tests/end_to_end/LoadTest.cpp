@@ -104,7 +104,7 @@ const UInt16 GERMAN = 2;
 const std::vector<Answer> CHOOSE = {{Answer::Kind::Item, 3}, {Answer::Kind::Command, kHICommandOK}};
 const std::vector<Answer> CANCEL = {{Answer::Kind::Command, kHICommandCancel}};
 
-// The toolbox keeps a list of the alerts that it showed, for ShownAlerts, so that each alert costs a little.
+// Nobody takes the report, which keeps every alert, so that each alert costs a little.
 // clang-format off
 const Load LOADS[] = {
     {"Chosen",       1000, false, true,  {}, CHOOSE, 1, {}, 0},

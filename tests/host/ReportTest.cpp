@@ -48,8 +48,8 @@ TEST_P(StatusOf, FollowsFromTheReport)
     report.flagsBefore = GetParam().flagsBefore;
     report.flagsAfter = GetParam().flagsAfter;
     if (GetParam().alert)
-        report.alerts.push_back(ERROR_BOX);
-    report.answerWasUnfit = GetParam().unfit;
+        report.toolbox.alerts.push_back(ERROR_BOX);
+    report.toolbox.answerWasUnfit = GetParam().unfit;
     EXPECT_EQ(statusOf(report), GetParam().status);
 }
 
@@ -97,7 +97,7 @@ TEST(InWords, TellsOfAMessageThatIsNotServed)
     report.message = -1;
     report.current = 4;
     report.flagsAfter = 0xFFFFFF81;
-    report.alerts = {ALERT_5000};
+    report.toolbox.alerts = {ALERT_5000};
     EXPECT_EQ(inWords(report),
         "Before: message -1, current unknown (4), chosen French (1), flags 0x80\n"
         "Alert:  stop 5000, \"Not served.\" [OK], button 1 was pressed\n"
@@ -108,7 +108,7 @@ TEST(InWords, TellsOfAMessageThatIsNotServed)
 TEST(InWords, TellsOfEveryAlertInItsOrder)
 {
     Report report = plainReport();
-    report.alerts = {ERROR_BOX, {"caution", std::nullopt, "Sure?", "", {"Yes", "No"}, 2}};
+    report.toolbox.alerts = {ERROR_BOX, {"caution", std::nullopt, "Sure?", "", {"Yes", "No"}, 2}};
     const std::string words = inWords(report);
     EXPECT_NE(words.find("Alert:  note, \"Language Selector Error\", \"Can't find <b>\" [OK], button 1 was pressed\n"
                          "Alert:  caution, \"Sure?\" [Yes] [No], button 2 was pressed\n"
@@ -122,7 +122,7 @@ TEST(InWords, TellsOfEveryAlertInItsOrder)
 TEST(InWords, KeepsTheTextsOfAlertsWithinTheirLine)
 {
     Report report = plainReport();
-    report.alerts = {{"note", std::nullopt, "one\rtwo\nthree\x1B[2J", "four\tfive\x7F", {"O\nK"}, 1}};
+    report.toolbox.alerts = {{"note", std::nullopt, "one\rtwo\nthree\x1B[2J", "four\tfive\x7F", {"O\nK"}, 1}};
     EXPECT_NE(inWords(report).find("note, \"one two three [2J\", \"four five \" [O K],"), std::string::npos);
 }
 
@@ -152,7 +152,7 @@ TEST(InJson, TellsOfAlertsWithAnIdOnlyIfTheyHaveOne)
 {
     Report report = plainReport();
     report.flagsAfter = 0x81;
-    report.alerts = {ALERT_5000, ERROR_BOX};
+    report.toolbox.alerts = {ALERT_5000, ERROR_BOX};
     const json parsed = json::parse(inJson(report));
     EXPECT_EQ(parsed["alerts"], json::parse(R"([
         {"kind": "stop", "id": 5000, "text": "Not served.", "explanation": "", "buttons": ["OK"], "pressed": 1},
@@ -166,14 +166,14 @@ TEST(InJson, TellsOfAlertsWithAnIdOnlyIfTheyHaveOne)
 TEST(InJson, TellsOfAnUnfitAnswer)
 {
     Report report = plainReport();
-    report.answerWasUnfit = true;
+    report.toolbox.answerWasUnfit = true;
     EXPECT_EQ(json::parse(inJson(report))["result"], "unfit answer");
 }
 
 TEST(InJson, KeepsLineBreaksAndReplacesWhatIsNoText)
 {
     Report report = plainReport();
-    report.alerts = {{"note", std::nullopt, "one\ntwo & \"three\"", "bad \xFF byte", {}, 0}};
+    report.toolbox.alerts = {{"note", std::nullopt, "one\ntwo & \"three\"", "bad \xFF byte", {}, 0}};
     const json parsed = json::parse(inJson(report));
     EXPECT_EQ(parsed["alerts"][0]["text"], "one\ntwo & \"three\"");
     EXPECT_EQ(parsed["alerts"][0]["explanation"], "bad \xEF\xBF\xBD byte");

@@ -1,6 +1,6 @@
 #include "toolbox/security/Rights.h"
 
-#include "toolbox/base/Remark.h"
+#include "toolbox/base/CurrentReport.h"
 
 #include <cstring>
 #include <string>

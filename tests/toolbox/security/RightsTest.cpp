@@ -1,10 +1,9 @@
 #include "toolbox/security/Rights.h"
 
-#include <Toolbox/Remarks.h>
+#include <Toolbox/CallReport.h>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -76,15 +75,14 @@ TEST(Rights, AreRefusedForTheFirstThatIsNotHeld)
 
 TEST(Rights, ThatAreRefusedAreRemarkedOn)
 {
-    const std::size_t before = Toolbox::Remarks().size();
-    judge({ADMINISTRATOR}, SUPERUSER);
-    EXPECT_EQ(Toolbox::Remarks().size(), before) << "of what is granted nothing is said";
+    Toolbox::TakeReport();
+    judge({ADMINISTRATOR}, SUPERUSER);  // of what is granted nothing is said
     judge({ADMINISTRATOR}, SOMEBODY);
-    const char* const refusal =
-        "the right \"system.privilege.admin\" was not granted: only the superuser's processes have it";
-    EXPECT_EQ(std::count(Toolbox::Remarks().begin(), Toolbox::Remarks().end(), refusal), 1);
     judge({"unheard of"}, SUPERUSER);
-    EXPECT_EQ(Toolbox::Remarks().back(), "the right \"unheard of\" was not granted: nobody has it");
+    EXPECT_EQ(Toolbox::TakeReport().remarks,
+        (std::vector<std::string>{
+            "the right \"system.privilege.admin\" was not granted: only the superuser's processes have it",
+            "the right \"unheard of\" was not granted: nobody has it"}));
 }
 
 TEST(Rights, NoneAreHeldByEverybody)

@@ -3,7 +3,7 @@
 #include <Carbon/Folders.h>
 #include <Toolbox/Application.h>
 
-#include "toolbox/base/Remark.h"
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/base/files/FileReferences.h"
 #include "toolbox/base/memory/OrMemFull.h"

@@ -1,6 +1,6 @@
 #include <CoreFoundation/CFBundle.h>
 
-#include "toolbox/base/Remark.h"
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/bundles/Bundle.h"
 #include "toolbox/core/bundles/Languages.h"

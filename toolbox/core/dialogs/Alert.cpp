@@ -1,8 +1,7 @@
 #include "toolbox/core/dialogs/Alert.h"
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/core/dialogs/Display.h"
-
-#include <Toolbox/Displays.h>
 
 #include <algorithm>
 
@@ -13,12 +12,6 @@ namespace {
 bool isEnabled(const AlertButton& button)
 {
     return button.enabled;
-}
-
-std::vector<ShownAlert>& shownAlerts()
-{
-    static std::vector<ShownAlert> shown;
-    return shown;
 }
 
 const char* kindOf(const Alert& alert)
@@ -78,18 +71,8 @@ SInt16 runAlert(const Alert& alert)
     shown.explanation = alert.explanation.toStdString();
     shown.buttons = titlesByNumber(alert.buttons);
     shown.pressed = currentDisplay()->runAlert(alert);
-    shownAlerts().push_back(shown);
+    currentReport().alerts.push_back(shown);
     return shown.pressed;
-}
-
-void forgetShownAlerts()
-{
-    shownAlerts().clear();
-}
-
-std::vector<ShownAlert> ShownAlerts()
-{
-    return shownAlerts();
 }
 
 }  // namespace Toolbox

@@ -55,12 +55,9 @@ struct Alert {
     std::optional<AlertLayout> layout;  // of an alert from resources
 };
 
-/// Shows `alert`, which must be able to end, on the display that was chosen, notes it for ShownAlerts, and returns the
-/// number of the button pressed.
+/// Shows `alert`, which must be able to end, on the display that was chosen, reports it, and returns the number of
+/// the button pressed.
 SInt16 runAlert(const Alert& alert);
-
-/// Forgets the alerts that were noted so far. For whoever shows them without end.
-void forgetShownAlerts();
 
 }  // namespace Toolbox
 

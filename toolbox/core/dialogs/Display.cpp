@@ -2,23 +2,17 @@
 
 #include "toolbox/core/displays/UnattendedDisplay.h"
 
-#include <Toolbox/Displays.h>
-
 #include <utility>
 
 namespace Toolbox {
 
 namespace {
 
-struct Choice {
-    std::shared_ptr<Display> display = std::make_shared<UnattendedDisplay>(std::vector<Answer>());
-    QString problem;
-};
-
-Choice& choice()
+std::shared_ptr<Display>& chosenDisplay()
 {
     // Never destroyed: when the process ends, what a display still shows ends with it.
-    static auto* const chosen = new Choice;
+    static auto* const chosen =
+        new std::shared_ptr<Display>(std::make_shared<UnattendedDisplay>(std::vector<Answer>()));
     return *chosen;
 }
 
@@ -26,22 +20,12 @@ Choice& choice()
 
 std::shared_ptr<Display> currentDisplay()
 {
-    return choice().display;
+    return chosenDisplay();
 }
 
 void setCurrentDisplay(std::unique_ptr<Display> display)
 {
-    choice() = {std::move(display), QString()};
-}
-
-void noteDisplayProblem(const QString& problem)
-{
-    choice().problem = problem;
-}
-
-std::string DisplayProblem()
-{
-    return choice().problem.toStdString();
+    chosenDisplay() = std::move(display);
 }
 
 }  // namespace Toolbox

@@ -32,9 +32,6 @@ std::shared_ptr<Display> currentDisplay();
 /// Shows everything on `display` from now on.
 void setCurrentDisplay(std::unique_ptr<Display> display);
 
-/// Keeps `problem` for DisplayProblem, until another display is chosen.
-void noteDisplayProblem(const QString& problem);
-
 }  // namespace Toolbox
 
 #endif

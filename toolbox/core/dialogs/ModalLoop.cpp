@@ -1,5 +1,6 @@
 #include "toolbox/core/dialogs/ModalLoop.h"
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/dialogs/Display.h"
 
@@ -47,7 +48,7 @@ OSStatus runModalLoop(WindowRef ref)
     QString problem = QStringLiteral("the window is not shown");
     if (window->visible && currentDisplay()->runWindow(*window, &problem))
         return noErr;
-    noteDisplayProblem(problem);
+    currentReport().displayProblem = problem.toStdString();
     return eventInternalErr;
 }
 

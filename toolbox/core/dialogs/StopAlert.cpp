@@ -1,4 +1,4 @@
-#include "toolbox/base/Remark.h"
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/dialogs/Alert.h"
 #include "toolbox/core/dialogs/AlertResources.h"

@@ -1,5 +1,6 @@
 #include "toolbox/core/displays/Picture.h"
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/core/displays/Screen.h"
 #include "toolbox/core/displays/ScreenLibrary.h"
 
@@ -16,7 +17,6 @@ namespace Toolbox {
 namespace {
 
 std::optional<QString> request;
-std::string pictureProblem;
 
 QString drawPicture(const std::function<QString(const ScreenLibrary&)>& draw)
 {
@@ -38,7 +38,7 @@ std::optional<QString> takePictureRequest()
 
 void notePictureProblem(const QString& problem)
 {
-    pictureProblem = problem.toStdString();
+    currentReport().pictureProblem = problem.toStdString();
 }
 
 void drawRequestedPicture(Window& window)
@@ -60,12 +60,7 @@ void drawRequestedPicture(const Alert& alert)
 void SavePicture(const std::string& file)
 {
     request = QFile::decodeName(QByteArray::fromStdString(file));
-    pictureProblem.clear();
-}
-
-std::string PictureProblem()
-{
-    return request ? "nothing was shown" : pictureProblem;
+    currentReport().pictureProblem = "nothing was shown";
 }
 
 }  // namespace Toolbox

@@ -16,7 +16,7 @@ namespace Toolbox {
 /// picture and says with notePictureProblem() what went wrong.
 std::optional<QString> takePictureRequest();
 
-/// Keeps `problem`, empty for none, for PictureProblem.
+/// Reports `problem`, empty for none.
 void notePictureProblem(const QString& problem);
 
 /// For a display without a screen: if a picture was asked for, draws `window` as it would be shown on one, and saves

@@ -1,5 +1,6 @@
 #include "toolbox/core/displays/UnattendedDisplay.h"
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/core/dialogs/Commands.h"
 #include "toolbox/core/dialogs/ModalLoop.h"
 #include "toolbox/core/dialogs/WindowButtons.h"
@@ -11,11 +12,6 @@
 namespace Toolbox {
 
 namespace {
-
-// Of the display that was chosen last; they outlive it.
-bool answerWasUnfit = false;
-std::size_t unusedAnswers = 0;
-bool answersRanOut = false;
 
 // ---- Windows
 
@@ -119,12 +115,12 @@ bool UnattendedDisplay::runWindow(Window& window, QString* problem)
     while (!m_answers.empty() && !modalLoopEnded(ref)) {
         if (give(takeAnswer(), window))
             continue;
-        answerWasUnfit = true;
+        currentReport().answerWasUnfit = true;
         cancelWindow(window);
         return hasEnded(ref, "an answer fits nothing in the window, and cancelling does not end it", problem);
     }
     if (!modalLoopEnded(ref)) {
-        answersRanOut = true;
+        currentReport().answersRanOut = true;
         press(confirmingControl(window));
     }
     return hasEnded(ref, "no answer is left, and confirming the window does not end it", problem);
@@ -133,13 +129,14 @@ bool UnattendedDisplay::runWindow(Window& window, QString* problem)
 SInt16 UnattendedDisplay::runAlert(const Alert& alert)
 {
     drawRequestedPicture(alert);
-    answersRanOut = answersRanOut || m_answers.empty();
+    if (m_answers.empty())
+        currentReport().answersRanOut = true;
     if (m_answers.empty() || !isForAlerts(m_answers.front()))
         return defaultButton(alert);
     const UInt32 wanted = buttonOf(alert, takeAnswer());
     if (wanted <= 0x7FFF && alert.offers(static_cast<SInt16>(wanted)))
         return static_cast<SInt16>(wanted);
-    answerWasUnfit = true;
+    currentReport().answerWasUnfit = true;
     return defaultButton(alert);
 }
 
@@ -147,31 +144,13 @@ Answer UnattendedDisplay::takeAnswer()
 {
     const Answer answer = m_answers.front();
     m_answers.pop_front();
-    unusedAnswers = m_answers.size();
+    ++currentReport().answersTaken;
     return answer;
 }
 
 void UseUnattendedDisplay(const std::vector<Answer>& answers)
 {
-    answerWasUnfit = false;
-    unusedAnswers = answers.size();
-    answersRanOut = false;
     setCurrentDisplay(std::make_unique<UnattendedDisplay>(answers));
-}
-
-bool AnswerWasUnfit()
-{
-    return answerWasUnfit;
-}
-
-std::size_t UnusedAnswers()
-{
-    return unusedAnswers;
-}
-
-bool AnswersRanOut()
-{
-    return answersRanOut;
 }
 
 }  // namespace Toolbox

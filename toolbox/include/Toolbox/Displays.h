@@ -6,8 +6,6 @@
 
 #include <Carbon/MacTypes.h>
 
-#include <cstddef>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,16 +17,6 @@ struct Answer {
     enum class Kind { Command, Item, Button };
     Kind kind;
     UInt32 value;
-};
-
-/// What one alert showed, and what ended it. Texts are UTF-8.
-struct ShownAlert {
-    std::string kind;          // "stop", "note", "caution" or "plain"
-    std::optional<SInt16> id;  // of an alert that was drawn from resources
-    std::string text;
-    std::string explanation;
-    std::vector<std::string> buttons;  // their titles: button 1's first, an empty one for a number without a button
-    SInt16 pressed;                    // the number of the button, from 1; for an alert from resources, of the item
 };
 
 /// Whether there is a screen that answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X display.
@@ -61,28 +49,8 @@ void UseTerminalDisplay();
 void UseUnattendedDisplay(const std::vector<Answer>& answers);
 
 /// Saves the next window or alert that is run as a picture (PNG) in `file`, as it looks at first, whichever display
-/// runs it. The file is written whole or not at all.
+/// runs it. The file is written whole or not at all. Until then the report's problem is that nothing was shown.
 void SavePicture(const std::string& file);
-
-/// What went wrong with SavePicture, in one clause, also when nothing was run yet; empty when the picture was saved
-/// or none was asked for.
-std::string PictureProblem();
-
-/// Whether an answer of the list that was given last fitted nothing of what was shown; the window was then cancelled,
-/// or the alert took its default button.
-bool AnswerWasUnfit();
-
-/// How many answers of the list were not taken so far.
-std::size_t UnusedAnswers();
-
-/// Whether the list had run out when a window or an alert wanted an answer, so that its default button was pressed.
-bool AnswersRanOut();
-
-/// Why a modal loop failed, in a few words: the last one that did since the display was chosen. Empty when none did.
-std::string DisplayProblem();
-
-/// The alerts that were shown so far, in order.
-std::vector<ShownAlert> ShownAlerts();
 
 }  // namespace Toolbox
 

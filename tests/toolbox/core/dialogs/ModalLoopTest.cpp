@@ -21,7 +21,7 @@ TEST_F(ModalLoop, RunsUntilItIsToldToEnd)
     });
     EXPECT_EQ(status, noErr);
     EXPECT_TRUE(ran);
-    EXPECT_EQ(Toolbox::DisplayProblem(), "");
+    EXPECT_EQ(Toolbox::TakeReport().displayProblem, "");
 }
 
 TEST_F(ModalLoop, NeitherShowsNorHidesNorDisposesOfTheWindow)
@@ -125,10 +125,8 @@ TEST_F(ModalLoop, FailsWhenTheDisplayCannotGoOn)
 {
     const TestWindow made;
     EXPECT_EQ(runWhile(made.ref, [] {}), eventInternalErr);
-    EXPECT_EQ(Toolbox::DisplayProblem(), "the person has left");
+    EXPECT_EQ(Toolbox::TakeReport().displayProblem, "the person has left \u2026");
     EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
-    Toolbox::UseUnattendedDisplay({});
-    EXPECT_EQ(Toolbox::DisplayProblem(), "");
 }
 
 TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
@@ -136,7 +134,7 @@ TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
     const TestWindow made;
     HideWindow(made.ref);
     EXPECT_EQ(runWhile(made.ref, [&] { ADD_FAILURE() << "it was run"; }), eventInternalErr);
-    EXPECT_EQ(Toolbox::DisplayProblem(), "the window is not shown");
+    EXPECT_EQ(Toolbox::TakeReport().displayProblem, "the window is not shown");
 }
 
 TEST_F(ModalLoop, ThatFailsInsideAnotherLeavesThatOneRunning)

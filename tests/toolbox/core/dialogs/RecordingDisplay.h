@@ -3,6 +3,7 @@
 #ifndef TESTS_TOOLBOX_CORE_DIALOGS_RECORDINGDISPLAY_H
 #define TESTS_TOOLBOX_CORE_DIALOGS_RECORDINGDISPLAY_H
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/core/dialogs/Display.h"
 
 #include <Toolbox/Displays.h>
@@ -53,7 +54,11 @@ inline std::map<std::string, std::size_t> liveObjects()
 /// Shows alerts to a record, and checks that a test leaves nothing behind.
 class AlertTest : public testing::Test {
 protected:
-    AlertTest() { Toolbox::setCurrentDisplay(std::make_unique<RecordingDisplay>(m_record)); }
+    AlertTest()
+    {
+        Toolbox::TakeReport();
+        Toolbox::setCurrentDisplay(std::make_unique<RecordingDisplay>(m_record));
+    }
 
     ~AlertTest() override
     {

@@ -201,21 +201,21 @@ TEST_F(StandardAlertCall, RefusesAnAlertThatNothingCouldEnd)
     EXPECT_TRUE(shown().empty());
 }
 
-TEST_F(StandardAlertCall, IsNotedForShownAlerts)
+TEST_F(StandardAlertCall, IsReported)
 {
     struct {
         AlertType type;
         const char* kind;
     } const kinds[] = {{0, "stop"}, {1, "note"}, {2, "caution"}, {3, "plain"}, {4, "plain"}, {-1, "plain"}};
     for (const auto& [type, kind] : kinds) {
-        const std::size_t before = Toolbox::ShownAlerts().size();
         AlertStdAlertParamRec parameters = okParameters();
         parameters.otherText = SYSTEM_WORD;
         answerWith(3);
         SInt16 hit = 0;
         EXPECT_EQ(StandardAlert(type, PascalString("caf\x8E"), PascalString("More"), &parameters, &hit), noErr);
-        ASSERT_EQ(Toolbox::ShownAlerts().size(), before + 1);
-        const Toolbox::ShownAlert noted = Toolbox::ShownAlerts().back();
+        const std::vector<Toolbox::ShownAlert> alerts = Toolbox::TakeReport().alerts;
+        ASSERT_EQ(alerts.size(), 1u);
+        const Toolbox::ShownAlert& noted = alerts[0];
         EXPECT_EQ(noted.kind, kind);
         EXPECT_FALSE(noted.id.has_value());
         EXPECT_EQ(noted.text, "caf\u00e9");

@@ -6,9 +6,6 @@
 
 #include <Carbon/Dialogs.h>
 #include <Carbon/Resources.h>
-#include <Toolbox/Remarks.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -24,6 +21,7 @@ protected:
         StopAlert(1, nullptr);
         closeAll();
         shown().clear();
+        Toolbox::TakeReport();
     }
 
     ~StopAlertCall() override { closeAll(); }
@@ -102,20 +100,19 @@ TEST_F(StopAlertCall, ReportsTheItemThatWasHit)
     EXPECT_EQ(shown().at(0).cancelButton, 2);
 }
 
-TEST_F(StopAlertCall, IsNotedWithItsNumber)
+TEST_F(StopAlertCall, IsReportedWithItsNumber)
 {
     openAlert(alertTemplate(6000), itemList({dialogItem(STATIC_TEXT, "Text"), dialogItem(BUTTON, "OK")}));
     answerWith(2);
     EXPECT_EQ(StopAlert(5000, nullptr), 2);
-    const Toolbox::ShownAlert noted = Toolbox::ShownAlerts().back();
+    const std::vector<Toolbox::ShownAlert> alerts = Toolbox::TakeReport().alerts;
+    ASSERT_EQ(alerts.size(), 1u);
+    const Toolbox::ShownAlert& noted = alerts[0];
     EXPECT_EQ(noted.kind, "stop");
     EXPECT_EQ(noted.id, std::optional<SInt16>(5000));
     EXPECT_EQ(noted.text, "Text");
     EXPECT_EQ(noted.buttons, (std::vector<std::string>{"", "OK"}));
     EXPECT_EQ(noted.pressed, 2);
-
-    Toolbox::forgetShownAlerts();
-    EXPECT_TRUE(Toolbox::ShownAlerts().empty());
 }
 
 TEST_F(StopAlertCall, FindsItsResourcesThroughTheChain)
@@ -239,14 +236,14 @@ class StopAlertWithout : public StopAlertCall, public testing::WithParamInterfac
 TEST_P(StopAlertWithout, ShowsNothing)
 {
     open(GetParam().resources);
-    const std::size_t noted = Toolbox::ShownAlerts().size();
     const auto before = liveObjects();
     EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX);
     EXPECT_TRUE(shown().empty());
-    EXPECT_EQ(Toolbox::ShownAlerts().size(), noted);
     EXPECT_EQ(liveObjects(), before);
-    const std::string remark = std::string("the alert 5000 was not shown: ") + GetParam().reason;
-    EXPECT_EQ(std::count(Toolbox::Remarks().begin(), Toolbox::Remarks().end(), remark), 1);
+    const Toolbox::CallReport report = Toolbox::TakeReport();
+    EXPECT_TRUE(report.alerts.empty());
+    EXPECT_EQ(
+        report.remarks, std::vector<std::string>{std::string("the alert 5000 was not shown: ") + GetParam().reason});
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -4,6 +4,7 @@
 #ifndef TESTS_TOOLBOX_CORE_DIALOGS_TESTWINDOW_H
 #define TESTS_TOOLBOX_CORE_DIALOGS_TESTWINDOW_H
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/core/dialogs/Commands.h"
 #include "toolbox/core/dialogs/Display.h"
 #include "toolbox/core/dialogs/ModalLoop.h"
@@ -34,9 +35,12 @@ inline std::map<std::string, std::size_t> liveWindowObjects()
     return alive;
 }
 
-/// Checks that a test leaves no window or nib behind, and gives the next one the unattended display again.
+/// Begins a report, checks that a test leaves no window or nib behind, and gives the next one the unattended display
+/// again.
 class WindowTest : public testing::Test {
 protected:
+    WindowTest() { Toolbox::TakeReport(); }
+
     ~WindowTest() override  // where the members of a test are gone, windows among them
     {
         Toolbox::UseUnattendedDisplay({});
@@ -148,7 +152,7 @@ inline OSStatus runWhile(WindowRef window, std::function<void()> person)
         {
             const WindowRef ref = window.ref();
             m_person();
-            *problem = QStringLiteral("the person has left");
+            *problem = QStringLiteral("the person has left \u2026");
             return Toolbox::modalLoopEnded(ref);
         }
 

@@ -47,7 +47,7 @@ struct Dialog {
     std::string run()
     {
         const bool ended = RunAppModalLoopForWindow(made.ref) == noErr;
-        std::string report = (ended ? "ended" : Toolbox::DisplayProblem()) + ":";
+        std::string report = (ended ? "ended" : Toolbox::currentReport().displayProblem) + ":";
         for (const HICommand& each : recorder.commands)
             report += inWords(each);
         return report;

@@ -47,12 +47,4 @@ TEST_F(DisplayChoice, MayBeMadeWhileTheDisplayBeforeRunsAWindow)
     EXPECT_FALSE(alive);
 }
 
-TEST_F(DisplayChoice, ForgetsTheProblemOfTheDisplayBefore)
-{
-    Toolbox::noteDisplayProblem(QStringLiteral("caf\u00e9"));
-    EXPECT_EQ(Toolbox::DisplayProblem(), "caf\xC3\xA9");
-    Toolbox::UseUnattendedDisplay({});
-    EXPECT_EQ(Toolbox::DisplayProblem(), "");
-}
-
 }  // namespace

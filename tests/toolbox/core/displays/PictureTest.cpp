@@ -14,6 +14,11 @@
 
 namespace {
 
+std::string pictureProblem()
+{
+    return Toolbox::TakeReport().pictureProblem;
+}
+
 class Picture : public WindowTest {
 protected:
     // No screen is needed for a picture, not even one that cannot be seen.
@@ -37,7 +42,7 @@ TEST_F(Picture, IsSavedWithoutAScreen)
 {
     Toolbox::SavePicture(m_folder / "a.png");
     EXPECT_EQ(Dialog().run(), "ended: ok");
-    EXPECT_EQ(Toolbox::PictureProblem(), "");
+    EXPECT_EQ(pictureProblem(), "");
     const QImage picture = load("a.png");
     EXPECT_EQ(picture.width(), 340);
     EXPECT_GE(picture.height(), 124);
@@ -76,7 +81,7 @@ TEST_F(Picture, IsSavedWhileAskingOnTheTerminal)
         Toolbox::UseTerminalDisplay();
         Toolbox::SavePicture(file);
         const std::string ended = Dialog().run();
-        return ended + Toolbox::PictureProblem();
+        return ended + pictureProblem();
     }),
         "ended: cancel");
     EXPECT_EQ(load("a.png").width(), 340);
@@ -91,7 +96,7 @@ TEST_F(Picture, IsThatOfTheRealWindowOnAScreen)
     Dialog dialog;
     const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
     EXPECT_EQ(dialog.run(), "ended: ok");
-    EXPECT_EQ(Toolbox::PictureProblem(), "");
+    EXPECT_EQ(pictureProblem(), "");
     EXPECT_EQ(load("a.png").width(), 340);
 }
 
@@ -109,7 +114,7 @@ TEST_F(Picture, IsOfTheAlertThatComesFirst)
 {
     Toolbox::SavePicture(m_folder / "a.png");
     EXPECT_EQ(runNote(), 1);
-    EXPECT_EQ(Toolbox::PictureProblem(), "");
+    EXPECT_EQ(pictureProblem(), "");
     const QImage unattended = load("a.png");
     EXPECT_GE(unattended.width(), 260);
     EXPECT_NE(unattended.width(), 340) << "that is the width of the window";
@@ -138,12 +143,12 @@ TEST_F(Picture, SaysWhyItCannotBeWritten)
 {
     Toolbox::SavePicture(m_folder / "missing/a.png");
     EXPECT_EQ(Dialog().run(), "ended: ok");
-    EXPECT_EQ(Toolbox::PictureProblem(), "No such file or directory");
+    EXPECT_EQ(pictureProblem(), "No such file or directory");
 
     Toolbox::SavePicture(m_folder / "a.png");
-    EXPECT_EQ(Toolbox::PictureProblem(), "nothing was shown") << "the problem was that of the picture before";
+    EXPECT_EQ(pictureProblem(), "nothing was shown") << "the problem was that of the picture before";
     Dialog().run();
-    EXPECT_EQ(Toolbox::PictureProblem(), "");
+    EXPECT_EQ(pictureProblem(), "");
     EXPECT_EQ(files(), 1u);
 }
 
@@ -152,13 +157,13 @@ TEST_F(Picture, ReplacesAFileWholeOrNotAtAll)
     std::ofstream(m_folder / "a.png") << "something else";
     Toolbox::SavePicture(m_folder / "a.png");
     Dialog().run();
-    EXPECT_EQ(Toolbox::PictureProblem(), "");
+    EXPECT_EQ(pictureProblem(), "");
     EXPECT_EQ(load("a.png").width(), 340);
 
     m_folder.makeFolder("folder.png");
     Toolbox::SavePicture(m_folder / "folder.png");
     Dialog().run();
-    EXPECT_NE(Toolbox::PictureProblem(), "");
+    EXPECT_NE(pictureProblem(), "");
     EXPECT_EQ(files(), 2u) << "nothing half written lies about";
 }
 
@@ -170,7 +175,7 @@ TEST_F(Picture, ReplacesNothingButRegularFiles)
     for (const char* const name : {"pipe", "link"}) {
         Toolbox::SavePicture(m_folder / name);
         EXPECT_EQ(Dialog().run(), "ended: ok");
-        EXPECT_EQ(Toolbox::PictureProblem(), "it is not a regular file");
+        EXPECT_EQ(pictureProblem(), "it is not a regular file");
     }
     EXPECT_TRUE(std::filesystem::is_fifo(pipe));
     EXPECT_EQ(files(), 2u);
@@ -181,7 +186,7 @@ TEST_F(Picture, MayBeOfAWindowThatHoldsNothing)
     const TestWindow made;
     Toolbox::SavePicture(m_folder / "a.png");
     RunAppModalLoopForWindow(made.ref);
-    EXPECT_EQ(Toolbox::PictureProblem(), "there is nothing to draw");
+    EXPECT_EQ(pictureProblem(), "there is nothing to draw");
     EXPECT_EQ(files(), 0u);
 }
 

@@ -231,7 +231,7 @@ TEST_F(RealScreen, AnswersAndShowsWindows)
     const Person person({[](QDialog&) { EXPECT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb")); },
         press(Qt::Key_Down), press(Qt::Key_Return)});
     EXPECT_EQ(Dialog().run(), "ended: item 3 ok");
-    EXPECT_EQ(Toolbox::PictureProblem(), "");
+    EXPECT_EQ(Toolbox::TakeReport().pictureProblem, "");
     EXPECT_EQ(QImage(QString::fromStdString((folder / "a.png").string())).width(), 340);
 }
 

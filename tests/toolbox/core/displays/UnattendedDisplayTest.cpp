@@ -4,12 +4,11 @@ namespace {
 
 using Toolbox::Alert;
 using Toolbox::Answer;
-using Toolbox::AnswersRanOut;
-using Toolbox::AnswerWasUnfit;
 using Toolbox::ButtonRole;
 using Toolbox::Control;
 using Toolbox::ControlKind;
-using Toolbox::DisplayProblem;
+using Toolbox::currentReport;
+using Toolbox::TakeReport;
 using Toolbox::UseUnattendedDisplay;
 
 Answer command(UInt32 value)
@@ -50,6 +49,7 @@ protected:
 
     OSStatus run(const std::vector<Answer>& answers)
     {
+        TakeReport();
         UseUnattendedDisplay(answers);
         return RunAppModalLoopForWindow(made.ref);
     }
@@ -105,8 +105,8 @@ TEST_P(UnattendedAnswers, AreGivenInOrderUntilTheWindowEnds)
     EXPECT_EQ(recorder.ids(), GetParam().sent);
     EXPECT_EQ(popUp.value, GetParam().value);
     EXPECT_EQ(secondPopUp.value, 1);
-    EXPECT_EQ(AnswerWasUnfit(), GetParam().unfit);
-    EXPECT_EQ(DisplayProblem(), "");
+    EXPECT_EQ(currentReport().answerWasUnfit, GetParam().unfit);
+    EXPECT_EQ(currentReport().displayProblem, "");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -122,13 +122,13 @@ TEST_F(UnattendedWindow, GoesOnToTheNextWindowWithTheAnswersThatAreLeft)
 TEST_F(UnattendedWindow, SaysWhetherTheAnswersRanOut)
 {
     EXPECT_EQ(run({item(2)}), noErr);
-    EXPECT_TRUE(AnswersRanOut());
+    EXPECT_TRUE(currentReport().answersRanOut);
     EXPECT_EQ(run({item(2), command(kHICommandOK)}), noErr);
-    EXPECT_FALSE(AnswersRanOut());
+    EXPECT_FALSE(currentReport().answersRanOut);
     EXPECT_EQ(run({item(9)}), noErr);
-    EXPECT_FALSE(AnswersRanOut()) << "an unfit answer cancels";
+    EXPECT_FALSE(currentReport().answersRanOut) << "an unfit answer cancels";
     EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
-    EXPECT_TRUE(AnswersRanOut()) << "in the next window";
+    EXPECT_TRUE(currentReport().answersRanOut) << "in the next window";
 }
 
 TEST_F(UnattendedWindow, ChoosesAnItemThatAHandlerTakes)
@@ -136,7 +136,7 @@ TEST_F(UnattendedWindow, ChoosesAnItemThatAHandlerTakes)
     recorder.answer = noErr;
     EXPECT_EQ(run({item(2)}), noErr);
     EXPECT_EQ(popUp.value, 1);
-    EXPECT_FALSE(AnswerWasUnfit());
+    EXPECT_FALSE(currentReport().answerWasUnfit);
 }
 
 TEST_F(UnattendedWindow, WithoutAPopUpMakesAnItemUnfit)
@@ -145,7 +145,7 @@ TEST_F(UnattendedWindow, WithoutAPopUpMakesAnItemUnfit)
     secondPopUp.enabled = false;
     EXPECT_EQ(run({item(1)}), noErr);
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
-    EXPECT_TRUE(AnswerWasUnfit());
+    EXPECT_TRUE(currentReport().answerWasUnfit);
 }
 
 TEST_F(UnattendedWindow, PressesTheFirstUsableControlOfACommand)
@@ -166,7 +166,7 @@ TEST_F(UnattendedWindow, FindsADisabledControlsCommandUnfit)
 {
     more.enabled = false;
     EXPECT_EQ(run({command('more')}), noErr);
-    EXPECT_TRUE(AnswerWasUnfit());
+    EXPECT_TRUE(currentReport().answerWasUnfit);
 }
 
 TEST_F(UnattendedWindow, PressesTheDefaultAndCancelButtonsForOKAndCancelWhateverTheyCarry)
@@ -179,7 +179,7 @@ TEST_F(UnattendedWindow, PressesTheDefaultAndCancelButtonsForOKAndCancelWhatever
     };
     EXPECT_EQ(run({command(kHICommandOK), command(kHICommandCancel)}), noErr);
     EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{'inst', 'stop'}));
-    EXPECT_FALSE(AnswerWasUnfit());
+    EXPECT_FALSE(currentReport().answerWasUnfit);
 }
 
 TEST_F(UnattendedWindow, ConfirmsByTheCommandWhereThereIsNoDefaultButton)
@@ -221,8 +221,8 @@ TEST_F(UnattendedWindow, FailsWhenConfirmingDoesNotEndIt)
     recorder.action = nullptr;
     EXPECT_EQ(run({item(2), command('more')}), eventInternalErr);
     EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, 'more', kHICommandOK}));
-    EXPECT_EQ(DisplayProblem(), "no answer is left, and confirming the window does not end it");
-    EXPECT_FALSE(AnswerWasUnfit());
+    EXPECT_EQ(currentReport().displayProblem, "no answer is left, and confirming the window does not end it");
+    EXPECT_FALSE(currentReport().answerWasUnfit);
 }
 
 TEST_F(UnattendedWindow, FailsWhenThereIsNothingToConfirmItWith)
@@ -230,7 +230,7 @@ TEST_F(UnattendedWindow, FailsWhenThereIsNothingToConfirmItWith)
     ok.enabled = false;
     EXPECT_EQ(run({}), eventInternalErr);
     EXPECT_TRUE(recorder.ids().empty());
-    EXPECT_NE(DisplayProblem(), "");
+    EXPECT_NE(currentReport().displayProblem, "");
 }
 
 TEST_F(UnattendedWindow, FailsRatherThanConfirmsWhenCancellingDoesNotEndIt)
@@ -238,8 +238,8 @@ TEST_F(UnattendedWindow, FailsRatherThanConfirmsWhenCancellingDoesNotEndIt)
     recorder.action = nullptr;
     EXPECT_EQ(run({item(9)}), eventInternalErr);
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
-    EXPECT_EQ(DisplayProblem(), "an answer fits nothing in the window, and cancelling does not end it");
-    EXPECT_TRUE(AnswerWasUnfit());
+    EXPECT_EQ(currentReport().displayProblem, "an answer fits nothing in the window, and cancelling does not end it");
+    EXPECT_TRUE(currentReport().answerWasUnfit);
 }
 
 TEST_F(UnattendedWindow, WithoutAnyControlFails)
@@ -292,35 +292,27 @@ TEST_F(UnattendedWindow, SharesItsAnswersWithAWindowThatItsHandlerRuns)
     EXPECT_EQ(innerRecorder.ids(), std::vector<MenuCommand>{'done'});
 }
 
-TEST_F(UnattendedWindow, ForgetsAnUnfitAnswerWithTheNextList)
-{
-    EXPECT_EQ(run({item(9)}), noErr);
-    EXPECT_TRUE(AnswerWasUnfit());
-    UseUnattendedDisplay({});
-    EXPECT_FALSE(AnswerWasUnfit());
-}
-
-TEST_F(UnattendedWindow, CountsTheAnswersThatWereNotTaken)
+TEST_F(UnattendedWindow, CountsTheAnswersThatItTakes)
 {
     EXPECT_EQ(run({item(2), command(kHICommandOK), item(1), button(1)}), noErr);
-    EXPECT_EQ(Toolbox::UnusedAnswers(), 2u);
+    EXPECT_EQ(currentReport().answersTaken, 2u);
     EXPECT_EQ(Toolbox::currentDisplay()->runAlert({}), 0) << "the next one is for a window";
-    EXPECT_EQ(Toolbox::UnusedAnswers(), 2u);
-    EXPECT_EQ(run({}), noErr);
-    EXPECT_EQ(Toolbox::UnusedAnswers(), 0u);
+    EXPECT_EQ(currentReport().answersTaken, 2u);
 }
 
 TEST(UnattendedAlert, SaysWhetherTheAnswersRanOut)
 {
+    TakeReport();
     UseUnattendedDisplay({button(1)});
-    EXPECT_FALSE(AnswersRanOut());
+    EXPECT_FALSE(currentReport().answersRanOut);
     Toolbox::currentDisplay()->runAlert({});
-    EXPECT_FALSE(AnswersRanOut());
+    EXPECT_FALSE(currentReport().answersRanOut);
     Toolbox::currentDisplay()->runAlert({});
-    EXPECT_TRUE(AnswersRanOut());
+    EXPECT_TRUE(currentReport().answersRanOut);
+    TakeReport();
     UseUnattendedDisplay({item(1)});
     Toolbox::currentDisplay()->runAlert({});
-    EXPECT_FALSE(AnswersRanOut()) << "there is one, but for a window";
+    EXPECT_FALSE(currentReport().answersRanOut) << "there is one, but for a window";
 }
 
 // ---- Alerts
@@ -368,7 +360,7 @@ TEST_P(UnattendedAlert, IsAnsweredByWhatIsMeantForIt)
 
     UseUnattendedDisplay(GetParam().answers);
     EXPECT_EQ(Toolbox::currentDisplay()->runAlert(alert), GetParam().pressed);
-    EXPECT_EQ(AnswerWasUnfit(), GetParam().unfit);
+    EXPECT_EQ(currentReport().answerWasUnfit, GetParam().unfit);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -402,7 +394,7 @@ TEST_F(UnattendedWindow, KeepsWhatIsMeantForAWindowWhenAnAlertComesFirst)
     EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
     EXPECT_EQ(popUp.value, 5);
     EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, 'more'}));
-    EXPECT_FALSE(AnswerWasUnfit());
+    EXPECT_FALSE(currentReport().answerWasUnfit);
 }
 
 TEST_F(UnattendedWindow, LeavesACommandOfAWindowToIt)

@@ -1,0 +1,34 @@
+#include "toolbox/base/CurrentReport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Toolbox::remark;
+using Toolbox::TakeReport;
+
+TEST(CurrentReport, KeepsRemarksInTheirOrderEachOnce)
+{
+    TakeReport();
+    remark("the first thing");
+    remark("the second thing");
+    remark("the first thing");
+    EXPECT_EQ(TakeReport().remarks, (std::vector<std::string>{"the first thing", "the second thing"}));
+}
+
+TEST(CurrentReport, BeginsAnewWhenItWasTaken)
+{
+    Toolbox::CallReport& current = Toolbox::currentReport();
+    current = {{{"note", std::nullopt, "Text", "", {"OK"}, 1}}, {"remark"}, "display", "picture", 1, true, true};
+    const Toolbox::CallReport taken = TakeReport();
+    EXPECT_EQ(taken.alerts.size(), 1u);
+    EXPECT_TRUE(taken.answersRanOut && taken.answerWasUnfit);
+
+    const Toolbox::CallReport next = TakeReport();
+    EXPECT_TRUE(next.alerts.empty() && next.remarks.empty());
+    EXPECT_EQ(next.displayProblem + next.pictureProblem, "");
+    EXPECT_EQ(next.answersTaken, 0u);
+    EXPECT_FALSE(next.answersRanOut || next.answerWasUnfit);
+}
+
+}  // namespace
