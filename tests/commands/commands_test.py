@@ -365,7 +365,7 @@ class Usage(unittest.TestCase):
             (("scripts/report-coverage", "profile", "src=100", "--"), coverage),
             (("scripts/report-coverage", "profile", "--", "program"), coverage),
             (("scripts/report-coverage", "profile", "src", "--", "program"), coverage),
-            (("bench/ratios", "a", "b"), "usage: bench/ratios [FILTER]\n"),
+            (("bench/ratios", "a", "b"), "usage: bench/ratios [--picture FILE] [FILTER]\n"),
             (("fuzz/run", "none"), no_fuzzer),
             (("fuzz/run", "--test", "none"), no_fuzzer),
         ]
