@@ -10,7 +10,7 @@ namespace bench {
 namespace {
 
 // A new text of what `map` makes of each character.
-template <typename Map> Imposed imposed(const std::string& text, Map map)
+template <typename Map> Imposed imposed(std::string_view text, Map map)
 {
     Imposed result(text.size());
     char* const to = result.characters();
