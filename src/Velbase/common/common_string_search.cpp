@@ -72,7 +72,7 @@ checked_uint String::FindRev(char c, const checked_uint& from, bool caseSensitiv
     const CharFinder finder(c, caseSensitive);
     // Blocks without a match are passed, the large ones first; often the first match in a block is the only one.
     std::size_t end = std::size_t(start) + 1;
-    for (const std::size_t block : {1024, 256, 64, 16, 1}) {
+    for (const unsigned block : {1024u, 256u, 64u, 16u, 1u}) {
         for (; end >= block; end -= block) {
             const char* const hit = finder.first(text + end - block, block);
             if (hit == nullptr)
