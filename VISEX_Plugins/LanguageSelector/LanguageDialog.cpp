@@ -26,9 +26,9 @@ static_assert(sizeof(LanguageDialogState) == sizeof(void*) + 8, "three words");
 
 const ControlID POPUP = {POPUP_SIGNATURE, POPUP_ID};
 
-// How much of the command parameter is asked for: the bytes that HICommand has where its structures are packed to two
-// bytes, as the Mac's own compilers and clang count them. GCC rounds them up to 16 even so; the command's ID lies
-// within them everywhere.
+// How much of the command parameter is asked for: the size that clang gives HICommand for the target. GCC makes it 16
+// there, as it raises a packed record's alignment to its first field's. The command's ID lies within these 14
+// everywhere.
 const UInt32 COMMAND_SIZE = 14;
 static_assert(COMMAND_SIZE <= sizeof(HICommand), "what is asked for fits");
 static_assert(offsetof(HICommand, commandID) + sizeof(UInt32) <= COMMAND_SIZE, "the command's ID is part of it");
