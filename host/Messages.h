@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace Host {
 
@@ -32,9 +33,10 @@ public:
     const ExitStatus status;
 };
 
-/// `text` with a blank for each control character, so that it neither ends the line that it stands in nor commands a
-/// terminal. For texts from elsewhere, such as file names and the texts of alerts.
-std::string oneLine(std::string text);
+/// `text` with an escape, such as \n, \x1b or \u202e, for each character that is not seen but does something: it ends
+/// the line, commands the terminal or turns the text around it. Bytes that are not UTF-8 are escapes too. For
+/// everything that comes from elsewhere, such as names of files and the texts of alerts.
+std::string oneLine(std::string_view text);
 
 /// Writes `line` to standard error, after the program's name, and made one line if it is more.
 void complain(const std::string& line);

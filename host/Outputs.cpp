@@ -52,18 +52,24 @@ void checkThatFilesDiffer(const Options& options)
     }
 }
 
-// What is called or read during the call must not be spoiled by it.
-void checkThatBundlesStayWhole(const Options& options)
+// What is read, loaded or called must not be spoiled by the call. The host's own folder has the demo application in it.
+void checkThatNothingIsSpoiled(const Options& options)
 {
     for (const NamedFile& written : {WRITTEN_RECORD, PICTURE, TRACE}) {
+        const auto& file = options.*written.name;
+        if (!file)
+            continue;
+        const auto refuse = [&](const std::string& where) {
+            throw Problem(ExitStatus::NotDone,
+                std::string(written.option) + " names a file inside " + where + ", '" + *file
+                    + "'; nothing is written there");
+        };
         for (const NamedFile& bundle : {APPLICATION, PLUG_IN}) {
-            const auto& file = options.*written.name;
-            const auto& folder = options.*bundle.name;
-            if (file && folder && isInside(*folder, placeOf(*file).parent_path()))
-                throw Problem(ExitStatus::NotDone,
-                    std::string(written.option) + " names a file inside " + bundle.option + ", '" + *file
-                        + "'; nothing is written there");
+            if (const auto& folder = options.*bundle.name; folder && isOneOf(*folder, *file))
+                refuse(bundle.option);
         }
+        if (isOneOf(supportFolder(), *file) || isLoaded(*file))
+            refuse("the host's own folders");
     }
 }
 
@@ -72,7 +78,7 @@ void checkThatBundlesStayWhole(const Options& options)
 void settleOutputs(Options& options)
 {
     checkThatFilesDiffer(options);
-    checkThatBundlesStayWhole(options);
+    checkThatNothingIsSpoiled(options);
     if (options.writeRecord)
         checkWritable("record", *options.writeRecord);
     if (options.picture)

@@ -1,5 +1,8 @@
 #include "host/Paths.h"
 
+#include <link.h>
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <system_error>
 
@@ -32,6 +35,36 @@ bool isInside(const fs::path& folder, const fs::path& path)
     const fs::path root = fs::canonical(folder, missing);
     const fs::path real = missing ? fs::path() : fs::canonical(path, missing);
     return !missing && std::mismatch(root.begin(), root.end(), real.begin(), real.end()).first == root.end();
+}
+
+bool isOneOf(const fs::path& folder, const fs::path& file)
+{
+    if (isInside(folder, placeOf(file).parent_path()))
+        return true;
+    std::error_code error;
+    if (!fs::exists(file, error))
+        return false;
+    for (fs::recursive_directory_iterator each(folder, fs::directory_options::skip_permission_denied, error), end;
+         !error && each != end; each.increment(error)) {
+        std::error_code missing;
+        if (fs::equivalent(each->path(), file, missing))
+            return true;
+    }
+    return false;
+}
+
+bool isLoaded(const fs::path& file)
+{
+    struct stat facts;
+    if (stat(file.c_str(), &facts) != 0)
+        return false;
+    const auto isThatFile = [](dl_phdr_info* loaded, std::size_t, void* wanted) {
+        const auto* const sought = static_cast<const struct stat*>(wanted);
+        struct stat found;
+        const char* const name = *loaded->dlpi_name == '\0' ? "/proc/self/exe" : loaded->dlpi_name;
+        return stat(name, &found) == 0 && found.st_dev == sought->st_dev && found.st_ino == sought->st_ino ? 1 : 0;
+    };
+    return dl_iterate_phdr(isThatFile, &facts) != 0;
 }
 
 }  // namespace Host

@@ -3,6 +3,10 @@
 #include "host/Messages.h"
 #include "host/WrittenFiles.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <memory>
@@ -31,20 +35,31 @@ std::string lastError()
     return std::generic_category().message(errno);
 }
 
+// A regular file, open; else null, with the reason. First opened and then looked at: something else may stand there by
+// the time that it is opened. Without O_NONBLOCK, opening a pipe would wait until somebody writes into it.
+std::unique_ptr<std::FILE, int (*)(std::FILE*)> openRegular(const fs::path& file, std::string* reason)
+{
+    const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    struct stat facts;
+    std::FILE* stream = nullptr;
+    if (descriptor < 0 || fstat(descriptor, &facts) != 0)
+        *reason = lastError();
+    else if (!S_ISREG(facts.st_mode))
+        *reason = "it is not a regular file";
+    else
+        stream = fdopen(descriptor, "rb");
+    if (stream == nullptr && descriptor >= 0)
+        close(descriptor);
+    return {stream, std::fclose};
+}
+
 // The bytes of the record `file`. Throws Problem when it cannot be read, is not a regular file, or is too large.
 std::vector<std::uint8_t> read(const fs::path& file)
 {
-    // Asked before it is opened: opening a pipe waits until somebody writes into it.
-    std::error_code error;
-    const fs::file_status status = fs::status(file, error);
-    if (error)
-        throw notRead(file, error.message());
-    if (!fs::is_regular_file(status))
-        throw notRead(file, "it is not a regular file");
-
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"), std::fclose);
+    std::string reason;
+    const auto stream = openRegular(file, &reason);
     if (!stream)
-        throw notRead(file, lastError());
+        throw notRead(file, reason);
     std::vector<std::uint8_t> bytes;
     std::uint8_t piece[4096];
     std::size_t count = 0;

@@ -3,7 +3,6 @@
 #ifndef HOST_WRITTENFILES_H
 #define HOST_WRITTENFILES_H
 
-#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -17,13 +16,15 @@ namespace Host {
 std::string notWritten(const std::string& name, const std::filesystem::path& file, const std::string& reason);
 
 /// Throws Problem when it can be told beforehand that the `name` cannot be saved in `file`: its folder does not take
-/// it, what is there may not be written to, is no regular file or a link that leads nowhere, or the file's own name is
-/// too long to be written beside.
+/// it, what is there may not be written to or replaced, is no regular file or a link that leads nowhere, the file's own
+/// name is too long to be written beside, or the disk is full, which is tried.
 void checkWritable(const std::string& name, const std::filesystem::path& file);
 
-/// Makes `bytes` the contents of `file`, whole or not at all: they are written beside it and then take its place, with
-/// its permissions. A link stays one, and the file that it leads to is written. Throws Problem; what was there before
-/// is then as it was. Only a regular file is replaced.
+/// Makes `bytes` the contents of `file`, whole or not at all: they are written beside it, under a name that nothing
+/// has, and then take its place, with its owner, group and mode from the first byte on. What of these the process may
+/// not give is a line, and so is that the file has other names, which keep what was there. A link stays one, and the
+/// file that it leads to is written. Only a regular file is replaced. Throws Problem; what was there before is then as
+/// it was. No signal but SIGKILL leaves anything behind.
 void writeFile(const std::string& name, const std::filesystem::path& file, const std::vector<std::uint8_t>& bytes);
 
 /// A file of lines, each of which is in it at once: what led to a crash is there after it.
@@ -32,9 +33,10 @@ public:
     /// Makes the file empty, or makes it. Throws Problem when it cannot be written.
     explicit TraceFile(const std::filesystem::path& file);
 
+    /// Adds `line`, made one if it is more.
     void write(const std::string& line);
 
-    /// Whether everything was written; the reason in `*problem` when it was not.
+    /// Whether everything was written; the reason in `*problem` when it was not. Nothing can be written any more.
     bool finish(std::string* problem);
 
 private:

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <dlfcn.h>
+
+#include <cstdio>
 #include <fstream>
 
 namespace {
@@ -20,6 +23,13 @@ std::string problemWith(Options options)
         return problem.what();
     }
     return "none";
+}
+
+// The file of the C library.
+const char* loadedLibrary()
+{
+    Dl_info info{};
+    return dladdr(reinterpret_cast<const void*>(&std::puts), &info) == 0 ? "" : info.dli_fname;
 }
 
 struct PairCase {
@@ -109,6 +119,23 @@ TEST(Outputs, MayWriteTheRecordOver)
     EXPECT_EQ(problemWith(options), "none");
 }
 
+// What is read or loaded may not be written over under another name either.
+TEST(Outputs, AreNothingOfTheHostsOwn)
+{
+    const TemporaryFolder folder;
+    const fs::path own = fs::read_symlink("/proc/self/exe");
+    const fs::path library = fs::canonical("/proc/self/root" + std::string(loadedLibrary()));
+    fs::create_symlink(own.parent_path(), folder / "link");
+    for (const fs::path& file : {own, own.parent_path() / "new", folder / "link/new", library}) {
+        for (const auto output : {&Options::writeRecord, &Options::picture, &Options::traceFile}) {
+            Options options;
+            options.*output = file.string();
+            EXPECT_NE(problemWith(options).find(" names a file inside the host's own folders, '" + file.string() + "'"),
+                std::string::npos);
+        }
+    }
+}
+
 struct FileCase {
     const char* name;
     std::optional<std::string> Options::*file;
@@ -155,9 +182,9 @@ TEST_P(OutputFile, IsNoLinkThatLeadsNowhere)
 
 TEST_P(OutputFile, MayHaveANameThatLeavesRoomForMore)
 {
-    EXPECT_EQ(problemOf(folder / std::string(246, 'n')), "none");
-    const fs::path file = folder / std::string(247, 'n');
-    EXPECT_EQ(problemOf(file), refusalOf(file, "its name is longer than 246 bytes"));
+    EXPECT_EQ(problemOf(folder / std::string(248, 'n')), "none");
+    const fs::path file = folder / std::string(249, 'n');
+    EXPECT_EQ(problemOf(file), refusalOf(file, "its name is longer than 248 bytes"));
 }
 
 TEST_P(OutputFile, IsNeitherMadeNorChanged)
@@ -208,6 +235,10 @@ TEST_P(OutputInABundle, IsRefused)
         EXPECT_EQ(problemWith(options),
             GetParam().refusal + (", '" + (folder / name).string() + "'; nothing is written there"));
     }
+    std::ofstream(folder / "bundle/Contents/data").put('x');
+    fs::create_hard_link(folder / "bundle/Contents/data", folder / "data");
+    options.*GetParam().written = (folder / "data").string();
+    EXPECT_NE(problemWith(options), "none") << "a file that is in the bundle under another name";
     for (const char* const name : {"file", "bundle.png", "bundle/../file"}) {
         options.*GetParam().written = (folder / name).string();
         EXPECT_EQ(problemWith(options), "none");
