@@ -1,18 +1,39 @@
 #include "host/CallGuard.h"
 
-#include "host/Messages.h"
-
 #include <sys/syscall.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <iterator>
+#include <new>
+#include <string>
 
 namespace Host {
 
 namespace {
 
-const char* unreturned = nullptr;  // what to say of the call that is being made
-pid_t caller = 0;                  // the process that makes it; what it starts may end as it likes
+// What is said of an end, around what has happened.
+struct Words {
+    const char* before;
+    const char* after;
+};
+
+constexpr Words WORDS[] = {
+    {"the external ", " while it was loaded"},
+    {"the call did not return: the external ", ""},
+    {"the call did not return: the screen went away, or the external ", ""},
+    {"the external ", " while it was released"},
+};
+constexpr Words WORDS_AT_THE_END = {"the external ", " after its call"};
+
+// All that is needed to say it without allocating anything: memory may have run out, or be in disorder.
+const Words* words = nullptr;  // null: the process may end as it likes
+pid_t caller = 0;              // the process that is guarded; those that it starts may end as they like
+int expectedStatus = -1;       // with which it may end; none but at the end
 
 [[noreturn]] void endProcess(int status)
 {
@@ -20,53 +41,86 @@ pid_t caller = 0;                  // the process that makes it; what it starts 
         syscall(SYS_exit_group, status);
 }
 
-void endTheCall()
+iovec part(const char* text)
 {
-    if (unreturned == nullptr || getpid() != caller)
-        return;
-    complain(unreturned);
+    return {const_cast<char*>(text), std::strlen(text)};
+}
+
+[[noreturn]] void endSaying(const char* whatHappened)
+{
+    const iovec line[] = {
+        part("visex-host: "), part(words->before), part(whatHappened), part(words->after), part("\n")};
+    [[maybe_unused]] const ssize_t written = writev(STDERR_FILENO, line, static_cast<int>(std::size(line)));
     endProcess(static_cast<int>(ExitStatus::NotReturned));
 }
 
-const char* describe(DisplayKind kind)
+bool isGuarded()
 {
-    return kind == DisplayKind::Window
-        ? "the call did not return: the screen went away, or the external ended the process"
-        : "the call did not return: the external ended the process";
+    return words != nullptr && getpid() == caller;
 }
 
-void guardWith(const char* line)
+void onEnd()
 {
-    static const bool registered = std::atexit(endTheCall) == 0 && std::at_quick_exit(endTheCall) == 0;
-    unreturned = registered ? line : nullptr;
+    if (isGuarded())
+        endSaying("ended the process");
+}
+
+void onExit(int status, void*)
+{
+    if (status != expectedStatus)
+        onEnd();
+}
+
+void onAbort(int)
+{
+    if (isGuarded())
+        endSaying("called abort, or threw where nothing may be thrown");
+}
+
+void guardWith(const Words& said)
+{
+    static const bool registered =
+        on_exit(onExit, nullptr) == 0 && std::at_quick_exit(onEnd) == 0 && std::signal(SIGABRT, onAbort) != SIG_ERR;
+    words = registered ? &said : nullptr;
     caller = getpid();
 }
 
 }  // namespace
 
-CallGuard::CallGuard()
+void guarded(Running what, const std::function<void()>& code)
 {
-    guardWith("the external ended the process while it was loaded");
+    guardWith(WORDS[static_cast<std::size_t>(what)]);
+    try {
+        code();
+    } catch (const Problem&) {
+        words = nullptr;
+        throw;
+    } catch (const std::bad_alloc&) {
+        endSaying("ran out of memory");
+    } catch (const std::exception& exception) {
+        endSaying((std::string("threw an exception, \"") + oneLine(exception.what()) + '"').c_str());
+    } catch (...) {  // pthread_exit comes by here too, and must not go on
+        endSaying("ended the host's thread, or threw what is no std::exception");
+    }
+    words = nullptr;
 }
 
-CallGuard::CallGuard(DisplayKind kind)
+int guardedEnd(ExitStatus status)
 {
-    guardWith(describe(kind));
-}
-
-CallGuard::~CallGuard()
-{
-    unreturned = nullptr;
+    expectedStatus = static_cast<int>(status);
+    if (caller != 0)  // or no external was ever loaded
+        guardWith(WORDS_AT_THE_END);
+    return expectedStatus;
 }
 
 }  // namespace Host
 
 // In place of the C library's, for everything that is loaded: these two call no handlers, and an external would leave
-// any status through them, be it the one that stands for a chosen language.
+// any status through them, even the one that stands for a chosen language.
 
 extern "C" void _exit(int status)
 {
-    Host::endTheCall();
+    Host::onEnd();
     Host::endProcess(status);
 }
 

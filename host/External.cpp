@@ -1,9 +1,19 @@
 #include "host/External.h"
 
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
+#include "host/CallGuard.h"
 #include "host/Messages.h"
 
+#include <Toolbox/CallReport.h>
+#include <Toolbox/Code.h>
+
+#include <fcntl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace Host {
 
@@ -15,12 +25,49 @@ CFPlugInRef createPlugIn(const std::filesystem::path& folder)
     return CFPlugInCreate(kCFAllocatorDefault, url.get());
 }
 
+// What the toolbox has remarked last, which is why it refused something; or `otherwise` if that is nothing.
+std::string lastRemark(const char* otherwise)
+{
+    const std::vector<std::string> remarks = Toolbox::TakeReport().remarks;
+    return remarks.empty() ? otherwise : remarks.back();
+}
+
+// Whether an object lies at `address`, as far as the system knows: it is asked to copy it into a pipe. Not by the C
+// library's function, into which the address sanitizer looks.
+template <typename Object> bool isReadable(const Object* address, std::size_t size = sizeof(Object))
+{
+    int ends[2];
+    if (reinterpret_cast<std::uintptr_t>(address) % alignof(Object) != 0 || pipe2(ends, O_CLOEXEC) != 0)
+        return false;
+    const bool copied = syscall(SYS_write, ends[1], address, size) == static_cast<long>(size);
+    close(ends[0]);
+    close(ends[1]);
+    return copied;
+}
+
+// An Info.plist may name any function as the factory, so what that gave is looked at before it is used.
+bool isInstance(const XcodInstance* instance)
+{
+    if (!isReadable(instance, sizeof instance->functions) || !isReadable(instance->functions))
+        return false;
+    const XcodFunctionBlock& functions = *instance->functions;
+    return Toolbox::IsCode(reinterpret_cast<const void*>(functions.QueryInterface))
+        && Toolbox::IsCode(reinterpret_cast<const void*>(functions.AddRef))
+        && Toolbox::IsCode(reinterpret_cast<const void*>(functions.Release))
+        && Toolbox::IsCode(reinterpret_cast<const void*>(functions.XCodMain));
+}
+
 }  // namespace
 
 External::External(const std::filesystem::path& folder)
     : m_bundle(createPlugIn(folder))
 {
-    const auto notLoaded = [&folder](const char* reason) {
+    guarded(Running::Load, [&] { load(folder); });
+}
+
+void External::load(const std::filesystem::path& folder)
+{
+    const auto notLoaded = [&folder](const std::string& reason) {
         return Problem(ExitStatus::PlugInNotLoaded, "cannot load the external '" + folder.string() + "': " + reason);
     };
     if (m_bundle.get() == nullptr)
@@ -31,21 +78,18 @@ External::External(const std::filesystem::path& folder)
         throw notLoaded("it has no Info.plist that registers a factory for externals of this installer");
 
     if (!CFBundleLoadExecutable(m_bundle.get()))
-        throw notLoaded("its executable is not there, or is none that can be loaded here");
+        throw notLoaded(lastRemark("its executable cannot be loaded"));
 
     const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories.get(), 0));
-    m_instance = static_cast<XcodInstance*>(CFPlugInInstanceCreate(kCFAllocatorDefault, factory, factoryType()));
-    if (m_instance == nullptr)
-        throw notLoaded("its factory gives no instance");
+    void* const made = CFPlugInInstanceCreate(kCFAllocatorDefault, factory, factoryType());
+    if (made == nullptr)
+        throw notLoaded(lastRemark("its factory gives no instance"));
+    if (!isInstance(static_cast<XcodInstance*>(made)))
+        throw notLoaded("what its factory gives is not an instance of an external");
+    m_instance = static_cast<XcodInstance*>(made);
 }
 
-External::~External()
-{
-    if (m_instance != nullptr)
-        m_instance->functions->Release(m_instance);
-}
-
-Report External::call(Record& record, const Toolbox::TraceSink& trace)
+Report External::call(Record& record, DisplayKind display, const Toolbox::TraceSink& trace)
 {
     ExternParmBlock& block = record.block();
     Report report;
@@ -56,12 +100,18 @@ Report External::call(Record& record, const Toolbox::TraceSink& trace)
 
     ChosenLanguage chosen(block);
     Toolbox::SetTrace(trace);
-    m_instance->functions->XCodMain(&block);
+    guarded(display == DisplayKind::Window ? Running::CallOnScreen : Running::Call,
+        [&] { m_instance->functions->XCodMain(&block); });
     Toolbox::SetTrace(nullptr);
 
     report.chosen = chosen.settle();
     report.flagsAfter = block.resultFlags;
     return report;
+}
+
+void External::release()
+{
+    guarded(Running::Release, [this] { m_instance->functions->Release(m_instance); });
 }
 
 }  // namespace Host

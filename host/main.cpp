@@ -15,10 +15,9 @@
 
 #include <Toolbox/Application.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <optional>
 #include <string>
 #include <variant>
@@ -76,28 +75,21 @@ ExitStatus callWith(Options options)
     Installer installer(options.application.value_or(support / "DemoInstaller.app"), options.resources);
     if (options.requireAdmin)
         installer.requireAdministrator();
-    std::optional<External> external;
-    {
-        const CallGuard guard;
-        external.emplace(options.plugIn ? std::filesystem::path(*options.plugIn) : installer.builtInPlugIn());
-    }
+    External external(options.plugIn ? std::filesystem::path(*options.plugIn) : installer.builtInPlugIn());
     const DisplayKind display = chooseDisplay(options);
 
     std::optional<TraceFile> traceFile;
     if (options.traceFile)
         traceFile.emplace(*options.traceFile);
-    const Report report = [&] {
-        const CallGuard guard(display);
-        Report made = external->call(record, traceSink(options, traceFile));
-        external.reset();  // its last code runs
-        made.toolbox = Toolbox::TakeReport();
-        return made;
-    }();
+    Report report = external.call(record, display, traceSink(options, traceFile));
+    report.toolbox = Toolbox::TakeReport();
     const bool traced = finish(traceFile);
     const bool noProblem = tellCallProblems(options, report.toolbox) && traced;
-    const bool printed = print(options.json ? inJson(report) : inWords(report));
+    // What is printed is true by then; and all is done before code of the external's runs again, which may end all.
     if (options.writeRecord)
         record.save(*options.writeRecord);
+    const bool printed = print(options.json ? inJson(report) : inWords(report));
+    external.release();
     return noProblem && printed ? statusOf(report) : ExitStatus::NotDone;
 }
 
@@ -121,11 +113,10 @@ int main(int count, char** arguments)
     } catch (const Problem& problem) {
         complain(problem.what());
         status = problem.status;
+    } catch (const std::bad_alloc&) {
+        complain("there is not enough memory");
     } catch (const std::exception& error) {
         complain(error.what());
-    } catch (...) {  // pthread_exit comes by here too, and must not go on
-        complain("the call did not return: the external ended the host's thread, or threw what is no std::exception");
-        _exit(static_cast<int>(ExitStatus::NotReturned));
     }
-    return static_cast<int>(status);
+    return guardedEnd(status);
 }

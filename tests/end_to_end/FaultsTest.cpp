@@ -51,7 +51,7 @@ protected:
         Record record;
         record.block().message = 1000;
         record.block().chosenLanguage = UNTOUCHED;
-        external->call(record, watch);
+        external->call(record, DisplayKind::Unattended, watch);
         return record.block().chosenLanguage;
     }
 

@@ -73,7 +73,7 @@ protected:
             if (dialog)
                 dialog->close();  // also when the work failed half way
         });
-        const Report report = external.call(record, nullptr);
+        const Report report = external.call(record, DisplayKind::Window, nullptr);
         EXPECT_TRUE(worked) << "no dialog was opened";
         EXPECT_EQ(record.block().chosenLanguage, report.chosen.value_or(0));
         return report;

@@ -1,29 +1,110 @@
-// An external whose factory ends the process, in the way that ENDS_BY in the environment names.
+// An external that ends the process, or tries to: at the moment that ENDS_AT in the environment names, in the way that
+// ENDS_BY does. Until then it behaves: its call chooses German. Or its factory gives what GIVES names in place of an
+// instance.
 
-#include <CoreFoundation/CFPlugIn.h>
+#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 #include <pthread.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdlib>
+#include <exception>
+#include <stdexcept>
 #include <string>
+
+namespace {
+
+std::string variable(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+const struct {
+    const char* name;
+    void (*end)();
+} WAYS[] = {
+    {"exit", [] { std::exit(0); }},
+    {"quick_exit", [] { std::quick_exit(0); }},
+    {"_exit", [] { _exit(0); }},
+    {"_Exit", [] { std::_Exit(0); }},
+    {"a system call", [] { syscall(SYS_exit_group, 77); }},
+    {"pthread_exit", [] { pthread_exit(nullptr); }},
+    {"throw 0", [] { throw 0; }},
+    {"throw", [] { throw std::runtime_error("why"); }},
+    {"abort", [] { std::abort(); }},
+    {"terminate", [] { std::terminate(); }},
+    {"a child's _exit",
+        [] {
+            if (fork() == 0)
+                _exit(0);
+        }},
+};
+
+void endIfAt(const char* moment)
+{
+    if (variable("ENDS_AT") != moment)
+        return;
+    for (const auto& way : WAYS) {
+        if (variable("ENDS_BY") == way.name)
+            way.end();
+    }
+}
+
+struct Destroyed {
+    ~Destroyed() { endIfAt("destructor"); }
+} destroyed;
+
+HRESULT queryInterface(void*, REFIID, LPVOID*)
+{
+    return E_NOINTERFACE;
+}
+
+ULONG addRef(void*)
+{
+    return 1;
+}
+
+ULONG release(void*)
+{
+    endIfAt("release");
+    return 0;
+}
+
+void call(ExternParmBlock* block)
+{
+    endIfAt("call");
+    block->chosenLanguage = 2;
+    if (variable("ENDS_AT") == "exit function")
+        std::atexit([] { endIfAt("exit function"); });
+}
+
+XcodFunctionBlock functions = {nullptr, queryInterface, addRef, release, call};
+XcodInstance instance = {&functions, nullptr, 1};
+
+}  // namespace
 
 extern "C" void* MyFactory(CFAllocatorRef, CFUUIDRef)
 {
-    const std::string way = std::getenv("ENDS_BY");
-    if (way == "exit")
-        std::exit(0);
-    if (way == "quick_exit")
-        std::quick_exit(0);
-    if (way == "_exit")
-        _exit(0);
-    if (way == "_Exit")
-        std::_Exit(0);
-    if (way == "pthread_exit")
-        pthread_exit(nullptr);
-    if (way == "throw")
-        throw 0;
-    if (way == "a child's _exit" && fork() == 0)
-        _exit(0);
-    return nullptr;
+    endIfAt("factory");
+    const std::string gives = variable("GIVES");
+    if (gives == "nothing")
+        return nullptr;
+    if (gives == "a number")
+        return reinterpret_cast<void*>(std::uintptr_t{0x10});
+    if (gives == "a null table")
+        instance.functions = nullptr;
+    if (gives == "a table that is nowhere")
+        instance.functions = reinterpret_cast<XcodFunctionBlock*>(std::uintptr_t{0x1000});
+    if (gives == "a misaligned table")
+        instance.functions = reinterpret_cast<XcodFunctionBlock*>(reinterpret_cast<std::uintptr_t>(&functions) + 1);
+    if (gives == "a misaligned instance")
+        return reinterpret_cast<char*>(&instance) + 1;
+    if (gives == "no call")
+        functions.XCodMain = nullptr;
+    if (gives == "data to release")
+        functions.Release = reinterpret_cast<ULONG (*)(void*)>(reinterpret_cast<std::uintptr_t>(&functions));
+    return &instance;
 }

@@ -31,7 +31,7 @@ class Usage(HostTest):
             (["--current", "klingon"], f"--current takes a language, {LANGUAGES}, or its code, "
                                        "and 'klingon' is neither; --help lists the options"),
             (["--answer", "4"], f"'4' is no answer: give ok, cancel, button:N, or a language: {LANGUAGES}"),
-            (["--foo\nbar\x1b[2J"], "there is no option '--foo bar [2J'; --help lists the options"),
+            (["--foo\nbar\x1b[2J"], "there is no option '--foo\\nbar\\x1b[2J'; --help lists the options"),
         ]
         for arguments, line in cases:
             with self.subTest(arguments):
@@ -385,33 +385,80 @@ class Bundles(HostTest):
         self.plist.unlink()
         self.assert_not_loaded("it has no Info.plist that registers a factory for externals of this installer")
 
-    def assert_no_executable(self):
-        self.assert_not_loaded("its executable is not there, or is none that can be loaded here")
+    def assert_no_executable(self, reason='there is no file "LanguageSelector" inside it'):
+        self.assert_not_loaded(f'the bundle "a bundle" has no executable that can be loaded: {reason}')
 
-    def test_a_factory_that_is_not_there(self):
-        self.plist.write_bytes(self.plist.read_bytes().replace(b"MyFactory", b"NoFactory"))
-        self.assert_not_loaded("its factory gives no instance")
+    def test_factories_that_are_none(self):
+        contents = self.plist.read_bytes()
+        for name, reason in (("NoFactory", 'the bundle "a bundle" has no function "NoFactory"'),
+                             ("___procinfo", 'the bundle "a bundle" has no function "___procinfo"'),
+                             ("gXcodFunctionBlock", 'the bundle "a bundle" has no function "gXcodFunctionBlock"'),
+                             ("XCodMain", "its factory gives no instance")):
+            with self.subTest(name):
+                self.plist.write_bytes(contents.replace(b"MyFactory", name.encode()))
+                outcome = unattended(self.bundle)
+                if name == "XCodMain":  # it returns nothing, so whatever was in the register is taken for an instance
+                    self.assertEqual((outcome.status, outcome.output), (NOT_LOADED, ""))
+                    self.assertRegex(outcome.errors, r"gives (no instance|is not an instance of an external)\n\Z")
+                else:
+                    self.assert_fails(outcome, NOT_LOADED, f"cannot load the external '{self.bundle}': {reason}")
 
-    def run_one_that_ends_by(self, way):
-        shutil.copy(BUILD / "tests/end_to_end/libending_external.so", self.executable)
-        return unattended(self.bundle, variables={"ENDS_BY": way})
+    def use_executable(self, name):
+        self.executable.unlink()
+        shutil.copy(BUILD / f"tests/end_to_end/lib{name}.so", self.executable)
+
+    def test_instances_that_are_none(self):
+        self.use_executable("ending_external")
+        for given in ("nothing", "a number", "a null table", "a table that is nowhere", "a misaligned table",
+                      "a misaligned instance", "no call", "data to release"):
+            with self.subTest(given):
+                reason = "its factory gives no instance" if given == "nothing" else (
+                    "what its factory gives is not an instance of an external")
+                self.assert_fails(unattended(self.bundle, variables={"GIVES": given}), NOT_LOADED,
+                                  f"cannot load the external '{self.bundle}': {reason}")
+
+    def test_one_that_lacks_a_function(self):
+        self.use_executable("lacking_external")
+        self.assert_no_executable("undefined symbol: functionThatNobodyHas")
 
     def test_one_that_ends_the_process(self):
-        for way in ("exit", "quick_exit", "_exit", "_Exit"):
-            with self.subTest(way):
-                self.assert_fails(self.run_one_that_ends_by(way), NOT_RETURNED,
-                                  "the external ended the process while it was loaded")
-
-    def test_one_that_ends_the_thread(self):
-        for way in ("pthread_exit", "throw"):
-            with self.subTest(way):
-                self.assert_fails(self.run_one_that_ends_by(way), NOT_RETURNED,
-                                  "the call did not return: the external ended the host's thread, "
-                                  "or threw what is no std::exception")
+        # What is given beforehand is stored and printed, whatever comes then. Its exit with the very status that the
+        # process would have had anyhow changes nothing.
+        self.use_executable("ending_external")
+        ends, throws = "ended the process", "threw an exception, \"why\""
+        thread = "ended the host's thread, or threw what is no std::exception"
+        aborts = "called abort, or threw where nothing may be thrown"
+        ways = {"exit": ends, "quick_exit": ends, "_exit": ends, "_Exit": ends, "pthread_exit": thread, "throw 0": thread,
+                "throw": throws, "abort": aborts, "terminate": aborts}
+        moments = {"factory": ("the external ", " while it was loaded"), "call": ("the call did not return: the external ", ""),
+                   "release": ("the external ", " while it was released"), "destructor": ("the external ", " after its call"),
+                   "exit function": ("the external ", " after its call")}
+        chosen = record(chosen=GERMAN)
+        for moment, (before, after) in moments.items():
+            ended = ways if moment in ("factory", "call", "release") else {
+                way: what if what == ends else aborts for way, what in ways.items() if "exit" not in way or way[0] in "_q"}
+            for way, what in ended.items():
+                with self.subTest(moment, way=way):
+                    stored = self.folder / "stored"
+                    outcome = unattended(self.bundle, "--write-record", stored,
+                                         variables={"ENDS_AT": moment, "ENDS_BY": way})
+                    self.assertEqual(outcome.status, NOT_RETURNED)
+                    self.assertEqual([line for line in outcome.errors.splitlines() if line.startswith("visex-host")],
+                                     [f"visex-host: {before}{what}{after}"])
+                    answered = moment not in ("factory", "call")
+                    self.assertEqual("German (2) was written to the record.\n" in outcome.output, answered)
+                    self.assertEqual(stored.exists() and stored.read_bytes() == chosen, answered)
+                    stored.unlink(missing_ok=True)
+        # And a status of its own, where that of the call would have been another:
+        outcome = unattended(self.bundle, "--message", "7", "--picture", self.folder / "never.png",
+                             variables={"ENDS_AT": "exit function", "ENDS_BY": "exit"})
+        self.assertEqual(outcome.status, NOT_RETURNED)
+        self.assertTrue(outcome.errors.endswith("visex-host: the external ended the process after its call\n"))
 
     def test_one_that_ends_another_process_goes_on(self):
-        self.assert_fails(self.run_one_that_ends_by("a child's _exit"), NOT_LOADED,
-                          f"cannot load the external '{self.bundle}': its factory gives no instance")
+        self.use_executable("ending_external")
+        outcome = unattended(self.bundle, variables={"ENDS_AT": "call", "ENDS_BY": "a child's _exit"})
+        self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
 
     def test_one_that_changes_the_working_directory(self):
         original = self.executable.rename(self.folder / "original")
@@ -434,7 +481,7 @@ class Bundles(HostTest):
             with self.subTest(case[:10], length=len(case)):
                 self.executable.unlink()
                 self.executable.write_bytes(case)
-                self.assert_no_executable()
+                self.assert_no_executable("it is not an ELF file, or is cut short")
 
     def test_an_executable_outside_the_bundle(self):
         outside = self.folder / "Outside"
@@ -444,7 +491,7 @@ class Bundles(HostTest):
             with self.subTest(name):
                 properties["CFBundleExecutable"] = name
                 self.plist.write_bytes(plistlib.dumps(properties))
-                self.assert_no_executable()
+                self.assert_no_executable(f'there is no file "{name}" inside it')
 
     def test_a_link_that_leaves_the_bundle(self):
         outside = self.folder / "Outside"

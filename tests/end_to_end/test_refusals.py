@@ -95,7 +95,8 @@ class AdministratorCheck(HostTest):
         self.assertEqual(self.as_nobody(self.installation()).status, CHOSE)
 
 
-NO_EXECUTABLE = 'the bundle "Security.framework" has no executable that can be loaded'
+NO_EXECUTABLE = ('the bundle "Security.framework" has no executable that can be loaded: '
+                 'there is no file "Security" inside it')
 
 
 class BadFramework(HostTest):
@@ -132,7 +133,8 @@ class BadFramework(HostTest):
 
     def test_an_executable_that_is_none(self):
         self.assert_stops(lambda folder: (folder / "Security.framework/Security").write_bytes(b"\x7fELF or not"),
-                          NO_EXECUTABLE)
+                          'the bundle "Security.framework" has no executable that can be loaded: '
+                          "it is not an ELF file, or is cut short")
 
     def test_an_executable_without_one_of_the_functions(self):
         for lacking, function in (("create", "AuthorizationCreate"), ("copy_rights", "AuthorizationCopyRights")):

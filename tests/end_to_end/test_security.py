@@ -4,6 +4,8 @@ import os
 import re
 import resource
 import signal
+import subprocess
+import time
 import unittest
 
 from visex import *
@@ -168,9 +170,9 @@ class Traces(HostTest):
                     path.unlink()
 
 
-def fill_the_disk():
-    """Makes no file of this process grow past 100 bytes, as if the disk were full."""
-    resource.setrlimit(resource.RLIMIT_FSIZE, (100, 100))
+def limit_files(size):
+    """For preexec_fn: no file of the process grows past `size` bytes, as if the disk were full."""
+    return lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
 
 
 class Files(HostTest):
@@ -182,23 +184,94 @@ class Files(HostTest):
         super().setUp()
         self.target = self.file("target", b"what stood here before")
 
-    def test_a_full_disk_is_said(self):
+    def saved(self, *arguments, signal_in_rename=None):
+        """The outcome under the eyes of what is loaded before."""
+        variables = {"LD_PRELOAD": str(BUILD / "tests/end_to_end/libwatched_saving.so"),
+                     "ASAN_OPTIONS": "verify_asan_link_order=0"}
+        if signal_in_rename is not None:
+            variables["SIGNAL_IN_RENAME"] = str(int(signal_in_rename))
+        return unattended(*arguments, variables=variables)
+
+    def test_a_full_disk_is_said_before_anybody_is_asked(self):
         for option, name in self.OPTIONS:
             with self.subTest(option):
-                outcome = unattended(option, self.target, variables=WITHOUT_PROFILE, preexec_fn=fill_the_disk)
-                self.assertEqual(outcome.status, NOT_DONE)
-                self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the {name} in '{self.target}': .+\n\Z")
-                self.assertIn("was written to the record.", outcome.output)
+                outcome = unattended(option, self.target, variables=WITHOUT_PROFILE, preexec_fn=limit_files(100))
+                self.assert_fails(outcome, NOT_DONE, f"cannot save the {name} in '{self.target}': File too large")
                 self.assertEqual(tree(self.folder), {self.target: b"what stood here before"})
 
-    def test_being_killed_on_the_way_leaves_what_was_there(self):
-        killer = {"LD_PRELOAD": str(BUILD / "tests/end_to_end/libkilled_in_rename.so"),
-                  "ASAN_OPTIONS": "verify_asan_link_order=0"}
+    def test_a_disk_that_is_full_by_then_is_said_in_place_of_the_answer(self):
+        start = self.file("start", record(tail=bytes(9000)))
+        before = tree(self.folder)
+        outcome = unattended("--record", start, "--write-record", self.target, variables=WITHOUT_PROFILE,
+                             preexec_fn=limit_files(5000))
+        self.assert_fails(outcome, NOT_DONE, f"cannot save the record in '{self.target}': File too large")
+        self.assertEqual(tree(self.folder), before)
+
+    def test_the_record_is_stored_although_the_picture_cannot_be(self):
+        # A picture of the dialog is larger than that, a record is not.
+        picture, stored = self.folder / "picture.png", self.folder / "stored"
+        outcome = unattended("--picture", picture, "--write-record", stored, "--answer", "german",
+                             variables=WITHOUT_PROFILE, preexec_fn=limit_files(4096))
+        self.assertEqual(outcome.status, NOT_DONE)
+        self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the picture in '{picture}': .+\n\Z")
+        self.assertIn("German (2) was written to the record.", outcome.output)
+        self.assertEqual(tree(self.folder), {self.target: b"what stood here before", stored: record(chosen=GERMAN)})
+
+    def test_what_is_printed_was_stored_before(self):
+        reader, writer = os.pipe()
+        os.set_blocking(writer, False)
+        try:
+            while os.write(writer, bytes(4096)):
+                pass
+        except BlockingIOError:
+            os.set_blocking(writer, True)
+        with subprocess.Popen([HOST, "--answer", "french", "--write-record", self.target], env=environment(),
+                              stdout=writer, stderr=subprocess.PIPE) as blocked:  # it cannot print as long as nobody reads
+            os.close(writer)
+            end = time.monotonic() + TIMEOUT
+            while self.target.read_bytes() != record(chosen=FRENCH) and time.monotonic() < end:
+                time.sleep(0.01)
+            self.assertIsNone(blocked.poll())
+            self.assertEqual(self.target.read_bytes(), record(chosen=FRENCH))
+            os.close(reader)
+        self.assertEqual(blocked.returncode, NOT_DONE)
+
+    def test_it_is_on_the_disk_before_it_takes_the_place_of_another(self):
         for option, _ in self.OPTIONS:
             with self.subTest(option):
-                outcome = unattended(option, self.target, variables=killer)
+                self.assertEqual(self.saved(option, self.target).status, CHOSE)
+                self.assertNotEqual(self.target.read_bytes(), b"what stood here before")
+
+    def test_being_killed_on_the_way_leaves_what_was_there(self):
+        for option, _ in self.OPTIONS:
+            with self.subTest(option):
+                outcome = self.saved(option, self.target, signal_in_rename=signal.SIGKILL)
                 self.assertEqual(outcome.status, -signal.SIGKILL)
                 self.assertEqual(self.target.read_bytes(), b"what stood here before")
+
+    def test_a_signal_on_the_way_leaves_nothing_beside_it(self):
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            with self.subTest(number):
+                outcome = self.saved("--write-record", self.target, signal_in_rename=number)
+                self.assertEqual(outcome.status, -number)
+                self.assertEqual(tree(self.folder), {self.target: record()})
+
+    def test_a_pipe_that_is_put_in_place_of_a_record_is_not_waited_for(self):
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        self.assert_fails(self.saved("--record", pipe), NOT_DONE,
+                          f"cannot read the record '{pipe}': it is not a regular file")
+
+    @unittest.skipUnless(os.geteuid() == 0, "only the superuser can mount")
+    def test_a_mount_point_is_left_alone(self):
+        lent = self.file("lent", b"")
+        outcome = subprocess.run(
+            ["unshare", "--mount", "sh", "-c", 'mount --bind "$1" "$2" && shift 2 && exec "$@"', "sh", lent, self.target, HOST,
+             "--write-record", self.target], env=environment(), capture_output=True, timeout=TIMEOUT, text=True)
+        if "unshare" in outcome.stderr or "mount:" in outcome.stderr:
+            self.skipTest("nothing can be mounted here")
+        self.assert_fails(Outcome(outcome.returncode, outcome.stdout, outcome.stderr), NOT_DONE,
+                          f"cannot save the record in '{self.target}': it is a mount point, which cannot be replaced")
 
     def test_only_a_regular_file_is_replaced(self):
         pipe = self.folder / "pipe"

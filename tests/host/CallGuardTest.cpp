@@ -1,12 +1,16 @@
 #include "host/CallGuard.h"
 
-#include "host/Messages.h"
-
 #include <gtest/gtest.h>
 
+#include <pthread.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
+#include <exception>
+#include <new>
+#include <stdexcept>
+#include <string>
 
 namespace {
 
@@ -15,70 +19,98 @@ using namespace Host;
 constexpr int NOT_RETURNED = 5;
 static_assert(static_cast<int>(ExitStatus::NotReturned) == NOT_RETURNED, "as it is documented");
 
-// Ends the process from inside a call, as Qt does.
-void endInACall(DisplayKind kind)
+struct EndCase {
+    const char* name;
+    Running what;
+    void (*code)();
+    const char* line;
+};
+
+class CallGuardDeath : public testing::TestWithParam<EndCase> { };
+
+TEST_P(CallGuardDeath, SaysHowItEnded)
 {
-    const CallGuard guard(kind);
-    std::exit(0);
+    EXPECT_EXIT(guarded(GetParam().what, GetParam().code), testing::ExitedWithCode(NOT_RETURNED),
+        std::string("^(terminate called[^\n]*\n)?(  what[^\n]*\n)?visex-host: ") + GetParam().line + "\n$");
 }
 
-TEST(CallGuardDeath, WhileLoadingIsPutDownToTheExternal)
+const EndCase END_CASES[] = {
+    {"WhileItWasLoaded", Running::Load, [] { std::exit(0); }, "the external ended the process while it was loaded"},
+    {"InItsCall", Running::Call, [] { std::exit(0); }, "the call did not return: the external ended the process"},
+    {"OnAScreen", Running::CallOnScreen, [] { std::exit(0); },
+        "the call did not return: the screen went away, or the external ended the process"},
+    {"WhileItWasReleased", Running::Release, [] { std::exit(0); },
+        "the external ended the process while it was released"},
+    {"ByQuickExit", Running::Call, [] { std::quick_exit(0); },
+        "the call did not return: the external ended the process"},
+    {"ByUnderscoreExit", Running::Call, [] { _exit(0); }, "the call did not return: the external ended the process"},
+    {"ByUnderscoreCapitalExit", Running::Call, [] { std::_Exit(0); },
+        "the call did not return: the external ended the process"},
+    {"ByAnExitInAnExitFunction", Running::Call, [] { std::exit(std::atexit([] { std::exit(0); })); },
+        "the call did not return: the external ended the process"},
+    {"ByAbort", Running::Call, [] { std::abort(); },
+        "the call did not return: the external called abort, or threw where nothing may be thrown"},
+    {"ByTerminate", Running::Release, [] { std::terminate(); },
+        "the external called abort, or threw where nothing may be thrown while it was released"},
+    {"ByAnException", Running::Call, [] { throw std::runtime_error("why\n"); },
+        "the call did not return: the external threw an exception, \"why\\\\n\""},
+    {"ByAnExceptionWhileLoading", Running::Load, [] { throw std::logic_error("why"); },
+        "the external threw an exception, \"why\" while it was loaded"},
+    {"ForWantOfMemory", Running::Call, [] { throw std::bad_alloc(); },
+        "the call did not return: the external ran out of memory"},
+    {"BySomethingThrown", Running::Call, [] { throw 7; },
+        "the call did not return: the external ended the host's thread, or threw what is no std::exception"},
+    {"ByTheEndOfTheThread", Running::Release, [] { pthread_exit(nullptr); },
+        "the external ended the host's thread, or threw what is no std::exception while it was released"},
+};
+INSTANTIATE_TEST_SUITE_P(
+    Ends, CallGuardDeath, testing::ValuesIn(END_CASES), [](const auto& row) { return row.param.name; });
+
+TEST(CallGuard, LetsTheHostsOwnProblemsPass)
 {
-    const auto endWhileLoading = [] {
-        const CallGuard guard;
-        std::exit(0);
+    EXPECT_THROW(guarded(Running::Load, [] { throw Problem(ExitStatus::PlugInNotLoaded, "none"); }), Problem);
+    EXPECT_EXIT(std::exit(7), testing::ExitedWithCode(7), "^$") << "and is over then";
+}
+
+TEST(CallGuard, IsOverWhenTheCallHasReturned)
+{
+    guarded(Running::Call, [] {});
+    EXPECT_EXIT(std::exit(7), testing::ExitedWithCode(7), "^$");
+    EXPECT_EXIT(std::abort(), testing::KilledBySignal(SIGABRT), "^$");
+    EXPECT_EXIT(guarded(Running::Call, [] { std::exit(0); }), testing::ExitedWithCode(NOT_RETURNED),
+        "the external ended the process")
+        << "it can come again";
+}
+
+struct LastCase {
+    const char* name;
+    void (*code)();  // runs while the process ends
+    int status;
+    const char* line;
+};
+
+class GuardedEndDeath : public testing::TestWithParam<LastCase> { };
+
+TEST_P(GuardedEndDeath, HasItsStatusOrSaysWhyNot)
+{
+    const auto end = [] {
+        guarded(Running::Call, [] { std::atexit(GetParam().code); });
+        std::exit(guardedEnd(ExitStatus::NothingChosen));
     };
-    EXPECT_EXIT(endWhileLoading(), testing::ExitedWithCode(NOT_RETURNED),
-        "^visex-host: the external ended the process while it was loaded\n$");
+    EXPECT_EXIT(end(), testing::ExitedWithCode(GetParam().status), GetParam().line);
 }
 
-TEST(CallGuardDeath, OnAScreenIsPutDownToTheScreen)
-{
-    EXPECT_EXIT(endInACall(DisplayKind::Window), testing::ExitedWithCode(NOT_RETURNED),
-        "^visex-host: the call did not return: the screen went away, or the external ended the process\n$");
-}
+const char* const ENDED_AFTERWARDS = "^visex-host: the external ended the process after its call\n$";
 
-TEST(CallGuardDeath, ElsewhereIsPutDownToTheExternal)
-{
-    for (const DisplayKind kind : {DisplayKind::Terminal, DisplayKind::Unattended}) {
-        EXPECT_EXIT(endInACall(kind), testing::ExitedWithCode(NOT_RETURNED),
-            "^visex-host: the call did not return: the external ended the process\n$");
-    }
-}
-
-TEST(CallGuardDeath, NoticesEveryWayToEnd)
-{
-    using End = void (*)(int);
-    for (const End end : {End(std::exit), End(std::quick_exit), End(_exit), End(std::_Exit)}) {
-        const auto endIt = [end] {
-            const CallGuard guard(DisplayKind::Unattended);
-            end(0);
-        };
-        EXPECT_EXIT(endIt(), testing::ExitedWithCode(NOT_RETURNED),
-            "^visex-host: the call did not return: the external ended the process\n$");
-    }
-}
-
-TEST(CallGuardDeath, IsOverWhenTheCallHasReturned)
-{
-    const auto endAfterACall = [] {
-        {
-            const CallGuard guard(DisplayKind::Window);
-        }
-        std::exit(7);
-    };
-    EXPECT_EXIT(endAfterACall(), testing::ExitedWithCode(7), "^$");
-}
-
-TEST(CallGuardDeath, CanComeAgainAfterwards)
-{
-    const auto endInASecondCall = [] {
-        {
-            const CallGuard guard(DisplayKind::Window);
-        }
-        endInACall(DisplayKind::Unattended);
-    };
-    EXPECT_EXIT(endInASecondCall(), testing::ExitedWithCode(NOT_RETURNED), "the external ended the process");
-}
+const LastCase LAST_CASES[] = {
+    {"Nothing", [] {}, 1, "^$"},
+    {"Exit", [] { std::exit(0); }, NOT_RETURNED, ENDED_AFTERWARDS},
+    {"QuickExit", [] { std::quick_exit(0); }, NOT_RETURNED, ENDED_AFTERWARDS},
+    {"UnderscoreExit", [] { _exit(0); }, NOT_RETURNED, ENDED_AFTERWARDS},
+    {"Abort", [] { std::abort(); }, NOT_RETURNED,
+        "^visex-host: the external called abort, or threw where nothing may be thrown after its call\n$"},
+};
+INSTANTIATE_TEST_SUITE_P(
+    Last, GuardedEndDeath, testing::ValuesIn(LAST_CASES), [](const auto& row) { return row.param.name; });
 
 }  // namespace

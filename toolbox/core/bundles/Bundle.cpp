@@ -92,19 +92,24 @@ QString Bundle::executableName() const
     return QString::fromStdString(m_folder.stem());
 }
 
-bool Bundle::load()
+bool Bundle::load(std::string* reason)
 {
     if (m_executable.isLoaded())
         return true;
     const std::optional<std::string> name = fileName(executableName());
     const fs::path file = name.has_value() ? findExecutable(m_folder, *name) : fs::path();
-    return !file.empty() && m_executable.load(file);
+    if (file.empty()) {
+        *reason = "there is no file " + quoted(executableName()) + " inside it";
+        return false;
+    }
+    return m_executable.load(file, reason);
 }
 
 void* Bundle::findFunction(const QString& name)
 {
     const std::optional<std::string> symbol = fileName(name);
-    return symbol.has_value() && load() ? m_executable.find(*symbol) : nullptr;
+    std::string ignored;  // the caller knows only that there is no such function
+    return symbol.has_value() && load(&ignored) ? m_executable.find(*symbol) : nullptr;
 }
 
 fs::path Bundle::findResource(

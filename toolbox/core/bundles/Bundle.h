@@ -31,8 +31,8 @@ public:
     /// What the Info.plist says.
     const QVariantMap& info() const { return m_info; }
 
-    /// Loads the executable. True when it is loaded, then or before.
-    bool load();
+    /// Loads the executable. True when it is loaded, then or before; else `*reason` says why it is not, a clause.
+    bool load(std::string* reason);
 
     /// The function `name` of the executable, which is loaded if need be; null when there is none.
     void* findFunction(const QString& name);

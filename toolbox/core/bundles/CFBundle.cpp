@@ -108,9 +108,10 @@ Boolean CFBundleLoadExecutable(CFBundleRef bundle)
 {
     TracedCall call("CFBundleLoadExecutable", bundle);
     auto* const found = findObject<Bundle>(bundle);
-    const bool loaded = found != nullptr && found->load();
+    std::string reason;
+    const bool loaded = found != nullptr && found->load(&reason);
     if (found != nullptr && !loaded)
-        remark("the bundle " + found->traceName() + " has no executable that can be loaded");
+        remark("the bundle " + found->traceName() + " has no executable that can be loaded: " + reason);
     return call.gives<Boolean>(loaded);
 }
 

@@ -1,8 +1,12 @@
 #include <CoreFoundation/CFPlugIn.h>
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/bundles/PlugInRegister.h"
 #include "toolbox/core/core_foundation/ArrayObject.h"
+#include "toolbox/core/core_foundation/Quoted.h"
+
+#include <Toolbox/Code.h>
 
 using Toolbox::Bundle;
 using Toolbox::Factory;
@@ -35,7 +39,14 @@ CFPlugInFactoryFunction findFunction(const UUIDObject* factory, const UUIDObject
     const Factory* const found = Toolbox::findFactory(factory->bytes(), type->bytes());
     if (found == nullptr)
         return nullptr;
-    return reinterpret_cast<CFPlugInFactoryFunction>(found->bundle->findFunction(found->function));
+    // The name is a property list's, which may name data as well.
+    void* const function = found->bundle->findFunction(found->function);
+    if (function == nullptr || !Toolbox::IsCode(function)) {
+        Toolbox::remark(
+            "the bundle " + found->bundle->traceName() + " has no function " + Toolbox::quoted(found->function));
+        return nullptr;
+    }
+    return reinterpret_cast<CFPlugInFactoryFunction>(function);
 }
 
 }  // namespace

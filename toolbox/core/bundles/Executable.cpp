@@ -3,6 +3,8 @@
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/bundles/ELFFile.h"
 
+#include <Toolbox/Code.h>
+
 #include <cstring>
 
 #include <dlfcn.h>
@@ -21,14 +23,54 @@ bool isOwn(void* handle, const void* address)
         && std::strcmp(home.dli_fname, file->l_name) == 0;
 }
 
+// Why the loader did not load `file`, whose name it puts before the reason.
+std::string loaderReason(const std::filesystem::path& file)
+{
+    const std::string reason = dlerror();
+    const std::string name = file.native() + ": ";
+    return reason.rfind(name, 0) == 0 ? reason.substr(name.size()) : reason;
+}
+
+struct Search {
+    ElfW(Addr) address;
+    bool inCode;
+};
+
+// Looks in one loaded file; not 0 when no other has to be looked in.
+int searchCode(dl_phdr_info* file, std::size_t, void* data)
+{
+    auto* const search = static_cast<Search*>(data);
+    for (unsigned index = 0; index < file->dlpi_phnum; ++index) {
+        const ElfW(Phdr)& segment = file->dlpi_phdr[index];
+        const ElfW(Addr) start = file->dlpi_addr + segment.p_vaddr;
+        if (segment.p_type == PT_LOAD && (segment.p_flags & PF_X) != 0 && search->address >= start
+            && search->address - start < segment.p_memsz)
+            search->inCode = true;
+    }
+    return search->inCode ? 1 : 0;
+}
+
 }  // namespace
 
-bool Executable::load(const std::filesystem::path& file)
+bool IsCode(const void* address)
 {
-    if (!isLoaded() && isWholeELFFile(file)) {
-        const ForeignCode initializers;
-        m_handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    Search search = {reinterpret_cast<ElfW(Addr)>(address), false};
+    dl_iterate_phdr(searchCode, &search);
+    return search.inCode;
+}
+
+bool Executable::load(const std::filesystem::path& file, std::string* reason)
+{
+    if (isLoaded())
+        return true;
+    if (!isWholeELFFile(file)) {
+        *reason = "it is not an ELF file, or is cut short";
+        return false;
     }
+    const ForeignCode initializers;
+    m_handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!isLoaded())
+        *reason = loaderReason(file);
     return isLoaded();
 }
 

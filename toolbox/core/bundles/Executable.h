@@ -11,10 +11,9 @@ namespace Toolbox {
 /// An executable, once it is loaded. What was loaded stays so until the process ends: somebody may hold its functions.
 class Executable {
 public:
-    /// Loads the executable `file`, an absolute path, unless one is loaded. Its names stay its own. Code in it
-    /// may run.
-    /// False when the system refuses it.
-    bool load(const std::filesystem::path& file);
+    /// Loads the executable `file`, an absolute path, unless one is loaded. Its names stay its own. Code in it may run.
+    /// False when the system refuses it, with the reason in `*reason`, a clause.
+    bool load(const std::filesystem::path& file, std::string* reason);
 
     bool isLoaded() const { return m_handle != nullptr; }
 

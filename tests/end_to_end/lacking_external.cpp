@@ -1,0 +1,6 @@
+extern "C" void* functionThatNobodyHas();
+
+extern "C" void* MyFactory(void*, void*)
+{
+    return functionThatNobodyHas();
+}
