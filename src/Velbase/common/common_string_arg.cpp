@@ -13,7 +13,7 @@ struct Surroundings {
 
 Surroundings findPlaceholder(std::string_view text)
 {
-    Surroundings found = {text, std::string_view()};
+    Surroundings found = {text, text.substr(text.size())};
     char lowest = '9' + 1;
     for (std::size_t i = text.find('%'); i != std::string_view::npos; i = text.find('%', i + 1)) {
         if (i + 1 < text.size() && Char(text[i + 1]).IsDigit() && text[i + 1] < lowest) {
