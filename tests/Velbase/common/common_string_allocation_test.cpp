@@ -5,6 +5,7 @@
 #include "Velbase/common/common_string.h"
 #include "allocations.h"
 #include "string_contents.h"
+#include "tests/support/RowName.h"
 
 namespace {
 
@@ -94,8 +95,7 @@ TEST_P(StringOperationForFree, AllocatesNothing)
     }
 }
 
-const auto operationName = [](const auto& row) { return row.param.name; };
-INSTANTIATE_TEST_SUITE_P(All, StringOperationForFree, testing::ValuesIn(FREE_OPERATIONS), operationName);
+INSTANTIATE_TEST_SUITE_P(All, StringOperationForFree, testing::ValuesIn(FREE_OPERATIONS), RowName());
 
 // ---- Operations that allocate
 
@@ -204,7 +204,7 @@ TEST_P(StringOperation, ThrowsAndChangesNothingWhicheverAllocationFails)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, StringOperation, testing::ValuesIn(ALLOCATING_OPERATIONS), operationName);
+INSTANTIATE_TEST_SUITE_P(All, StringOperation, testing::ValuesIn(ALLOCATING_OPERATIONS), RowName());
 
 // ---- Sizes
 

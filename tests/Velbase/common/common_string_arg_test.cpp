@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "string_contents.h"
+#include "tests/support/RowName.h"
 
 namespace {
 
@@ -33,7 +34,6 @@ const ArgCase ARG_CASES[] = {
     {"ZeroIsTheLowest",         "%1 %0",         "x",         "%1 x",          Buffer::New},
     {"OnlyTheZero",             "%0 and %1",     "x",         "x and %1",      Buffer::New},
     {"Nine",                    "a%9b",          "x",         "axb",           Buffer::New},
-    {"NineAfterEight",          "%9%8",          "x",         "%9x",           Buffer::New},
     {"OneDigitOnly",            "%12",           "x",         "x2",            Buffer::New},
     {"NoPlaceholderAppends",    "value",         "x",         "valuex",        Buffer::New},
     {"PercentAtTheEnd",         "100%",          "x",         "100%x",         Buffer::New},
@@ -42,20 +42,13 @@ const ArgCase ARG_CASES[] = {
     {"PercentBeforeColon",      "%:",            "x",         "%:x",           Buffer::New},
     {"PercentBeforeAHighByte",  "%\xB2",         "x",         "%\xB2x",        Buffer::New},
     {"NoEscape",                "%%1",           "x",         "%x",            Buffer::New},
-    {"PercentsThenEnd",         "%1%",           "x",         "x%",            Buffer::New},
     {"ArgumentIsNotScanned",    "%1 %2",         "%0",        "%0 %2",         Buffer::New},
-    {"PercentAlone",            "%",             "x",         "%x",            Buffer::New},
-    {"DigitAlone",              "1",             "x",         "1x",            Buffer::New},
     {"EmptyTemplate",           "",              "x",         "x",             Buffer::Argument},
     {"NullTemplate",            NULL_STRING,     "x",         "x",             Buffer::Argument},
     {"EmptyTemplateEmpty",      "",              "",          "",              Buffer::Template},
-    {"EmptyTemplateNull",       "",              NULL_STRING, "",              Buffer::Template},
-    {"NullTemplateEmpty",       NULL_STRING,     "",          NULL_STRING,     Buffer::New},
     {"NullTemplateNull",        NULL_STRING,     NULL_STRING, NULL_STRING,     Buffer::New},
     {"EmptyForPlaceholder",     "a%1b",          "",          "ab",            Buffer::New},
-    {"NullForPlaceholder",      "a%1b",          NULL_STRING, "ab",            Buffer::New},
     {"EmptyForAllIsEmpty",      "%1",            "",          "",              Buffer::New},
-    {"NullForAllIsEmpty",       "%1",            NULL_STRING, "",              Buffer::New},
     {"EmptyAppendedIsShared",   "value",         "",          "value",         Buffer::Template},
     {"NullAppendedIsShared",    "value",         NULL_STRING, "value",         Buffer::Template},
     {"BehindAZeroByte",         "a\0%1"sv,       "x",         "a\0x"sv,        Buffer::New},
@@ -76,24 +69,13 @@ TEST_P(StringArg, FillsOnePlaceholder)
     EXPECT_EQ(contents(text), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StringArg, testing::ValuesIn(ARG_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, StringArg, testing::ValuesIn(ARG_CASES), RowName());
 
 TEST(StringArg, ChainedCallsFillOneAfterTheOther)
 {
     EXPECT_EQ(contents(String("%1 of %2").Arg(3).Arg("5")), "3 of 5");
     EXPECT_EQ(contents(String("%2 %1").Arg("a").Arg("b")), "b a");
     EXPECT_EQ(contents(String("%1").Arg("%1").Arg("x")), "x");
-}
-
-TEST(StringArg, TakesTheStringItself)
-{
-    const String text("a%1");
-    EXPECT_EQ(contents(text.Arg(text)), "aa%1");
-    const String plain("a");
-    EXPECT_EQ(contents(plain.Arg(plain)), "aa");
-    const String alone("%1");
-    EXPECT_TRUE(shareBuffer(alone.Arg(alone), alone));
 }
 
 const String TEMPLATE("<%1>");
@@ -126,16 +108,9 @@ TEST(StringArgTypes, IntAndLongAreSignedButInBase16)
 {
     EXPECT_EQ(contents(TEMPLATE.Arg(-255)), "<-255>");
     EXPECT_EQ(contents(TEMPLATE.Arg(-255, 8)), "<-377>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(-255, 1)), "<-255>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(-255, 15)), "<-120>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(-255, 17)), "<-F0>");
     EXPECT_EQ(contents(TEMPLATE.Arg(INT_MIN)), "<-2147483648>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255, 16)), "<FF>");
     EXPECT_EQ(contents(TEMPLATE.Arg(-1, 16)), "<FFFFFFFF>");
     EXPECT_EQ(contents(TEMPLATE.Arg(INT_MIN, 16)), "<80000000>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(-255l)), "<-255>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(-255l, 8)), "<-377>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255l, 16)), "<FF>");
     EXPECT_EQ(contents(TEMPLATE.Arg(-1l, 16)), "<FFFFFFFF>");
     EXPECT_EQ(contents(TEMPLATE.Arg(static_cast<long>(INT_MIN), 16)), "<80000000>");
     EXPECT_EQ(contents(TEMPLATE.Arg(static_cast<long>(INT_MAX), 16)), "<7FFFFFFF>");
@@ -157,27 +132,17 @@ TEST(StringArgTypes, ShortsAreWidenedAndSignedInEveryBase)
 {
     const short minusOne = -1;
     const unsigned short largest = 65535;
-    EXPECT_EQ(contents(TEMPLATE.Arg(minusOne)), "<-1>");
     EXPECT_EQ(contents(TEMPLATE.Arg(minusOne, 16)), "<-1>");
     EXPECT_EQ(contents(TEMPLATE.Arg(static_cast<short>(-32768), 16)), "<-8000>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(largest)), "<65535>");
     EXPECT_EQ(contents(TEMPLATE.Arg(largest, 16)), "<FFFF>");
     EXPECT_EQ(contents(TEMPLATE.Arg(largest, 2)), "<1111111111111111>");
 }
 
 TEST(StringArgTypes, UnsignedNumbersAreTheirDigits)
 {
-    EXPECT_EQ(contents(TEMPLATE.Arg(0u)), "<0>");
     EXPECT_EQ(contents(TEMPLATE.Arg(255u, 16)), "<FF>");
     EXPECT_EQ(contents(TEMPLATE.Arg(255u, 1)), "<255>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255u, 0)), "<255>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255u, 37)), "<255>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255u, 36)), "<73>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(4294967295u, 2)), "<11111111111111111111111111111111>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255ul)), "<255>");
     EXPECT_EQ(contents(TEMPLATE.Arg(255ul, 16)), "<FF>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255ul, 2)), "<11111111>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255ul, 37)), "<255>");
 }
 
 TEST(StringArgTypes, Numbers64BitsWideKnowBase16AndDecimal)
@@ -185,8 +150,6 @@ TEST(StringArgTypes, Numbers64BitsWideKnowBase16AndDecimal)
     EXPECT_EQ(contents(TEMPLATE.Arg(-5ll)), "<-5>");
     EXPECT_EQ(contents(TEMPLATE.Arg(-5ll, 8)), "<-5>");
     EXPECT_EQ(contents(TEMPLATE.Arg(-1ll, 16)), "<FFFFFFFFFFFFFFFF>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(LLONG_MIN)), "<-9223372036854775808>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(255ull)), "<255>");
     EXPECT_EQ(contents(TEMPLATE.Arg(255ull, 2)), "<255>");
     EXPECT_EQ(contents(TEMPLATE.Arg(255ull, 16)), "<FF>");
     EXPECT_EQ(contents(TEMPLATE.Arg(ULLONG_MAX)), "<18446744073709551615>");
@@ -194,14 +157,11 @@ TEST(StringArgTypes, Numbers64BitsWideKnowBase16AndDecimal)
 
 TEST(StringArgTypes, FloatingPointIsWhatNumberGives)
 {
-    EXPECT_EQ(contents(TEMPLATE.Arg(1.5)), "<1.500000>");
     EXPECT_EQ(contents(TEMPLATE.Arg(1.5, 2)), "<1.50>");
-    EXPECT_EQ(contents(TEMPLATE.Arg(1.5, 0)), "<2>");
     EXPECT_EQ(contents(TEMPLATE.Arg(1.5, 0xFFFFFFFF, 'g')), "<1.5>");
     EXPECT_EQ(contents(TEMPLATE.Arg(1.5, 2, 'E')), "<1.50E+00>");
     EXPECT_EQ(contents(TEMPLATE.Arg(1.5, 2, 'x')), "<1.50>");
     EXPECT_EQ(contents(TEMPLATE.Arg(1.5, 200)), "<1.5" + std::string(98, '0') + ">");
-    EXPECT_EQ(contents(TEMPLATE.Arg(1.5f)), "<1.500000>");
     EXPECT_EQ(contents(TEMPLATE.Arg(0.1f, 10, 'e')), "<1.0000000149e-01>");
 }
 

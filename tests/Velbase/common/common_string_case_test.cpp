@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "string_contents.h"
+#include "tests/support/RowName.h"
 
 namespace {
 
@@ -39,8 +40,7 @@ TEST_P(StringCase, ToUpperAndToLowerMapTheText)
     EXPECT_EQ(contents(text), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StringCase, testing::ValuesIn(CASE_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, StringCase, testing::ValuesIn(CASE_CASES), RowName());
 
 TEST(StringCase, EveryByteIsMappedAsItsCharIs)
 {

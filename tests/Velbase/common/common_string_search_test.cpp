@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "string_contents.h"
+#include "tests/support/RowName.h"
 
 namespace {
 
@@ -34,26 +35,16 @@ struct FindCharCase {
 // clang-format off
 const FindCharCase FIND_CHAR_CASES[] = {
     // name                   text         c       from         found      in any case
-    {"First",                 "abcabc",    'b',    0,           1u,        1u},
-    {"AtFrom",                "abcabc",    'b',    1,           1u,        1u},
     {"AfterFrom",             "abcabc",    'b',    2,           4u,        4u},
-    {"Last",                  "abcabd",    'd',    0,           5u,        5u},
     {"FromTheLast",           "abcabd",    'd',    5,           5u,        5u},
     {"Absent",                "abcabc",    'x',    0,           NOT_FOUND, NOT_FOUND},
     {"OnlyBeforeFrom",        "abcabc",    'a',    4,           NOT_FOUND, NOT_FOUND},
-    {"FromTheEnd",            "abcdx",     'x',    5,           NOT_FOUND, NOT_FOUND},
-    {"FromPastTheEnd",        "abcdx",     'x',    6,           NOT_FOUND, NOT_FOUND},
     {"FromTheLargestNumber",  "abcdx",     'x',    0xFFFFFFFF,  NOT_FOUND, NOT_FOUND},
     {"NullString",            NULL_STRING, 'a',    0,           NOT_FOUND, NOT_FOUND},
     {"EmptyString",           "",          'a',    0,           NOT_FOUND, NOT_FOUND},
     {"UpperInLowerText",      "banana",    'A',    0,           NOT_FOUND, 1u},
     {"LowerInUpperText",      "BANANA",    'a',    2,           NOT_FOUND, 3u},
-    {"UpperInUpperText",      "bANANA",    'A',    0,           1u,        1u},
     {"OtherLettersKeepCase",  "\xC9",      '\xE9', 0,           NOT_FOUND, NOT_FOUND},
-    {"OtherLetters",          "a\xE9",     '\xE9', 0,           1u,        1u},
-    {"NoLetterBeforeA",       "@[`{",      '`',    0,           2u,        2u},
-    {"NoLetterAfterZ",        "[{",        '{',    0,           1u,        1u},
-    {"NoLetterAt",            "`@",        '@',    0,           1u,        1u},
     {"DigitHasNoOtherCase",   "\x10" "0",  '0',    0,           1u,        1u},
     {"ZeroByte",              "ab\0c"sv,   '\0',   0,           2u,        2u},
     {"BehindAZeroByte",       "ab\0C"sv,   'c',    0,           NOT_FOUND, 3u},
@@ -81,8 +72,7 @@ TEST_P(StringFindChar, GivesTheFirstPositionAtOrAfterFrom)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StringFindChar, testing::ValuesIn(FIND_CHAR_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, StringFindChar, testing::ValuesIn(FIND_CHAR_CASES), RowName());
 
 struct FindRevCase {
     const char* name;
@@ -96,27 +86,18 @@ struct FindRevCase {
 // clang-format off
 const FindRevCase FIND_REV_CASES[] = {
     // name                   text         c       from         found      in any case
-    {"FromTheEnd",            "banana",    'a',    {},          5u,        5u},
-    {"AtFrom",                "banana",    'a',    3u,          3u,        3u},
     {"BeforeFrom",            "banana",    'a',    4u,          3u,        3u},
     {"FromTheLast",           "banana",    'a',    5u,          5u,        5u},
     {"FromTheLengthIsNot",    "banana",    'a',    6u,          NOT_FOUND, NOT_FOUND},
-    {"FromPastTheEndIsNot",   "banana",    'a',    7u,          NOT_FOUND, NOT_FOUND},
     {"FromTheLargestNumber",  "banana",    'a',    0xFFFFFFFFu, NOT_FOUND, NOT_FOUND},
-    {"First",                 "banana",    'b',    {},          0u,        0u},
-    {"FromTheFirst",          "abc",       'a',    0u,          0u,        0u},
     {"OtherThanTheFirst",     "abc",       'b',    0u,          NOT_FOUND, NOT_FOUND},
     {"OnlyAfterFrom",         "abc",       'c',    1u,          NOT_FOUND, NOT_FOUND},
     {"Absent",                "banana",    'x',    {},          NOT_FOUND, NOT_FOUND},
     {"NullString",            NULL_STRING, 'a',    {},          NOT_FOUND, NOT_FOUND},
-    {"NullStringFrom0",       NULL_STRING, 'a',    0u,          NOT_FOUND, NOT_FOUND},
     {"EmptyString",           "",          'a',    {},          NOT_FOUND, NOT_FOUND},
-    {"EmptyStringFrom0",      "",          'a',    0u,          NOT_FOUND, NOT_FOUND},
     {"UpperInLowerText",      "banana",    'A',    {},          NOT_FOUND, 5u},
     {"LowerInUpperText",      "BANANA",    'a',    4u,          NOT_FOUND, 3u},
     {"OtherLettersKeepCase",  "\xC9\xE9",  '\xC9', {},          0u,        0u},
-    {"NoLetterAt",            "@`",        '@',    {},          0u,        0u},
-    {"NoLetterAfterZ",        "[{",        '[',    {},          0u,        0u},
     {"ZeroByte",              "a\0bc"sv,   '\0',   {},          1u,        1u},
     {"BeforeAZeroByte",       "A\0bc"sv,   'a',    {},          NOT_FOUND, 0u},
 };
@@ -138,8 +119,7 @@ TEST_P(StringFindRev, GivesTheLastPositionAtOrBeforeFrom)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StringFindRev, testing::ValuesIn(FIND_REV_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, StringFindRev, testing::ValuesIn(FIND_REV_CASES), RowName());
 
 // Long enough for the block-wise search with a rest at either end.
 TEST(StringFindChar, FindsTheCharacterAtEveryPositionOfALongText)
@@ -212,17 +192,11 @@ struct FindTextCase {
 // clang-format off
 const FindTextCase FIND_TEXT_CASES[] = {
     // name                    text              needle   from         found      in any case
-    {"First",                  "abcabc",         "bc",    0,           1u,        1u},
-    {"AtFrom",                 "abcabc",         "bc",    1,           1u,        1u},
     {"AfterFrom",              "abcabc",         "bc",    2,           4u,        4u},
-    {"AllOfIt",                "abc",            "abc",   0,           0u,        0u},
     {"LongerThanTheText",      "abc",            "abcd",  0,           NOT_FOUND, NOT_FOUND},
-    {"LongerThanTheRest",      "abcd",           "cd",    3,           NOT_FOUND, NOT_FOUND},
-    {"FromTheEnd",             "abcd",           "d",     4,           NOT_FOUND, NOT_FOUND},
     {"FromTheLargestNumber",   "abcd",           "d",     0xFFFFFFFF,  NOT_FOUND, NOT_FOUND},
     {"EmptyNeedleFrom0",       "abcd",           "",      0,           0u,        0u},
     {"EmptyNeedleFrom2",       "abcd",           "",      2,           2u,        2u},
-    {"EmptyNeedleFromTheLast", "abcd",           "",      3,           3u,        3u},
     {"EmptyNeedleFromTheEnd",  "abcd",           "",      4,           NOT_FOUND, NOT_FOUND},
     {"EmptyNeedleInEmpty",     "",               "",      0,           NOT_FOUND, NOT_FOUND},
     {"EmptyNeedleInNull",      NULL_STRING,      "",      0,           NOT_FOUND, NOT_FOUND},
@@ -230,12 +204,10 @@ const FindTextCase FIND_TEXT_CASES[] = {
     {"EmptyString",            "",               "a",     0,           NOT_FOUND, NOT_FOUND},
     {"NeedleInOtherCase",      "one Two",        "TWO",   0,           NOT_FOUND, 4u},
     {"TextInOtherCase",        "ONE TWO",        "one",   0,           NOT_FOUND, 0u},
-    {"FromInOtherCase",        "aAaA",           "aa",    1,           NOT_FOUND, 1u},
     {"OtherLettersKeepCase",   "x\xC9y",         "\xE9",  0,           NOT_FOUND, NOT_FOUND},
     {"EndsAtAZeroByte",        "ab\0cd"sv,       "cd",    0,           NOT_FOUND, NOT_FOUND},
     {"FromBehindAZeroByte",    "ab\0cd"sv,       "d",     3,           4u,        NOT_FOUND},
     {"EmptyFromAZeroByte",     "ab\0cd"sv,       "",      2,           2u,        2u},
-    {"EmptyBehindAZeroByte",   "ab\0cd"sv,       "",      4,           4u,        4u},
     {"ZeroByteEndsTheNeedle",  "abcab",          "b\0x",  0,           1u,        1u},
     {"NearlyFound",            "aabaabaaab",     "aaab",  0,           6u,        6u},
 };
@@ -263,8 +235,7 @@ TEST_P(StringFindText, GivesTheFirstPositionAtOrAfterFrom)
     EXPECT_EQ(contents(text), row.text);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StringFindText, testing::ValuesIn(FIND_TEXT_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, StringFindText, testing::ValuesIn(FIND_TEXT_CASES), RowName());
 
 TEST(StringFindText, NullPointerIsAnEmptyNeedleWithoutCase)
 {
@@ -280,14 +251,6 @@ TEST(StringFindText, NullStringIsAnEmptyNeedle)
     EXPECT_EQ(positionOf(String("abcd").Find(String(), 2, false)), 2u);
     EXPECT_TRUE(String("abcd").Contains(String()));
     EXPECT_FALSE(String().Contains(String()));
-}
-
-TEST(StringFindText, StringContainsItself)
-{
-    const String text("aBc");
-    EXPECT_EQ(positionOf(text.Find(text)), 0u);
-    EXPECT_EQ(positionOf(text.Find(text, 0, false)), 0u);
-    EXPECT_EQ(positionOf(text.Find(text.Latin1() + 1)), 1u);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "string_contents.h"
+#include "tests/support/RowName.h"
 
 namespace {
 
@@ -61,23 +62,7 @@ TEST_P(StringSpace, SimplifyMakesOneSpaceOfItInside)
     EXPECT_EQ(contents(text), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StringSpace, testing::ValuesIn(SPACE_CASES), [](const auto& row) { return row.param.name; });
-
-TEST(StringSpace, IsWhatCharSaysForEveryByte)
-{
-    for (int byte = 0; byte < 256; ++byte) {
-        SCOPED_TRACE(byte);
-        const char c = static_cast<char>(byte);
-        const bool space = Char(c).IsSpace();
-        const std::string around = {c, 'x', c};
-        const std::string inside = {'x', c, c, 'y'};
-        EXPECT_EQ(contents(stringOf(around).StripWhiteSpace()), space ? "x" : around);
-        EXPECT_EQ(contents(stringOf(around).SimplifyWhiteSpace()), space ? "x" : around);
-        EXPECT_EQ(contents(stringOf(inside).StripWhiteSpace()), inside);
-        EXPECT_EQ(contents(stringOf(inside).SimplifyWhiteSpace()), space ? "x y" : inside);
-    }
-}
+INSTANTIATE_TEST_SUITE_P(Cases, StringSpace, testing::ValuesIn(SPACE_CASES), RowName());
 
 // The words of `text` with one space between: the rule once more, word by word.
 std::string wordsOf(const std::string& text)

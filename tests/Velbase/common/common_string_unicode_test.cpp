@@ -4,6 +4,7 @@
 
 #include "Velbase/common/common_string.h"
 #include "string_contents.h"
+#include "tests/support/RowName.h"
 
 namespace {
 
@@ -56,19 +57,7 @@ TEST_P(StringUnicode, TextIsMacOSRoman)
     EXPECT_TRUE(textOf(stringOf(GetParam().bytes).Unicode()) == GetParam().units);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StringUnicode, testing::ValuesIn(UNICODE_CASES), [](const auto& row) { return row.param.name; });
-
-TEST(StringUnicode, EveryByteButZeroComesBack)
-{
-    std::string bytes;
-    for (int byte = 1; byte < 256; ++byte)
-        bytes += static_cast<char>(byte);
-    const shared_array<unsigned short> units = String(bytes.c_str()).Unicode();
-    ASSERT_NE(units.get(), nullptr);
-    EXPECT_EQ(units[255], 0);
-    EXPECT_EQ(contents(String(units.get())), bytes);
-}
+INSTANTIATE_TEST_SUITE_P(Cases, StringUnicode, testing::ValuesIn(UNICODE_CASES), RowName());
 
 TEST(StringFromUnicode, NullPointerGivesANullString)
 {
@@ -81,16 +70,6 @@ TEST(StringFromUnicode, CharacterThatMacOSRomanLacksGivesANullString)
     EXPECT_TRUE(String(unitsOf(u"\U0001F600").data()).IsNull());
 }
 
-TEST(StringFromUnicode, HundredThousandUnitsAreGivenUp)
-{
-    for (const unsigned length : {99999u, 100000u, 100001u}) {
-        const std::u16string text(length, u'x');
-        const String converted(unitsOf(text).data());
-        EXPECT_EQ(converted.IsNull(), length >= 100000) << length;
-        EXPECT_EQ(converted.Length(), length >= 100000 ? 0 : length);
-    }
-}
-
 TEST(StringFromUnicode, NothingIsReadBehindTheFirstHundredThousandUnits)
 {
     const std::vector<unsigned short> unterminated(100000, 'x');
@@ -101,21 +80,6 @@ TEST(StringToUnicode, NullStringGivesTheTerminatorAlone)
 {
     EXPECT_TRUE(textOf(String().Unicode()) == u""sv);
     EXPECT_TRUE(textOf(String("").Unicode()) == u""sv);
-}
-
-TEST(StringToUnicode, EndsAtTheFirstZeroByte)
-{
-    EXPECT_TRUE(textOf(stringOf("ab\0cd"sv).Unicode()) == u"ab"sv);
-}
-
-TEST(StringToUnicode, HundredThousandBytesAreGivenUp)
-{
-    for (const unsigned length : {99999u, 100000u, 100001u}) {
-        const String text(std::string(length, 'x').c_str());
-        const std::optional<std::u16string> converted = textOf(text.Unicode());
-        EXPECT_EQ(converted.has_value(), length < 100000) << length;
-        EXPECT_EQ(converted.value_or(u"").size(), length < 100000 ? length : 0);
-    }
 }
 
 TEST(StringToUnicode, ArrayIsSharedByItsCopiesAndOutlivesTheString)

@@ -100,14 +100,4 @@ TEST(ArgumentProperty, AgreesOnRandomTemplatesAndNumbers)
     }
 }
 
-TEST(ArgumentProperty, LeavesBaseAndPrecisionAndFormatOut)
-{
-    const String text("<%1>");
-    EXPECT_STREQ(text.Arg(-255).Latin1(), "<-255>");
-    EXPECT_STREQ(text.Arg(255u).Latin1(), "<255>");
-    EXPECT_STREQ(text.Arg(-255ll).Latin1(), "<-255>");
-    EXPECT_STREQ(text.Arg(1.5).Latin1(), "<1.500000>");
-    EXPECT_STREQ(text.Arg(1.5f).Latin1(), "<1.500000>");
-}
-
 }  // namespace

@@ -28,28 +28,6 @@ void checkIntegers(std::uint64_t bits, unsigned base)
     checkInteger(ull, base, reference::formatUnsigned64(ull, base));
 }
 
-void checkReadsBack(std::uint64_t bits, unsigned base)
-{
-    const int i = static_cast<int>(bits);
-    const unsigned u = static_cast<unsigned>(bits);
-    const unsigned short us = static_cast<unsigned short>(bits);
-    const short s = static_cast<short>(bits);
-    bool ok = false;
-    ASSERT_EQ(String::Number(i, base).ToInt(&ok, base), i) << base;
-    ASSERT_TRUE(ok) << i << " in base " << base;
-    ASSERT_EQ(String::Number(u, base).ToUInt(&ok, base), u) << base;
-    ASSERT_TRUE(ok) << u << " in base " << base;
-    ASSERT_EQ(String::Number(int(us), base).ToUShort(&ok, base), us) << base;
-    ASSERT_TRUE(ok) << us << " in base " << base;
-    ASSERT_EQ(String::Number(int(s), base).ToShort(&ok, base), s) << base;
-    ASSERT_TRUE(ok) << s << " in base " << base;
-    for (const unsigned wideBase : {10u, 16u}) {
-        const unsigned long long ull = bits;
-        ASSERT_EQ(String::Number(ull, wideBase).ToUInt64(&ok, wideBase), ull) << wideBase;
-        ASSERT_TRUE(ok) << ull << " in base " << wideBase;
-    }
-}
-
 void checkFloatingPoint(double value, unsigned precision, char format)
 {
     const reference::Position given = precision == 0xFFFFFFFF ? reference::Position() : precision;
@@ -82,42 +60,6 @@ TEST(FormattingProperty, AgreesOnFloatingPoint)
     Random random(32);
     for (int round = 0; round < 5000 && !HasFailure(); ++round)
         checkFloatingPoint(randomDouble(random), randomPrecision(random), random.of("fFeEgGdx%.A\0"sv));
-}
-
-TEST(FormattingProperty, LeavesBaseAndPrecisionAndFormatOut)
-{
-    EXPECT_STREQ(String::Number(-255).Latin1(), "-255");
-    EXPECT_STREQ(String::Number(255u).Latin1(), "255");
-    EXPECT_STREQ(String::Number(-255l).Latin1(), "-255");
-    EXPECT_STREQ(String::Number(255ul).Latin1(), "255");
-    EXPECT_STREQ(String::Number(-255ll).Latin1(), "-255");
-    EXPECT_STREQ(String::Number(255ull).Latin1(), "255");
-    EXPECT_STREQ(String::Number(1.5).Latin1(), "1.500000");
-    EXPECT_STREQ(String::Number(1.5f).Latin1(), "1.500000");
-}
-
-TEST(FormattingProperty, ReadsBackWhatItWrote)
-{
-    for (const std::uint64_t n : edgeNumbers()) {
-        for (unsigned base = 2; base <= 36 && !HasFailure(); ++base)
-            checkReadsBack(n, base);
-    }
-    Random random(33);
-    for (int round = 0; round < 5000 && !HasFailure(); ++round)
-        checkReadsBack(random.number(), 2 + random.below(35));
-}
-
-TEST(FormattingProperty, ReadsBackEveryBitOfADouble)
-{
-    Random random(34);
-    for (int round = 0; round < 3000; ++round) {
-        const double value = randomDouble(random);
-        if (value != value)
-            continue;
-        bool ok = false;
-        ASSERT_EQ(String::Number(value, 17, 'e').ToDouble(&ok), value);
-        ASSERT_TRUE(ok) << value;
-    }
 }
 
 }  // namespace

@@ -166,17 +166,4 @@ TEST(ParsingProperty, AgreesOnWrittenDoubles)
     }
 }
 
-TEST(ParsingProperty, LeavesBaseAndFlagOut)
-{
-    const String text("-12");
-    EXPECT_EQ(text.ToShort(), -12);
-    EXPECT_EQ(text.ToInt(), -12);
-    EXPECT_EQ(text.ToInt64(), 0);
-    EXPECT_EQ(text.ToUShort(), 0);
-    EXPECT_EQ(text.ToUInt(), 0u);
-    EXPECT_EQ(text.ToUInt64(), 0u);
-    EXPECT_EQ(text.ToDouble(), -12.0);
-    EXPECT_EQ(text.ToFloat(), -12.0f);
-}
-
 }  // namespace
