@@ -1,4 +1,4 @@
-// A program that converts a text to UTF-16, which takes the toolbox beside the library.
+// A program that converts a text to UTF-16, for which the library alone is not enough.
 
 #include <Velbase/common/common_string.h>
 

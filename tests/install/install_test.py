@@ -27,8 +27,8 @@ FILES = {
         LIBDIR/cmake/Velbase/VelbaseConfig.cmake
         LIBDIR/cmake/Velbase/VelbaseConfigVersion.cmake
         LIBDIR/libvelbase.a
-        LIBDIR/libvelbase_toolbox.a
-        LIBDIR/pkgconfig/velbase-toolbox.pc
+        LIBDIR/libvelbase_unicode.a
+        LIBDIR/pkgconfig/velbase-unicode.pc
         LIBDIR/pkgconfig/velbase.pc
         share/velbase/velbase_gdb.py
     """,
@@ -142,7 +142,7 @@ class InstalledHost(HostTest):
 
 
 class Projects(HostTest):
-    """Other projects, which find the library, with and without the toolbox."""
+    """Other projects, which find the library, with and without its conversions."""
 
     def setUp(self):
         super().setUp()
@@ -179,11 +179,11 @@ class Projects(HostTest):
     def test_pkg_config_finds_it(self):
         self.output_of(CONSUMERS / "build-with-pkg-config", self.folder)
         self.assert_programs_work()
-        for name in ("velbase", "velbase-toolbox"):
+        for name in ("velbase", "velbase-unicode"):
             self.assertEqual(self.output_of("pkg-config", "--modversion", name), VERSION + "\n")
 
-    def test_the_library_alone_brings_no_toolbox(self):
-        self.assertNotIn("toolbox", self.output_of("pkg-config", "--libs", "velbase"))
+    def test_the_library_alone_brings_no_conversions(self):
+        self.assertNotIn("unicode", self.output_of("pkg-config", "--libs", "velbase"))
 
 
 if __name__ == "__main__":
