@@ -25,8 +25,8 @@ is_debian_12() (
     [[ -r /etc/os-release ]] && . /etc/os-release && [[ ${ID:-} == debian && ${VERSION_ID:-} == 12 ]]
 )
 
-# install_packages PURPOSE...: installs what is missing. What cannot be installed here is named, and the build is tried
-# with what there is.
+# install_packages PURPOSE...: installs what is missing, or fails with the line that an administrator has to run. Elsewhere
+# than on Debian 12 what is needed is named, and the build is tried with what there is.
 install_packages() {
     local missing as_root=(env)
     if ! is_debian_12; then
@@ -39,8 +39,9 @@ install_packages() {
     ((${#missing[@]})) || return 0
     if ((EUID != 0)); then
         if ! type -P sudo >/dev/null; then
-            say "Neither root nor sudo is at hand to install what is missing: ${missing[*]}"
-            return
+            say "Packages are missing, and neither root nor sudo is at hand. Let an administrator run this, then try again:"
+            say "apt-get install --no-install-recommends ${missing[*]}"
+            return 1
         fi
         as_root=(sudo env)
     fi

@@ -17,8 +17,14 @@ STAND_INS = {
                   'echo "config-files removed-package"\n',
     "apt-get": 'if [ "$1" = "$APT_FAILS" ]; then exit 100; fi\necho "apt-get speaks"\n',
     "sudo": 'exec "$@"\n',
-    "ctest": 'if [ "$2" = "$CTEST_FAILS" ]; then exit 8; fi\n'
-             'while [ "$1" != --output-junit ]; do shift; done\necho "$CTEST_RESULTS" > "$2"\n',
+    "ctest": """
+if [ "$2" = "$CTEST_FAILS" ]; then exit 8; fi
+[ -z "$LEFT_BEHIND" ] || touch "$TMPDIR/$LEFT_BEHIND"
+if [ "$1" = --test-dir ]; then log=$2/Testing/Temporary; else log=build/$2/Testing/Temporary; fi
+mkdir -p "$log"
+printf '%s' "$CTEST_LOG" > "$log/LastTest.log"
+""",
+    "clang++": 'echo /dev/null\n',
     "cmake": """
 case $* in
     "--preset "*)
@@ -37,6 +43,22 @@ case $* in
 esac
 """,
 }
+
+
+# What CTest writes down of a program that has passed, though it skipped a test.
+LOG_OF_A_SKIP = """1/1 Testing: some_test
+1/1 Test: some_test
+Command: "/build/some_test"
+Output:
+----------------------------------------------------------
+SomeTest.cpp:7: Skipped
+Xvfb is not here
+
+<end of output>
+Test time =   0.01 sec
+----------------------------------------------------------
+Test Passed.
+"""
 
 
 def packages(*purposes):
@@ -150,9 +172,10 @@ class Installing(CommandTest):
     def test_without_sudo_what_is_missing_is_named(self):
         script = "type() { false; }; install_packages run"
         result = self.shell(script, INSTALLED=" ".join(packages("run")[1:]), user="nobody")
-        self.assertEqual(result.returncode, 0)
-        self.assertEqual(result.stderr, f"Neither root nor sudo is at hand to install what is missing: "
-                                        f"{packages('run')[0]}\n")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr, "Packages are missing, and neither root nor sudo is at hand. "
+                                        "Let an administrator run this, then try again:\n"
+                                        f"apt-get install --no-install-recommends {packages('run')[0]}\n")
         self.assertEqual(len(self.logged()), 1)
 
     def test_on_another_system_what_is_needed_is_named(self):
@@ -194,6 +217,10 @@ class Run(CommandTest):
         self.assertEqual(result.stdout, f"host in {self.folder}: --message a b\n")
         self.assertEqual(result.stderr, "cmake builds\n")
         self.assertEqual(result.returncode, 7, "the status is the host's")
+
+    def test_it_works_through_a_link(self):
+        (self.folder / "link").symlink_to(self.checkout / "run")
+        self.assertEqual(self.call(self.folder / "link", "a").stdout, "host in /: a\n")
 
     def test_it_builds_without_the_tests(self):
         self.call(self.checkout / "run")
@@ -248,8 +275,9 @@ class Test(CommandTest):
                 self.assertEqual([(row[0], row[1], row[3]) for row in self.table(result)],
                                  [(lane, "passed", "s") for lane in self.NATIVE])
 
-    def test_it_builds_with_the_tests(self):
-        self.call(self.checkout / "test", "release")
+    def test_it_builds_with_the_tests_through_a_link_too(self):
+        (self.folder / "link").symlink_to(self.checkout / "test")
+        self.call(self.folder / "link", "release")
         self.assertIn("cmake --preset release -DBUILD_TESTING=ON", self.logged())
 
     def test_a_lane_that_fails_does_not_keep_the_others_from_running(self):
@@ -272,9 +300,14 @@ class Test(CommandTest):
     def test_a_test_that_is_skipped_fails_in_ci_alone(self):
         for command, word in (("test", "passed"), (".ci/run", "FAILED")):
             with self.subTest(command):
-                result = self.call(self.checkout / command, "release", CTEST_RESULTS="<skipped/>")
+                result = self.call(self.checkout / command, "release", CTEST_LOG=LOG_OF_A_SKIP)
                 self.assertEqual([row[1] for row in self.table(result)], [word])
-                self.assertEqual("A test of release was skipped" in result.stderr, word == "FAILED")
+                self.assertIn("Skipped in some_test: Xvfb is not here\n", result.stdout)
+
+    def test_what_tests_leave_behind_is_named_and_fails(self):
+        result = self.call(self.checkout / "test", "sanitizers", LEFT_BEHIND="rubbish")
+        self.assertEqual([row[1] for row in self.table(result)], ["FAILED"])
+        self.assertIn("The tests left in their temporary folder: rubbish\n", result.stderr)
 
     def test_one_lane_can_be_named(self):
         self.call(self.checkout / "test", "sanitizers")
