@@ -21,25 +21,6 @@ const char* decimalPoint()
     return conventions == nullptr || conventions->decimal_point == nullptr ? "." : conventions->decimal_point;
 }
 
-// Whether <charconv>, which knows neither locale nor rounding mode, gives here what strtod and snprintf do. It takes a
-// quarter of their time.
-bool isPlain()
-{
-    return std::strcmp(decimalPoint(), ".") == 0 && std::fegetround() == FE_TONEAREST;
-}
-
-// Reads all of `text`, if it is a finite number in plain decimals. False for all else that strtod may know.
-bool readPlain(std::string_view text, double& value)
-{
-#ifdef __cpp_lib_to_chars
-    const char* const end = text.data() + text.size();
-    const auto [stopped, error] = std::from_chars(text.data(), end, value);
-    return error == std::errc() && stopped == end && std::isfinite(value) && isPlain();
-#else
-    return false;
-#endif
-}
-
 // The text of a number: at most 309 digits before the point and 99 behind it.
 struct FloatText {
     char characters[512];
@@ -48,27 +29,53 @@ struct FloatText {
     std::string_view view() const { return std::string_view(characters, length); }
 };
 
+#ifdef __cpp_lib_to_chars
+
+// Whether <charconv>, which knows neither locale nor rounding mode, gives here what strtod and snprintf do. It takes a
+// third of their time.
+bool isPlain()
+{
+    return std::strcmp(decimalPoint(), ".") == 0 && std::fegetround() == FE_TONEAREST;
+}
+
+// Reads all of `text`, if it is a finite number in plain decimals. False for all else that strtod may know.
+bool readPlain(std::string_view text, double& value)
+{
+    const char* const end = text.data() + text.size();
+    const auto [stopped, error] = std::from_chars(text.data(), end, value);
+    return error == std::errc() && stopped == end && std::isfinite(value) && isPlain();
+}
+
 // Writes what snprintf does with "%.*" and `conversion`. False where that is for snprintf to know.
 bool writePlain(FloatText& text, double value, int precision, char conversion)
 {
-#ifdef __cpp_lib_to_chars
     if (!std::isfinite(value) || !isPlain())
         return false;
-    const Char style = Char(conversion).ToLower();
-    char* const end = std::to_chars(text.characters, text.characters + sizeof text.characters, value,
-        style == 'e'       ? std::chars_format::scientific
-            : style == 'g' ? std::chars_format::general
-                           : std::chars_format::fixed,
-        precision)
-                          .ptr;
+    const char style = Char(conversion).ToLower();
+    const std::chars_format format = style == 'e' ? std::chars_format::scientific
+        : style == 'g'                            ? std::chars_format::general
+                                                  : std::chars_format::fixed;
+    char* const end =
+        std::to_chars(text.characters, text.characters + sizeof text.characters, value, format, precision).ptr;
     text.length = static_cast<std::size_t>(end - text.characters);
     if (style != conversion)
         std::replace(text.characters, end, 'e', 'E');
     return true;
-#else
-    return false;
-#endif
 }
+
+#else
+
+bool readPlain(std::string_view, double&)
+{
+    return false;
+}
+
+bool writePlain(FloatText&, double, int, char)
+{
+    return false;
+}
+
+#endif
 
 FloatText formatFloat(double value, const checked_uint& precision, char format)
 {
