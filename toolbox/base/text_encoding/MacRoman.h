@@ -5,6 +5,8 @@
 
 #include <Carbon/MacTypes.h>
 
+#include <cstddef>
+
 namespace Toolbox {
 
 /// Converts all of the `count` bytes of `text` into as many units of `unicode`.

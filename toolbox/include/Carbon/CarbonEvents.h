@@ -5,7 +5,7 @@
 
 #include <Carbon/Controls.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef struct OpaqueEventRef* EventRef;
 typedef struct OpaqueEventTargetRef* EventTargetRef;
@@ -23,20 +23,20 @@ typedef OSStatus (*EventHandlerProcPtr)(EventHandlerCallRef next, EventRef event
 typedef EventHandlerProcPtr EventHandlerUPP;  // the same pointer where code is Mach-O
 
 CARBON_STRUCTURES_BEGIN
-struct EventTypeSpec {
+typedef struct EventTypeSpec {
     UInt32 eventClass;
     UInt32 eventKind;
-};
+} EventTypeSpec;
 
 /// A command and where it came from: 14 bytes on the target.
-struct HICommand {
+typedef struct HICommand {
     UInt32 attributes;  // one of kHICommandFrom..., or 0 where the origin is unknown
     UInt32 commandID;
     struct {
         MenuRef menuRef;
         MenuItemIndex menuItemIndex;
     } menu;
-};
+} HICommand;
 CARBON_STRUCTURES_END
 
 enum {
@@ -111,6 +111,6 @@ OSStatus RunAppModalLoopForWindow(WindowRef window);
 /// loop ends that as well.
 /// Returns noErr, errInvalidWindowRef, windowNoAppModalStateErr.
 OSStatus QuitAppModalLoopForWindow(WindowRef window);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -5,16 +5,16 @@
 
 #include <Carbon/MacWindows.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef struct OpaqueControlRef* ControlRef;
 
 CARBON_STRUCTURES_BEGIN
 /// What a control is known by: the signature of whoever made it, and a number among its own.
-struct ControlID {
+typedef struct ControlID {
     OSType signature;
     SInt32 id;
-};
+} ControlID;
 CARBON_STRUCTURES_END
 
 enum {
@@ -31,6 +31,6 @@ SInt32 GetControl32BitValue(ControlRef control);
 
 /// Sets the value of `control`, or the nearer end of its range. No effect on a wrong reference.
 void SetControl32BitValue(ControlRef control, SInt32 value);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -6,7 +6,7 @@
 #include <Carbon/MacTypes.h>
 #include <CoreFoundation/CFBase.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 struct EventRecord;
 
@@ -48,7 +48,7 @@ enum {
 CARBON_STRUCTURES_BEGIN
 /// How StandardAlert looks: 24 bytes on the target. A null text means no such button. Neither `movable` nor `position`
 /// changes anything: every alert can be moved, and is placed where the screen's window manager places dialogs.
-struct AlertStdAlertParamRec {
+typedef struct AlertStdAlertParamRec {
     Boolean movable;
     Boolean helpButton;
     ModalFilterUPP filterProc;
@@ -58,10 +58,10 @@ struct AlertStdAlertParamRec {
     SInt16 defaultButton;  // the slot of the one that Return presses; 0, or a slot without a button, is none
     SInt16 cancelButton;   // likewise of the one that Escape presses
     UInt16 position;
-};
+} AlertStdAlertParamRec;
 
 /// How CreateStandardAlert's alert looks: 28 bytes on the target. The texts stay the caller's.
-struct AlertStdCFStringAlertParamRec {
+typedef struct AlertStdCFStringAlertParamRec {
     UInt32 version;
     Boolean movable;
     Boolean helpButton;
@@ -72,7 +72,7 @@ struct AlertStdCFStringAlertParamRec {
     SInt16 cancelButton;
     UInt16 position;
     OptionBits flags;
-};
+} AlertStdCFStringAlertParamRec;
 CARBON_STRUCTURES_END
 
 /// Runs the alert of the resources 'ALRT' `id` and its 'DITL', found through the resource chain, with the stop icon.
@@ -101,6 +101,6 @@ OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef expl
 /// Returns noErr; paramErr for a null `itemHit`, which leaves the alert as it is, or a wrong alert, such as one that
 /// was run.
 OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -5,12 +5,12 @@
 
 #include <Carbon/MacTypes.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 /// A reference to a file or folder that exists. Opaque, copied freely, owns nothing.
-struct FSRef {
+typedef struct FSRef {
     UInt8 hidden[80];
-};
+} FSRef;
 
 enum {
     fsCurPerm = 0,
@@ -28,6 +28,6 @@ enum {
     errFSBadForkName = -1402,   // neither the data fork nor the resource fork
     errFSForkNotFound = -1409,  // the file has no such fork
 };
-}
+CARBON_FUNCTIONS_END
 
 #endif

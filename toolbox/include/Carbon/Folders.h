@@ -5,7 +5,7 @@
 
 #include <Carbon/Files.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 enum {
     kOnAppropriateDisk = -32767,
@@ -13,8 +13,8 @@ enum {
 };
 
 enum {
-    kDontCreateFolder = false,
-    kCreateFolder = true,
+    kDontCreateFolder = 0,
+    kCreateFolder = 1,
 };
 
 enum {
@@ -31,6 +31,6 @@ enum {
 /// Returns noErr; paramErr for a null `folder`; nsvErr for another volume; invalidFolderTypeErr for another type;
 /// fnfErr when the folder is not there or was never named; memFullErr. After a failure `*folder` refers to nothing.
 OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -6,7 +6,7 @@
 #include <Carbon/MacWindows.h>
 #include <CoreFoundation/CFBase.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef struct OpaqueIBNibRef* IBNibRef;
 
@@ -31,6 +31,6 @@ OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window);
 
 /// Closes the nib. Windows made from it live on. No effect on a wrong reference.
 void DisposeNibReference(IBNibRef nib);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -5,7 +5,7 @@
 
 #include <Carbon/MacTypes.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 enum {
     memFullErr = -108,    // no memory, or a negative size
@@ -42,6 +42,6 @@ void BlockMoveData(const void* source, void* destination, Size count);
 /// Bit number `bit` from `bytes` on, counted from the most significant bit of the first byte: 1 set, 0 clear.
 /// For null and for negative numbers 0. Leaves MemError alone.
 Boolean BitTst(const void* bytes, long bit);
-}
+CARBON_FUNCTIONS_END
 
 #endif

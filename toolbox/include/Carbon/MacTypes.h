@@ -7,7 +7,7 @@
 #ifndef CARBON_MACTYPES_H
 #define CARBON_MACTYPES_H
 
-#include <cstddef>
+#include <stddef.h>
 
 #if defined(__LP64__)
 typedef unsigned int UInt32;
@@ -27,6 +27,14 @@ typedef UInt32 CFOptionFlags;
 typedef UInt32 CFHashCode;
 #define CARBON_STRUCTURES_BEGIN _Pragma("pack(push, 2)")
 #define CARBON_STRUCTURES_END _Pragma("pack(pop)")
+#endif
+
+#if defined(__cplusplus)
+#define CARBON_FUNCTIONS_BEGIN extern "C" {
+#define CARBON_FUNCTIONS_END }
+#else
+#define CARBON_FUNCTIONS_BEGIN
+#define CARBON_FUNCTIONS_END
 #endif
 
 typedef unsigned char UInt8;
@@ -62,12 +70,12 @@ typedef const unsigned char* ConstStringPtr;
 typedef const unsigned char* ConstStr255Param;
 
 CARBON_STRUCTURES_BEGIN
-struct Rect {
+typedef struct Rect {
     SInt16 top;
     SInt16 left;
     SInt16 bottom;
     SInt16 right;
-};
+} Rect;
 CARBON_STRUCTURES_END
 
 enum {

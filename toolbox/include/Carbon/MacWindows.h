@@ -7,7 +7,7 @@
 
 struct OpaqueWindowPtr;
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef struct OpaqueWindowPtr* WindowRef;
 
@@ -26,6 +26,6 @@ void HideWindow(WindowRef window);
 /// Disposes of `window` with its controls and the handlers installed on it; their references are dead from then on.
 /// No effect on a wrong reference.
 void DisposeWindow(WindowRef window);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -5,7 +5,7 @@
 
 #include <Carbon/Files.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 enum {
     resNotFound = -192,     // no such resource, or not a resource's handle
@@ -51,6 +51,6 @@ void ReleaseResource(Handle resource);
 /// Marks the resource as changed, so that what was written into its block stays until its file is closed.
 /// ResError is resNotFound for null or for a handle that is no resource's.
 void ChangedResource(Handle resource);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -6,7 +6,7 @@
 
 #include <Carbon/MacTypes.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef UInt32 TextEncoding;
 typedef UInt32 TextEncodingBase;
@@ -61,6 +61,6 @@ OSStatus ConvertFromUnicodeToText(UnicodeToTextInfo converter, ByteCount unicode
     OptionBits flags, ItemCount offsetCount, const ByteOffset offsets[], ItemCount* offsetsUsed,
     ByteOffset resultOffsets[], ByteCount bufferSize, ByteCount* sourceRead, ByteCount* textLength,
     LogicalAddress text);
-}
+CARBON_FUNCTIONS_END
 
 #endif

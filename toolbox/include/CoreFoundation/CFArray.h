@@ -5,7 +5,7 @@
 
 #include <CoreFoundation/CFBase.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef const struct __CFArray* CFArrayRef;
 
@@ -14,6 +14,6 @@ CFIndex CFArrayGetCount(CFArrayRef array);
 
 /// The element at `index`, from 0. It stays the array's. Null out of range and for a wrong reference.
 const void* CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index);
-}
+CARBON_FUNCTIONS_END
 
 #endif

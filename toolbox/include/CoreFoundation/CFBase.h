@@ -8,7 +8,7 @@
 
 #include <Carbon/MacTypes.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef const void* CFTypeRef;
 typedef const struct __CFAllocator* CFAllocatorRef;
@@ -27,6 +27,6 @@ void CFRelease(CFTypeRef object);
 
 /// Whether two objects are the same or, of one type, hold the same. False for null and wrong references.
 Boolean CFEqual(CFTypeRef first, CFTypeRef second);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -6,7 +6,7 @@
 #include <CoreFoundation/CFString.h>
 #include <CoreFoundation/CFURL.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef struct __CFBundle* CFBundleRef;
 
@@ -42,6 +42,6 @@ CFURLRef CFBundleCopyResourceURL(CFBundleRef bundle, CFStringRef name, CFStringR
 /// The folder of the plug-ins that the bundle brings along, which need not be there. Null for a wrong reference. The
 /// caller's.
 CFURLRef CFBundleCopyBuiltInPlugInsURL(CFBundleRef bundle);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -7,7 +7,7 @@
 #include <CoreFoundation/CFBundle.h>
 #include <CoreFoundation/CFUUID.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef CFBundleRef CFPlugInRef;
 
@@ -36,6 +36,6 @@ void* CFPlugInInstanceCreate(CFAllocatorRef allocator, CFUUIDRef factory, CFUUID
 /// One instance of `factory` less. A factory that counts none is left as it is, and so is a wrong reference. Since the
 /// function that counts one up is not provided, that is every factory, and this has no effect.
 void CFPlugInRemoveInstanceForFactory(CFUUIDRef factory);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -6,7 +6,7 @@
 
 #include <CoreFoundation/CFUUID.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef SInt32 HRESULT;
 typedef UInt32 ULONG;
@@ -15,6 +15,6 @@ typedef CFUUIDBytes REFIID;  // by value
 
 #define S_OK static_cast<HRESULT>(0)
 #define E_NOINTERFACE static_cast<HRESULT>(0x80000004)
-}
+CARBON_FUNCTIONS_END
 
 #endif

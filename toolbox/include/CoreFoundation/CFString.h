@@ -5,7 +5,7 @@
 
 #include <CoreFoundation/CFBase.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef UInt32 CFStringEncoding;
 
@@ -33,6 +33,6 @@ ConstStringPtr CFStringGetPascalStringPtr(CFStringRef string, CFStringEncoding e
 CFStringRef __CFStringMakeConstantString(const char* text);
 
 #define CFSTR(literal) __CFStringMakeConstantString("" literal "")
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -6,7 +6,7 @@
 #include <Carbon/Files.h>
 #include <CoreFoundation/CFBase.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef const struct __CFURL* CFURLRef;
 
@@ -31,6 +31,6 @@ CFURLRef CFURLCreateCopyAppendingPathComponent(
 /// The path of `url` as UTF-8, NUL-terminated, in the `size` bytes at `path`; `resolve` is of no effect, since paths
 /// are absolute here. False, with nothing written, when it does not fit, for a wrong URL and for null.
 Boolean CFURLGetFileSystemRepresentation(CFURLRef url, Boolean resolve, UInt8* path, CFIndex size);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -5,11 +5,11 @@
 
 #include <CoreFoundation/CFBase.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef const struct __CFUUID* CFUUIDRef;
 
-struct CFUUIDBytes {
+typedef struct CFUUIDBytes {
     UInt8 byte0;
     UInt8 byte1;
     UInt8 byte2;
@@ -26,7 +26,7 @@ struct CFUUIDBytes {
     UInt8 byte13;
     UInt8 byte14;
     UInt8 byte15;
-};
+} CFUUIDBytes;
 
 /// The UUID of these bytes, which never ends and is not released.
 CFUUIDRef CFUUIDGetConstantUUIDWithBytes(CFAllocatorRef allocator, UInt8 byte0, UInt8 byte1, UInt8 byte2, UInt8 byte3,
@@ -35,6 +35,6 @@ CFUUIDRef CFUUIDGetConstantUUIDWithBytes(CFAllocatorRef allocator, UInt8 byte0, 
 
 /// The UUID of these bytes, the caller's.
 CFUUIDRef CFUUIDCreateFromUUIDBytes(CFAllocatorRef allocator, CFUUIDBytes bytes);
-}
+CARBON_FUNCTIONS_END
 
 #endif

@@ -6,23 +6,23 @@
 
 #include <Carbon/MacTypes.h>
 
-extern "C" {
+CARBON_FUNCTIONS_BEGIN
 
 typedef const struct AuthorizationOpaqueRef* AuthorizationRef;
 typedef const char* AuthorizationString;
 typedef UInt32 AuthorizationFlags;
 
-struct AuthorizationItem {
+typedef struct AuthorizationItem {
     AuthorizationString name;
     UInt32 valueLength;
     void* value;
     UInt32 flags;
-};
+} AuthorizationItem;
 
-struct AuthorizationItemSet {
+typedef struct AuthorizationItemSet {
     UInt32 count;
     AuthorizationItem* items;
-};
+} AuthorizationItemSet;
 
 typedef AuthorizationItemSet AuthorizationRights;
 typedef AuthorizationItemSet AuthorizationEnvironment;
@@ -61,6 +61,6 @@ OSStatus AuthorizationCreate(const AuthorizationRights* rights, const Authorizat
 /// or the name of one.
 OSStatus AuthorizationCopyRights(AuthorizationRef authorization, const AuthorizationRights* rights,
     const AuthorizationEnvironment* environment, AuthorizationFlags flags, AuthorizationRights** granted);
-}
+CARBON_FUNCTIONS_END
 
 #endif
