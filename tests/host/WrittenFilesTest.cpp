@@ -168,7 +168,7 @@ TEST(CheckWritable, FindsOutWhatWouldNotBeStored)
     const fs::path file = folder / "file";
     const auto checkOnAFullDisk = [&file] {
         signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{100, 100};
+        const rlimit limit{500, 500};  // room for the message, too little for a record
         setrlimit(RLIMIT_FSIZE, &limit);
         try {
             checkWritable("record", file);

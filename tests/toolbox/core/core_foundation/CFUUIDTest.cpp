@@ -65,10 +65,11 @@ TEST_F(CFUUID, AConstantIsTheObjectThatIsCreatedOfItsBytes)
 TEST_F(CFUUID, AConstantSurvivesEveryRelease)
 {
     const std::size_t constants = liveConstants();
-    const CFUUIDRef immortal = constant(bytesFrom(40));
+    const CFUUIDBytes bytes = bytesFrom(static_cast<UInt8>(100 + constants));  // new each time
+    const CFUUIDRef immortal = constant(bytes);
     for (int time = 0; time < 3; ++time)
         CFRelease(immortal);
-    EXPECT_EQ(constant(bytesFrom(40)), immortal);
+    EXPECT_EQ(constant(bytes), immortal);
     EXPECT_EQ(liveConstants(), constants + 1);
 }
 

@@ -207,7 +207,7 @@ std::vector<unsigned char> authorityRecord()
     return record;
 }
 
-class RealScreen : public testing::Test {
+class RealScreen : public WindowTest {
 protected:
     RealScreen()
     {
