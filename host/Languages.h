@@ -25,13 +25,16 @@ struct Language {
 inline constexpr std::string_view MENU_TAGS[] = {"en", "ja", "de", "fr", "it", "es"};
 static_assert(std::size(MENU_TAGS) == MENU_LANGUAGE_COUNT, "a language has a tag, and a tag its language");
 
-/// The languages in the order of the dialog's pop-up: the first is its item 1.
-inline constexpr auto LANGUAGES = [] {
+constexpr std::array<Language, MENU_LANGUAGE_COUNT> languagesWithTags()
+{
     std::array<Language, MENU_LANGUAGE_COUNT> languages{};
     for (std::size_t i = 0; i < languages.size(); ++i)
         languages[i] = {MENU_LANGUAGES[i].code, MENU_LANGUAGES[i].name, MENU_TAGS[i]};
     return languages;
-}();
+}
+
+/// The languages in the order of the dialog's pop-up: the first is its item 1.
+inline constexpr auto LANGUAGES = languagesWithTags();
 
 /// The language with this code, or null.
 const Language* languageOfCode(std::uint32_t code);
