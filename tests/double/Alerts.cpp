@@ -57,12 +57,7 @@ OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef expl
     const AlertStdCFStringAlertParamRec* parameters, DialogRef* alert)
 {
     Call call("CreateStandardAlert", type, error, explanation, [&] { return describeRecord(*parameters); });
-    if (call.fails()) {
-        *alert = wrongReference<DialogRef>();
-        return call.returnsStatus(call.failure());
-    }
-    *alert = referenceTo<DialogRef>(add(std::make_unique<Alert>(), numbered("alert")));
-    return call.succeeds(*alert);
+    return create<Alert>(call, "alert", alert);
 }
 
 OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit)
@@ -70,7 +65,7 @@ OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemInde
     Call call("RunStandardAlert", alert, Given{filter != nullptr});
     Alert* const found = find<Alert>(alert);
     if (found != nullptr)
-        found->end();
+        found->end();  // whether it could be run or not
     if (call.fails())
         return call.returnsStatus(call.failure());
     *itemHit = state().pressedButton;

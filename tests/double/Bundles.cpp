@@ -44,10 +44,7 @@ OSStatus authorizationCreate(const AuthorizationRights* rights, const Authorizat
     Call call(
         "AuthorizationCreate", [&] { return describeItems(rights); }, [&] { return describeItems(environment); },
         flags);
-    if (call.fails())
-        return call.returnsStatus(call.failure());
-    *authorization = referenceTo<AuthorizationRef>(add(std::make_unique<Authorization>(), numbered("authorization")));
-    return call.succeeds(*authorization);
+    return create<Authorization>(call, "authorization", authorization);
 }
 
 OSStatus authorizationCopyRights(AuthorizationRef authorization, const AuthorizationRights* rights,
@@ -76,26 +73,20 @@ OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder)
 CFURLRef CFURLCreateFromFSRef(CFAllocatorRef allocator, const FSRef* file)
 {
     Call call("CFURLCreateFromFSRef", allocator, folderIn(*file));
-    if (call.fails())
-        return call.returns<CFURLRef>(nullptr);
-    return call.returns(referenceTo<CFURLRef>(add(std::make_unique<URL>(), numbered("url"))));
+    return create<URL, CFURLRef>(call, "url");
 }
 
 CFURLRef CFURLCreateCopyAppendingPathComponent(
     CFAllocatorRef allocator, CFURLRef url, CFStringRef component, Boolean isFolder)
 {
     Call call("CFURLCreateCopyAppendingPathComponent", allocator, url, component, isFolder);
-    if (call.fails())
-        return call.returns<CFURLRef>(nullptr);
-    return call.returns(referenceTo<CFURLRef>(add(std::make_unique<URL>(), numbered("url"))));
+    return create<URL, CFURLRef>(call, "url");
 }
 
 CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url)
 {
     Call call("CFBundleCreate", allocator, url);
-    if (call.fails())
-        return call.returns<CFBundleRef>(nullptr);
-    return call.returns(referenceTo<CFBundleRef>(add(std::make_unique<Bundle>(), numbered("bundle"))));
+    return create<Bundle, CFBundleRef>(call, "bundle");
 }
 
 Boolean CFBundleLoadExecutable(CFBundleRef bundle)

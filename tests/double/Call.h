@@ -102,6 +102,32 @@ private:
     long m_failure = 0;
 };
 
+/// Makes an object and returns its reference from `call`; null if that is to fail.
+template <typename T, typename Reference> Reference create(Call& call, const char* kind)
+{
+    return call.returns(
+        call.fails() ? Reference(nullptr) : referenceTo<Reference>(add(std::make_unique<T>(), numbered(kind))));
+}
+
+/// The same for a call that returns a status and has the reference in `*made`; a wrong one if it is to fail.
+template <typename T, typename Reference> OSStatus create(Call& call, const char* kind, Reference* made)
+{
+    if (call.fails()) {
+        *made = wrongReference<Reference>();
+        return call.returnsStatus(call.failure());
+    }
+    *made = referenceTo<Reference>(add(std::make_unique<T>(), numbered(kind)));
+    return call.succeeds(*made);
+}
+
+/// Disposes of the object that `reference` refers to, if it is a T and `call` is not to fail.
+template <typename T> void dispose(const Call& call, const void* reference)
+{
+    T* const found = find<T>(reference);
+    if (found != nullptr && !call.fails())
+        found->end();
+}
+
 }  // namespace ToolboxDouble
 
 #endif

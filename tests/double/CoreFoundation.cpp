@@ -108,9 +108,7 @@ CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar
     Call call(
         "CFStringCreateWithCharacters", allocator, [&] { return quoted(units, static_cast<std::size_t>(count)); },
         count);
-    if (call.fails())
-        return call.returns<CFStringRef>(nullptr);
-    return call.returns(referenceTo<CFStringRef>(add(std::make_unique<StringObject>(), numbered("string"))));
+    return create<StringObject, CFStringRef>(call, "string");
 }
 
 ConstStringPtr CFStringGetPascalStringPtr(CFStringRef string, CFStringEncoding encoding)

@@ -100,9 +100,7 @@ EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure)
 void DisposeEventHandlerUPP(EventHandlerUPP upp)
 {
     Call call("DisposeEventHandlerUPP", reinterpret_cast<const void*>(upp));
-    ProcedurePointer* const found = find<ProcedurePointer>(reinterpret_cast<const void*>(upp));
-    if (found != nullptr)
-        found->end();
+    dispose<ProcedurePointer>(call, reinterpret_cast<const void*>(upp));
 }
 
 OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UInt32 count, const EventTypeSpec* types,

@@ -102,11 +102,7 @@ Ptr NewPtr(Size size)
 void DisposePtr(Ptr block)
 {
     Call call("DisposePtr", block);
-    if (call.fails())
-        return;
-    Block* const found = find<Block>(block);
-    if (found != nullptr)
-        found->end();
+    dispose<Block>(call, block);
 }
 
 void HLock(Handle handle)
@@ -163,9 +159,5 @@ Handle GetResource(ResType type, SInt16 id)
 void ReleaseResource(Handle resource)
 {
     Call call("ReleaseResource", resource);
-    if (call.fails())
-        return;
-    ResourceHandle* const found = find<ResourceHandle>(resource);
-    if (found != nullptr)
-        found->end();
+    dispose<ResourceHandle>(call, resource);
 }

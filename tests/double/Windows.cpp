@@ -35,12 +35,7 @@ void setShown(WindowRef reference, bool shown)
 OSStatus CreateNibReference(CFStringRef name, IBNibRef* nib)
 {
     Call call("CreateNibReference", name);
-    if (call.fails()) {
-        *nib = wrongReference<IBNibRef>();
-        return call.returnsStatus(call.failure());
-    }
-    *nib = referenceTo<IBNibRef>(add(std::make_unique<Nib>(), numbered("nib")));
-    return call.succeeds(*nib);
+    return create<Nib>(call, "nib", nib);
 }
 
 OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window)
@@ -57,9 +52,7 @@ OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window)
 void DisposeNibReference(IBNibRef nib)
 {
     Call call("DisposeNibReference", nib);
-    Nib* const found = find<Nib>(nib);
-    if (found != nullptr)
-        found->end();
+    dispose<Nib>(call, nib);
 }
 
 void ShowWindow(WindowRef window)

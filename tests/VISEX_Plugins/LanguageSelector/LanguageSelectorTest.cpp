@@ -254,13 +254,7 @@ TEST_F(PlugIn, QueryForIUnknownGivesTheInstance)
     EXPECT_EQ(instance->functions->QueryInterface(instance, UNKNOWN_INTERFACE, &given), S_OK);
     EXPECT_EQ(given, instance);
     EXPECT_EQ(instance->referenceCount, 2);
-    EXPECT_EQ(Log(), R"(CFUUIDCreateFromUUIDBytes(null, 00000000-0000-0000-C000-000000000046)
-CFUUIDGetConstantUUIDWithBytes(null, 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8)
-CFEqual(uuid 00000000-0000-0000-C000-000000000046, uuid 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8) = 0
-CFUUIDGetConstantUUIDWithBytes(null, 00000000-0000-0000-C000-000000000046)
-CFEqual(uuid 00000000-0000-0000-C000-000000000046, uuid 00000000-0000-0000-C000-000000000046) = 1
-CFRelease(uuid 00000000-0000-0000-C000-000000000046)
-)");
+    EXPECT_TRUE(logged("\nCFRelease(uuid 00000000-0000-0000-C000-000000000046)\n")) << Log();
 }
 
 TEST_F(PlugIn, QueryForAnythingElseGivesNothing)
@@ -270,13 +264,7 @@ TEST_F(PlugIn, QueryForAnythingElseGivesNothing)
     EXPECT_EQ(instance->functions->QueryInterface(instance, FACTORY_TYPE, &given), static_cast<HRESULT>(0x80000004));
     EXPECT_EQ(given, nullptr);
     EXPECT_EQ(instance->referenceCount, 1);
-    EXPECT_EQ(Log(), R"(CFUUIDCreateFromUUIDBytes(null, 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8)
-CFUUIDGetConstantUUIDWithBytes(null, 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8)
-CFEqual(uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8, uuid 00D5FBFE-3D3D-40E2-9DCB-92ED695834F8) = 0
-CFUUIDGetConstantUUIDWithBytes(null, 00000000-0000-0000-C000-000000000046)
-CFEqual(uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8, uuid 00000000-0000-0000-C000-000000000046) = 0
-CFRelease(uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8)
-)");
+    EXPECT_TRUE(logged("\nCFRelease(uuid 5CD9484B-4A86-4CA2-A79A-1525A3B5F6E8)\n")) << Log();
 }
 
 TEST_F(PlugIn, QueryTellsEveryByteOfAnInterfaceApart)
