@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""The examples of docs/guide.md: makes a program of them, and compares what it prints with what the page says.
+"""The examples of the pages: compares what they print with what the pages say.
 
     guide_examples.py extract GUIDE SOURCE     writes the program, in which `program N` runs example N, from 0
     guide_examples.py check GUIDE PROGRAM      runs each example
+    guide_examples.py commands PAGE EXCEPT     runs the indented blocks of commands as pasted, in order, in the checkout,
+                                               but those that the regular expression EXCEPT finds something in
 
 Each block marked "cpp" is the inside of a function, but the one with the includes, and the block marked "text" right
-behind it is what it prints.
+behind it is what it prints. In a block of commands they stand behind "$ " where their output stands beneath.
 """
 
 import difflib
@@ -13,6 +15,8 @@ import pathlib
 import re
 import subprocess
 import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 
 class Block:
@@ -61,9 +65,23 @@ def check(guide, program):
     return 1 if failures or not examples else 0
 
 
-if len(sys.argv) != 4 or sys.argv[1] not in ("extract", "check"):
+def commands(page, left_out):
+    text = page.read_text(encoding="utf-8")
+    blocks = [found[0].replace("\n    ", "\n")[4:] for found in re.finditer(r"^(?: {4}\S.*\n(?: {4}.*\n)*)", text, re.MULTILINE)]
+    failures, run = [], [block for block in blocks if not re.search(left_out, block)]
+    for block in run:
+        told = "".join(re.findall(r"^\$ (.*\n)", block, re.MULTILINE)) or block
+        shown = "" if told == block else re.sub(r"^\$ .*\n", "", block, flags=re.MULTILINE)
+        result = subprocess.run(["bash", "-ec", told], cwd=ROOT, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+        if result.returncode or (shown and result.stdout != shown):
+            failures.append(f"{page}: {told}status {result.returncode}\n{result.stdout}{result.stderr}")
+    print("\n".join([*failures, f"{len(run)} of {len(blocks)} blocks run, {len(failures)} failures"]))
+    return bool(failures or not run)
+
+
+if len(sys.argv) != 4 or sys.argv[1] not in ("extract", "check", "commands"):
     sys.exit(__doc__)
 command, guide_path, other = sys.argv[1:]
 if command == "check" and not pathlib.Path(other).is_file():
     sys.exit(f"{other} is not built: cmake --build build/release --target guide_examples")
-sys.exit({"extract": extract, "check": check}[command](pathlib.Path(guide_path), other))
+sys.exit({"extract": extract, "check": check, "commands": commands}[command](pathlib.Path(guide_path), other))

@@ -49,6 +49,7 @@ FILES = {
         LIBDIR/visex-host/libtoolbox_core.so
         LIBDIR/visex-host/libtoolbox_screen.so
         LIBDIR/visex-host/visex-host
+        share/doc/visex-host/answer.schema.json
         share/bash-completion/completions/visex-host
         share/man/man1/visex-host.1.gz
     """,
@@ -157,24 +158,34 @@ class Projects(HostTest):
         self.assertEqual(result.returncode, 0, result.stdout)
         return result.stdout
 
-    def configure(self, version):
+    def configure(self, *options):
         return self.call("cmake", "-S", CONSUMERS, "-B", self.folder, "-G", "Ninja",
-                         f"-DCMAKE_PREFIX_PATH={prefix('library')}", f"-DVELBASE_VERSION={version}")
+                         f"-DCMAKE_PREFIX_PATH={prefix('library')}", *options)
 
     def assert_programs_work(self):
         self.assertEqual(self.output_of(self.folder / "text"), "twice 21 is 42\n")
-        self.assertEqual(self.output_of(self.folder / "unicode"), "U+00E9\n")
+        self.assertEqual(self.output_of(self.folder / "utf16"), "U+00E9\n")
 
     def test_cmake_finds_it(self):
-        configured = self.configure(VERSION)
+        configured = self.configure(f"-DVELBASE_VERSION={VERSION}")
         self.assertEqual(configured.returncode, 0, configured.stdout)
         self.output_of("cmake", "--build", self.folder)
         self.assert_programs_work()
 
         following = str(int(VERSION.split(".")[0]) + 1)
-        refused = self.configure(following)
+        refused = self.configure(f"-DVELBASE_VERSION={following}")
         self.assertNotEqual(refused.returncode, 0)
         self.assertIn("compatible with requested version", refused.stdout)
+
+    def test_a_subdirectory_gives_what_is_linked_and_installs_nothing(self):
+        self.configure(f"-DVELBASE_SOURCES={ROOT}")
+        for target, unwanted in (("text", "toolbox/|unicode.dir"), ("all", "LanguageSelector|UI/|util/|host/|tests/")):
+            steps = self.output_of("cmake", "--build", self.folder, "--target", target, "--", "-n")
+            self.assertIn("libvelbase.a", steps)
+            self.assertNotRegex(steps, unwanted)
+        self.output_of("cmake", "--build", self.folder, "--target", "text")
+        self.output_of("cmake", "--install", self.folder, "--prefix", self.folder / "installed")
+        self.assertEqual(files_in(self.folder / "installed"), [self.folder / "installed/bin/text"])
 
     def test_pkg_config_finds_it(self):
         self.output_of(CONSUMERS / "build-with-pkg-config", self.folder)
