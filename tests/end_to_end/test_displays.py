@@ -192,7 +192,7 @@ class InAWindow(HostTest):
         self.assertEqual(after.read_bytes(), record(current=GERMAN))
 
     def test_return_ends_an_alert(self):
-        outcome = self.press("Return", title="^Stop$", arguments=["--message", "999", "--json"])
+        outcome = self.press("Return", title="^Stop - Demo Installer$", arguments=["--message", "999", "--json"])
         self.assertEqual(outcome.status, REFUSED)
         self.assertEqual(outcome.json()["alerts"][0]["id"], 5000)
 
@@ -204,7 +204,7 @@ class InAWindow(HostTest):
 
     def test_so_does_an_alert(self):
         with start_on(self.server, "--message", "999", "--json") as process:
-            self.server.tool("windowclose", self.server.window("^Stop$"))
+            self.server.tool("windowclose", self.server.window("^Stop - Demo Installer$"))
             outcome = finish(process)
         self.assertEqual((outcome.status, outcome.errors), (REFUSED, ""))
         self.assertEqual(outcome.json()["alerts"][0]["pressed"], 1)
@@ -235,7 +235,7 @@ class OnAScreenThatGoesAway(HostTest):
             return finish(process)
 
     def test_the_call_does_not_return_and_the_record_stays(self):
-        for title, message in ((WINDOW_TITLE, 1000), ("^Stop$", 999)):
+        for title, message in ((WINDOW_TITLE, 1000), ("^Stop - Demo Installer$", 999)):
             with self.subTest(title):
                 before = record(message=message, current=GERMAN, chosen=FRENCH, filler=0x5A)
                 file = self.file("record", before)

@@ -1,22 +1,17 @@
 #include "toolbox/screen/AlertDialog.h"
 
 #include "toolbox/screen/AlertIcon.h"
-#include "toolbox/screen/DialogContent.h"
-#include "toolbox/screen/DialogFont.h"
-#include "toolbox/screen/PlacedItems.h"
-#include "toolbox/screen/PlainLabel.h"
+#include "toolbox/screen/BoundsLayout.h"
 #include "toolbox/screen/PlainText.h"
 
 #include <QAccessibleWidget>
-#include <QCloseEvent>
+#include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <memory>
 
 namespace Toolbox {
 
@@ -30,13 +25,14 @@ constexpr int BUTTON_GAP = 10;
 constexpr int ICON_SIZE = 48;
 constexpr int LEAST_TEXT_WIDTH = 260;
 constexpr int MOST_TEXT_WIDTH = 420;
-constexpr int MOST_BUTTON_WIDTH = 600;
+constexpr int LEAST_BUTTON_WIDTH = 69;
+constexpr int SMALL_FONT = 11;  // of the explanation, where the font has DRAWN_FONT
 
 // Where alerts from resources have their icon.
 constexpr QRect LAYOUT_ICON(20, 10, 32, 32);
 
 // Says what the icon shows.
-QString titleOf(AlertType type)
+QString kindOf(AlertType type)
 {
     switch (type) {
     case kAlertStopAlert:
@@ -50,6 +46,14 @@ QString titleOf(AlertType type)
     }
 }
 
+// The kind, and whose alert it is.
+QString titleOf(const Alert& alert)
+{
+    const QString program = QCoreApplication::applicationName();
+    const QString kind = kindOf(alert.type);
+    return program.isEmpty() ? kind : plainWindowTitle(QStringLiteral("%1 - %2").arg(kind, program));
+}
+
 // Null for an alert without an icon.
 QLabel* makeIcon(AlertType type, int size, QWidget* parent)
 {
@@ -59,65 +63,16 @@ QLabel* makeIcon(AlertType type, int size, QWidget* parent)
     auto* const icon = new QLabel(parent);
     icon->setPixmap(picture);
     icon->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    icon->setAccessibleName(titleOf(type));
+    icon->setAccessibleName(kindOf(type));
     return icon;
 }
 
-PlainLabel* makeText(const QString& text, const QFont& font, QWidget* parent)
+// A text, which can be selected: somebody may want to send it to whoever can help.
+QLabel* makeText(const QString& text, QWidget* parent)
 {
-    auto* const label = new PlainLabel(text, Qt::AlignLeft, parent);
-    label->setFont(font);
+    auto* const label = makeLabel(text, Qt::AlignLeft, parent);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     return label;
-}
-
-QFont boldDialogFont()
-{
-    QFont font = dialogFont();
-    font.setBold(true);
-    return font;
-}
-
-// The text and the explanation, one below the other, as wide as is good to read and as high as they need.
-QWidget* makeTexts(const Alert& alert, QWidget* parent)
-{
-    auto* const texts = new QWidget(parent);
-    std::vector<PlainLabel*> labels;
-    if (!alert.text.isEmpty())
-        labels.push_back(makeText(alert.text, boldDialogFont(), texts));
-    if (!alert.explanation.isEmpty())
-        labels.push_back(makeText(alert.explanation, smallDialogFont(), texts));
-
-    int width = LEAST_TEXT_WIDTH;
-    for (const PlainLabel* const each : labels)
-        width = std::clamp(each->sizeHint().width(), width, MOST_TEXT_WIDTH);
-    int height = 0;
-    for (PlainLabel* const each : labels) {
-        height += height == 0 ? 0 : TEXT_GAP;
-        each->setGeometry(0, height, width, each->heightForWidth(width));
-        height += each->height();
-    }
-    texts->setFixedSize(width, height);
-    return texts;
-}
-
-// `texts`, or where they are higher than half the screen, a part of them that can be scrolled.
-QWidget* withinScreen(QWidget* texts, QWidget* parent)
-{
-    const int most = largestSize(*parent).height() / 2;
-    if (texts->height() <= most)
-        return texts;
-    auto* const area = new QScrollArea(parent);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    area->setWidget(texts);
-    area->setFixedSize(texts->width() + area->style()->pixelMetric(QStyle::PM_ScrollBarExtent), most);
-    return area;
-}
-
-bool isAtLeft(const Alert& alert, const AlertButton& button)
-{
-    return !alert.layout && button.number >= kAlertStdAlertOtherButton;
 }
 
 // Which button closing the alert presses; 0 for none.
@@ -141,93 +96,82 @@ void announce(AlertDialog& dialog, const Alert& alert)
     dialog.setAccessibleDescription(texts.join(QLatin1Char('\n')));
 }
 
-Qt::WindowFlags flagsFor(const Alert& alert)
-{
-    const Qt::WindowFlags flags = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
-    return closingButton(alert) != 0 ? flags | Qt::WindowCloseButtonHint : flags;
-}
-
 }  // namespace
 
 AlertDialog::AlertDialog(const Alert& alert, QWidget* parent)
-    : QDialog(parent, flagsFor(alert))
+    : ScreenDialog(titleOf(alert), closingButton(alert) != 0 ? Qt::WindowCloseButtonHint : Qt::WindowFlags(), parent)
     , m_alert(alert)
     , m_pressed(alert.unansweredButton())
 {
-    setWindowTitle(titleOf(alert.type));
-    setFont(dialogFont());
     announce(*this, alert);
-    if (!alert.layout || !arrangeByLayout())
-        arrangeAsStandardAlert();
+    auto* const content = new QWidget(this);
+    if (layoutIsUsable())
+        arrangeByLayout(content);
+    else
+        arrangeAsStandardAlert(content);
+    setContent(content);
+    for (QPushButton* const each : findChildren<QPushButton*>())
+        if (each->isDefault())
+            each->setFocus();
 }
 
 void AlertDialog::reject()
 {
-    if (m_alert.cancelButton != 0)
-        press(m_alert.cancelButton);
-}
-
-void AlertDialog::closeEvent(QCloseEvent* event)
-{
-    event->ignore();
     if (closingButton(m_alert) != 0)
         press(closingButton(m_alert));
 }
 
-bool AlertDialog::buttonsLieWithin(const QSize& size) const
+bool AlertDialog::layoutIsUsable() const
 {
-    return std::all_of(m_alert.buttons.begin(), m_alert.buttons.end(), [&size](const AlertButton& each) {
-        const QRect area = areaOf(each.bounds);
-        return !area.isEmpty() && QRect(QPoint(0, 0), size).contains(area);
-    });
-}
-
-// False, with nothing left behind, when the layout is of no use.
-bool AlertDialog::arrangeByLayout()
-{
+    if (!m_alert.layout)
+        return false;
     const QSize size = areaOf(m_alert.layout->bounds).size();
-    if (size != size.boundedTo(largestSize(*this)) || !buttonsLieWithin(size))
-        return false;
-
-    auto content = std::make_unique<QWidget>(this);
-    PlacedItems items;
-    QLabel* const icon = makeIcon(m_alert.type, LAYOUT_ICON.width(), content.get());
-    if (icon != nullptr)
-        items.add(icon, LAYOUT_ICON);
-    for (const AlertText& each : m_alert.layout->texts)
-        items.add(makeText(each.text, dialogFont(), content.get()), areaOf(each.bounds));
-    for (const AlertButton& each : m_alert.buttons)
-        items.add(makeButton(each, content.get()), areaOf(each.bounds));
-    if (!items.fit())
-        return false;
-    const QSize placed = items.place(size);
-    setContent(*this, content.release(), placed);
-    return true;
+    return size == size.boundedTo(largestSize())
+        && std::all_of(m_alert.buttons.begin(), m_alert.buttons.end(),
+            [&size](const AlertButton& each) { return QRect(QPoint(0, 0), size).contains(areaOf(each.bounds)); });
 }
 
-void AlertDialog::arrangeAsStandardAlert()
+void AlertDialog::arrangeByLayout(QWidget* content)
 {
-    auto* const content = new QWidget(this);
+    std::vector<PlacedWidget> places;
+    QLabel* const icon = makeIcon(m_alert.type, LAYOUT_ICON.width(), content);
+    if (icon != nullptr)
+        places.push_back({icon, LAYOUT_ICON});
+    for (const AlertText& each : m_alert.layout->texts)
+        places.push_back({makeText(each.text, content), areaOf(each.bounds)});
+    for (const AlertButton& each : m_alert.buttons)
+        places.push_back({makeButton(each, content), areaOf(each.bounds)});
+    layOutByBounds(content, areaOf(m_alert.layout->bounds).size(), places);
+}
+
+void AlertDialog::arrangeAsStandardAlert(QWidget* content)
+{
     auto* const upper = new QHBoxLayout;
     upper->setSpacing(GAP);
-    QLabel* const icon = makeIcon(m_alert.type, ICON_SIZE, content);
-    if (icon != nullptr)
+    int mostForTexts = largestSize().width() - 2 * MARGIN;
+    const int iconSize = scaled(ICON_SIZE, *this);
+    QLabel* const icon = makeIcon(m_alert.type, iconSize, content);
+    if (icon != nullptr) {
         upper->addWidget(icon, 0, Qt::AlignTop);
-    upper->addWidget(withinScreen(makeTexts(m_alert, content), content), 0, Qt::AlignVCenter);
+        mostForTexts -= iconSize + GAP;
+    }
+    QWidget* const texts = makeTexts(mostForTexts, content);
+    // Higher than half the screen, they are scrolled, and the buttons stay where they are seen.
+    upper->addWidget(
+        makeScrollArea(texts, QSize(largestSize().width(), largestSize().height() / 2), content), 0, Qt::AlignVCenter);
     upper->addStretch();
 
     auto* const lower = new QHBoxLayout;
     lower->setSpacing(BUTTON_GAP);
-    lower->addStretch();
     // From left to right: the highest number first, and the room between those at the left and those at the right.
-    int atLeft = 0;
+    bool isLeft = true;
     for (auto each = m_alert.buttons.rbegin(); each != m_alert.buttons.rend(); ++each) {
+        if (isLeft && each->number < kAlertStdAlertOtherButton)
+            lower->addStretch();
+        isLeft = isLeft && each->number >= kAlertStdAlertOtherButton;
         QPushButton* const button = makeButton(*each, content);
-        button->setMaximumWidth(MOST_BUTTON_WIDTH);
-        if (isAtLeft(m_alert, *each))
-            lower->insertWidget(atLeft++, button);
-        else
-            lower->addWidget(button);
+        button->setMinimumWidth(std::max(button->minimumWidth(), scaled(LEAST_BUTTON_WIDTH, *this)));
+        lower->addWidget(button);
     }
 
     auto* const layout = new QVBoxLayout(content);
@@ -235,26 +179,50 @@ void AlertDialog::arrangeAsStandardAlert()
     layout->setSpacing(GAP);
     layout->addLayout(upper);
     layout->addLayout(lower);
-    setContent(*this, content, layout->sizeHint());
+}
+
+// The text and the explanation, one below the other, as wide as is good to read and as high as they need.
+QWidget* AlertDialog::makeTexts(int most, QWidget* parent) const
+{
+    auto* const texts = new QWidget(parent);
+    auto* const layout = new QVBoxLayout(texts);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(TEXT_GAP);
+    QFont bold = font();
+    bold.setBold(true);
+    QFont small = font();
+    small.setPixelSize(small.pixelSize() * SMALL_FONT / DRAWN_FONT);
+    std::vector<QLabel*> labels;
+    for (const auto& [text, itsFont] : {std::pair(m_alert.text, bold), std::pair(m_alert.explanation, small)}) {
+        if (text.isEmpty())
+            continue;
+        labels.push_back(makeText(text, texts));
+        labels.back()->setFont(itsFont);
+        layout->addWidget(labels.back());
+    }
+    int width = scaled(LEAST_TEXT_WIDTH, *this);
+    for (const QLabel* const each : labels)
+        width = std::clamp(each->sizeHint().width(), width, scaled(MOST_TEXT_WIDTH, *this));
+    width = std::min(width, most);
+    for (QLabel* const each : labels)
+        breakLines(*each, width);
+    texts->setFixedSize(width, layout->heightForWidth(width));
+    return texts;
 }
 
 QPushButton* AlertDialog::makeButton(const AlertButton& button, QWidget* parent)
 {
-    auto* const made = new QPushButton(plainTitle(button.title), parent);
+    QPushButton* const made = makePushButton(button.title, parent);
     made->setEnabled(button.enabled);
-    made->setAutoDefault(false);  // as in windows, Return presses the default one wherever the focus is
-    if (button.number == m_alert.defaultButton) {
-        made->setDefault(true);
-        made->setFocus();
-    }
-    QObject::connect(made, &QPushButton::clicked, this, [this, number = button.number] { press(number); });
+    made->setDefault(button.number == m_alert.defaultButton);
+    connect(made, &QPushButton::clicked, this, [this, number = button.number] { press(number); });
     return made;
 }
 
 void AlertDialog::press(SInt16 number)
 {
     m_pressed = number;
-    done(QDialog::Accepted);
+    done(Accepted);
 }
 
 }  // namespace Toolbox

@@ -1,8 +1,10 @@
-// Texts of nibs, resources and callers as Qt's widgets are to get them: as plain text, whatever is in them.
+// Texts of nibs, resources and callers in Qt's widgets: as plain text, whatever is in them.
 
 #ifndef TOOLBOX_SCREEN_PLAINTEXT_H
 #define TOOLBOX_SCREEN_PLAINTEXT_H
 
+#include <QLabel>
+#include <QPushButton>
 #include <QString>
 
 namespace Toolbox {
@@ -17,6 +19,18 @@ QString plainTitle(const QString& text);
 
 /// The same on one line for a window, which would take "[*]" for the place of the mark of a change.
 QString plainWindowTitle(const QString& text);
+
+/// More than every screen has. Nothing is made larger: Qt's styles paint whole controls, however large.
+constexpr int MOST_PIXELS = 3000;
+
+/// A button that shows `title`, no wider than that needs: Qt's own is a wide one even for "OK".
+QPushButton* makePushButton(const QString& title, QWidget* parent);
+
+/// A label that shows `text`.
+QLabel* makeLabel(const QString& text, Qt::Alignment alignment, QWidget* parent);
+
+/// Makes `label` `width` pixels wide at least, and its lines break to fit, in the middle of a word that is longer.
+void breakLines(QLabel& label, int width);
 
 }  // namespace Toolbox
 

@@ -2,6 +2,7 @@
 
 #include "toolbox/screen/PlainText.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QListView>
@@ -25,6 +26,15 @@ bool isCommand(const QKeyEvent& event)
     return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
 }
 
+// `text` with question marks for what no font here has, which would be shown as boxes.
+QString withoutBoxes(const QString& text, const QFontMetrics& metrics)
+{
+    QString shown;
+    for (const char32_t character : text.toUcs4())
+        shown += metrics.inFontUcs4(character) ? QString::fromUcs4(&character, 1) : QString(QLatin1Char('?'));
+    return shown;
+}
+
 bool isOneLetterOnly(const QString& text)
 {
     return text.count(text.front()) == text.size();
@@ -38,6 +48,11 @@ PopUpButton::PopUpButton(const Control& control, QWidget* parent)
     for (std::size_t index = 0; index < control.items.size(); ++index)
         addItem(control, static_cast<int>(index));
     view()->installEventFilter(this);
+    // For assistive technology, the name of a pop-up is what it shows.
+    connect(this, &QComboBox::currentTextChanged, this, [this] {
+        QAccessibleEvent changed(this, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&changed);
+    });
 }
 
 // With what nobody can choose marked as such.
@@ -45,10 +60,12 @@ void PopUpButton::addItem(const Control& control, int row)
 {
     const auto& item = control.items[static_cast<std::size_t>(row)];
     const QString title = plainText(item.title).simplified();
+    const QString readable =
+        readableName(title, [this](const QString& text) { return withoutBoxes(text, fontMetrics()); });
     if (item.separator)
         insertSeparator(row);
     else
-        QComboBox::addItem(title);
+        QComboBox::addItem(readable);
     m_names.add(title);
     qobject_cast<QStandardItemModel*>(model())->item(row)->setEnabled(control.offers(row + 1));
     qobject_cast<QListView*>(view())->setRowHidden(row, item.hidden);

@@ -4,85 +4,159 @@
 #include "toolbox/core/dialogs/ControlLabel.h"
 #include "toolbox/core/dialogs/ModalLoop.h"
 #include "toolbox/core/dialogs/WindowButtons.h"
-#include "toolbox/screen/DialogContent.h"
-#include "toolbox/screen/DialogFont.h"
-#include "toolbox/screen/PlacedItems.h"
 #include "toolbox/screen/PlainText.h"
+#include "toolbox/screen/PopUpButton.h"
 
-#include <QCloseEvent>
+#include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 
 #include <algorithm>
+#include <tuple>
 
 namespace Toolbox {
 
 namespace {
 
-// Whether it is what somebody comes to work on, unlike the buttons that end it.
-bool isForInput(const ControlWidget& each)
+Qt::Alignment alignmentOf(Justification justification)
 {
-    return each.control->kind == ControlKind::PopupButton && each.control->usable();
+    switch (justification) {
+    case Justification::Center:
+        return Qt::AlignHCenter;
+    case Justification::Right:
+        return Qt::AlignRight;
+    default:
+        return Qt::AlignLeft;
+    }
 }
 
-// Whether it shows no title of its own that says what it is for.
-bool needsLabel(const Control& control)
+QFrame* makeSeparator(const Rect& bounds, QWidget* parent)
 {
-    return control.kind == ControlKind::PopupButton && control.title.isEmpty();
+    auto* const line = new QFrame(parent);
+    const bool isWide = bounds.right - bounds.left >= bounds.bottom - bounds.top;
+    line->setFrameStyle(static_cast<int>(isWide ? QFrame::HLine : QFrame::VLine) | QFrame::Sunken);
+    return line;
+}
+
+// The order in which things stand, row by row, which the focus and assistive technology follow; what lies in something
+// comes after it.
+std::vector<Control*> inReadingOrder(std::vector<Control*> controls)
+{
+    const auto position = [](const Control* control) {
+        return std::make_tuple(
+            control->kind != ControlKind::GroupBox, control->bounds.top + control->bounds.bottom, control->bounds.left);
+    };
+    std::stable_sort(controls.begin(), controls.end(),
+        [&](const Control* one, const Control* other) { return position(one) < position(other); });
+    return controls;
+}
+
+// What Return presses where the focus is on no button.
+const Control* defaultButton(const Window& window)
+{
+    const Control* const button = window.buttonOfRole(ButtonRole::Default);
+    return button != nullptr ? button : confirmingControl(window);
 }
 
 }  // namespace
 
 WindowDialog::WindowDialog(Window& window, QWidget* parent)
-    : QDialog(parent, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
+    : ScreenDialog(plainWindowTitle(window.title), Qt::WindowCloseButtonHint, parent)
     , m_window(window)
     , m_ref(window.ref())
 {
-    setWindowTitle(plainWindowTitle(window.title));
-    setFont(dialogFont());
     addControls();
-    relateLabels();
-    focusFirstControl();
+    showStates();
+    focusFirst();
+}
+
+WindowDialog::Shown WindowDialog::makeButton(Control& control, QWidget* parent)
+{
+    auto* const button = makePushButton(control.title, parent);
+    button->setDefault(&control == defaultButton(m_window));
+    connect(button, &QPushButton::clicked, this, [this, &control] { act([&control] { pressControl(control); }); });
+    return {&control, button, nullptr};
+}
+
+// With the pop-up's own label before it, where it has one.
+WindowDialog::Shown WindowDialog::makePopUp(Control& control, QWidget* parent)
+{
+    QWidget* const row = control.title.isEmpty() ? nullptr : new QWidget(parent);
+    auto* const popUp = new PopUpButton(control, row != nullptr ? row : parent);
+    popUp->setAccessibleName(plainText(labelOf(control)));
+    popUp->setMinimumWidth(std::min(popUp->minimumSizeHint().width(), MOST_PIXELS));
+    connect(popUp, &QComboBox::activated, this,
+        [this, &control](int index) { act([&control, index] { chooseMenuItem(control, index + 1); }); });
+    if (row == nullptr)
+        return {&control, popUp, popUp};
+    auto* const label = makeLabel(control.title, Qt::AlignLeft | Qt::AlignVCenter, row);
+    label->setText(plainTitle(control.title));
+    label->setBuddy(popUp);
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(label);
+    layout->addWidget(popUp, 1);
+    return {&control, row, popUp};
+}
+
+// Without a widget for a kind that is not drawn.
+WindowDialog::Shown WindowDialog::makeWidget(Control& control, QWidget* parent)
+{
+    switch (control.kind) {
+    case ControlKind::Button:
+        return makeButton(control, parent);
+    case ControlKind::PopupButton:
+        return makePopUp(control, parent);
+    case ControlKind::StaticText:
+        return {&control, makeLabel(control.title, alignmentOf(control.justification), parent), nullptr};
+    case ControlKind::GroupBox:
+        return {&control, new QGroupBox(plainTitle(control.title), parent), nullptr};
+    case ControlKind::Separator:
+        return {&control, makeSeparator(control.bounds, parent), nullptr};
+    default:
+        return {&control, nullptr, nullptr};
+    }
 }
 
 void WindowDialog::addControls()
 {
-    const ControlActions actions{
-        [this](Control& control) { act([&control] { pressControl(control); }); },
-        [this](Control& popUp, SInt32 item) { act([&popUp, item] { chooseMenuItem(popUp, item); }); },
-    };
     auto* const content = new QWidget(this);
-    PlacedItems items;
-    for (Control* const each : m_window.controls()) {
-        const ControlWidget made = makeControlWidget(*each, content, actions);
+    std::vector<PlacedWidget> places;
+    for (Control* const each : inReadingOrder(m_window.controls())) {
+        const Shown made = makeWidget(*each, content);
         if (made.widget == nullptr)
             continue;
-        m_widgets.push_back(made);
-        items.add(made.widget, areaOf(each->bounds));
+        m_shown.push_back(made);
+        places.push_back({made.widget, areaOf(each->bounds)});
     }
-    setContent(*this, content, items.place(areaOf(m_window.content).size()));
+    // Tells assistive technology which text is the label of which pop-up without a title of its own.
+    for (const Shown& each : m_shown) {
+        const Control* const text =
+            each.popUp != nullptr && each.control->title.isEmpty() ? labelBefore(*each.control) : nullptr;
+        const auto label =
+            std::find_if(m_shown.begin(), m_shown.end(), [text](const Shown& other) { return other.control == text; });
+        if (label == m_shown.end())
+            continue;
+        auto* const widget = qobject_cast<QLabel*>(label->widget);
+        widget->setText(plainTitle(text->title));
+        widget->setBuddy(each.popUp);
+    }
+    layOutByBounds(content, areaOf(m_window.content).size(), places);
+    setContent(content);
 }
 
-// Tells assistive technology which text is the label of which control.
-void WindowDialog::relateLabels()
+// The focus is on what somebody comes to work on, else on the button that ends it.
+void WindowDialog::focusFirst()
 {
-    for (const ControlWidget& each : m_widgets) {
-        const Control* const text = needsLabel(*each.control) ? labelBefore(*each.control) : nullptr;
-        const auto label = std::find_if(m_widgets.begin(), m_widgets.end(),
-            [text](const ControlWidget& other) { return text != nullptr && other.control == text; });
-        if (label != m_widgets.end())
-            qobject_cast<QLabel*>(label->widget)->setBuddy(each.input);
-    }
-}
-
-void WindowDialog::focusFirstControl()
-{
-    const auto first = std::find_if(m_widgets.begin(), m_widgets.end(), isForInput);
-    const auto confirming = std::find_if(m_widgets.begin(), m_widgets.end(),
-        [this](const ControlWidget& each) { return each.control == confirmingControl(m_window); });
-    if (first != m_widgets.end())
-        first->input->setFocus();
-    else if (confirming != m_widgets.end())
-        confirming->input->setFocus();
+    const auto popUp = std::find_if(m_shown.begin(), m_shown.end(),
+        [](const Shown& each) { return each.popUp != nullptr && each.control->usable(); });
+    const auto confirming = std::find_if(m_shown.begin(), m_shown.end(),
+        [this](const Shown& each) { return each.control == confirmingControl(m_window); });
+    if (popUp != m_shown.end())
+        popUp->popUp->setFocus();
+    else if (confirming != m_shown.end())
+        confirming->widget->setFocus();
 }
 
 void WindowDialog::reject()
@@ -90,23 +164,26 @@ void WindowDialog::reject()
     act([this] { cancelWindow(m_window); });
 }
 
-void WindowDialog::closeEvent(QCloseEvent* event)
-{
-    event->ignore();  // whether it closes is for the window's handlers to say
-    act([this] { sendWindowCommand(m_window, kHICommandCancel); });
-}
-
 // Handlers run inside `action` and may end the loop or dispose of the window.
 void WindowDialog::act(const std::function<void()>& action)
 {
     if (!modalLoopEnded(m_ref))
         action();
-    if (modalLoopEnded(m_ref)) {
-        done(QDialog::Accepted);
-        return;
+    if (modalLoopEnded(m_ref))
+        done(Accepted);
+    else
+        showStates();
+}
+
+// Brings the widgets to the present state of their controls.
+void WindowDialog::showStates()
+{
+    for (const Shown& each : m_shown) {
+        each.widget->setEnabled(each.control->usable());
+        each.widget->setVisible(each.control->shown());
+        if (each.popUp != nullptr)
+            each.popUp->setCurrentIndex(each.control->value - 1);
     }
-    for (const ControlWidget& each : m_widgets)
-        each.showState();
 }
 
 }  // namespace Toolbox

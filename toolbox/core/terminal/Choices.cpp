@@ -41,12 +41,28 @@ QStringList keysOf(const QString& name)
     return keys;
 }
 
+bool hasALetter(const QString& text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar each) { return each.isLetterOrNumber(); });
+}
+
 }  // namespace
 
 bool isReturnAlone(const QString& typed)
 {
     return std::all_of(typed.begin(), typed.end(),
         [](QChar each) { return each == QLatin1Char('\t') || (each.isSpace() && each >= QLatin1Char(' ')); });
+}
+
+QString readableName(const QString& name, const std::function<QString(const QString&)>& show)
+{
+    static const QRegularExpression twoParts(QStringLiteral("^(.+)\\((.+)\\)$"));
+    const QRegularExpressionMatch parts = twoParts.match(name.simplified());
+    const QString before = show(parts.captured(1).trimmed());
+    const QString inBrackets = show(parts.captured(2).trimmed());
+    if (hasALetter(before) == hasALetter(inBrackets))
+        return show(name);
+    return hasALetter(before) ? before : inBrackets;
 }
 
 bool Choices::Choice::hasNumber(const QString& wanted) const

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -13,6 +14,10 @@ namespace Toolbox {
 
 /// Whether nothing but blanks was typed. A control character is something: Ctrl-L was not meant as Return.
 bool isReturnAlone(const QString& typed);
+
+/// The part of `name` that can be read where `show` shows what cannot as question marks: "日本語 (Japanese)" is
+/// "Japanese" in ASCII. The whole name, as it is shown, where both parts can be read or neither can.
+QString readableName(const QString& name, const std::function<QString(const QString&)>& show);
 
 /// A choice is known by its number, by its name and by each part of the name: "日本語 (Japanese)" answers to the whole,
 /// to "日本語" and to "Japanese". A name may be cut short where no other begins alike; neither case nor accents count.

@@ -4,7 +4,6 @@
 #include "toolbox/core/displays/Picture.h"
 #include "toolbox/core/displays/ScreenLibrary.h"
 #include "toolbox/screen/AlertDialog.h"
-#include "toolbox/screen/DestructionWatch.h"
 #include "toolbox/screen/QtApplication.h"
 #include "toolbox/screen/WindowDialog.h"
 
@@ -41,15 +40,14 @@ void runOverOthers(QDialog& dialog)
     const std::optional<QString> picture = takePictureRequest();
     if (picture)
         QTimer::singleShot(0, &dialog, [&] { notePictureProblem(savePicture(dialog, *picture)); });
-    const DestructionWatch watch(dialog);
     dialog.exec();
     if (dialog.parentWidget() != nullptr)
         dialog.parentWidget()->activateWindow();
 }
 
-class WindowDisplay : public Display {
+class ScreenDisplay : public Display {
 public:
-    explicit WindowDisplay(const QByteArray& platform)
+    explicit ScreenDisplay(const QByteArray& platform)
         : m_platform(platform)
     {
     }
@@ -84,7 +82,7 @@ bool tryPlatform(const QByteArray& platform)
 
 std::unique_ptr<Display> makeDisplay(const QByteArray& platform)
 {
-    return std::make_unique<WindowDisplay>(platform);
+    return std::make_unique<ScreenDisplay>(platform);
 }
 
 QString saveShown(QDialog& dialog, const QString& file)

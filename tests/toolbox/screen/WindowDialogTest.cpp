@@ -1,13 +1,9 @@
-#include "tests/toolbox/screen/WindowDisplayTest.h"
-#include "tests/toolbox/core/displays/Dialog.h"
-#include "tests/toolbox/screen/Person.h"
+#include "tests/toolbox/screen/OnScreen.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -22,31 +18,12 @@ using Toolbox::ButtonRole;
 using Toolbox::Control;
 using Toolbox::ControlKind;
 
-class WindowOnScreen : public WindowDisplayTest { };
-
-// Runs `dialog` with somebody who does `acts` in it.
-std::string runWith(Dialog& dialog, const std::vector<Person::Act>& acts)
-{
-    const Person person(acts);
-    return dialog.run();
-}
+class WindowOnScreen : public OnScreen { };
 
 std::string runWith(const std::vector<Person::Act>& acts)
 {
     Dialog dialog;
     return runWith(dialog, acts);
-}
-
-// Looks at `dialog` on the screen, and cancels it.
-void lookAt(Dialog& dialog, const Person::Act& look)
-{
-    EXPECT_EQ(runWith(dialog, {look, press(Qt::Key_Escape)}), "ended: cancel");
-}
-
-// Where `widget` lies in its dialog.
-QRect placeOf(const QWidget& widget)
-{
-    return QRect(widget.mapTo(widget.window(), QPoint(0, 0)), widget.size());
 }
 
 // ---- What is done in it
@@ -66,17 +43,18 @@ const SessionCase SESSION_CASES[] = {
     {"ReturnConfirms", {press(Qt::Key_Return)}, "ended: ok"},
     {"EnterConfirms", {press(Qt::Key_Enter)}, "ended: ok"},
     {"EscapeCancels", {press(Qt::Key_Escape)}, "ended: cancel"},
-    {"ClosingCancels", {close()}, "ended: closed"},
+    {"ClosingCancels", {close()}, "ended: cancel"},
     {"DownChoosesTheNext", {press(Qt::Key_Down), press(Qt::Key_Return)}, "ended: item 3 ok"},
     {"UpChoosesTheOneBefore", {press(Qt::Key_Up), press(Qt::Key_Return)}, "ended: item 1 ok"},
-    {"EscapeCancelsFromTheDefaultButton", {press(Qt::Key_Tab), press(Qt::Key_Escape)}, "ended: cancel"},
-    {"EscapeCancelsFromTheCancelButton", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Escape)},
+    {"EscapeCancelsFromTheDefaultButton", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Escape)},
         "ended: cancel"},
     {"EscapeClosesTheMenuOnly", {openMenu, press(Qt::Key_Down), press(Qt::Key_Escape), press(Qt::Key_Return)},
         "ended: ok"},
-    {"TabAndSpacePress", {press(Qt::Key_Tab), press(Qt::Key_Space)}, "ended: ok"},
-    {"TabTwiceAndSpacePress", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Space)}, "ended: cancel"},
-    {"ReturnConfirmsFromEveryButton", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Return)}, "ended: ok"},
+    {"TabAndSpacePress", {press(Qt::Key_Tab), press(Qt::Key_Space)}, "ended: cancel"},
+    {"TabTwiceAndSpacePress", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Space)}, "ended: ok"},
+    {"ReturnPressesTheFocus", {press(Qt::Key_Tab), press(Qt::Key_Return)}, "ended: cancel"},
+    {"ReturnConfirmsAgainWhereTheFocusIsOnNoButton",
+        {press(Qt::Key_Tab), press(Qt::Key_Backtab), press(Qt::Key_Return)}, "ended: ok"},
     {"ClickOnOK", {click("OK")}, "ended: ok"},
     {"ClickOnCancel", {click("Cancel")}, "ended: cancel"},
     {"ChoiceThenCancel", {press(Qt::Key_Down), press(Qt::Key_Escape)}, "ended: item 3 cancel"},
@@ -89,8 +67,7 @@ TEST_P(WindowSession, BecomesCommands)
     EXPECT_EQ(runWith(GetParam().acts), GetParam().report);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, WindowSession, testing::ValuesIn(SESSION_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, WindowSession, testing::ValuesIn(SESSION_CASES), RowName());
 
 TEST_F(WindowOnScreen, OpensItsMenuAndChoosesThere)
 {
@@ -139,6 +116,7 @@ TEST_F(WindowOnScreen, ShowsWhatAHandlerSets)
                           EXPECT_EQ(only<QComboBox>(shown).currentIndex(), 0);
                           EXPECT_FALSE(titled<QPushButton>(shown, "OK").isEnabled());
                           EXPECT_FALSE(titled<QPushButton>(shown, "Apply").isVisible());
+                          only<QComboBox>(shown).setFocus();
                       },
                       press(Qt::Key_Return), press(Qt::Key_Escape)}),
         "ended: other cancel")
@@ -154,7 +132,7 @@ TEST_F(WindowOnScreen, StaysOpenUntilItsLoopIsToldToEnd)
             QuitAppModalLoopForWindow(dialog.made.ref);
     };
     EXPECT_EQ(runWith(dialog, {press(Qt::Key_Return), press(Qt::Key_Escape), close(), press(Qt::Key_Return)}),
-        "ended: ok cancel closed ok");
+        "ended: ok cancel cancel ok");
 }
 
 TEST_F(WindowOnScreen, SendsTheCancelCommandWithoutACancelButton)
@@ -256,7 +234,7 @@ const SessionCase TYPING_CASES[] = {
     {"LettersBelongTogether", {typeAt(A_PAUSE, "m"), typeAt(A_PAUSE + 100, "o")}, "ended: item 5 ok"},
     {"APauseBeginsAnew", {typeAt(A_PAUSE, "m"), typeAt(2 * A_PAUSE, "o")}, "ended: item 5 item 1 ok"},
     {"CommandsAreNotLetters", {typeAt(0, "o", Qt::ControlModifier), typeAt(0, "o", Qt::AltModifier)}, "ended: ok"},
-    {"NotOnAButton", {press(Qt::Key_Tab), type("on")}, "ended: ok"},
+    {"NotOnAButton", {press(Qt::Key_Tab), type("on")}, "ended: cancel"},
     {"InTheOpenMenu", {openMenu, type("lar"), press(Qt::Key_Return)}, "ended: item 3 ok"},
     {"InTheOpenMenuItGoesOn", {openMenu, type("ll"), press(Qt::Key_Return)}, "ended: item 4 ok"},
     {"InTheOpenMenuNothingIsChosenYet", {openMenu, type("lar"), press(Qt::Key_Escape)}, "ended: ok"},
@@ -275,8 +253,7 @@ TEST_P(TypingAhead, ChoosesByTheBeginning)
     EXPECT_EQ(runWith(dialog, acts), GetParam().report);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TypingAhead, testing::ValuesIn(TYPING_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, TypingAhead, testing::ValuesIn(TYPING_CASES), RowName());
 
 TEST_F(WindowOnScreen, PassesOverWhatCannotBeChosenWhenTyping)
 {
@@ -334,12 +311,66 @@ TEST_F(WindowOnScreen, HasTheFocusOnThePopUpAndGoesOnInOrder)
     lookAt(dialog, [](QDialog& shown) {
         EXPECT_EQ(QApplication::focusWidget(), &only<QComboBox>(shown));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        EXPECT_EQ(QApplication::focusWidget(), &titled<QPushButton>(shown, "OK"));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget(), &titled<QPushButton>(shown, "Cancel"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &titled<QPushButton>(shown, "OK"));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget(), &only<QComboBox>(shown));
     });
+}
+
+TEST_F(WindowOnScreen, ShowsWhereTheFocusIs)
+{
+    Dialog dialog;
+    lookAt(dialog, [](QDialog& shown) {
+        QList<QImage> pictures;
+        for (int stop = 0; stop < 3; ++stop) {
+            pictures.append(shown.grab().toImage());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            EXPECT_EQ(pictures.count(pictures.last()), 1) << "stop " << stop;
+        }
+        EXPECT_EQ(shown.grab().toImage(), pictures.first()) << "it was seen from the first moment";
+        only<QComboBox>(shown).clearFocus();
+        EXPECT_NE(shown.grab().toImage(), pictures.first());
+    });
+}
+
+TEST_F(WindowOnScreen, HasTheDefaultButtonThatItsRoleSays)
+{
+    Dialog dialog;
+    dialog.ok.role = ButtonRole::Plain;
+    dialog.cancel.role = ButtonRole::Default;
+    EXPECT_EQ(runWith(dialog, {press(Qt::Key_Return)}), "ended: cancel");
+    Dialog withoutRoles;
+    withoutRoles.ok.role = ButtonRole::Plain;
+    EXPECT_EQ(runWith(withoutRoles, {press(Qt::Key_Return)}), "ended: ok") << "else the one with the command of OK";
+}
+
+// The border of `widget` stands out against the window by this much, of 255.
+int contrastOfBorder(const QDialog& shown, const QWidget& widget)
+{
+    const QImage picture = const_cast<QDialog&>(shown).grab().toImage();
+    const QRect place = placeOf(widget);
+    const int window = qGray(picture.pixel(1, 1));
+    int most = 0;
+    for (int y = place.top(); y < place.top() + 3; ++y)
+        most = std::max(most, std::abs(qGray(picture.pixel(place.center().x(), y)) - window));
+    return most;
+}
+
+TEST_F(WindowOnScreen, HasVisibleBordersInDarkAndHighContrastColours)
+{
+    for (const QColor window : {QColor(Qt::black), QColor(0x20, 0x20, 0x20), QColor(0x40, 0x40, 0x40)}) {
+        Dialog dialog;
+        dialog.made.window().title = window.name();
+        lookAt(dialog, [&](QDialog& shown) {
+            QPalette colours(window, window);
+            QApplication::setPalette(colours);
+            titled<QPushButton>(shown, "OK").setFocus();
+            EXPECT_GE(contrastOfBorder(shown, titled<QPushButton>(shown, "Cancel")), 60) << window.name().toStdString();
+            EXPECT_GE(contrastOfBorder(shown, only<QComboBox>(shown)), 60) << window.name().toStdString();
+        });
+    }
 }
 
 TEST_F(WindowOnScreen, HasTheFocusOnTheDefaultButtonWhereThereIsNothingElse)
@@ -375,7 +406,7 @@ TEST_F(WindowOnScreen, ShowsTextsAsTheyAre)
     lookAt(dialog, [](QDialog& shown) {
         EXPECT_EQ(shown.windowTitle(), QStringLiteral("All & [*][*] <b>")) << "Qt shows [*][*] as [*]";
         const QLabel& label = only<QLabel>(shown);
-        EXPECT_EQ(label.text(), QStringLiteral("A && <b>b</b>\nc  "));
+        EXPECT_EQ(label.text(), QStringLiteral("A && <b>b</b>\nc  ")) << "it is the label of the pop-up";
         EXPECT_EQ(label.accessibleName(), QStringLiteral("A & <b>b</b>\nc  "));
         EXPECT_EQ(label.textFormat(), Qt::PlainText);
         EXPECT_EQ(only<QComboBox>(shown).currentText(), QStringLiteral("D & <i>e</i> f"));
@@ -470,18 +501,17 @@ TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
 
 // ---- Places that are too small or out of proportion
 
-TEST_F(WindowOnScreen, StretchesRowsAndColumnsAlike)
+TEST_F(WindowOnScreen, StretchesNothingMoreThanItsTextNeeds)
 {
     Dialog dialog;
     dialog.cancel.title = QStringLiteral("Do nothing");  // somewhat wider than its place
     lookAt(dialog, [](QDialog& shown) {
         const QPushButton& cancel = titled<QPushButton>(shown, "Do nothing");
-        const QPushButton& ok = titled<QPushButton>(shown, "OK");
         EXPECT_GT(cancel.width(), cancel.fontMetrics().horizontalAdvance(cancel.text()));
-        EXPECT_EQ(cancel.width(), ok.width());
-        EXPECT_EQ(placeOf(ok).right() + 1, placeOf(only<QComboBox>(shown)).right() + 1);
-        EXPECT_LT(placeOf(cancel).right(), placeOf(ok).left());
-        EXPECT_GT(shown.width(), 340);
+        EXPECT_EQ(buttonPlace(shown, "OK").width(), 69) << "as the nib has it";
+        EXPECT_EQ(buttonPlace(shown, "OK").right(), placeOf(only<QComboBox>(shown)).right());
+        EXPECT_EQ(buttonPlace(shown, "OK").left() - placeOf(cancel).right() - 1, 12);
+        EXPECT_EQ(shown.width(), 340 + cancel.width() - 69);
     });
 }
 

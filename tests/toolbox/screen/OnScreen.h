@@ -1,0 +1,92 @@
+// Windows and alerts on a screen that nobody sees.
+
+#ifndef TESTS_TOOLBOX_SCREEN_ONSCREEN_H
+#define TESTS_TOOLBOX_SCREEN_ONSCREEN_H
+
+#include "tests/support/RowName.h"
+#include "tests/toolbox/core/displays/Dialog.h"
+#include "tests/toolbox/screen/Person.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+#include <cstdlib>
+
+/// Chooses the display of windows before each test, on Qt's platform without a screen.
+class OnScreen : public WindowTest {
+protected:
+    OnScreen()
+    {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        std::string problem;
+        EXPECT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
+    }
+};
+
+/// Runs `dialog` with somebody who does `acts` in it.
+inline std::string runWith(Dialog& dialog, const std::vector<Person::Act>& acts)
+{
+    const Person person(acts);
+    return dialog.run();
+}
+
+/// The same of an alert; gives the number of the button that was pressed.
+inline SInt16 runWith(const Toolbox::Alert& alert, const std::vector<Person::Act>& acts)
+{
+    const Person person(acts);
+    return Toolbox::runAlert(alert);
+}
+
+/// Looks at `dialog`, and cancels it.
+inline void lookAt(Dialog& dialog, const Person::Act& look)
+{
+    EXPECT_EQ(runWith(dialog, {look, press(Qt::Key_Escape)}), "ended: cancel");
+}
+
+/// Looks at `alert`, and presses its default button.
+inline void lookAt(const Toolbox::Alert& alert, const Person::Act& look)
+{
+    EXPECT_EQ(runWith(alert, {look, press(Qt::Key_Return)}), alert.defaultButton);
+}
+
+/// Where `widget` lies in its dialog.
+inline QRect placeOf(const QWidget& widget)
+{
+    return QRect(widget.mapTo(widget.window(), QPoint(0, 0)), widget.size());
+}
+
+/// Where the button is that shows `title`.
+inline QRect buttonPlace(const QDialog& shown, const char* title)
+{
+    return placeOf(titled<QPushButton>(shown, title));
+}
+
+/// An alert with the four buttons that a standard one can have.
+inline Toolbox::Alert fourButtons()
+{
+    Toolbox::Alert alert;
+    alert.type = kAlertCautionAlert;
+    alert.text = QStringLiteral("Replace <b>everything</b> & more?\nReally?");
+    alert.explanation = QStringLiteral("It cannot be undone.");
+    alert.buttons = {{1, QStringLiteral("Yes & no"), true, {}}, {2, QStringLiteral("Cancel"), true, {}},
+        {3, QStringLiteral("Don't Save"), true, {}}, {4, QStringLiteral("Help"), true, {}}};
+    alert.defaultButton = 1;
+    alert.cancelButton = 2;
+    return alert;
+}
+
+/// An alert as resources draw it: a text beside the icon, and buttons below.
+inline Toolbox::Alert fromResources()
+{
+    Toolbox::Alert alert;
+    alert.type = kAlertStopAlert;
+    alert.buttons = {{1, QStringLiteral("OK"), true, {90, 230, 110, 300}},
+        {3, QStringLiteral("Cancel"), true, {90, 150, 110, 220}},
+        {4, QStringLiteral("Never"), false, {90, 20, 110, 90}}};
+    alert.defaultButton = 1;
+    alert.text = QStringLiteral("This external cannot do what the installer asks of it.");
+    alert.layout = Toolbox::AlertLayout{5000, {40, 40, 160, 360}, {{alert.text, {10, 75, 74, 300}}}};
+    return alert;
+}
+
+#endif
