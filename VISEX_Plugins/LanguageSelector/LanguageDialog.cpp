@@ -35,16 +35,23 @@ static_assert(offsetof(HICommand, commandID) + sizeof(UInt32) <= COMMAND_SIZE, "
 
 UInt32 indexOfLanguage(UInt32 code)
 {
-    for (UInt32 index = 0; index < MENU_LANGUAGE_COUNT; ++index) {
-        if (MENU_LANGUAGES[index].code == code)
+    UInt32 index = 0;
+    for (const MenuLanguage& language : MENU_LANGUAGES) {
+        if (language.code == code)
             return index;
+        ++index;
     }
     return 0;
 }
 
 UInt16 languageAtIndex(UInt32 index)
 {
-    return index < MENU_LANGUAGE_COUNT ? MENU_LANGUAGES[index].code : MENU_LANGUAGES[0].code;
+    for (const MenuLanguage& language : MENU_LANGUAGES) {
+        if (index == 0)
+            return language.code;
+        --index;
+    }
+    return MENU_LANGUAGES[0].code;
 }
 
 // The control of `window` with this signature and number; null if there is none. For controls to come: the pop-up, so
