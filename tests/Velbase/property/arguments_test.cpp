@@ -1,7 +1,7 @@
 // Filling templates against the model.
 
 #include "drivers.h"
-#include "numbers.h"
+#include "tried_numbers.h"
 
 using namespace std::string_view_literals;
 

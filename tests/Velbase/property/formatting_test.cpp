@@ -1,6 +1,6 @@
 // Text from numbers against the model, and back again.
 
-#include "numbers.h"
+#include "tried_numbers.h"
 
 using namespace std::string_view_literals;
 

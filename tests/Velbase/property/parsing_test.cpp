@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "numbers.h"
+#include "tried_numbers.h"
 
 using namespace std::string_view_literals;
 

@@ -1,6 +1,6 @@
 #include "toolbox/core/bundles/Bundle.h"
 
-#include "toolbox/core/bundles/Languages.h"
+#include "toolbox/core/bundles/LanguageFolders.h"
 #include "toolbox/core/bundles/PlugInRegister.h"
 #include "toolbox/core/bundles/PropertyList.h"
 #include "toolbox/core/core_foundation/FileName.h"

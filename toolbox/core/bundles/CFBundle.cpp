@@ -3,7 +3,7 @@
 #include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/bundles/Bundle.h"
-#include "toolbox/core/bundles/Languages.h"
+#include "toolbox/core/bundles/LanguageFolders.h"
 #include "toolbox/core/bundles/MainBundle.h"
 #include "toolbox/core/core_foundation/StringObject.h"
 #include "toolbox/core/core_foundation/URLObject.h"

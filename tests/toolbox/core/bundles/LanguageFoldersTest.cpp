@@ -1,4 +1,4 @@
-#include "toolbox/core/bundles/Languages.h"
+#include "toolbox/core/bundles/LanguageFolders.h"
 
 #include <Toolbox/Application.h>
 

@@ -1,4 +1,4 @@
-#include "numbers.h"
+#include "tried_numbers.h"
 
 #include <cmath>
 #include <iterator>

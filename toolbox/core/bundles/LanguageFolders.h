@@ -1,7 +1,7 @@
 // The folders that each language has in a bundle.
 
-#ifndef TOOLBOX_CORE_BUNDLES_LANGUAGES_H
-#define TOOLBOX_CORE_BUNDLES_LANGUAGES_H
+#ifndef TOOLBOX_CORE_BUNDLES_LANGUAGEFOLDERS_H
+#define TOOLBOX_CORE_BUNDLES_LANGUAGEFOLDERS_H
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 // The numbers, bases and precisions that formatting and parsing are tried with.
 
-#ifndef TESTS_VELBASE_PROPERTY_NUMBERS_H
-#define TESTS_VELBASE_PROPERTY_NUMBERS_H
+#ifndef TESTS_VELBASE_PROPERTY_TRIED_NUMBERS_H
+#define TESTS_VELBASE_PROPERTY_TRIED_NUMBERS_H
 
 #include <cstdint>
 #include <vector>
