@@ -1,7 +1,5 @@
 #include "toolbox/core/dialogs/Display.h"
 
-#include "toolbox/core/displays/UnattendedDisplay.h"
-
 #include <utility>
 
 namespace Toolbox {
@@ -11,8 +9,7 @@ namespace {
 std::shared_ptr<Display>& chosenDisplay()
 {
     // Never destroyed: when the process ends, what a display still shows ends with it.
-    static auto* const chosen =
-        new std::shared_ptr<Display>(std::make_shared<UnattendedDisplay>(std::vector<Answer>()));
+    static auto* const chosen = new std::shared_ptr<Display>(makeFirstDisplay());
     return *chosen;
 }
 

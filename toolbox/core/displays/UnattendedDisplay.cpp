@@ -103,6 +103,11 @@ UInt32 buttonOf(const Alert& alert, const Answer& answer)
 
 }  // namespace
 
+std::unique_ptr<Display> makeFirstDisplay()
+{
+    return std::make_unique<UnattendedDisplay>(std::vector<Answer>());
+}
+
 UnattendedDisplay::UnattendedDisplay(const std::vector<Answer>& answers)
     : m_answers(answers.begin(), answers.end())
 {
