@@ -145,18 +145,21 @@ TEST(StringFindChar, FindsTheCharacterAtEveryPositionOfALongText)
     }
 }
 
-TEST(StringFindRev, FindsTheLastOfTwoInAVeryLongText)
+TEST(StringFindRev, FindsEachOfTwoInAVeryLongText)
 {
-    std::string bytes(5000, 'x');
+    std::string bytes(9000, 'x');
     bytes[700] = 'A';
     const String one(bytes.c_str());
     EXPECT_EQ(positionOf(one.FindRev('A')), 700u);
     EXPECT_EQ(positionOf(one.FindRev('y')), NOT_FOUND);
-    for (unsigned position = 701; position < 5000; position += 61) {
+    for (unsigned position = 701; position < 9000; position += 61) {
         bytes[position] = 'A';
         const String two(bytes.c_str());
         EXPECT_EQ(positionOf(two.FindRev('A')), position);
         EXPECT_EQ(positionOf(two.FindRev('a', {}, false)), position);
+        EXPECT_EQ(positionOf(two.Find('A', 701)), position);
+        EXPECT_EQ(positionOf(two.Find('a', 701, false)), position);
+        EXPECT_EQ(positionOf(two.Find('A', position + 1)), NOT_FOUND);
         EXPECT_EQ(positionOf(two.FindRev('A', position - 1)), 700u);
         bytes[position] = 'x';
     }
