@@ -93,6 +93,7 @@ Report External::call(Record& record, DisplayKind display, const Toolbox::TraceS
 {
     ExternParmBlock& block = record.block();
     Report report;
+    report.display = display;
     report.message = block.message;
     report.current = block.currentLanguage;
     report.chosenBefore = block.chosenLanguage;

@@ -84,6 +84,10 @@ Installer::Installer(const fs::path& folder, const std::optional<std::string>& r
         throw Problem(ExitStatus::NotDone, "there is no application bundle in '" + folder.string() + "'");
 
     const std::string name = bundleName(folder);
+    if (!resourceFile && !isUtf8(name))
+        throw Problem(ExitStatus::NotDone,
+            "the name of the application '" + folder.string()
+                + "' is not UTF-8, so that its resource file cannot be looked for; name one with --resources");
     const fs::path file = resourceFile ? fs::path(*resourceFile) : ownResourceFile(name);
     if (file.empty())
         tellOfOtherResourceFiles(folder, name);

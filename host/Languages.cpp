@@ -1,42 +1,28 @@
 #include "host/Languages.h"
 
 #include <Toolbox/Application.h>
+#include <Toolbox/Choices.h>
 
 #include <algorithm>
 
 namespace Host {
 
-namespace {
-
-char toLower(char letter)
+const Language* languageOfCode(std::uint32_t code)
 {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool sameInAnyCase(std::string_view one, std::string_view other)
-{
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-        [](char left, char right) { return toLower(left) == toLower(right); });
-}
-
-template <typename Condition> const Language* firstLanguage(Condition fits)
-{
-    const auto found = std::find_if(LANGUAGES.begin(), LANGUAGES.end(), fits);
+    const auto found =
+        std::find_if(LANGUAGES.begin(), LANGUAGES.end(), [code](const Language& each) { return each.code == code; });
     return found == LANGUAGES.end() ? nullptr : &*found;
 }
 
-}  // namespace
-
-const Language* languageOfCode(std::uint32_t code)
+std::vector<const Language*> languagesMeant(const std::string& text)
 {
-    return firstLanguage([code](const Language& each) { return each.code == code; });
-}
-
-const Language* parseLanguage(std::string_view text)
-{
-    if (const std::optional<std::uint32_t> code = parseNumber<std::uint32_t>(text))
-        return languageOfCode(*code);
-    return firstLanguage([text](const Language& each) { return sameInAnyCase(each.name, text); });
+    std::vector<Toolbox::NamedChoice> choices;
+    for (const Language& each : LANGUAGES)
+        choices.push_back({std::string(each.ownName) + " (" + std::string(each.name) + ")", std::string(each.tag)});
+    std::vector<const Language*> meant;
+    for (const std::size_t index : Toolbox::ChoicesMeant(choices, text))
+        meant.push_back(&LANGUAGES[index]);
+    return meant;
 }
 
 std::uint32_t popUpItem(const Language& language)
@@ -47,10 +33,9 @@ std::uint32_t popUpItem(const Language& language)
 const Language& userLanguage()
 {
     for (const std::string& each : Toolbox::UserLanguages()) {
-        const std::string tag = each.substr(0, each.find('-'));
-        if (const Language* const found =
-                firstLanguage([&](const Language& one) { return sameInAnyCase(one.tag, tag); }))
-            return *found;
+        const std::vector<const Language*> meant = languagesMeant(each.substr(0, each.find('-')));
+        if (meant.size() == 1)
+            return *meant.front();
     }
     return LANGUAGES.front();
 }

@@ -6,30 +6,41 @@
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
 
 #include <array>
-#include <charconv>
 #include <cstdint>
 #include <iterator>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Host {
 
 struct Language {
-    std::uint32_t code = 0;  // the Mac OS language code
-    std::string_view name;   // in English
-    std::string_view tag;    // ISO 639, as locales begin with
+    std::uint32_t code = 0;    // the Mac OS language code
+    std::string_view name;     // in English
+    std::string_view tag;      // ISO 639, as locales begin with
+    std::string_view ownName;  // in the language itself
 };
 
-/// The tags of the pop-up's languages, in its order.
-inline constexpr std::string_view MENU_TAGS[] = {"en", "ja", "de", "fr", "it", "es"};
-static_assert(std::size(MENU_TAGS) == MENU_LANGUAGE_COUNT, "a language has a tag, and a tag its language");
+/// What the installer does not know of the pop-up's languages, in its order.
+struct LanguageNaming {
+    std::string_view tag;
+    std::string_view ownName;
+};
+inline constexpr LanguageNaming MENU_NAMINGS[] = {
+    {"en", "English"},
+    {"ja", "日本語"},
+    {"de", "Deutsch"},
+    {"fr", "Français"},
+    {"it", "Italiano"},
+    {"es", "Español"},
+};
+static_assert(std::size(MENU_NAMINGS) == MENU_LANGUAGE_COUNT, "each language has a tag and a name of its own");
 
 constexpr std::array<Language, MENU_LANGUAGE_COUNT> languagesWithTags()
 {
     std::array<Language, MENU_LANGUAGE_COUNT> languages{};
     for (std::size_t i = 0; i < languages.size(); ++i)
-        languages[i] = {MENU_LANGUAGES[i].code, MENU_LANGUAGES[i].name, MENU_TAGS[i]};
+        languages[i] = {MENU_LANGUAGES[i].code, MENU_LANGUAGES[i].name, MENU_NAMINGS[i].tag, MENU_NAMINGS[i].ownName};
     return languages;
 }
 
@@ -39,20 +50,9 @@ inline constexpr auto LANGUAGES = languagesWithTags();
 /// The language with this code, or null.
 const Language* languageOfCode(std::uint32_t code);
 
-/// The decimal number that is all of `text`, or nothing when there is anything else in it or when it does not fit: it
-/// is never cut to fit. No blanks, no plus sign.
-template <typename Integer> std::optional<Integer> parseNumber(std::string_view text)
-{
-    Integer number{};
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || rest != end)
-        return std::nullopt;
-    return number;
-}
-
-/// The language that `text` names in English, in any case, or by its code; null if it is neither.
-const Language* parseLanguage(std::string_view text);
+/// All languages that `text` may mean: the one with that tag or that name, in English or in the language itself, else
+/// those whose names begin so. Neither case nor accents count.
+std::vector<const Language*> languagesMeant(const std::string& text);
 
 /// The item of the dialog's pop-up that stands for one of LANGUAGES, from 1.
 std::uint32_t popUpItem(const Language& language);

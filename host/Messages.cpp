@@ -92,6 +92,17 @@ std::string oneLine(std::string_view text)
     return line;
 }
 
+bool isUtf8(std::string_view text)
+{
+    while (!text.empty()) {
+        const Character first = firstOf(text);
+        if (!first.code)
+            return false;
+        text.remove_prefix(first.length);
+    }
+    return true;
+}
+
 void complain(const std::string& line)
 {
     std::fprintf(stderr, "visex-host: %s\n", oneLine(line).c_str());

@@ -38,6 +38,9 @@ public:
 /// everything that comes from elsewhere, such as names of files and the texts of alerts.
 std::string oneLine(std::string_view text);
 
+/// Whether all of `text` is UTF-8.
+bool isUtf8(std::string_view text);
+
 /// Writes `line` to standard error, after the program's name, and made one line if it is more.
 void complain(const std::string& line);
 

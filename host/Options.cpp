@@ -9,8 +9,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <filesystem>
+#include <iterator>
+#include <numeric>
 #include <string_view>
+#include <utility>
 
 namespace Host {
 
@@ -25,39 +29,102 @@ constexpr const char* NOTES = R"(Examples: visex-host                           
           visex-host --app My.app --trace My.bundle  follow another external
 Exit status: 0 chosen, 1 not, 2 misuse, 3 refused, 4 not loaded, 5 cut short)";
 
+std::string inSmallLetters(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
+    return text;
+}
+
+// The decimal number that is all of `text`, or nothing when there is anything else in it or when it does not fit: it is
+// never cut to fit. No blanks, no plus sign.
+template <typename Integer> std::optional<Integer> parseNumber(std::string_view text)
+{
+    Integer number{};
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || rest != end)
+        return std::nullopt;
+    return number;
+}
+
 Problem wrongUsage(const std::string& line)
 {
     return Problem(ExitStatus::NotDone, line + "; --help lists the options");
+}
+
+// How many letters have to be typed, taken out or changed to make one text the other.
+std::size_t distance(std::string_view from, std::string_view to)
+{
+    std::vector<std::size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t k = 0; k < to.size(); ++k) {
+            const std::size_t changed = diagonal + (from[i] == to[k] ? 0 : 1);
+            diagonal = std::exchange(row[k + 1], std::min({row[k] + 1, row[k + 1] + 1, changed}));
+        }
+    }
+    return row.back();
+}
+
+// " (did you mean ...?)" with the one of `names` that `text` is nearest to; empty if it is near to none. What it begins
+// is near; so is what a third of it has to be changed for.
+std::string suggestion(const std::string& text, const std::vector<std::string>& names)
+{
+    const auto cost = [&text](const std::string& name) {
+        const bool isBeginning = !text.empty() && inSmallLetters(name).rfind(inSmallLetters(text), 0) == 0;
+        return isBeginning ? 0 : distance(inSmallLetters(text), inSmallLetters(name));
+    };
+    const auto nearest = std::min_element(names.begin(), names.end(),
+        [&cost](const std::string& one, const std::string& other) { return cost(one) < cost(other); });
+    return cost(*nearest) <= std::max<std::size_t>(text.size() / 3, 1) ? " (did you mean " + *nearest + "?)" : "";
 }
 
 std::int16_t parseMessage(const std::string& text)
 {
     const std::optional<std::int16_t> message = parseNumber<std::int16_t>(text);
     if (!message)
-        throw wrongUsage("--message takes a number from -32768 to 32767, and '" + text + "' is none");
+        throw wrongUsage("--message takes a number from -32768 to 32767, not '" + text + "'");
     return *message;
+}
+
+// The one language that `text` means; else null, with what can be said of that in `*hint`.
+const Language* parseLanguage(const std::string& text, std::string* hint)
+{
+    if (const std::optional<std::uint32_t> code = parseNumber<std::uint32_t>(text))
+        return languageOfCode(*code);
+    const std::vector<const Language*> meant = languagesMeant(text);
+    if (meant.size() == 1)
+        return meant.front();
+    std::vector<std::string> names;
+    for (const Language& each : LANGUAGES)
+        names.insert(names.end(), {std::string(each.name), std::string(each.ownName)});
+    *hint = meant.empty() ? suggestion(text, names) : std::string();
+    for (const Language* const each : meant)
+        *hint += (each == meant.front() ? ", which may be " : " or ") + std::string(each->name);
+    return nullptr;
 }
 
 std::uint32_t parseCurrent(const std::string& text)
 {
-    if (const Language* const language = parseLanguage(text))
+    std::string hint;
+    if (const Language* const language = parseLanguage(text, &hint))
         return language->code;
     const std::optional<std::uint32_t> code = parseNumber<std::uint32_t>(text);
     if (!code)
-        throw wrongUsage(
-            "--current takes a language, " + listLanguages() + ", or its code, and '" + text + "' is neither");
+        throw wrongUsage("--current takes a language (" + listLanguages() + ") or a code, not '" + text + "'" + hint);
     return *code;
 }
 
+constexpr const char* DISPLAYS[] = {"window", "terminal", "unattended"};
+
 DisplayKind parseDisplay(const std::string& text)
 {
-    if (text == "window")
-        return DisplayKind::Window;
-    if (text == "terminal")
-        return DisplayKind::Terminal;
-    if (text == "unattended")
-        return DisplayKind::Unattended;
-    throw wrongUsage("--display takes window, terminal or unattended, and '" + text + "' is none of them");
+    const auto found = std::find(std::begin(DISPLAYS), std::end(DISPLAYS), text);
+    if (found == std::end(DISPLAYS))
+        throw wrongUsage("--display takes window, terminal or unattended, not '" + text + "'"
+            + suggestion(text, {std::begin(DISPLAYS), std::end(DISPLAYS)}));
+    return static_cast<DisplayKind>(found - std::begin(DISPLAYS));
 }
 
 constexpr std::string_view BUTTON_PREFIX = "button:";
@@ -109,8 +176,7 @@ template <std::optional<std::string> Options::*PATH> void takePath(Options& opti
 
 void takePicture(Options& options, const std::string& text)
 {
-    std::string ending = std::filesystem::path(text).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(), [](unsigned char c) { return std::tolower(c); });
+    const std::string ending = inSmallLetters(std::filesystem::path(text).extension().string());
     if (!ending.empty() && ending != ".png")
         throw wrongUsage("--picture saves a PNG, and '" + text + "' ends like something else");
     options.picture = text;
@@ -125,7 +191,7 @@ struct Option {
 
 const Option OPTIONS[] = {
     {"--message", "N", "Message in the record [1000]", takeMessage},
-    {"--current", "LANG", "Current language: English name or code [user's]", takeCurrent},
+    {"--current", "LANG", "Current language: name, tag or code [the user's]", takeCurrent},
     {"--display", "KIND", "window, terminal or unattended [the first here]", takeDisplay},
     {"--answer", "ANSWER", "ok, cancel, LANG or button:N, unattended; repeatable", takeAnswer},
     {"--app", "DIR", "Application bundle [the demo application]", takePath<&Options::application>},
@@ -158,9 +224,15 @@ Problem describe(const CLI::ParseError& error, const CLI::App& commandLine)
 {
     const std::vector<std::string> unexpected = commandLine.remaining();
     if (!unexpected.empty()) {
-        const bool isOption = unexpected.front().substr(0, 1) == "-";
-        return wrongUsage(
-            (isOption ? "there is no option '" : "one external at a time, and not also '") + unexpected.front() + "'");
+        const std::string& first = unexpected.front();
+        if (first.substr(0, 1) != "-")
+            return wrongUsage("one external at a time, and not also '" + first + "'");
+        std::vector<std::string> names = {"--help", "--version"};
+        for (const Option& option : OPTIONS)
+            names.emplace_back(option.name);
+        for (const Flag& flag : FLAGS)
+            names.emplace_back(flag.name);
+        return wrongUsage("there is no option '" + first + "'" + suggestion(first, names));
     }
     const std::string text = error.what();
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr
@@ -208,7 +280,7 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
         addOption(app, option, options);
     for (const Flag& flag : FLAGS)
         app.add_flag(flag.name, options.*flag.flag, flag.meaning)->disable_flag_override();
-    app.set_help_flag("--help", "Print this");
+    app.set_help_flag("-h,--help", "Print this");
     app.set_version_flag("--version", "visex-host " HOST_VERSION, "Say which version this is");
 
     try {
@@ -228,16 +300,18 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
 
 GivenAnswer parseAnswer(const std::string& text)
 {
-    if (text == "ok")
+    const std::string answer = inSmallLetters(text);
+    if (answer == "ok")
         return {text, {{Answer::Kind::Command, kHICommandOK}}};
-    if (text == "cancel")
+    if (answer == "cancel")
         return {text, {{Answer::Kind::Command, kHICommandCancel}}};
-    if (const std::optional<SInt16> button = buttonNumber(text))
+    if (const std::optional<SInt16> button = buttonNumber(answer))
         return {text, {{Answer::Kind::Button, static_cast<UInt32>(*button)}}};
-    if (const Language* const language = parseLanguage(text))
+    std::string hint;
+    if (const Language* const language = parseLanguage(text, &hint))
         return {text, {{Answer::Kind::Item, popUpItem(*language)}, {Answer::Kind::Command, kHICommandOK}}};
     throw Problem(ExitStatus::NotDone,
-        "'" + text + "' is no answer: give ok, cancel, button:N, or a language: " + listLanguages());
+        "'" + text + "' is not an answer" + hint + ": give ok, cancel, button:N, or a language: " + listLanguages());
 }
 
 std::vector<Answer> stepsOf(const std::vector<GivenAnswer>& answers)
@@ -260,6 +334,11 @@ std::vector<std::string> unusedAnswers(const std::vector<GivenAnswer>& answers, 
     for (auto each = answers.end() - countUnused(answers, unusedSteps); each != answers.end(); ++each)
         unused.push_back(each->text);
     return unused;
+}
+
+const char* nameOf(DisplayKind kind)
+{
+    return DISPLAYS[static_cast<std::size_t>(kind)];
 }
 
 }  // namespace Host

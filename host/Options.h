@@ -22,6 +22,9 @@ struct GivenAnswer {
 
 enum class DisplayKind { Window, Terminal, Unattended };
 
+/// As it is typed: "window".
+const char* nameOf(DisplayKind kind);
+
 /// What was asked for. What was not given is empty, and its default is chosen where it is used.
 struct Options {
     std::optional<std::int16_t> message;
@@ -44,8 +47,8 @@ struct Options {
 /// --version. Throws Problem for what it does not understand.
 std::variant<Options, std::string> parseOptions(const std::vector<std::string>& arguments);
 
-/// Understands "ok", "cancel", "button:N" and the name or code of a language, which means choosing it and then OK.
-/// Throws Problem for anything else.
+/// Understands "ok", "cancel" and "button:N", in any case, and a language, which means choosing it and then OK: its
+/// name in English or in itself, a unique beginning of one, its tag or its code. Throws Problem for anything else.
 GivenAnswer parseAnswer(const std::string& text);
 
 /// The steps of all `answers`, one after the other.

@@ -81,8 +81,11 @@ void settleOutputs(Options& options)
     checkThatNothingIsSpoiled(options);
     if (options.writeRecord)
         checkWritable("record", *options.writeRecord);
-    if (options.picture)
+    if (options.picture) {
         checkWritable("picture", *options.picture);
+        if (!isUtf8(fs::absolute(*options.picture).native()))
+            throw Problem(ExitStatus::NotDone, notWritten("picture", *options.picture, "its path is not UTF-8"));
+    }
     for (const NamedFile& written : {WRITTEN_RECORD, PICTURE, TRACE}) {
         auto& file = options.*written.name;
         if (file)

@@ -76,6 +76,12 @@ Json alertInJson(const ShownAlert& alert)
     return json;
 }
 
+bool personWasAsked(const Report& report)
+{
+    const bool somethingShown = report.toolbox.windowShown || !report.toolbox.alerts.empty();
+    return somethingShown && report.display != DisplayKind::Unattended;
+}
+
 const char* resultInJson(const Report& report)
 {
     switch (statusOf(report)) {
@@ -134,6 +140,8 @@ std::string inJson(const Report& report)
     json["alerts"] = Json::array();
     for (const ShownAlert& alert : report.toolbox.alerts)
         json["alerts"].push_back(alertInJson(alert));
+    json["display"] = nameOf(report.display);
+    json["asked"] = personWasAsked(report);
     json["result"] = resultInJson(report);
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

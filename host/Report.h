@@ -23,6 +23,7 @@ struct Report {
     std::optional<std::uint16_t> chosen;  // what the external wrote there, if it did
     std::uint32_t flagsBefore = 0;
     std::uint32_t flagsAfter = 0;
+    DisplayKind display = DisplayKind::Unattended;
     Toolbox::CallReport toolbox;
 };
 

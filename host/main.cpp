@@ -32,6 +32,10 @@ Record makeRecord(const Options& options)
 {
     Record record = options.record ? Record::load(*options.record) : Record();
     ExternParmBlock& block = record.block();
+    // Nothing in a file says that it is a record. The Mac's codes have 16 bits, and other files mostly more there.
+    if (options.record && !options.current && block.currentLanguage > 0x7FFF)
+        complain("the file '" + *options.record + "' was taken for a record, but the current language in it, "
+            + std::to_string(block.currentLanguage) + ", is not a code of the Mac's");
     if (options.message || !options.record)
         block.message = options.message.value_or(MESSAGE_SELECT_LANGUAGE);
     if (options.current || !options.record)

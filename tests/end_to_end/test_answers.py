@@ -22,6 +22,8 @@ class Choosing(HostTest):
                         "chosen": {"code": chosen, "name": NAMES[chosen]},
                         "flags": {"before": 0, "after": 0},
                         "alerts": [],
+                        "display": "unattended",
+                        "asked": False,
                         "result": "chosen",
                     })
                     self.assertEqual((self.folder / "after").read_bytes(), record(current=current, chosen=chosen))
@@ -141,16 +143,15 @@ class Defaults(HostTest):
     def test_it_works_from_any_folder_under_any_name(self):
         link = self.folder / "another name"
         link.symlink_to(HOST)
-        outcome = unattended(host=link, cwd=self.folder)
-        self.assertEqual(outcome.status, CHOSE)
+        self.assert_chose(unattended(host=link, cwd=self.folder))
 
     def test_what_it_says_fits_a_narrow_terminal(self):
         outcome = unattended("--current", "japanese")
+        self.assert_chose(outcome, JAPANESE)
         self.assertEqual([line for line in outcome.output.splitlines() if len(line) > 80], [])
 
     def test_an_external_can_be_named(self):
-        outcome = unattended("--current", "german", DEMO / "Contents/PlugIns/LanguageSelector.bundle")
-        self.assertEqual(outcome.status, CHOSE)
+        self.assert_chose(unattended("--current", "german", DEMO / "Contents/PlugIns/LanguageSelector.bundle"), GERMAN)
 
     def test_the_calls_of_the_external_can_be_followed(self):
         outcome = unattended("--trace")
@@ -180,7 +181,7 @@ class Defaults(HostTest):
     def test_the_trace_may_go_into_a_file(self):
         file = self.folder / "calls"
         outcome = unattended("--trace", "--trace-file", file)
-        self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
+        self.assert_chose(outcome)
         calls = [line.split("(")[0] for line in file.read_text().splitlines()]
         self.assertEqual((calls[0], calls[-1]), ("GetResource", "DisposeEventHandlerUPP"))
 

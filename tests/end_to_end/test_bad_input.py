@@ -27,10 +27,12 @@ class Usage(HostTest):
         cases = [
             (["--foo"], "there is no option '--foo'; --help lists the options"),
             (["--message", "65536"],
-             "--message takes a number from -32768 to 32767, and '65536' is none; --help lists the options"),
-            (["--current", "klingon"], f"--current takes a language, {LANGUAGES}, or its code, "
-                                       "and 'klingon' is neither; --help lists the options"),
-            (["--answer", "4"], f"'4' is no answer: give ok, cancel, button:N, or a language: {LANGUAGES}"),
+             "--message takes a number from -32768 to 32767, not '65536'; --help lists the options"),
+            (["--current", "klingon"], f"--current takes a language ({LANGUAGES}) or a code, not 'klingon'; "
+                                       "--help lists the options"),
+            (["--answer", "4"], f"'4' is not an answer: give ok, cancel, button:N, or a language: {LANGUAGES}"),
+            (["--answer", "frnech"],
+             f"'frnech' is not an answer (did you mean French?): give ok, cancel, button:N, or a language: {LANGUAGES}"),
             (["--foo\nbar\x1b[2J"], "there is no option '--foo\\nbar\\x1b[2J'; --help lists the options"),
         ]
         for arguments, line in cases:
@@ -120,9 +122,19 @@ class RecordFiles(HostTest):
             with self.subTest(file):
                 self.assert_fails(unattended("--record", file), NOT_DONE, line)
 
+    def test_what_may_be_no_record_is_taken_with_a_word_on_it(self):
+        text = self.file("text", b"All that is written here is a text. " * 20)
+        outcome = unattended("--record", text, "--message", "1000")
+        self.assertEqual(outcome.status, CHOSE)
+        self.assertEqual(outcome.errors, f"visex-host: the file '{text}' was taken for a record, but the current language in "
+                                         "it, 773865836, is not a code of the Mac's\n")
+        for arguments in (["--record", text, "--message", "1000", "--current", "4"],
+                          ["--record", self.file("largest", record(current=0x7FFF))]):
+            self.assertEqual(unattended(*arguments).errors, "")
+
     def test_the_longest_is_taken(self):
         file = self.file("longest", record(tail=bytes(1024 * 1024 - RECORD_SIZE)))
-        self.assertEqual(unattended("--record", file).status, CHOSE)
+        self.assert_chose(unattended("--record", file))
 
     def test_what_cannot_be_written_is_said_before_anybody_is_asked(self):
         file = self.folder / "missing/record"
@@ -169,7 +181,7 @@ class Applications(HostTest):
         shutil.copytree(plug_ins / "LanguageSelector.bundle", plug_ins / "Other.bundle")
         self.assert_fails(unattended("--app", app), NOT_DONE,
                           f"there is more than one external in '{plug_ins}'; name one as BUNDLE")
-        self.assertEqual(unattended("--app", app, plug_ins / "Other.bundle").status, CHOSE)
+        self.assert_chose(unattended("--app", app, plug_ins / "Other.bundle"))
         shutil.rmtree(plug_ins)
         self.assert_fails(unattended("--app", app), NOT_LOADED,
                           f"there is no external in '{plug_ins}'; name one as BUNDLE")
@@ -180,9 +192,51 @@ class Applications(HostTest):
         plist = app / "Contents/Info.plist"
         for contents in (b"", b"<plist", b"\0" * 100, b"bplist00"):
             plist.write_bytes(contents)
-            self.assertEqual(unattended("--app", app).status, CHOSE)
+            self.assert_chose(unattended("--app", app))
         plist.unlink()
-        self.assertEqual(unattended("--app", app).status, CHOSE)
+        self.assert_chose(unattended("--app", app))
+
+
+class PathsThatAreNotUtf8(HostTest):
+    """Names are bytes: they work, or are refused before anything is done."""
+
+    def setUp(self):
+        super().setUp()
+        self.folder = pathlib.Path(os.fsdecode(os.fsencode(self.folder) + b"/n\xe4me"))
+        self.folder.mkdir()
+        self.name = os.fsdecode(b"\xe9")
+
+    def test_they_work(self):
+        app = self.demo_copy()
+        bundle = self.folder / f"{self.name}.bundle"
+        shutil.copytree(DEMO / "Contents/PlugIns/LanguageSelector.bundle", bundle)
+        resources = self.folder / f"{self.name}.rsrc"
+        shutil.copy(DEMO / "Contents/Resources/DemoInstaller.rsrc", resources)
+        before, after, trace = (self.folder / f"{self.name}{number}" for number in range(3))
+        before.write_bytes(record(current=GERMAN))
+        outcome = unattended("--app", app, "--resources", resources, "--record", before, "--write-record", after,
+                             "--trace-file", trace, bundle)
+        self.assert_chose(outcome, GERMAN)
+        self.assertEqual(after.read_bytes(), record(current=GERMAN, chosen=GERMAN))
+        self.assertIn(b"CreateNibReference", trace.read_bytes())
+        self.assertEqual(unattended("--app", app, "--message", "999", "--json").json()["alerts"][0]["id"], 5000)
+
+    def test_so_does_an_installation_in_such_a_folder(self):
+        host = self.installation()
+        picture = self.folder.parent / "picture.png"
+        self.assert_chose(unattended("--picture", picture, host=host))
+        self.assertTrue(picture.is_file())
+
+    def test_what_cannot_be_done_is_refused(self):
+        picture = self.folder / "picture.png"
+        self.assert_fails(unattended("--picture", picture), NOT_DONE, "cannot save the picture in "
+                          f"'{self.folder.parent}/n\\xe4me/picture.png': its path is not UTF-8")
+        app = self.demo_copy().rename(self.folder / f"{self.name}.app")
+        self.assert_fails(unattended("--app", app), NOT_DONE, "the name of the application "
+                          f"'{self.folder.parent}/n\\xe4me/\\xe9.app' is not UTF-8, so that its resource file cannot be "
+                          "looked for; name one with --resources")
+        resources = DEMO / "Contents/Resources/DemoInstaller.rsrc"
+        self.assert_chose(unattended("--app", app, "--resources", resources))
 
 
 class Nibs(HostTest):
@@ -273,7 +327,7 @@ class ResourceFiles(HostTest):
     def test_an_application_without_one(self):
         app = self.demo_copy()
         (app / "Contents/Resources/DemoInstaller.rsrc").unlink()
-        self.assertEqual(unattended("--app", app).status, CHOSE)
+        self.assert_chose(unattended("--app", app))
         self.assertEqual(unattended("--app", app, "--message", "999").status, REFUSED)
 
     def test_a_resource_file_with_another_name_is_pointed_out(self):
@@ -314,7 +368,7 @@ class ResourceFiles(HostTest):
 
     def test_one_without_the_flag(self):
         without = self.file("without", self.resources.replace(b"CALL", b"none"))
-        self.assertEqual(unattended("--resources", without).status, CHOSE)
+        self.assert_chose(unattended("--resources", without))
         self.assert_fails(unattended("--resources", without, "--require-admin"), NOT_DONE,
                           "the administrator flag cannot be set: the resource file has no 'CALL' 1000, "
                           "which would hold it")
@@ -324,7 +378,7 @@ class ResourceFiles(HostTest):
         for length, status in ((401, NOT_DONE), (402, None)):
             with self.subTest(length):
                 short = self.file("short", self.resources.replace(size, length.to_bytes(4, "big") + bytes(402), 1))
-                self.assertEqual(unattended("--resources", short).status, CHOSE)
+                self.assert_chose(unattended("--resources", short))
                 outcome = unattended("--resources", short, "--require-admin")
                 if status == NOT_DONE:
                     self.assert_fails(outcome, NOT_DONE, "the administrator flag cannot be set: 'CALL' 1000 of the "
@@ -363,7 +417,7 @@ class Bundles(HostTest):
         self.assert_fails(unattended(self.bundle), NOT_LOADED, f"cannot load the external '{self.bundle}': {reason}")
 
     def test_a_copy_works(self):
-        self.assertEqual(unattended(self.bundle).status, CHOSE)
+        self.assert_chose(unattended(self.bundle))
 
     def test_a_missing_one(self):
         shutil.rmtree(self.bundle)
@@ -459,8 +513,7 @@ class Bundles(HostTest):
 
     def test_one_that_ends_another_process_goes_on(self):
         self.use_executable("ending_external")
-        outcome = unattended(self.bundle, variables={"ENDS_AT": "call", "ENDS_BY": "a child's _exit"})
-        self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
+        self.assert_chose(unattended(self.bundle, variables={"ENDS_AT": "call", "ENDS_BY": "a child's _exit"}), GERMAN)
 
     def test_one_that_changes_the_working_directory(self):
         original = self.executable.rename(self.folder / "original")
@@ -468,7 +521,7 @@ class Bundles(HostTest):
         self.file("start", record(current=GERMAN))
         outcome = unattended(self.bundle, "--record", "start", "--write-record", "after", "--picture", "picture.png",
                              "--trace-file", "calls", cwd=self.folder, variables={"EXTERNAL": str(original)})
-        self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
+        self.assert_chose(outcome, GERMAN)
         self.assertEqual((self.folder / "after").read_bytes(), record(current=GERMAN, chosen=GERMAN))
         for name in ("picture.png", "calls"):
             self.assertTrue((self.folder / name).is_file(), name)

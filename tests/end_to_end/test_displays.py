@@ -115,7 +115,9 @@ class Unattended(HostTest):
                 terminal = Terminal(*arguments, DISPLAY=self.screen.display)
                 terminal.type("japanese\n")  # read by nobody; echoed, unless the host has ended already
                 self.assertIn(terminal.read_rest(), ("", "japanese\r\n"))
-                self.assertNotIn("Japanese", terminal.finish().output)
+                output = terminal.finish().output
+                self.assertIn("After: ", output)
+                self.assertNotIn("Japanese", output)
                 self.assertFalse(self.screen.was_asked())
 
     def test_a_window_would_have_asked_for_that_screen(self):
@@ -264,7 +266,7 @@ class WithoutAScreen(HostTest):
         for code in NAMES:
             picture = self.folder / f"{code}.png"
             outcome = unattended("--current", str(code), "--picture", picture)
-            self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
+            self.assert_chose(outcome)
             pictures[picture.read_bytes()] = code
         self.assertEqual(len(pictures), len(NAMES), "each shows its own language")
 
@@ -297,8 +299,10 @@ class WithoutAScreen(HostTest):
         self.file("platforms/libqoffscreen.so", b"not a library")
         variables = {"QT_PLUGIN_PATH": str(self.folder), "QT_QPA_PLATFORM_PLUGIN_PATH": str(platforms),
                      "QT_DEBUG_PLUGINS": "1"}
-        outcome = unattended("--picture", self.folder / "picture.png", variables=variables)
+        picture = self.folder / "picture.png"
+        outcome = unattended("--picture", picture, variables=variables)
         self.assertEqual(outcome.status, CHOSE)
+        self.assertTrue(picture.is_file())
         self.assertNotIn(str(self.folder), outcome.errors)
 
 

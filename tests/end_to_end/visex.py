@@ -115,6 +115,11 @@ class HostTest(unittest.TestCase):
         return unattended(*arguments, host=host, user="nobody", group="nogroup", extra_groups=[], cwd="/",
                           variables={"LD_LIBRARY_PATH": str(self.folder / "toolbox"), **WITHOUT_PROFILE})
 
+    def assert_chose(self, outcome, code=ENGLISH):
+        """The host said nothing but that this language was written."""
+        self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
+        self.assertTrue(outcome.output.endswith(f"\n{NAMES[code]} ({code}) was written to the record.\n"), outcome.output)
+
     def assert_fails(self, outcome, status, line):
         """The host printed no answer and one line on standard error, which is `line`."""
         self.assertEqual(outcome.errors, f"visex-host: {line}\n")

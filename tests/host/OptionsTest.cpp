@@ -96,6 +96,8 @@ TEST(Options, CurrentTakesUnknownCodesOf32Bits)
     EXPECT_EQ(options({"--current", "4"}).current, 4u);
     EXPECT_EQ(options({"--current", "4294967295"}).current, 4294967295u);
     EXPECT_EQ(options({"--current", "SPANISH"}).current, 6u);
+    EXPECT_EQ(options({"--current", "deutsch"}).current, 2u);
+    EXPECT_EQ(options({"--current", "06"}).current, 6u);
 }
 
 TEST(Options, DisplayTakesThreeNames)
@@ -108,6 +110,7 @@ TEST(Options, DisplayTakesThreeNames)
 TEST(Options, HelpNamesThemAll)
 {
     const std::string help = std::get<std::string>(parseOptions({"--help"}));
+    EXPECT_EQ(std::get<std::string>(parseOptions({"-h"})), help);
     for (const char* const name : {"--message N", "--current LANG", "--display KIND", "--answer ANSWER", "--app DIR",
              "--resources FILE", "--require-admin", "--record FILE", "--write-record FILE", "--picture FILE", "--json",
              "--trace-file FILE", "--trace ", "--help", "--version", "BUNDLE", "Exit status", " 0 chosen", " 1 not",
@@ -135,7 +138,7 @@ TEST(Options, VersionIsOneLine)
 struct WrongCase {
     const char* name;
     Arguments arguments;
-    const char* line;
+    std::string line;
 };
 
 class WrongOptions : public testing::TestWithParam<WrongCase> { };
@@ -147,45 +150,45 @@ TEST_P(WrongOptions, AreRefusedInOneLine)
         FAIL() << "they were taken";
     } catch (const Problem& problem) {
         EXPECT_EQ(problem.status, ExitStatus::NotDone);
-        EXPECT_EQ(problem.what(), GetParam().line + std::string("; --help lists the options"));
+        EXPECT_EQ(problem.what(), GetParam().line + ("; --help lists the options"));
     }
 }
+
+const std::string NO_MESSAGE = "--message takes a number from -32768 to 32767, not ";
+const std::string NO_LANGUAGE = "--current takes a language (English (0), Japanese (11), German (2), French (1), "
+                                "Italian (3), Spanish (6)) or a code, not ";
+const std::string NO_DISPLAY = "--display takes window, terminal or unattended, not ";
+const std::string NOT_UNATTENDED = "--answer is for the unattended display, and --display names another";
 
 const WrongCase WRONG_CASES[] = {
     {"UnknownOption", {"--foo"}, "there is no option '--foo'"},
     {"UnknownShortOption", {"-x"}, "there is no option '-x'"},
-    {"BeginningOfAnOption", {"--mess", "1"}, "there is no option '--mess'"},
+    {"BeginningOfAnOption", {"--mess", "1"}, "there is no option '--mess' (did you mean --message?)"},
+    {"OptionMisspelt", {"--jsno"}, "there is no option '--jsno' (did you mean --json?)"},
     {"SecondBundle", {"a", "b"}, "one external at a time, and not also 'b'"},
     {"EmptySecondBundle", {"a", ""}, "one external at a time, and not also ''"},
     {"EmptyBundle", {""}, "BUNDLE needs a value"},
     {"NoValue", {"--message"}, "--message needs a value"},
     {"NoJoinedValue", {"--app="}, "--app needs a value"},
     {"EmptyPath", {"--app", ""}, "--app needs a value"},
-    {"MessageTooLarge", {"--message", "32768"}, "--message takes a number from -32768 to 32767, and '32768' is none"},
-    {"MessageTooSmall", {"--message", "-32769"}, "--message takes a number from -32768 to 32767, and '-32769' is none"},
-    {"MessageThatWouldWrap", {"--message", "66536"},
-        "--message takes a number from -32768 to 32767, and '66536' is none"},
-    {"MessageNoNumber", {"--message", "1000x"}, "--message takes a number from -32768 to 32767, and '1000x' is none"},
+    {"MessageTooLarge", {"--message", "32768"}, NO_MESSAGE + "'32768'"},
+    {"MessageTooSmall", {"--message", "-32769"}, NO_MESSAGE + "'-32769'"},
+    {"MessageThatWouldWrap", {"--message", "66536"}, NO_MESSAGE + "'66536'"},
+    {"MessageNoNumber", {"--message", "1000x"}, NO_MESSAGE + "'1000x'"},
     {"MessageEmpty", {"--message", ""}, "--message needs a value"},
     {"EmptyAnswer", {"--answer", ""}, "--answer needs a value"},
     {"ValueForAFlag", {"--json=3"}, "--json takes no value"},
-    {"MessageTakesAnOption", {"--message", "--json"},
-        "--message takes a number from -32768 to 32767, and '--json' is none"},
-    {"CurrentNoLanguage", {"--current", "klingon"},
-        "--current takes a language, English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6), or "
-        "its code, and 'klingon' is neither"},
-    {"CurrentNegative", {"--current", "-1"},
-        "--current takes a language, English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6), or "
-        "its code, and '-1' is neither"},
-    {"CurrentPast32Bits", {"--current", "4294967296"},
-        "--current takes a language, English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6), or "
-        "its code, and '4294967296' is neither"},
+    {"MessageTakesAnOption", {"--message", "--json"}, NO_MESSAGE + "'--json'"},
+    {"CurrentNoLanguage", {"--current", "klingon"}, NO_LANGUAGE + "'klingon'"},
+    {"CurrentNegative", {"--current", "-1"}, NO_LANGUAGE + "'-1'"},
+    {"CurrentPast32Bits", {"--current", "4294967296"}, NO_LANGUAGE + "'4294967296'"},
+    {"CurrentMisspelt", {"--current", "germna"}, NO_LANGUAGE + "'germna' (did you mean German?)"},
+    {"CurrentOfTwo", {"--current", "E"}, NO_LANGUAGE + "'E', which may be English or Spanish"},
     {"PictureOfAnotherKind", {"--picture", "x.jpg"}, "--picture saves a PNG, and 'x.jpg' ends like something else"},
-    {"DisplayUnknown", {"--display", "tv"}, "--display takes window, terminal or unattended, and 'tv' is none of them"},
-    {"AnswerForAWindow", {"--display", "window", "--answer", "ok"},
-        "--answer is for the unattended display, and --display names another"},
-    {"AnswerForATerminal", {"--answer", "ok", "--display", "terminal"},
-        "--answer is for the unattended display, and --display names another"},
+    {"DisplayUnknown", {"--display", "tv"}, NO_DISPLAY + "'tv'"},
+    {"DisplayMisspelt", {"--display", "Windw"}, NO_DISPLAY + "'Windw' (did you mean window?)"},
+    {"AnswerForAWindow", {"--display", "window", "--answer", "ok"}, NOT_UNATTENDED},
+    {"AnswerForATerminal", {"--answer", "ok", "--display", "terminal"}, NOT_UNATTENDED},
 };
 INSTANTIATE_TEST_SUITE_P(
     Cases, WrongOptions, testing::ValuesIn(WRONG_CASES), [](const auto& row) { return row.param.name; });
@@ -215,13 +218,14 @@ TEST(ParseAnswer, UnderstandsTheCommands)
 {
     ASSERT_EQ(parseAnswer("ok").steps.size(), 1u);
     expectStep(parseAnswer("ok").steps[0], Kind::Command, kHICommandOK);
-    ASSERT_EQ(parseAnswer("cancel").steps.size(), 1u);
-    expectStep(parseAnswer("cancel").steps[0], Kind::Command, kHICommandCancel);
+    ASSERT_EQ(parseAnswer("Cancel").steps.size(), 1u);
+    expectStep(parseAnswer("Cancel").steps[0], Kind::Command, kHICommandCancel);
+    expectStep(parseAnswer("OK").steps[0], Kind::Command, kHICommandOK);
 }
 
 TEST(ParseAnswer, TakesALanguageAsItsItemAndOK)
 {
-    for (const char* const japanese : {"Japanese", "japanese", "11"}) {
+    for (const char* const japanese : {"Japanese", "japanese", "11", "ja", "JAP", "日本語"}) {
         const GivenAnswer answer = parseAnswer(japanese);
         EXPECT_EQ(answer.text, japanese);
         ASSERT_EQ(answer.steps.size(), 2u);
@@ -234,12 +238,13 @@ TEST(ParseAnswer, UnderstandsButtonsByNumber)
 {
     ASSERT_EQ(parseAnswer("button:2").steps.size(), 1u);
     expectStep(parseAnswer("button:2").steps[0], Kind::Button, 2);
+    expectStep(parseAnswer("Button:2").steps[0], Kind::Button, 2);
     expectStep(parseAnswer("button:32767").steps[0], Kind::Button, 32767);
 }
 
 TEST(ParseAnswer, RefusesAnythingElseWithAWordOnIt)
 {
-    for (const char* const text : {"", "OK", "Cancel", "maybe", "4", "-1", "button", "button:", "button:0", "button:-1",
+    for (const char* const text : {"", "maybe", "e", "4", "-1", "button", "button:", "button:0", "button:-1",
              "button:32768", "button:one", "button:1 ", "ok "}) {
         try {
             parseAnswer(text);

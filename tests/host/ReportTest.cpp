@@ -134,6 +134,8 @@ TEST(InJson, HasEveryField)
             "chosen": {"code": 11, "name": "Japanese"},
             "flags": {"before": 128, "after": 128},
             "alerts": [],
+            "display": "unattended",
+            "asked": false,
             "result": "chosen"
         })"));
 }
@@ -161,6 +163,25 @@ TEST(InJson, TellsOfAlertsWithAnIdOnlyIfTheyHaveOne)
     ])"));
     EXPECT_EQ(parsed["flags"], json::parse(R"({"before": 128, "after": 129})"));
     EXPECT_EQ(parsed["result"], "refused");
+}
+
+TEST(InJson, TellsHowTheAnswerCameAbout)
+{
+    Report report = plainReport();
+    const auto cameAbout = [&report] {
+        const json parsed = json::parse(inJson(report));
+        return parsed["display"].get<std::string>() + (parsed["asked"].get<bool>() ? ", asked" : "");
+    };
+    report.display = DisplayKind::Window;
+    EXPECT_EQ(cameAbout(), "window") << "nothing was shown";
+    report.toolbox.windowShown = true;
+    EXPECT_EQ(cameAbout(), "window, asked");
+    report.display = DisplayKind::Unattended;
+    EXPECT_EQ(cameAbout(), "unattended");
+    report.toolbox.windowShown = false;
+    report.display = DisplayKind::Terminal;
+    report.toolbox.alerts = {ALERT_5000};
+    EXPECT_EQ(cameAbout(), "terminal, asked");
 }
 
 TEST(InJson, TellsOfAnUnfitAnswer)

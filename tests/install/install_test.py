@@ -51,7 +51,9 @@ FILES = {
         LIBDIR/visex-host/visex-host
         share/doc/visex-host/answer.schema.json
         share/bash-completion/completions/visex-host
+        share/fish/vendor_completions.d/visex-host.fish
         share/man/man1/visex-host.1.gz
+        share/zsh/site-functions/_visex-host
     """,
 }
 

@@ -10,8 +10,6 @@
 
 #include <Toolbox/Application.h>
 
-#include <QFile>
-
 namespace fs = std::filesystem;
 
 using Toolbox::Bundle;
@@ -77,13 +75,10 @@ QString Toolbox::mainBundleName()
     return bundle == nullptr ? QString() : bundle->info().value(QStringLiteral("CFBundleName")).toString();
 }
 
-QString Toolbox::mainBundleResource(const QString& name, const QString& type, const QString& subfolder)
+fs::path Toolbox::mainBundleResource(const QString& name, const QString& type, const QString& subfolder)
 {
     const auto* const bundle = findObject<Bundle>(mainBundle);
-    if (bundle == nullptr)
-        return QString();
-    const fs::path path = bundle->findResource(name, type, subfolder, userLanguages());
-    return QFile::decodeName(path.c_str());
+    return bundle == nullptr ? fs::path() : bundle->findResource(name, type, subfolder, userLanguages());
 }
 
 CFBundleRef CFBundleGetMainBundle()

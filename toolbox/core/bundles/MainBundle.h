@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <filesystem>
+
 namespace Toolbox {
 
 /// What the running application is called: the CFBundleName of the main bundle. Empty when there is none.
@@ -14,7 +16,8 @@ QString mainBundleName();
 /// given; searched for as CFBundleCopyResourceURL does. A resource may be a folder; what lies in it is found with the
 /// folder as `subfolder`, so that no symbolic link leads out of the bundle there either:
 /// mainBundleResource("objects", "xib", "About.nib"). Empty when there is no main bundle or no such resource.
-QString mainBundleResource(const QString& name, const QString& type, const QString& subfolder = QString());
+std::filesystem::path mainBundleResource(
+    const QString& name, const QString& type, const QString& subfolder = QString());
 
 }  // namespace Toolbox
 

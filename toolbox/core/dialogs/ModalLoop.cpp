@@ -45,6 +45,7 @@ OSStatus runModalLoop(WindowRef ref)
         return windowAppModalStateAlreadyExistsErr;
 
     const InnermostLoop loop(ref);
+    currentReport().windowShown = currentReport().windowShown || window->visible;
     QString problem = QStringLiteral("the window is not shown");
     if (window->visible && currentDisplay()->runWindow(*window, &problem))
         return noErr;

@@ -7,8 +7,6 @@
 #include "toolbox/core/nibs/NibArchive.h"
 #include "toolbox/core/nibs/NibWindow.h"
 
-#include <QFile>
-
 namespace Toolbox {
 
 namespace {
@@ -16,11 +14,11 @@ namespace {
 // No dialog comes near, and what an archive holds takes many times its size in memory.
 constexpr std::uint64_t LONGEST_ARCHIVE = 2 * 1024 * 1024;
 
-std::optional<QByteArray> readArchive(const QString& path)
+std::optional<QByteArray> readArchive(const std::string& path)
 {
     InputFile file;
     std::vector<UInt8> bytes;
-    if (file.open(QFile::encodeName(path).toStdString()) != noErr || file.length() > LONGEST_ARCHIVE
+    if (file.open(path) != noErr || file.length() > LONGEST_ARCHIVE
         || file.read(0, static_cast<std::size_t>(file.length()), &bytes) != noErr)
         return std::nullopt;
     return QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
@@ -34,9 +32,8 @@ OSStatus openNib(CFStringRef name, IBNibRef* result)
     const QString text = textOf(name);
     if (text.isNull())
         return paramErr;
-    const QString path =
-        mainBundleResource(QStringLiteral("objects"), QStringLiteral("xib"), text + QStringLiteral(".nib"));
-    const std::optional<QByteArray> archive = readArchive(path);
+    const std::optional<QByteArray> archive = readArchive(
+        mainBundleResource(QStringLiteral("objects"), QStringLiteral("xib"), text + QStringLiteral(".nib")));
     if (!archive)
         return kIBCarbonRuntimeCantFindNibFile;
     *result = (new Nib(*archive))->ref();

@@ -1,5 +1,7 @@
 #include "toolbox/core/terminal/Choices.h"
 
+#include <Toolbox/Choices.h>
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -92,8 +94,7 @@ void Choices::add(const QString& name, std::optional<int> number, const QString&
 
 std::optional<std::size_t> Choices::find(const QString& typed, QString* problem) const
 {
-    const QString wanted = oneSpelling(typed);
-    const std::vector<std::size_t> found = wanted.isEmpty() ? std::vector<std::size_t>() : findAll(wanted);
+    const std::vector<std::size_t> found = meant(typed);
     if (found.size() == 1)
         return found.front();
 
@@ -112,9 +113,11 @@ std::vector<std::size_t> Choices::beginningLike(const QString& typed) const
     return allThat(&Choice::beginsLike, oneSpelling(typed));
 }
 
-// The choices that fit the surest reading that fits any.
-std::vector<std::size_t> Choices::findAll(const QString& wanted) const
+std::vector<std::size_t> Choices::meant(const QString& typed) const
 {
+    const QString wanted = oneSpelling(typed);
+    if (wanted.isEmpty())
+        return {};
     for (const Test fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
         const std::vector<std::size_t> found = allThat(fits, wanted);
         if (!found.empty())
@@ -130,6 +133,14 @@ std::vector<std::size_t> Choices::allThat(Test fits, const QString& wanted) cons
         if ((m_choices[index].*fits)(wanted))
             found.push_back(index);
     return found;
+}
+
+std::vector<std::size_t> ChoicesMeant(const std::vector<NamedChoice>& choices, const std::string& typed)
+{
+    Choices all;
+    for (const NamedChoice& each : choices)
+        all.add(QString::fromStdString(each.name), std::nullopt, QString::fromStdString(each.word));
+    return all.meant(QString::fromStdString(typed));
 }
 
 }  // namespace Toolbox

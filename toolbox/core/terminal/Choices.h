@@ -30,6 +30,9 @@ public:
     /// `*problem`, a sentence.
     std::optional<std::size_t> find(const QString& typed, QString* problem) const;
 
+    /// The indexes, in the order of adding, of all choices that `typed` may mean: those that fit its surest reading.
+    std::vector<std::size_t> meant(const QString& typed) const;
+
     /// The indexes, in the order of adding, of the choices whose name or a part of it begins as `typed` says, which
     /// must not be empty.
     std::vector<std::size_t> beginningLike(const QString& typed) const;
@@ -49,7 +52,6 @@ private:
 
     using Test = bool (Choice::*)(const QString& wanted) const;
 
-    std::vector<std::size_t> findAll(const QString& wanted) const;
     std::vector<std::size_t> allThat(Test fits, const QString& wanted) const;
 
     std::vector<Choice> m_choices;

@@ -26,6 +26,7 @@ struct ShownAlert {
 /// What happened, in the order in which it did. Texts are UTF-8.
 struct CallReport {
     std::vector<ShownAlert> alerts;
+    bool windowShown = false;          // one was run, on whichever display
     std::vector<std::string> remarks;  // why an alert was not shown, a right not granted...: a clause each, each once
     std::string displayProblem;        // why a modal loop failed, in a few words: the last one that did
     std::string pictureProblem;        // why the picture that was asked for was not saved; empty when none was

@@ -49,7 +49,7 @@ private:
 
 TEST_F(EnvironmentDeathTest, NamesNoMainBundle)
 {
-    EXPECT_EXIT(exitWith(CFBundleGetMainBundle() == nullptr && Toolbox::mainBundleResource("test", "nib").isEmpty()
+    EXPECT_EXIT(exitWith(CFBundleGetMainBundle() == nullptr && Toolbox::mainBundleResource("test", "nib").empty()
                     && !Toolbox::SetMainBundle("") && CFBundleGetMainBundle() == nullptr),
         testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
@@ -67,7 +67,7 @@ TEST_F(EnvironmentDeathTest, LendsNoExecutable)
 TEST_F(EnvironmentDeathTest, LendsNoResource)
 {
     EXPECT_EXIT(
-        exitWith(Toolbox::SetMainBundle(in("test.bundle")) && Toolbox::mainBundleResource("test", "nib").isEmpty()),
+        exitWith(Toolbox::SetMainBundle(in("test.bundle")) && Toolbox::mainBundleResource("test", "nib").empty()),
         testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
 

@@ -74,7 +74,7 @@ TEST_F(MainBundle, ReleasedByACallerWhoOnlyBorrowedItIsADeadReference)
     ASSERT_TRUE(SetMainBundle(in("a.app")));
     CFRelease(CFBundleGetMainBundle());
     EXPECT_EQ(CFBundleCopyResourceURL(CFBundleGetMainBundle(), CFSTR("a"), CFSTR("txt"), nullptr), nullptr);
-    EXPECT_TRUE(mainBundleResource("a", "txt").isEmpty());
+    EXPECT_TRUE(mainBundleResource("a", "txt").empty());
     EXPECT_TRUE(SetMainBundle(in("b.app")));
 }
 
@@ -85,11 +85,11 @@ TEST_F(MainBundle, GivesThePathsOfItsResources)
     writeFile(in("outside"));
     fs::create_symlink(in("outside"), resources / "About.nib/link.xib");
     ASSERT_TRUE(SetMainBundle(in("a.app")));
-    EXPECT_EQ(mainBundleResource("About", "nib").toStdString(), resources / "About.nib");
-    EXPECT_EQ(mainBundleResource("objects", "xib", "About.nib").toStdString(), resources / "About.nib/objects.xib");
-    EXPECT_TRUE(mainBundleResource("link", "xib", "About.nib").isEmpty()) << "it leads out of the bundle";
-    EXPECT_TRUE(mainBundleResource("Other", "nib").isEmpty());
-    EXPECT_TRUE(mainBundleResource("", "nib").isEmpty());
+    EXPECT_EQ(mainBundleResource("About", "nib"), resources / "About.nib");
+    EXPECT_EQ(mainBundleResource("objects", "xib", "About.nib"), resources / "About.nib/objects.xib");
+    EXPECT_TRUE(mainBundleResource("link", "xib", "About.nib").empty()) << "it leads out of the bundle";
+    EXPECT_TRUE(mainBundleResource("Other", "nib").empty());
+    EXPECT_TRUE(mainBundleResource("", "nib").empty());
 }
 
 }  // namespace

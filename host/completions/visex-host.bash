@@ -5,7 +5,7 @@ _visex_host()
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
     local languages='english french german italian spanish japanese'
     local options='--message --current --display --answer --app --resources --record --write-record --picture
-        --require-admin --json --trace --trace-file --help --version'
+        --require-admin --json --trace --trace-file -h --help --version'
     local choices= files=-f
 
     # Bash takes --option=value for three words.

@@ -1,0 +1,24 @@
+// Which of several choices a person means, as the terminal display understands it: on a command line as there.
+
+#ifndef TOOLBOX_CHOICES_H
+#define TOOLBOX_CHOICES_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace Toolbox {
+
+/// "Deutsch (German)" with the word "de". The word, in small letters, means it where no name is that word.
+struct NamedChoice {
+    std::string name;
+    std::string word;
+};
+
+/// The indexes of all of `choices` that `typed` may mean, none if it is empty: a name or a part of it, as "German", or
+/// the word, else what begins so. Neither case nor accents count. Texts are UTF-8.
+std::vector<std::size_t> ChoicesMeant(const std::vector<NamedChoice>& choices, const std::string& typed);
+
+}  // namespace Toolbox
+
+#endif
