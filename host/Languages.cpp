@@ -1,7 +1,7 @@
 #include "host/Languages.h"
 
 #include <Toolbox/Application.h>
-#include <Toolbox/Choices.h>
+#include <Toolbox/NamedChoices.h>
 
 #include <algorithm>
 

@@ -30,7 +30,7 @@ def nib():
 
 
 def completed():
-    script = f"""source {ROOT}/host/visex-host.bash-completion
+    script = f"""source {ROOT}/host/completions/visex-host.bash
         COMP_WORDS=(visex-host --current '') COMP_CWORD=2
         compopt() {{ :; }}
         _visex_host
@@ -54,14 +54,14 @@ def main():
     name_code, code_name = r"(?P<name>\w+)\s(?P<code>\d+)", r"(?P<code>\d+)\s(?P<name>\w+)"
     items = re.search(r"whose items are ([^;]*);", pages["docs/host-contract.md"])
     language = json.loads(read("docs/answer.schema.json"))["$defs"]["language"]["properties"]
-    tags = re.search(r"MENU_TAGS\[\] = \{(.*?)\}", read("host/Languages.h"))
+    namings = re.search(r"MENU_NAMINGS\[\] = \{(.*?)\};", read("host/Languages.h"), re.DOTALL)
     places = {  # what each says, and what it should
         "the nib's pop-up": (nib(), list(wanted)),
-        "the tags in host/Languages.h, by number": (len(tags[1].split(",")), len(wanted)),
+        "the tags in host/Languages.h, by number": (namings[1].count("{"), len(wanted)),
         "docs/answer.schema.json": (sorted(filter(None, language["name"]["enum"])), names),
-        "host/visex-host.bash-completion": (sorted(each.capitalize() for each in completed()), names),
-        "host/visex-host.1": (listed(pages["host/visex-host.1"], "by English name or by code:", name_code), wanted),
-        "README.md": (listed(pages["README.md"], "its Mac OS language code:", name_code), wanted),
+        "host/completions/visex-host.bash": (sorted(each.capitalize() for each in completed()), names),
+        "host/visex-host.1": (listed(pages["host/visex-host.1"], "The current language in the record:", name_code), wanted),
+        "README.md": (listed(pages["README.md"], "The Mac OS language codes:", name_code), wanted),
         "docs/host-contract.md": (listed(pages["docs/host-contract.md"], "Mac OS language codes:", code_name), wanted),
         "docs/host-contract.md, the pop-up's items": (re.split(r",\s+", items[1]) if items else [], list(wanted)),
     }

@@ -4,6 +4,7 @@
 #include "host/CFReferences.h"
 #include "host/Installer.h"
 #include "host/Record.h"
+#include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
@@ -205,6 +206,6 @@ TEST_P(LoadTest, GrowsByWhatEachCallLeavesAndNoMore)
         grown, grown / calls);
 }
 
-INSTANTIATE_TEST_SUITE_P(Loads, LoadTest, testing::ValuesIn(LOADS), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Loads, LoadTest, testing::ValuesIn(LOADS), RowName());
 
 }  // namespace

@@ -71,6 +71,17 @@ class OnATerminal(HostTest):
         terminal.hang_up()
         self.assert_cancelled(terminal.finish())
 
+    def test_what_an_external_starts_does_not_get_it(self):
+        terminal = Terminal("--display", "terminal")
+        terminal.read_until(PROMPT)
+        process = pathlib.Path(f"/proc/{terminal.process.pid}")
+        opened = [each.name for each in (process / "fd").iterdir()
+                  if int(each.name) > 2 and os.readlink(each).startswith("/dev/")]
+        flags = [int((process / "fdinfo" / name).read_text().split("flags:")[1].split()[0], 8) for name in opened]
+        terminal.type("\n")
+        self.assert_chose(terminal.finish())
+        self.assertEqual([flag & os.O_CLOEXEC for flag in flags], [os.O_CLOEXEC], "of the terminal alone")
+
     def test_without_one_it_cannot_be_asked_for(self):
         self.assert_fails(run("--display", "terminal"), NOT_DONE, "cannot ask on the terminal: the process has none")
 
@@ -266,7 +277,7 @@ class WithoutAScreen(HostTest):
         for code in NAMES:
             picture = self.folder / f"{code}.png"
             outcome = unattended("--current", str(code), "--picture", picture)
-            self.assert_chose(outcome)
+            self.assert_chose(outcome, code)
             pictures[picture.read_bytes()] = code
         self.assertEqual(len(pictures), len(NAMES), "each shows its own language")
 

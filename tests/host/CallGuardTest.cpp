@@ -1,4 +1,5 @@
 #include "host/CallGuard.h"
+#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -63,8 +64,7 @@ const EndCase END_CASES[] = {
     {"ByTheEndOfTheThread", Running::Release, [] { pthread_exit(nullptr); },
         "the external ended the host's thread, or threw what is no std::exception while it was released"},
 };
-INSTANTIATE_TEST_SUITE_P(
-    Ends, CallGuardDeath, testing::ValuesIn(END_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Ends, CallGuardDeath, testing::ValuesIn(END_CASES), RowName());
 
 TEST(CallGuard, LetsTheHostsOwnProblemsPass)
 {
@@ -110,7 +110,6 @@ const LastCase LAST_CASES[] = {
     {"Abort", [] { std::abort(); }, NOT_RETURNED,
         "^visex-host: the external called abort, or threw where nothing may be thrown after its call\n$"},
 };
-INSTANTIATE_TEST_SUITE_P(
-    Last, GuardedEndDeath, testing::ValuesIn(LAST_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Last, GuardedEndDeath, testing::ValuesIn(LAST_CASES), RowName());
 
 }  // namespace

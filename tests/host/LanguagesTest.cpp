@@ -1,4 +1,5 @@
 #include "host/Languages.h"
+#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -40,8 +41,6 @@ struct NameCase {
     std::vector<std::string_view> languages;  // in English
 };
 
-const auto rowName = [](const auto& row) { return row.param.name; };
-
 class LanguagesMeant : public testing::TestWithParam<NameCase> { };
 
 TEST_P(LanguagesMeant, AreThoseOfTheSurestReading)
@@ -69,7 +68,7 @@ const NameCase TYPED[] = {
     {"Empty", "", {}},
     {"NotUtf8", "\xFF", {}},
 };
-INSTANTIATE_TEST_SUITE_P(Typed, LanguagesMeant, testing::ValuesIn(TYPED), rowName);
+INSTANTIATE_TEST_SUITE_P(Typed, LanguagesMeant, testing::ValuesIn(TYPED), RowName());
 
 struct LocaleCase {
     const char* name;
@@ -100,7 +99,7 @@ const LocaleCase LOCALES[] = {
     {"OthersInTheListArePassedOver", "ja_JP", "nl:it_CH", "Italian"},
     {"LocaleAfterTheList", "ja_JP", "nl", "Japanese"},
 };
-INSTANTIATE_TEST_SUITE_P(Locales, UserLanguage, testing::ValuesIn(LOCALES), rowName);
+INSTANTIATE_TEST_SUITE_P(Locales, UserLanguage, testing::ValuesIn(LOCALES), RowName());
 
 TEST(DescribeLanguage, GivesNameAndCode)
 {

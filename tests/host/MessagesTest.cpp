@@ -1,4 +1,5 @@
 #include "host/Messages.h"
+#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -38,6 +39,6 @@ const LineCase LINE_CASES[] = {
     {"Surrogate", "\xED\x9F\xBF\xED\xA0\x80", "\xED\x9F\xBF\\xed\\xa0\\x80"},
     {"PastTheEnd", "\xF4\x8F\xBF\xBF\xF4\x90\x80\x80\xF5", "\xF4\x8F\xBF\xBF\\xf4\\x90\\x80\\x80\\xf5"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, OneLine, testing::ValuesIn(LINE_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, OneLine, testing::ValuesIn(LINE_CASES), RowName());
 
 }  // namespace

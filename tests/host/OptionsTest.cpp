@@ -1,5 +1,6 @@
 #include "host/Options.h"
 #include "host/Messages.h"
+#include "tests/support/RowName.h"
 
 #include <Carbon/CarbonEvents.h>
 
@@ -190,8 +191,7 @@ const WrongCase WRONG_CASES[] = {
     {"AnswerForAWindow", {"--display", "window", "--answer", "ok"}, NOT_UNATTENDED},
     {"AnswerForATerminal", {"--answer", "ok", "--display", "terminal"}, NOT_UNATTENDED},
 };
-INSTANTIATE_TEST_SUITE_P(
-    Cases, WrongOptions, testing::ValuesIn(WRONG_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, WrongOptions, testing::ValuesIn(WRONG_CASES), RowName());
 
 TEST(Options, TakePicturesThatMayBeAPng)
 {

@@ -1,5 +1,6 @@
 #include "host/Outputs.h"
 #include "host/Messages.h"
+#include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +36,11 @@ const char* loadedLibrary()
 // A working folder that is none of the host's own, for as long as it lasts.
 class OtherWorkingFolder {
 public:
-    OtherWorkingFolder() : m_before(fs::current_path()) { fs::current_path(m_folder.path()); }
+    OtherWorkingFolder()
+        : m_before(fs::current_path())
+    {
+        fs::current_path(m_folder.path());
+    }
     ~OtherWorkingFolder() { fs::current_path(m_before); }
 
 private:
@@ -99,8 +104,7 @@ TEST_P(OutputPair, MayBeTwoFiles)
     EXPECT_EQ(problemOf(folder / "file", folder / "other"), "none");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, OutputPair, testing::ValuesIn(PAIR_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, OutputPair, testing::ValuesIn(PAIR_CASES), RowName());
 
 TEST_P(OutputPair, MayNotBeOneFileOfTheWorkingFolder)
 {
@@ -214,8 +218,7 @@ TEST_P(OutputFile, MayBeNamedFromTheWorkingFolder)
     EXPECT_EQ(problemOf("a file that is not here"), "none");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, OutputFile, testing::ValuesIn(FILE_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, OutputFile, testing::ValuesIn(FILE_CASES), RowName());
 
 struct BundleCase {
     const char* name;
@@ -258,7 +261,6 @@ TEST_P(OutputInABundle, IsRefused)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, OutputInABundle, testing::ValuesIn(BUNDLE_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, OutputInABundle, testing::ValuesIn(BUNDLE_CASES), RowName());
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "host/Report.h"
+#include "tests/support/RowName.h"
 
 #include <nlohmann/json.hpp>
 
@@ -72,8 +73,7 @@ const StatusCase STATUS_CASES[] = {
     {"UnfitAnswerAndAlert",    false, 0, 1,          true,  true,  ExitStatus::NotDone},
 };
 // clang-format on
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StatusOf, testing::ValuesIn(STATUS_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, StatusOf, testing::ValuesIn(STATUS_CASES), RowName());
 
 TEST(InWords, TellsOfAChosenLanguage)
 {

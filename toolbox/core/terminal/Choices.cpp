@@ -1,6 +1,6 @@
 #include "toolbox/core/terminal/Choices.h"
 
-#include <Toolbox/Choices.h>
+#include <Toolbox/NamedChoices.h>
 
 #include <QRegularExpression>
 

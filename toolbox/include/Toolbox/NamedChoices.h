@@ -1,7 +1,7 @@
 // Which of several choices a person means, as the terminal display understands it: on a command line as there.
 
-#ifndef TOOLBOX_CHOICES_H
-#define TOOLBOX_CHOICES_H
+#ifndef TOOLBOX_NAMEDCHOICES_H
+#define TOOLBOX_NAMEDCHOICES_H
 
 #include <cstddef>
 #include <string>
