@@ -49,7 +49,8 @@ OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param exp
     Call call(
         "StandardAlert", type, [&] { return quoted(error); }, [&] { return quoted(explanation); },
         [&] { return describeRecord(*parameters); });
-    *itemHit = state().pressedButton;
+    if (state().pressedButton != 0)
+        *itemHit = state().pressedButton;
     return static_cast<OSErr>(call.fails() ? call.returnsStatus(call.failure()) : call.succeeds(*itemHit));
 }
 

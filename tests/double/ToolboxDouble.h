@@ -92,7 +92,8 @@ Act Quit();
 /// with eventInternalErr.
 void InModalLoop(const std::vector<Act>& acts);
 
-/// The button that every alert will be left with, the one that gives an error too; 1 before.
+/// The button that every alert will be left with, the one that gives an error too; 1 before. For 0, StandardAlert
+/// stores none.
 void PressInAlerts(SInt16 button);
 
 /// What happens while StopAlert shows its alert.
