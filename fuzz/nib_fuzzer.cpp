@@ -61,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const NothingLeft check;
     const auto length = static_cast<qsizetype>(size);
     const IBNibRef nib =
-        (new Toolbox::Nib(QByteArray::fromRawData(reinterpret_cast<const char*>(data), length)))->ref();
+        (new Toolbox::Nib(QStringLiteral("Fuzzed"), QByteArray::fromRawData(reinterpret_cast<const char*>(data), length)))->ref();
     WindowRef window = nullptr;
     const OSStatus status = CreateWindowFromNib(nib, name, &window);
     DisposeNibReference(nib);

@@ -54,7 +54,7 @@ void TracedCall::leave(const std::string* line)
         traceSink(*line);
 }
 
-std::string TracedCall::describeNumber(long long number)
+std::string describeNumber(long long number)
 {
     const std::string code = fourCharacters(number);
     return code.empty() ? std::to_string(number) : code;

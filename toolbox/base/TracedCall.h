@@ -13,6 +13,9 @@
 
 namespace Toolbox {
 
+/// `number` in decimal, or as the four characters in quotes if it is a code such as 'CALL'.
+std::string describeNumber(long long number);
+
 /// One call of a public function, reported when it ends, unless it was made from inside another.
 class TracedCall {
 public:
@@ -69,7 +72,6 @@ private:
     static bool enter();
     static void leave(const std::string* line);
 
-    static std::string describeNumber(long long number);
     static std::string describePointer(const void* pointer);
 
     template <typename Value> static std::string describe(const Value& value)

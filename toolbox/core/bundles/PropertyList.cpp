@@ -1,4 +1,14 @@
+// A property list in XML:
+//
+//     list  = <plist> value </plist>
+//     value = <dict> { <key> value } </dict> | <array> { value } </array>
+//           | <string> | <integer> | <real> | <true/> | <false/> | <date> | <data>
+//
+// and nothing but white space, comments and processing instructions between the elements.
+
 #include "toolbox/core/bundles/PropertyList.h"
+
+#include "toolbox/core/xml/XmlLimits.h"
 
 #include <QXmlStreamReader>
 
@@ -10,10 +20,7 @@ namespace {
 // any more: so every function below just runs out, and the error is looked for once, at the end.
 class PropertyListReader {
 public:
-    explicit PropertyListReader(const QByteArray& document)
-        : m_xml(document)
-    {
-    }
+    explicit PropertyListReader(const QByteArray& document) { parseWithinLimits(document, m_xml); }
 
     std::optional<QVariantMap> read()
     {
@@ -44,9 +51,6 @@ private:
                 return true;
             case QXmlStreamReader::EndElement:
                 return false;
-            case QXmlStreamReader::DTD:
-                require(m_xml.entityDeclarations().isEmpty());
-                break;
             case QXmlStreamReader::Characters:
                 require(m_xml.isWhitespace());
                 break;
@@ -75,19 +79,13 @@ private:
         const QString type = m_xml.name().toString();
         if (type == QLatin1String("string"))
             return readText();
-        if (type == QLatin1String("dict") || type == QLatin1String("array"))
-            return readContainer(type == QLatin1String("dict"));
+        if (type == QLatin1String("dict"))
+            return readDictionary();
+        if (type == QLatin1String("array"))
+            return readArray();
         require(NOT_ASKED_FOR.contains(type));
         readText();
         return QVariant();
-    }
-
-    QVariant readContainer(bool isDictionary)
-    {
-        require(++m_depth <= DEEPEST_PROPERTY_LIST);
-        const QVariant container = isDictionary ? QVariant(readDictionary()) : QVariant(readArray());
-        --m_depth;
-        return container;
     }
 
     QVariantMap readDictionary()
@@ -113,7 +111,6 @@ private:
     static inline const QStringList NOT_ASKED_FOR = {"integer", "real", "true", "false", "date", "data"};
 
     QXmlStreamReader m_xml;
-    int m_depth = 0;
 };
 
 }  // namespace

@@ -11,15 +11,13 @@
 namespace Toolbox {
 
 constexpr qsizetype LONGEST_PROPERTY_LIST = 1024 * 1024;  // bytes
-constexpr int DEEPEST_PROPERTY_LIST = 32;                 // dictionaries and arrays within each other
 
 /// The dictionary that the property list `document` holds. A string is a QString, an array a QVariantList, a dictionary
 /// a QVariantMap; numbers, dates, data and Booleans are there as QVariants without a value, since nothing asks for
 /// them. Of a key that is given twice, the last counts.
 ///
 /// Nothing for a document that is not well-formed XML, that is no property list (a binary one included), whose value is
-/// no dictionary, that is longer or deeper than the above, or that declares entities. A document type that names an
-/// external definition is accepted, as every genuine property list has one; it is never fetched.
+/// no dictionary, that is longer than the above, or that is beyond the limits of XmlLimits.h.
 std::optional<QVariantMap> readPropertyList(const QByteArray& document);
 
 }  // namespace Toolbox

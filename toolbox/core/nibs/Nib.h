@@ -8,6 +8,7 @@
 #include <Carbon/IBCarbonRuntime.h>
 
 #include <QByteArray>
+#include <QString>
 
 namespace Toolbox {
 
@@ -16,11 +17,13 @@ class Nib : public Referenced<Nib, IBNibRef> {
 public:
     static constexpr const char* KIND = "nib";
 
-    explicit Nib(const QByteArray& itsArchive)
-        : archive(itsArchive)
+    Nib(const QString& itsName, const QByteArray& itsArchive)
+        : name(itsName)
+        , archive(itsArchive)
     {
     }
 
+    const QString name;
     const QByteArray archive;  // XML, not looked at yet
 };
 

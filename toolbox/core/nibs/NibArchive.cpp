@@ -1,6 +1,18 @@
+// What is read of a nib's archive, objects.xib; [] stands around what may be left out:
+//
+//     archive    = object
+//     object     = <object class="..." [id="..."]> { value with name="property" } </object>
+//     value      = object | <reference idRef="..."/>     the object of that id, which may stand anywhere
+//                | <array> { value } </array> | <dictionary> { string value } </dictionary>
+//                | <string> | <int> | <unsigned_int> | <boolean> TRUE or FALSE | <ostype> up to four characters
+//
+// The root has the property nameTable, a dictionary of what windows and others are asked for by. Elements of other
+// names are skipped, and so are attributes, among them `count`, which could only disagree with what is there.
+
 #include "toolbox/core/nibs/NibArchive.h"
 
 #include "toolbox/base/text_encoding/MacRoman.h"
+#include "toolbox/core/xml/XmlLimits.h"
 
 #include <QXmlStreamReader>
 
@@ -8,90 +20,41 @@
 
 namespace Toolbox {
 
-namespace {
-
-// Elements inside one another. Each control inside another takes two; no dialog comes near.
-constexpr int DEEPEST = 200;
-
-// The bytes given to the stream at a time, and how many times for one token: a tag or text of more than 16 KiB is
-// refused. The stream compares each attribute of a tag with every other, so a tag of megabytes would take it hours.
-constexpr qsizetype PIECE = 1024;
-constexpr int MOST_PIECES = 16;
-
-}  // namespace
-
 // Reads one archive. What is wrong in it stops the stream, which from then on gives nothing more.
 class NibArchiveReader {
 public:
-    explicit NibArchiveReader(const QByteArray& xml)
-        : m_rest(xml)
-    {
-    }
+    explicit NibArchiveReader(const QByteArray& xml) { parseWithinLimits(xml, m_xml); }
 
-    std::optional<NibArchive> read()
+    std::optional<NibArchive> read(QString* problem)
     {
-        readProlog();
-        const NibValue root = readValue();
+        NibValue root;
+        if (nextElement())
+            root = readValue();
+        while (!m_xml.atEnd())
+            m_xml.readNext();
         const NibReference* const reference = root.as<NibReference>();
-        if (m_xml.hasError() || reference == nullptr || !isAtEnd())
+        if (!m_xml.hasError() && reference == nullptr)
+            m_xml.raiseError(QStringLiteral("its root is not an object"));
+        *problem = m_xml.errorString();
+        if (m_xml.hasError())
             return std::nullopt;
         takeNameTable(m_archive.m_objects[reference->id]);
         return std::move(m_archive);
     }
 
 private:
-    // The next token; Invalid at an error, and when the archive ends too early.
-    QXmlStreamReader::TokenType next()
-    {
-        QXmlStreamReader::TokenType token = m_xml.readNext();
-        for (int pieces = 0; m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError && !m_rest.isEmpty();) {
-            if (++pieces > MOST_PIECES) {
-                m_xml.raiseError(QStringLiteral("a tag or text is too long"));
-                return QXmlStreamReader::Invalid;
-            }
-            m_xml.addData(m_rest.first(std::min(PIECE, m_rest.size())).toByteArray());
-            m_rest = m_rest.sliced(std::min(PIECE, m_rest.size()));
-            token = m_xml.readNext();
-        }
-        return token;
-    }
-
     // Up to the start of the next element inside this one. False at this one's end, and at an error.
     bool nextElement()
     {
-        while (next() != QXmlStreamReader::Invalid && !m_xml.isEndElement())
+        while (m_xml.readNext() != QXmlStreamReader::Invalid && !m_xml.isEndElement() && !m_xml.isEndDocument())
             if (m_xml.isStartElement())
                 return true;
         return false;
     }
 
-    // Up to the root's start. A type of document may be named: its definition is never fetched.
-    void readProlog()
-    {
-        while (next() != QXmlStreamReader::Invalid && !m_xml.isStartElement())
-            if (m_xml.isDTD() && !m_xml.entityDeclarations().isEmpty())
-                m_xml.raiseError(QStringLiteral("entities are declared"));
-    }
-
-    // Whether nothing but white space follows the root. The stream tells that of what it was given, and no more, since
-    // it takes the end of that for the document's.
-    bool isAtEnd() { return m_xml.readNext() == QXmlStreamReader::EndDocument && m_rest.trimmed().isEmpty(); }
-
     // Each of these begins at an element's start and ends at its end.
 
     NibValue readValue()
-    {
-        if (m_depth == DEEPEST) {
-            m_xml.raiseError(QStringLiteral("nested too deeply"));
-            return {};
-        }
-        ++m_depth;
-        NibValue value = readContent();
-        --m_depth;
-        return value;
-    }
-
-    NibValue readContent()
     {
         const auto tag = m_xml.name();
         if (tag == QLatin1String("object"))
@@ -112,14 +75,8 @@ private:
             return {readBoolean()};
         if (tag == QLatin1String("ostype"))
             return {readCode()};
-        skipElement();  // no property that is read here is of another type
+        m_xml.skipCurrentElement();  // no property that is read here is of another type
         return {};
-    }
-
-    void skipElement()
-    {
-        for (int depth = 1; depth > 0 && next() != QXmlStreamReader::Invalid;)
-            depth += m_xml.isStartElement() ? 1 : m_xml.isEndElement() ? -1 : 0;
     }
 
     NibReference readObject()
@@ -141,7 +98,7 @@ private:
     NibReference readReference()
     {
         const QString id = attribute("idRef");
-        skipElement();
+        m_xml.skipCurrentElement();
         return {id};
     }
 
@@ -170,7 +127,7 @@ private:
     QString readText()
     {
         QString text;
-        while (next() != QXmlStreamReader::Invalid && !m_xml.isEndElement()) {
+        while (m_xml.readNext() != QXmlStreamReader::Invalid && !m_xml.isEndElement()) {
             if (m_xml.isStartElement() || m_xml.isEntityReference())
                 m_xml.raiseError(QStringLiteral("something else than text"));
             else if (m_xml.isCharacters())
@@ -218,15 +175,13 @@ private:
     QString attribute(const char* name) const { return m_xml.attributes().value(QLatin1String(name)).toString(); }
 
     QXmlStreamReader m_xml;
-    QByteArrayView m_rest;  // what the stream was not given yet
     NibArchive m_archive;
-    int m_depth = 0;
     int m_withoutId = 0;
 };
 
-std::optional<NibArchive> NibArchive::read(const QByteArray& xml)
+std::optional<NibArchive> NibArchive::read(const QByteArray& xml, QString* problem)
 {
-    return NibArchiveReader(xml).read();
+    return NibArchiveReader(xml).read(problem);
 }
 
 const NibObject* NibArchive::find(const NibReference& reference) const

@@ -16,10 +16,10 @@ namespace Toolbox {
 
 class NibArchive {
 public:
-    /// The graph in `xml`. None when that is not well-formed XML, goes on after its root, declares entities, nests too
-    /// deeply, has a tag or text of more than 16 KiB, gives two objects one id, or holds a value that is not of its
-    /// type. What it says of counts is not looked at, and nothing outside of it.
-    static std::optional<NibArchive> read(const QByteArray& xml);
+    /// The graph in `xml`. None, with the reason in `*problem`, when that is not well-formed XML, is beyond the limits
+    /// of XmlLimits.h, gives two objects one id, or holds a value that is not of its type. What it says of counts is
+    /// not looked at, and nothing outside of it.
+    static std::optional<NibArchive> read(const QByteArray& xml, QString* problem);
 
     /// The object that `reference` names, or null.
     const NibObject* find(const NibReference& reference) const;

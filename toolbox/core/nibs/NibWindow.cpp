@@ -1,5 +1,8 @@
 #include "toolbox/core/nibs/NibWindow.h"
 
+#include "toolbox/base/CurrentReport.h"
+#include "toolbox/base/TracedCall.h"
+
 #include <algorithm>
 #include <set>
 #include <utility>
@@ -10,6 +13,9 @@ namespace {
 
 // Controls inside one another. A chain of references can go deeper than the archive's elements do.
 constexpr int DEEPEST = 100;
+
+// The numbers that the Menu Manager counts items with have 16 bits and a sign.
+constexpr std::size_t MOST_ITEMS = 0x7FFF;
 
 // What a class of controls has beyond what every control has.
 using Details = void (*)(const NibObject& object, Control& control);
@@ -44,16 +50,9 @@ void readStaticText(const NibObject& object, Control& control)
     }
 }
 
-void readEditText(const NibObject& object, Control& control)
-{
-    control.text = std::exchange(control.title, QString());
-    control.secret = object.flag("isPassword", false);
-}
-
 void readToggle(const NibObject& object, Control& control)
 {
     setRange(control, 0, 2, object.number("initialState", 0));  // off, on, mixed
-    control.autoToggle = object.flag("autoToggle", true);
 }
 
 // Its value is the number of the chosen button, counted by rows.
@@ -97,11 +96,10 @@ constexpr ControlClass CONTROL_CLASSES[] = {
     {"IBCarbonButton", ControlKind::Button, readButton},
     {"IBCarbonPopupButton", ControlKind::PopupButton, readNothingMore},
     {"IBCarbonStaticText", ControlKind::StaticText, readStaticText},
-    {"IBCarbonEditText", ControlKind::EditText, readEditText},
-    {"IBCarbonCheckBox", ControlKind::CheckBox, readToggle},
-    {"IBCarbonRadioButton", ControlKind::RadioButton, readToggle},
     {"IBCarbonGroupBox", ControlKind::GroupBox, readNothingMore},
     {"IBCarbonSeparator", ControlKind::Separator, readNothingMore},
+    {"IBCarbonCheckBox", ControlKind::Other, readToggle},
+    {"IBCarbonRadioButton", ControlKind::Other, readToggle},
     {"IBCarbonRadioGroup", ControlKind::Other, readRadioGroup},
     {"IBCarbonProgressBar", ControlKind::Other, readRange},
     {"IBCarbonSlider", ControlKind::Other, readRange},
@@ -124,10 +122,14 @@ const ControlClass& classOf(const NibObject& object)
 // Makes one window. Where the archive cannot be followed it goes on with what there is, and gives no window in the end.
 class WindowMaker {
 public:
-    explicit WindowMaker(const NibArchive& archive)
+    WindowMaker(const NibArchive& archive, const QString& name)
         : m_archive(archive)
+        , m_name(name)
     {
     }
+
+    // Why there is no window, in a clause.
+    const QString& problem() const { return m_problem; }
 
     std::unique_ptr<Window> make(const NibObject& object)
     {
@@ -141,16 +143,14 @@ public:
             window->root = makeControl(*window, nullptr, follow(&*root), 0);
         else
             window->root = std::make_unique<Control>(*window, ControlKind::Root);
-        return m_fits ? std::move(window) : nullptr;
+        return m_problem.isEmpty() ? std::move(window) : nullptr;
     }
 
 private:
     std::unique_ptr<Control> makeControl(Window& window, const Control* container, const NibObject& object, int depth)
     {
-        if (depth == DEEPEST || !claim(object)) {
-            m_fits = false;
+        if (!require(depth < DEEPEST, "controls are nested too deeply") || !claim(object))
             return nullptr;
-        }
         const ControlClass& controlClass = classOf(object);
         auto control = std::make_unique<Control>(window, controlClass.kind, container);
         control->bounds = rectangle(object, "bounds");
@@ -160,6 +160,8 @@ private:
         control->enabled = object.flag("enabled", true);
         control->hidden = object.flag("hidden", false);
         controlClass.readDetails(object, *control);
+        if (control->kind == ControlKind::Other && !control->hidden)
+            remarkNotDrawn(object.className, control->id);
         if (const auto menu = object.reference("menu"))
             readMenu(follow(&*menu), object.number("selectedItem", 1), *control);
         for (const NibValue& child : object.array("subviews"))
@@ -168,9 +170,16 @@ private:
         return control;
     }
 
+    // Such a control keeps its place and its identity, but whoever looks for it on the display looks in vain.
+    void remarkNotDrawn(const QString& className, const ControlID& id) const
+    {
+        remark("the " + className.toStdString() + " " + describeNumber(id.signature) + " " + std::to_string(id.id)
+            + " of the window \"" + m_name.toStdString() + "\" is not drawn: no display knows its class");
+    }
+
     void readMenu(const NibObject& menu, SInt32 selectedItem, Control& control)
     {
-        if (!claim(menu))
+        if (!claim(menu) || !require(menu.array("items").size() <= MOST_ITEMS, "a menu has too many items"))
             return;
         for (const NibValue& item : menu.array("items"))
             control.items.push_back(makeItem(follow(item.as<NibReference>())));
@@ -193,29 +202,34 @@ private:
     // Whatever stands in one place stands in no other: so nothing is in itself, and little cannot become much.
     bool claim(const NibObject& object)
     {
-        const bool isNew = m_claimed.insert(&object).second;
-        m_fits = m_fits && isNew;
-        return isNew;
+        return require(m_claimed.insert(&object).second, "an object stands in two places");
     }
 
     const NibObject& follow(const NibReference* reference)
     {
         static const NibObject nothing;
         const NibObject* const object = reference == nullptr ? nullptr : m_archive.find(*reference);
-        m_fits = m_fits && object != nullptr;
-        return object == nullptr ? nothing : *object;
+        return require(object != nullptr, "a reference names nothing") ? *object : nothing;
     }
 
     Rect rectangle(const NibObject& object, const char* name)
     {
         const std::optional<Rect> found = object.rectangle(name);
-        m_fits = m_fits && found.has_value();
+        require(found.has_value(), "a rectangle is missing or wrong");
         return found.value_or(Rect{});
     }
 
+    bool require(bool condition, const char* otherwise)
+    {
+        if (!condition && m_problem.isEmpty())
+            m_problem = QLatin1String(otherwise);
+        return condition;
+    }
+
     const NibArchive& m_archive;
+    const QString m_name;
     std::set<const NibObject*> m_claimed;
-    bool m_fits = true;
+    QString m_problem;  // the first
 };
 
 }  // namespace
@@ -225,9 +239,13 @@ bool isWindow(const NibObject& object)
     return object.className == QLatin1String("IBCarbonWindow");
 }
 
-std::unique_ptr<Window> makeWindow(const NibArchive& archive, const NibObject& object)
+std::unique_ptr<Window> makeWindow(
+    const NibArchive& archive, const NibObject& object, const QString& name, QString* problem)
 {
-    return WindowMaker(archive).make(object);
+    WindowMaker maker(archive, name);
+    std::unique_ptr<Window> window = maker.make(object);
+    *problem = maker.problem();
+    return window;
 }
 
 }  // namespace Toolbox

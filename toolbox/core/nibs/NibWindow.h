@@ -14,9 +14,12 @@ namespace Toolbox {
 bool isWindow(const NibObject& object);
 
 /// A new window, hidden, as `object` describes it, with the controls that it names in `archive`. What an object leaves
-/// out is at its default; but null when a window's or control's rectangle is missing or wrong, when a reference names
-/// nothing, when an object stands in two places (in itself, perhaps), and when controls nest too deeply.
-std::unique_ptr<Window> makeWindow(const NibArchive& archive, const NibObject& object);
+/// out is at its default; but null, with the reason in `*problem`, when a window's or control's rectangle is missing or
+/// wrong, when a reference names nothing, when an object stands in two places (in itself, perhaps), when controls nest
+/// too deeply and when a menu has more items than can be counted. Controls that no display draws are remarked on, under
+/// the window's `name`.
+std::unique_ptr<Window> makeWindow(
+    const NibArchive& archive, const NibObject& object, const QString& name, QString* problem);
 
 }  // namespace Toolbox
 

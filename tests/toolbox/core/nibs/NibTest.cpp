@@ -36,6 +36,15 @@ protected:
         std::ofstream(inResources(path) / "objects.xib", std::ios::binary) << archive;
     }
 
+    // The remarks since the last report was taken, of which there should be one at most.
+    static std::string onlyRemark()
+    {
+        std::string all;
+        for (const std::string& remark : Toolbox::TakeReport().remarks)
+            all += remark;
+        return all;
+    }
+
     // What CreateNibReference answers for "Demo", which is closed again if it was opened.
     static OSStatus tryToOpen()
     {
@@ -125,8 +134,10 @@ TEST_F(NibServices, MakeAWindowThatCanBeRun)
 TEST_F(NibServices, LookForTheNibInTheMainBundle)
 {
     EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
+    EXPECT_EQ(onlyRemark(), "the nib \"Demo\" was refused: the main bundle has no objects.xib of it that can be read");
     makeNib("Demo.nib", SAMPLE_NIB);
     EXPECT_EQ(tryToOpen(), noErr);
+    EXPECT_EQ(onlyRemark(), "");
 }
 
 TEST_F(NibServices, TakeANibWithoutALanguageBeforeOneWithIt)
@@ -223,6 +234,7 @@ TEST_F(NibServices, OpenANibThatIsCorruptButMakeNoWindowOfIt)
     for (const std::string& archive : {std::string(), std::string("junk"), SAMPLE_NIB.substr(0, 1000)}) {
         makeNib("Demo.nib", archive);
         EXPECT_EQ(tryToMake(CFSTR("Size_Chooser")), kIBCarbonRuntimeCantFindObject);
+        EXPECT_EQ(onlyRemark().find("the nib \"Demo\" was refused: "), 0u);
     }
 }
 
@@ -261,18 +273,28 @@ TEST_F(NibServices, TellWhatTheNameIsOf)
     const struct {
         CFStringRef name;
         OSStatus status;
+        const char* remark;
     } rows[] = {
-        {CFSTR("Absent"), kIBCarbonRuntimeCantFindObject},
-        {CFSTR(""), kIBCarbonRuntimeCantFindObject},
-        {CFSTR("Files Owner"), kIBCarbonRuntimeObjectNotOfRequestedType},
-        {CFSTR("Nowhere"), kIBCarbonRuntimeCantFindObject},
-        {CFSTR("Text"), kIBCarbonRuntimeObjectNotOfRequestedType},
-        {CFSTR("Menu"), kIBCarbonRuntimeObjectNotOfRequestedType},
-        {CFSTR("Shapeless"), kIBCarbonRuntimeCantFindObject},
-        {CFSTR("Twice"), noErr},
+        {CFSTR("Absent"), kIBCarbonRuntimeCantFindObject,
+            "the window \"Absent\" was refused: the nib names nothing so"},
+        {CFSTR(""), kIBCarbonRuntimeCantFindObject, "the window \"\" was refused: the nib names nothing so"},
+        {CFSTR("Files Owner"), kIBCarbonRuntimeObjectNotOfRequestedType,
+            "the window \"Files Owner\" was refused: it is not a window"},
+        {CFSTR("Nowhere"), kIBCarbonRuntimeCantFindObject,
+            "the window \"Nowhere\" was refused: the nib names nothing so"},
+        {CFSTR("Text"), kIBCarbonRuntimeObjectNotOfRequestedType,
+            "the window \"Text\" was refused: it is not a window"},
+        {CFSTR("Menu"), kIBCarbonRuntimeObjectNotOfRequestedType,
+            "the window \"Menu\" was refused: it is not a window"},
+        {CFSTR("Shapeless"), kIBCarbonRuntimeCantFindObject,
+            "the window \"Shapeless\" was refused: a rectangle is missing or wrong"},
+        {CFSTR("Twice"), noErr, ""},
     };
-    for (std::size_t i = 0; i < std::size(rows); ++i)
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        Toolbox::TakeReport();
         EXPECT_EQ(tryToMake(rows[i].name), rows[i].status) << "row " << i;
+        EXPECT_EQ(onlyRemark(), rows[i].remark) << "row " << i;
+    }
 }
 
 // ---- Wrong arguments

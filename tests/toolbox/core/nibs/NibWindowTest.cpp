@@ -19,14 +19,17 @@ using Toolbox::Window;
 // The window `name` of the archive `xml`, or null where it cannot be made.
 std::unique_ptr<Window> windowOf(const std::string& xml, const char* name = "Window")
 {
-    const auto archive = NibArchive::read(QByteArray::fromStdString(xml));
+    QString problem;
+    const auto archive = NibArchive::read(QByteArray::fromStdString(xml), &problem);
     if (!archive || archive->named(QLatin1String(name)) == nullptr) {
         ADD_FAILURE() << "no archive with " << name;
         return nullptr;
     }
     const NibObject* const object = archive->find(*archive->named(QLatin1String(name))->as<NibReference>());
     EXPECT_TRUE(Toolbox::isWindow(*object));
-    return Toolbox::makeWindow(*archive, *object);
+    auto window = Toolbox::makeWindow(*archive, *object, QLatin1String(name), &problem);
+    EXPECT_EQ(window != nullptr, problem.isEmpty()) << problem.toStdString();
+    return window;
 }
 
 // The first control in the window's root.
@@ -200,12 +203,12 @@ const ClassCase CLASS_CASES[] = {
     {"PopUpEmptyMenu",    "IBCarbonPopupButton",   menuOf(""),                              ControlKind::PopupButton, 0,   0, 0},
     {"PopUpWithoutMenu",  "IBCarbonPopupButton",   "",                                      ControlKind::PopupButton, 0,   0, 0},
     {"StaticText",        "IBCarbonStaticText",    "",                                      ControlKind::StaticText,  0,   0, 0},
-    {"EditText",          "IBCarbonEditText",      "",                                      ControlKind::EditText,    0,   0, 0},
-    {"CheckBox",          "IBCarbonCheckBox",      "",                                      ControlKind::CheckBox,    0,   2, 0},
-    {"CheckBoxOn",        "IBCarbonCheckBox",      number("initialState", 1),               ControlKind::CheckBox,    0,   2, 1},
-    {"CheckBoxMixed",     "IBCarbonCheckBox",      number("initialState", 2),               ControlKind::CheckBox,    0,   2, 2},
-    {"CheckBoxTooFar",    "IBCarbonCheckBox",      number("initialState", 9),               ControlKind::CheckBox,    0,   2, 2},
-    {"RadioButton",       "IBCarbonRadioButton",   number("initialState", 1),               ControlKind::RadioButton, 0,   2, 1},
+    {"EditText",          "IBCarbonEditText",      "",                                      ControlKind::Other,       0,   0, 0},
+    {"CheckBox",          "IBCarbonCheckBox",      "",                                      ControlKind::Other,       0,   2, 0},
+    {"CheckBoxOn",        "IBCarbonCheckBox",      number("initialState", 1),               ControlKind::Other,       0,   2, 1},
+    {"CheckBoxMixed",     "IBCarbonCheckBox",      number("initialState", 2),               ControlKind::Other,       0,   2, 2},
+    {"CheckBoxTooFar",    "IBCarbonCheckBox",      number("initialState", 9),               ControlKind::Other,       0,   2, 2},
+    {"RadioButton",       "IBCarbonRadioButton",   number("initialState", 1),               ControlKind::Other,       0,   2, 1},
     {"GroupBox",          "IBCarbonGroupBox",      "",                                      ControlKind::GroupBox,    0,   0, 0},
     {"GroupBoxPopUp",     "IBCarbonGroupBox",      TWO_ITEMS + number("selectedItem", 2),   ControlKind::GroupBox,    1,   2, 2},
     {"Separator",         "IBCarbonSeparator",     "",                                      ControlKind::Separator,   0,   0, 0},
@@ -249,6 +252,7 @@ TEST_P(NibControlClass, HasItsKindAndValues)
     EXPECT_EQ(control.minimum, GetParam().minimum);
     EXPECT_EQ(control.maximum, GetParam().maximum);
     EXPECT_EQ(control.value, GetParam().value);
+    EXPECT_EQ(Toolbox::TakeReport().remarks.size(), control.kind == ControlKind::Other ? 1u : 0u);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -289,29 +293,16 @@ TEST_F(NibWindow, JustifiesATextNaturallyThatDoesNotSayHow)
     EXPECT_EQ(onlyControl(window).justification, Justification::Natural);
 }
 
-TEST_F(NibWindow, TakesTheTitleOfAnEditableTextAsItsText)
+TEST_F(NibWindow, RemarksOnEachControlThatIsNotDrawn)
 {
-    const auto window = windowOf(nibOf(controlOf("IBCarbonEditText", "<string name='title'>abc</string>")));
-    ASSERT_NE(window, nullptr);
-    EXPECT_EQ(onlyControl(window).text, QStringLiteral("abc"));
-    EXPECT_TRUE(onlyControl(window).title.isEmpty());
-    EXPECT_FALSE(onlyControl(window).secret);
-}
-
-TEST_F(NibWindow, KeepsAPasswordSecret)
-{
-    const auto window = windowOf(nibOf(controlOf("IBCarbonEditText", "<boolean name='isPassword'>TRUE</boolean>")));
-    ASSERT_NE(window, nullptr);
-    EXPECT_TRUE(onlyControl(window).secret);
-}
-
-TEST_F(NibWindow, LetsAToggleBeMovedByItsOwner)
-{
-    const auto window = windowOf(nibOf(
-        controlOf("IBCarbonCheckBox") + controlOf("IBCarbonCheckBox", "<boolean name='autoToggle'>FALSE</boolean>")));
-    ASSERT_NE(window, nullptr);
-    EXPECT_TRUE(window->root->children.at(0)->autoToggle);
-    EXPECT_FALSE(window->root->children.at(1)->autoToggle);
+    const std::string identity = "<ostype name='controlSignature'>sign</ostype><int name='controlID'>5</int>";
+    EXPECT_NE(windowOf(nibOf(controlOf("IBCarbonEditText", identity) + controlOf("IBCarbonButton")
+                  + controlOf("IBCarbonSlider", "<boolean name='hidden'>TRUE</boolean>") + controlOf("IBCarbonIcon"))),
+        nullptr);
+    EXPECT_EQ(Toolbox::TakeReport().remarks,
+        (std::vector<std::string>{
+            "the IBCarbonEditText 'sign' 5 of the window \"Window\" is not drawn: no display knows its class",
+            "the IBCarbonIcon 0 0 of the window \"Window\" is not drawn: no display knows its class"}));
 }
 
 TEST_F(NibWindow, ReadsItemsWithTheirDefaults)
@@ -415,6 +406,18 @@ TEST_P(NibWindowUnfit, IsNotMade)
 INSTANTIATE_TEST_SUITE_P(
     Cases, NibWindowUnfit, testing::ValuesIn(UNFIT_CASES), [](const auto& row) { return row.param.name; });
 
+TEST_F(NibWindow, MayHaveAMenuOfAsManyItemsAsCanBeCounted)
+{
+    const auto popUp = [](int items) {
+        std::string all;
+        for (int i = 0; i < items; ++i)
+            all += "<object class='I'/>";
+        return windowOf(nibOf(controlOf("IBCarbonPopupButton", menuOf(all))));
+    };
+    EXPECT_NE(popUp(0x7FFF), nullptr);
+    EXPECT_EQ(popUp(0x8000), nullptr);
+}
+
 // Controls that lie in one another by references do not nest in the archive itself.
 TEST_F(NibWindow, MayNestTo100Controls)
 {
@@ -449,9 +452,10 @@ TEST_F(NibWindow, IsWholeOrNotMadeWhateverByteIsWrong)
         for (const char wrong : {'\0', '<', '"', '1'}) {
             std::string xml = SAMPLE_NIB;
             xml[at] = wrong;
-            const auto archive = NibArchive::read(QByteArray::fromStdString(xml));
+            QString problem;
+            const auto archive = NibArchive::read(QByteArray::fromStdString(xml), &problem);
             const NibObject* const object = archive ? archive->find({QStringLiteral("2")}) : nullptr;
-            const auto window = object == nullptr ? nullptr : Toolbox::makeWindow(*archive, *object);
+            const auto window = object == nullptr ? nullptr : Toolbox::makeWindow(*archive, *object, {}, &problem);
             if (window == nullptr)
                 continue;
             ++made;

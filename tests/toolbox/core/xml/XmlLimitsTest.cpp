@@ -1,0 +1,129 @@
+#include "toolbox/core/xml/XmlLimits.h"
+
+#include "tests/support/RowName.h"
+
+#include <QXmlStreamReader>
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+#include <ostream>
+#include <string>
+
+namespace {
+
+using Toolbox::beyondXmlLimits;
+
+std::string repeated(const std::string& text, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+std::string attributes(int count)
+{
+    std::string all;
+    for (int i = 0; i < count; ++i)
+        all += " a" + std::to_string(i) + "=''";
+    return all;
+}
+
+struct LimitCase {
+    const char* name;
+    std::string document;
+    const char* problem;  // empty where there is none
+};
+
+// So that a failure does not print all of the document.
+void PrintTo(const LimitCase& row, std::ostream* out)
+{
+    *out << row.document.substr(0, 40);
+}
+
+// What has more bytes than a tag may, and is none.
+const std::string LONG = std::string(20000, 'x');
+
+const LimitCase LIMIT_CASES[] = {
+    {"Empty", "", ""},
+    {"NoXML", "a > b", ""},
+    {"DeepestElement", repeated("<a>", 199) + "<a></a><a/>" + repeated("</a>", 199), ""},
+    {"TooDeep", repeated("<a>", 201), "elements nested too deeply"},
+    {"TooDeepByAnEmptyElement", repeated("<a>", 200) + "<a/>", "elements nested too deeply"},
+    {"MostElements", repeated("<a/>", 100000), ""},
+    {"TooManyElements", repeated("<a/>", 100001), "too many elements"},
+    {"MostAttributes", "<a" + attributes(16) + "/>", ""},
+    {"TooManyAttributes", "<a" + attributes(17) + "/>", "a tag with too many attributes"},
+    {"TooManyAttributesAtAnElementsEnd", "<a></a" + attributes(17) + ">", "a tag with too many attributes"},
+    {"EqualsSignsInAValue", "<a b='" + std::string(100, '=') + "'/>", ""},
+    {"AngleBracketInAValue", "<a b='>' c=\">\"" + attributes(15) + "/>", "a tag with too many attributes"},
+    {"OtherQuoteInAValue", "<a b='\"' c=\"'\"" + attributes(15) + "/>", "a tag with too many attributes"},
+    {"LongestTag", "<a b='" + std::string(16375, 'x') + "'/>", ""},
+    {"TooLongATag", "<a b='" + std::string(16376, 'x') + "'/>", "a tag that is too long"},
+    {"TagWithoutEnd", "<a ", ""},
+    {"LongText", "<a>" + LONG + "</a>", ""},
+    {"LongComment", "<!--" + LONG + "<a" + attributes(17) + ">-->", ""},
+    {"LongInstruction", "<?a" + LONG + "<a" + attributes(17) + ">?>", ""},
+    {"LongCharacterData", "<a><![CDATA[" + LONG + "<a" + attributes(17) + ">]]></a>", ""},
+    {"TooManyComments", repeated("<!---->", 100001), "too many elements"},
+    {"BehindAComment", "<!-- > --><a" + attributes(17) + "/>", "a tag with too many attributes"},
+    {"DocumentTypeThatIsElsewhere", "<!DOCTYPE a PUBLIC \"-//D//EN\" 'http://127.0.0.1:1/x.dtd'><a/>", ""},
+    {"DocumentTypeWithDeclarations", "<!DOCTYPE a [<!ELEMENT a ANY>]><a/>", "a document type with declarations"},
+    {"DocumentTypeThatIsTooLong", "<!DOCTYPE a '" + LONG + "'>", "a tag that is too long"},
+    {"ZeroByte", std::string("<a>\0</a>", 8), "a zero byte"},
+};
+
+class XmlLimits : public testing::TestWithParam<LimitCase> { };
+
+TEST_P(XmlLimits, AreKeptOrNamed)
+{
+    const std::string& document = GetParam().document;
+    EXPECT_EQ(beyondXmlLimits(QByteArrayView(document.data(), static_cast<qsizetype>(document.size()))),
+        QLatin1String(GetParam().problem));
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, XmlLimits, testing::ValuesIn(LIMIT_CASES), RowName());
+
+// ---- What the limits are for: the longest documents that are read, each bad in a way of its own, in little time
+
+// As many as there is room for in 2 MiB.
+std::string filled(const std::string& start, const std::string& part)
+{
+    return start + repeated(part, static_cast<int>((2 * 1024 * 1024 - start.size()) / part.size()));
+}
+
+const LimitCase WORST_CASES[] = {
+    {"Attributes", filled("<a ", "b='' "), ""},
+    {"TagsFullOfAttributes", filled("<r>", "<a" + attributes(16) + "/>"), ""},
+    {"NamesThatAreLong", filled("<r>", "<" + std::string(16000, 'x') + "/>"), ""},
+    {"AttributesThatAreLong", filled("<r>", "<a " + std::string(8000, 'x') + "='" + std::string(8000, 'y') + "'/>"),
+        ""},
+    {"Depth", filled("", "<a>"), ""},
+    {"Elements", filled("<r>", "<a/>"), ""},
+    {"Objects", filled("<object class='A'>", "<object/>"), ""},
+    {"Namespaces", repeated("<a" + repeated(" xmlns:n='u'", 16) + ">", 199) + repeated("<a/>", 99000), ""},
+    {"DocumentType", filled("<!DOCTYPE a [", "<!ATTLIST a b CDATA ''>"), ""},
+    {"Entities", filled("<r>", "&amp;"), ""},
+    {"Comments", filled("<r>", "<!---->"), ""},
+    {"CommentsWithoutEnd", filled("<r>", "<!--"), ""},
+    {"QuotesWithoutEnd", filled("<r>", "<a b='"), ""},
+    {"CharacterData", filled("<r>", "<![CDATA[]]>"), ""},
+    {"Text", filled("<r>", "\r\n"), ""},
+};
+
+class WorstXml : public testing::TestWithParam<LimitCase> { };
+
+TEST_P(WorstXml, TakesLittleTime)
+{
+    const std::clock_t start = std::clock();
+    QXmlStreamReader parser;
+    Toolbox::parseWithinLimits(QByteArray::fromStdString(GetParam().document), parser);
+    while (!parser.atEnd())
+        parser.readNext();
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC / 2) << "of the processor's time";
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, WorstXml, testing::ValuesIn(WORST_CASES), RowName());
+
+}  // namespace
