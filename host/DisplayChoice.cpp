@@ -28,7 +28,7 @@ DisplayKind displayFor(const Options& options)
 void useWindow()
 {
     std::string reason;
-    if (!Toolbox::UseWindowDisplay(&reason))
+    if (!Toolbox::UseScreenDisplay(&reason))
         throw Problem(ExitStatus::NotDone, "cannot open a window: " + reason);
 }
 

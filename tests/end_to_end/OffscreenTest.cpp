@@ -52,7 +52,7 @@ protected:
     {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         std::string problem;
-        ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
+        ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     }
 
     // Calls the external with the current language of the test's row; `work` gets the dialog when it is open.

@@ -1,9 +1,8 @@
 #include "toolbox/screen/WindowDialog.h"
 
 #include "toolbox/core/dialogs/Commands.h"
-#include "toolbox/core/dialogs/ControlLabel.h"
+#include "toolbox/core/dialogs/Control.h"
 #include "toolbox/core/dialogs/ModalLoop.h"
-#include "toolbox/core/dialogs/WindowButtons.h"
 #include "toolbox/screen/PlainText.h"
 #include "toolbox/screen/PopUpButton.h"
 

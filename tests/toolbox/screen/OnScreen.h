@@ -19,7 +19,7 @@ protected:
     {
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
         std::string problem;
-        EXPECT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
+        EXPECT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     }
 };
 

@@ -28,14 +28,10 @@ HICommand makeCommand(UInt32 attributes, MenuCommand commandID, void* source, SI
     return command;
 }
 
-void takeNextState(Control& control)
+Control* usableButton(const Window& window, ButtonRole role)
 {
-    if (!control.autoToggle)
-        return;
-    if (control.kind == ControlKind::CheckBox)
-        control.setValue(control.value == 0 ? 1 : 0);
-    else if (control.kind == ControlKind::RadioButton)
-        control.setValue(1);
+    Control* const button = window.buttonOfRole(role);
+    return button != nullptr && button->usable() ? button : nullptr;
 }
 
 }  // namespace
@@ -44,7 +40,6 @@ void pressControl(Control& control)
 {
     if (!control.usable())
         return;
-    takeNextState(control);
     if (control.command != 0)
         sendCommand(control.window, makeCommand(kHICommandFromControl, control.command, control.ref()));
 }
@@ -58,13 +53,37 @@ void chooseMenuItem(Control& popUp, SInt32 item)
     // Menus have no references of their own: a pop-up's stands for its menu.
     const OSStatus answer = sendCommand(popUp.window, makeCommand(kHICommandFromMenu, command, ref, item));
     Control* const stillThere = Control::find(ref);
-    if (stillThere != nullptr && answer != noErr)
-        stillThere->setValue(item);
+    if (stillThere == nullptr || answer == noErr)
+        return;
+    stillThere->setValue(item);
+    pressControl(*stillThere);
 }
 
 void sendWindowCommand(Window& window, MenuCommand command)
 {
     sendCommand(window, makeCommand(kHICommandFromWindow, command, window.ref()));
+}
+
+Control* confirmingControl(const Window& window)
+{
+    Control* const button = usableButton(window, ButtonRole::Default);
+    if (button != nullptr)
+        return button;
+    return window.firstControl([](const Control& each) { return each.command == kHICommandOK && each.usable(); });
+}
+
+Control* cancellingControl(const Window& window)
+{
+    return usableButton(window, ButtonRole::Cancel);
+}
+
+void cancelWindow(Window& window)
+{
+    Control* const button = cancellingControl(window);
+    if (button != nullptr)
+        pressControl(*button);
+    else
+        sendWindowCommand(window, kHICommandCancel);
 }
 
 }  // namespace Toolbox

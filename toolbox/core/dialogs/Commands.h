@@ -11,16 +11,28 @@
 
 namespace Toolbox {
 
-/// Presses `control`: a check box or radio button takes its next state, then the control's command, if it has one, is
-/// sent through the window's handlers. One that is not usable() does nothing.
+/// Presses `control`: sends its command, if it has one, through the window's handlers. One that is not usable() does
+/// nothing.
 void pressControl(Control& control);
 
-/// Chooses item `item` of `popUp`, from 1: sends the item's command, or 0, and sets the value unless a handler took
-/// the command. Nothing for a separator, a disabled item or one that is not there, nor where `popUp` is not usable().
+/// Chooses item `item` of `popUp`, from 1: sends the item's command, or 0; unless a handler takes that, sets the value
+/// and sends the pop-up's own command, if it has one. Nothing for a separator, a disabled item or one that is not
+/// there, nor where `popUp` is not usable().
 void chooseMenuItem(Control& popUp, SInt32 item);
 
 /// Sends `command` to the window's handlers as coming from the window itself: how closing it counts as cancelling.
 void sendWindowCommand(Window& window, MenuCommand command);
+
+/// What Return presses: the default button, else the first control with the command kHICommandOK. Null if there is
+/// none, or none that is usable.
+Control* confirmingControl(const Window& window);
+
+/// What Escape presses: the usable cancel button. Null if there is none.
+Control* cancellingControl(const Window& window);
+
+/// Cancels `window`: presses the cancel button, or sends kHICommandCancel where none is usable. The window may be gone
+/// afterwards.
+void cancelWindow(Window& window);
 
 }  // namespace Toolbox
 

@@ -23,9 +23,6 @@ enum class ControlKind {
     Button,
     PopupButton,
     StaticText,
-    EditText,
-    CheckBox,
-    RadioButton,
     GroupBox,
     Separator,
     Other,
@@ -83,12 +80,17 @@ public:
     SInt32 value = 0;
     SInt32 minimum = 0;
     SInt32 maximum = 0;
-    bool autoToggle = true;       // a check box or radio button that takes its next state when it is pressed
-    QString text;                 // of an editable text
-    bool secret = false;          // an editable text that shows no characters
     std::vector<MenuItem> items;  // of a pop-up; its value counts them from 1
     std::vector<std::unique_ptr<Control>> children;
 };
+
+/// The static text that stands before `control` in the window, as its label where it has no title of its own. Null if
+/// there is none.
+const Control* labelBefore(const Control& control);
+
+/// The title of `control`, on one line and without a colon at its end; where it has none, the static text that stands
+/// before it in the window. Empty if there is none either.
+QString labelOf(const Control& control);
 
 }  // namespace Toolbox
 

@@ -25,8 +25,8 @@ public:
     virtual SInt16 runAlert(const Alert& alert) = 0;
 };
 
-/// The display that was chosen, or the first. Whoever runs something on it keeps it
-/// alive until that has ended, also when a handler chooses another.
+/// The display that was chosen, or the first. Whoever runs something on it keeps it alive until that has ended, also when
+/// a handler chooses another.
 std::shared_ptr<Display> currentDisplay();
 
 /// The display that is there until another is chosen: an unattended one without answers. It is made where displays are.

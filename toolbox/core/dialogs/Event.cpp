@@ -1,6 +1,7 @@
 #include "toolbox/core/dialogs/Event.h"
 
 #include "toolbox/base/TracedCall.h"
+#include "toolbox/core/dialogs/Window.h"
 
 #include <algorithm>
 #include <cstring>
@@ -46,6 +47,71 @@ OSStatus readParameter(EventRef ref, EventParamName name, EventParamType type, E
 
 }  // namespace
 
+EventHandler::EventHandler(EventHandlerProcPtr itsProcedure, void* itsUserData, std::vector<EventTypeSpec> itsTypes)
+    : procedure(itsProcedure)
+    , userData(itsUserData)
+    , types(std::move(itsTypes))
+{
+}
+
+bool EventHandler::takes(UInt32 eventClass, UInt32 eventKind) const
+{
+    return std::any_of(types.begin(), types.end(), [eventClass, eventKind](const EventTypeSpec& type) {
+        return type.eventClass == eventClass && type.eventKind == eventKind;
+    });
+}
+
+OSStatus sendEvent(const Event& event, const EventTarget& target)
+{
+    std::vector<EventHandlerRef> takers;
+    for (auto each = target.handlers.rbegin(); each != target.handlers.rend(); ++each)
+        if ((*each)->takes(event.eventClass, event.eventKind))
+            takers.push_back((*each)->ref());
+
+    for (const EventHandlerRef taker : takers) {
+        const EventHandler* const handler = EventHandler::find(taker);
+        if (handler == nullptr)
+            continue;
+        const ForeignCode foreign;
+        // No function that takes the reference of a call is provided, so there is none to hand over.
+        const OSStatus answer = handler->procedure(nullptr, event.ref(), handler->userData);
+        if (answer != eventNotHandledErr)
+            return answer;
+    }
+    return eventNotHandledErr;
+}
+
+namespace {
+
+bool isInstalled(const EventTarget& target, EventHandlerProcPtr procedure, const std::vector<EventTypeSpec>& types)
+{
+    return std::any_of(target.handlers.begin(), target.handlers.end(), [&](const auto& handler) {
+        return handler->procedure == procedure && std::any_of(types.begin(), types.end(), [&](const auto& type) {
+            return handler->takes(type.eventClass, type.eventKind);
+        });
+    });
+}
+
+OSStatus install(EventTargetRef ref, EventHandlerProcPtr procedure, UInt32 count, const EventTypeSpec* list,
+    void* userData, EventHandlerRef* installed)
+{
+    if (installed != nullptr)
+        *installed = nullptr;
+    EventTarget* const target = EventTarget::find(ref);
+    if (target == nullptr || procedure == nullptr || list == nullptr)
+        return paramErr;
+    const std::vector<EventTypeSpec> types(list, list + count);
+    if (isInstalled(*target, procedure, types))
+        return eventHandlerAlreadyInstalledErr;
+
+    target->handlers.push_back(std::make_unique<EventHandler>(procedure, userData, types));
+    if (installed != nullptr)
+        *installed = target->handlers.back()->ref();
+    return noErr;
+}
+
+}  // namespace
+
 }  // namespace Toolbox
 
 using Toolbox::TracedCall;
@@ -69,4 +135,29 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
 {
     TracedCall call("GetEventParameter", event, name, type, actualType, size, actualSize, data);
     return call.gives(Toolbox::readParameter(event, name, type, actualType, size, actualSize, data));
+}
+
+EventTargetRef GetWindowEventTarget(WindowRef window)
+{
+    TracedCall call("GetWindowEventTarget", window);
+    const auto* const found = Toolbox::Window::find(window);
+    return call.gives(found == nullptr ? nullptr : found->target.ref());
+}
+
+EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure)
+{
+    TracedCall call("NewEventHandlerUPP", procedure);
+    return call.gives(procedure);
+}
+
+void DisposeEventHandlerUPP(EventHandlerUPP upp)
+{
+    const TracedCall call("DisposeEventHandlerUPP", upp);
+}
+
+OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UInt32 count, const EventTypeSpec* types,
+    void* userData, EventHandlerRef* installed)
+{
+    TracedCall call("InstallEventHandler", target, handler, count, types, userData, installed);
+    return call.gives(Toolbox::install(target, handler, count, types, userData, installed));
 }

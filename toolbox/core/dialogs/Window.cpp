@@ -1,5 +1,6 @@
 #include "toolbox/core/dialogs/Window.h"
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 
 #include <algorithm>
@@ -45,11 +46,28 @@ Control* Window::buttonOfRole(ButtonRole role) const
 
 namespace {
 
-void setVisible(WindowRef ref, bool visible)
+// Displays show a window while its modal loop runs. On the Mac one that is shown without stands there all the same, so
+// whoever misses it here is told why.
+void remarkIfNeverSeen(const Window& window)
+{
+    if (window.visible && !window.wasRun)
+        remark("the window \"" + window.title.toStdString() + "\" was never seen: it was shown outside a modal loop");
+}
+
+void hide(WindowRef ref)
+{
+    Window* const window = Window::find(ref);
+    if (window == nullptr)
+        return;
+    remarkIfNeverSeen(*window);
+    window->visible = false;
+}
+
+void show(WindowRef ref)
 {
     Window* const window = Window::find(ref);
     if (window != nullptr)
-        window->visible = visible;
+        window->visible = true;
 }
 
 }  // namespace
@@ -61,13 +79,13 @@ using Toolbox::TracedCall;
 void ShowWindow(WindowRef window)
 {
     const TracedCall call("ShowWindow", window);
-    Toolbox::setVisible(window, true);
+    Toolbox::show(window);
 }
 
 void HideWindow(WindowRef window)
 {
     const TracedCall call("HideWindow", window);
-    Toolbox::setVisible(window, false);
+    Toolbox::hide(window);
 }
 
 void DisposeWindow(WindowRef window)
@@ -75,5 +93,6 @@ void DisposeWindow(WindowRef window)
     const TracedCall call("DisposeWindow", window);
     // A window is its reference's: whoever holds that disposes of it. What is left at exit ends with the process, and
     // no handler hears of it.
+    Toolbox::hide(window);
     delete Toolbox::Window::find(window);
 }

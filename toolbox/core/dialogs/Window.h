@@ -4,7 +4,7 @@
 #define TOOLBOX_CORE_DIALOGS_WINDOW_H
 
 #include "toolbox/core/dialogs/Control.h"
-#include "toolbox/core/dialogs/EventTarget.h"
+#include "toolbox/core/dialogs/Event.h"
 
 #include <functional>
 #include <memory>
@@ -34,6 +34,7 @@ public:
     UInt32 windowClass = 6;     // 1 alert, 2 movable alert, 3 modal, 4 movable modal, 6 document
     UInt32 windowPosition = 0;  // how it is placed: 0 where `content` says, 1 centered, 7 in alert position
     bool visible = false;
+    bool wasRun = false;  // in a modal loop, which is what brings a window before a person
     std::unique_ptr<Control> root;
     EventTarget target;
 };

@@ -19,7 +19,7 @@ void ToolboxSetFrameworksFolder(const char* folder)
 Boolean ToolboxAskTheUser()
 {
     std::string problem;
-    if (Toolbox::ScreenAnswers() && Toolbox::UseWindowDisplay(&problem))
+    if (Toolbox::ScreenAnswers() && Toolbox::UseScreenDisplay(&problem))
         return true;
     if (!Toolbox::TerminalAnswers())
         return false;

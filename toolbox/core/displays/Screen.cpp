@@ -110,7 +110,7 @@ bool ScreenAnswers()
     return answeringPlatform(&problem).has_value();
 }
 
-bool UseWindowDisplay(std::string* problem)
+bool UseScreenDisplay(std::string* problem)
 {
     QString reason;
     const std::optional<QByteArray> platform = answeringPlatform(&reason);

@@ -26,7 +26,7 @@ const ScreenLibrary* load(QString* problem)
     void* const handle = path.isEmpty() ? nullptr : dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL);
     const void* const library = handle == nullptr ? nullptr : dlsym(handle, "toolboxScreenLibrary");
     if (library == nullptr)
-        *problem = QStringLiteral("the library for windows, %1, cannot be loaded").arg(QFile::decodeName(path));
+        *problem = QStringLiteral("the library for screens, %1, cannot be loaded").arg(QFile::decodeName(path));
     return static_cast<const ScreenLibrary*>(library);
 }
 

@@ -3,7 +3,6 @@
 #include "toolbox/base/CurrentReport.h"
 #include "toolbox/core/dialogs/Commands.h"
 #include "toolbox/core/dialogs/ModalLoop.h"
-#include "toolbox/core/dialogs/WindowButtons.h"
 #include "toolbox/core/displays/Picture.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
-// How the toolbox shows its windows and alerts: in windows on a screen, as questions on a terminal, or not at all, with
-// answers from a list. The host chooses one before it calls anything that shows something.
+// How the toolbox shows its windows and alerts: on a screen, as questions on a terminal, or not at all, with answers from
+// a list. The host chooses one before it calls anything that shows something; until then nobody is asked, and everything
+// takes its default.
 
 #ifndef TOOLBOX_DISPLAYS_H
 #define TOOLBOX_DISPLAYS_H
@@ -28,9 +29,9 @@ bool ScreenAnswers();
 /// background, where it could not read from it.
 bool TerminalAnswers();
 
-/// Shows windows on the screen from now on. False when there is no screen, or no library for it, with the reason in
+/// Shows everything on the screen from now on. False when there is no screen, or no library for it, with the reason in
 /// `*problem`.
-bool UseWindowDisplay(std::string* problem);
+bool UseScreenDisplay(std::string* problem);
 
 /// Asks on the terminal from now on. Return confirms a window as it stands; a number or a name chooses; "cancel", the
 /// end of input and a terminal that closes cancel it. Alerts are answered in the same way.

@@ -57,47 +57,6 @@ TEST_F(Commands, AreNotSentByAButtonThatHasNoneOrCannotBePressed)
     EXPECT_TRUE(recorder.ids().empty());
 }
 
-struct ToggleCase {
-    const char* name;
-    ControlKind kind;
-    bool autoToggle;
-    SInt32 before, after;
-};
-
-// clang-format off
-const ToggleCase TOGGLE_CASES[] = {
-    // name                  kind                      toggles before after
-    {"CheckBoxOn",           ControlKind::CheckBox,    true,   0,     1},
-    {"CheckBoxOff",          ControlKind::CheckBox,    true,   1,     0},
-    {"CheckBoxMixed",        ControlKind::CheckBox,    true,   2,     0},
-    {"CheckBoxByItsOwner",   ControlKind::CheckBox,    false,  0,     0},
-    {"RadioButtonOn",        ControlKind::RadioButton, true,   0,     1},
-    {"RadioButtonStaysOn",   ControlKind::RadioButton, true,   1,     1},
-    {"RadioButtonByOwner",   ControlKind::RadioButton, false,  0,     0},
-    {"OthersKeepTheirValue", ControlKind::Other,       true,   0,     0},
-};
-// clang-format on
-
-class PressedToggle : public WindowTest, public testing::WithParamInterface<ToggleCase> { };
-
-TEST_P(PressedToggle, TakesItsNextStateBeforeItsCommandIsSent)
-{
-    TestWindow made;
-    Control& control = made.add(GetParam().kind, 'togg');
-    control.maximum = 2;
-    control.autoToggle = GetParam().autoToggle;
-    control.value = GetParam().before;
-    CommandRecorder recorder(made.target());
-    SInt32 seen = -1;
-    recorder.action = [&](const HICommand&) { seen = control.value; };
-    runWhile(made.ref, [&] { pressControl(control); });
-    EXPECT_EQ(seen, GetParam().after);
-    EXPECT_EQ(control.value, GetParam().after);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, PressedToggle, testing::ValuesIn(TOGGLE_CASES), [](const auto& row) { return row.param.name; });
-
 // ---- Choosing
 
 struct ChoiceCase {
@@ -153,6 +112,26 @@ TEST_F(Commands, OfAnItemComeFromTheMenuWithTheItemsNumber)
     EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromMenu});
     EXPECT_EQ(recorder.commands[0].menu.menuItemIndex, 2);
     EXPECT_EQ(static_cast<void*>(recorder.commands[0].menu.menuRef), static_cast<void*>(popUp.ref()));
+}
+
+TEST_F(Commands, OfAPopUpItselfFollowTheItemsUnlessThatWasTaken)
+{
+    for (const OSStatus answer : {OSStatus{eventNotHandledErr}, OSStatus{noErr}}) {
+        TestWindow made;
+        Control& popUp = made.addPopUp(threeItems());
+        popUp.command = 'popu';
+        CommandRecorder recorder(made.target(), answer);
+        SInt32 seen = 0;
+        recorder.action = [&](const HICommand&) { seen = popUp.value; };
+        runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
+        if (answer == noErr) {
+            EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'medi'});
+            continue;
+        }
+        ASSERT_EQ(recorder.ids(), (std::vector<MenuCommand>{'medi', 'popu'}));
+        EXPECT_EQ(recorder.commands[1].attributes, UInt32{kHICommandFromControl});
+        EXPECT_EQ(seen, 2) << "the item is chosen by then";
+    }
 }
 
 TEST_F(Commands, AreNotSentByAPopUpThatCannotBeUsed)

@@ -1,10 +1,16 @@
+#include "toolbox/core/dialogs/Event.h"
+
 #include "tests/toolbox/core/dialogs/TestWindow.h"
 
+#include <Toolbox/Trace.h>
+
+#include <cstdint>
 #include <cstring>
 
 namespace {
 
 using Toolbox::Event;
+using Toolbox::sendEvent;
 
 // The bytes 1, 2, 3 and so on, as the parameter 'demo' of type 'byts'.
 Toolbox::EventParameter demo(std::size_t size)
@@ -126,6 +132,226 @@ TEST_F(EventParameters, AreGoneWhenTheEventWasSent)
         GetEventParameter(kept, kEventParamDirectObject, typeHICommand, nullptr, sizeof command, nullptr, &command),
         paramErr);
     EXPECT_EQ(GetEventClass(kept), 0u);
+}
+
+// ---- Installing
+
+OSStatus ignore(EventHandlerCallRef, EventRef, void*)
+{
+    return eventNotHandledErr;
+}
+
+OSStatus take(EventHandlerCallRef, EventRef, void*)
+{
+    return noErr;
+}
+
+class EventHandlers : public WindowTest { };
+
+TEST_F(EventHandlers, AreInstalledOnTheTargetOfAWindow)
+{
+    const TestWindow made;
+    EventHandlerRef installed = nullptr;
+    EXPECT_EQ(InstallEventHandler(made.target(), ignore, 1, COMMANDS, nullptr, &installed), noErr);
+    EXPECT_NE(installed, nullptr);
+    EXPECT_EQ(InstallEventHandler(made.target(), take, 1, COMMANDS, nullptr, nullptr), noErr);
+}
+
+TEST_F(EventHandlers, HaveNoTargetInAWrongWindow)
+{
+    const WindowRef dead = [] { return TestWindow().ref; }();
+    EXPECT_EQ(GetWindowEventTarget(nullptr), nullptr);
+    EXPECT_EQ(GetWindowEventTarget(dead), nullptr);
+}
+
+TEST_F(EventHandlers, AreRefusedWithWrongArguments)
+{
+    const TestWindow made;
+    const EventTargetRef dead = [] { return TestWindow().target(); }();
+    const struct {
+        const char* name;
+        EventTargetRef target;
+        EventHandlerUPP handler;
+        const EventTypeSpec* types;
+    } rows[] = {
+        {"null target", nullptr, ignore, COMMANDS},
+        {"dead target", dead, ignore, COMMANDS},
+        {"window for a target", reinterpret_cast<EventTargetRef>(made.ref), ignore, COMMANDS},
+        {"null procedure", made.target(), nullptr, COMMANDS},
+        {"null list", made.target(), ignore, nullptr},
+    };
+    for (const auto& row : rows) {
+        EventHandlerRef installed = reinterpret_cast<EventHandlerRef>(std::uintptr_t{1});
+        EXPECT_EQ(InstallEventHandler(row.target, row.handler, 1, row.types, nullptr, &installed), paramErr)
+            << row.name;
+        EXPECT_EQ(installed, nullptr) << row.name;
+    }
+    EXPECT_TRUE(made.window().target.handlers.empty());
+}
+
+TEST_F(EventHandlers, OfOneProcedureStandOnceForEachEventOfATarget)
+{
+    const TestWindow made;
+    const TestWindow other;
+    const EventTypeSpec two[] = {{'clss', 1}, {'clss', 2}};
+    const EventTypeSpec nextTwo[] = {{'clss', 3}, {'clss', 2}};
+    int data = 0;
+    ASSERT_EQ(InstallEventHandler(made.target(), ignore, 2, two, nullptr, nullptr), noErr);
+    EventHandlerRef installed = nullptr;
+    EXPECT_EQ(InstallEventHandler(made.target(), ignore, 1, two, &data, &installed), eventHandlerAlreadyInstalledErr);
+    EXPECT_EQ(
+        InstallEventHandler(made.target(), ignore, 2, nextTwo, nullptr, nullptr), eventHandlerAlreadyInstalledErr);
+    EXPECT_EQ(installed, nullptr);
+    EXPECT_EQ(InstallEventHandler(made.target(), ignore, 1, nextTwo, nullptr, nullptr), noErr) << "another event";
+    EXPECT_EQ(InstallEventHandler(made.target(), take, 2, two, nullptr, nullptr), noErr) << "another procedure";
+    EXPECT_EQ(InstallEventHandler(other.target(), ignore, 2, two, nullptr, nullptr), noErr) << "another target";
+}
+
+TEST_F(EventHandlers, ForNoEventGetNone)
+{
+    const TestWindow made;
+    EXPECT_EQ(InstallEventHandler(made.target(), take, 0, COMMANDS, nullptr, nullptr), noErr);
+    EXPECT_EQ(sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target), eventNotHandledErr);
+}
+
+TEST_F(EventHandlers, AreTheirOwnUniversalProcedurePointers)
+{
+    const EventHandlerUPP upp = NewEventHandlerUPP(take);
+    EXPECT_EQ(upp, &take);
+    const TestWindow made;
+    ASSERT_EQ(InstallEventHandler(made.target(), upp, 1, COMMANDS, nullptr, nullptr), noErr);
+    DisposeEventHandlerUPP(upp);
+    EXPECT_EQ(sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target), noErr);
+}
+
+// ---- Sending
+
+// Handlers that note their number. Each is a procedure of its own, since one stands only once on a target.
+std::vector<int> called;
+OSStatus answers[3];
+
+template <int NUMBER> OSStatus numbered(EventHandlerCallRef, EventRef, void*)
+{
+    called.push_back(NUMBER);
+    return answers[NUMBER];
+}
+
+struct ChainCase {
+    const char* name;
+    OSStatus answers[3];  // of the handlers in the order in which they were installed
+    std::vector<int> called;
+    OSStatus result;
+};
+
+// clang-format off
+const ChainCase CHAIN_CASES[] = {
+    // name                answers of 0, 1, 2                                         called     result
+    {"NobodyTakesIt",      {eventNotHandledErr, eventNotHandledErr, eventNotHandledErr}, {2, 1, 0}, eventNotHandledErr},
+    {"TheNewestTakesIt",   {noErr, noErr, noErr},                                        {2},       noErr},
+    {"TheMiddleTakesIt",   {noErr, noErr, eventNotHandledErr},                           {2, 1},    noErr},
+    {"TheOldestTakesIt",   {noErr, eventNotHandledErr, eventNotHandledErr},              {2, 1, 0}, noErr},
+    {"AnErrorEndsItToo",   {noErr, paramErr, eventNotHandledErr},                        {2, 1},    paramErr},
+    {"APositiveOneAsWell", {noErr, 7, eventNotHandledErr},                               {2, 1},    7},
+};
+// clang-format on
+
+class EventChain : public WindowTest, public testing::WithParamInterface<ChainCase> { };
+
+TEST_P(EventChain, GoesFromTheNewestToTheOldest)
+{
+    called.clear();
+    std::copy(std::begin(GetParam().answers), std::end(GetParam().answers), answers);
+    const TestWindow made;
+    for (const EventHandlerProcPtr procedure : {numbered<0>, numbered<1>, numbered<2>})
+        ASSERT_EQ(InstallEventHandler(made.target(), procedure, 1, COMMANDS, nullptr, nullptr), noErr);
+    EXPECT_EQ(sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target), GetParam().result);
+    EXPECT_EQ(called, GetParam().called);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, EventChain, testing::ValuesIn(CHAIN_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(EventHandlers, GetTheEventsThatTheyWereInstalledForAlone)
+{
+    called.clear();
+    answers[0] = noErr;
+    const TestWindow made;
+    const EventTypeSpec types[] = {{'clss', 1}, {'ssal', 2}};
+    ASSERT_EQ(InstallEventHandler(made.target(), numbered<0>, 2, types, nullptr, nullptr), noErr);
+    const struct {
+        UInt32 eventClass, kind;
+        OSStatus result;
+    } rows[] = {{'clss', 1, noErr}, {'ssal', 2, noErr}, {'clss', 2, eventNotHandledErr},
+        {'ssal', 1, eventNotHandledErr}, {'othr', 1, eventNotHandledErr}};
+    for (const auto& row : rows)
+        EXPECT_EQ(sendEvent(Event(row.eventClass, row.kind, {}), made.window().target), row.result);
+    EXPECT_EQ(called.size(), 2u);
+}
+
+TEST_F(EventHandlers, GetTheirUserData)
+{
+    const TestWindow made;
+    int data = 0;
+    const auto count = [](EventHandlerCallRef, EventRef, void* userData) -> OSStatus {
+        ++*static_cast<int*>(userData);
+        return noErr;
+    };
+    ASSERT_EQ(InstallEventHandler(made.target(), count, 1, COMMANDS, &data, nullptr), noErr);
+    sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target);
+    EXPECT_EQ(data, 1);
+}
+
+TEST_F(EventHandlers, CallTheToolboxAsIfFromOutside)
+{
+    TestWindow made;
+    Toolbox::Control& button = made.addButton('butt');
+    const auto askForTheKind = [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
+        return static_cast<OSStatus>(GetEventKind(event));
+    };
+    ASSERT_EQ(InstallEventHandler(made.target(), askForTheKind, 1, COMMANDS, nullptr, nullptr), noErr);
+    std::vector<std::string> calls;
+    runWhile(made.ref, [&] {
+        Toolbox::SetTrace([&calls](const std::string& line) { calls.push_back(line.substr(0, line.find('('))); });
+        Toolbox::pressControl(button);
+        Toolbox::SetTrace(nullptr);
+    });
+    EXPECT_EQ(calls, std::vector<std::string>{"GetEventKind"});
+}
+
+// ---- What a handler may do while it is called
+
+TEST_F(EventHandlers, MayInstallOthersWhichDoNotGetThePresentEvent)
+{
+    called.clear();
+    answers[0] = answers[1] = eventNotHandledErr;
+    const TestWindow made;
+    const auto installMore = [](EventHandlerCallRef, EventRef, void* userData) -> OSStatus {
+        const EventTargetRef target = static_cast<EventTargetRef>(userData);
+        InstallEventHandler(target, numbered<1>, 1, COMMANDS, nullptr, nullptr);
+        return eventNotHandledErr;
+    };
+    ASSERT_EQ(InstallEventHandler(made.target(), numbered<0>, 1, COMMANDS, nullptr, nullptr), noErr);
+    ASSERT_EQ(InstallEventHandler(made.target(), installMore, 1, COMMANDS, made.target(), nullptr), noErr);
+    const Event event(kEventClassCommand, kEventCommandProcess, {});
+    sendEvent(event, made.window().target);
+    EXPECT_EQ(called, std::vector<int>{0});
+    sendEvent(event, made.window().target);
+    EXPECT_EQ(called, (std::vector<int>{0, 1, 0}));
+}
+
+TEST_F(EventHandlers, MayDisposeOfTheWindowWhoseOtherHandlersAreThenLeftOut)
+{
+    called.clear();
+    answers[0] = noErr;
+    const TestWindow made;
+    const auto dispose = [](EventHandlerCallRef, EventRef, void* userData) -> OSStatus {
+        DisposeWindow(static_cast<WindowRef>(userData));
+        return eventNotHandledErr;
+    };
+    ASSERT_EQ(InstallEventHandler(made.target(), numbered<0>, 1, COMMANDS, nullptr, nullptr), noErr);
+    ASSERT_EQ(InstallEventHandler(made.target(), dispose, 1, COMMANDS, made.ref, nullptr), noErr);
+    EXPECT_EQ(sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target), eventNotHandledErr);
+    EXPECT_TRUE(called.empty());
 }
 
 }  // namespace

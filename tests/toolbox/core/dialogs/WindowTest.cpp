@@ -47,7 +47,7 @@ TEST_F(WindowManager, ListsControlsInTheOrderOfTheNib)
 {
     TestWindow made;
     Control& box = made.add(ControlKind::GroupBox);
-    Control& inner = made.addTo(box, ControlKind::CheckBox);
+    Control& inner = made.addTo(box, ControlKind::Button);
     Control& innermost = made.addTo(inner, ControlKind::Other);
     Control& last = made.addButton(0);
     EXPECT_EQ(made.window().controls(), (std::vector<Control*>{&made.root(), &box, &inner, &innermost, &last}));
@@ -65,6 +65,24 @@ TEST_F(WindowManager, KnowsTheButtonOfEachRole)
     made.addButton(0, ButtonRole::Default);
     EXPECT_EQ(made.window().buttonOfRole(ButtonRole::Default), &ok);
     EXPECT_EQ(made.window().buttonOfRole(ButtonRole::Cancel), nullptr);
+}
+
+TEST_F(WindowManager, RemarksOnAWindowThatWasShownOutsideAModalLoop)
+{
+    const auto remarksOn = [](const auto& useOf) {
+        {
+            const TestWindow made;
+            made.window().title = QStringLiteral("Palette");
+            useOf(made.ref);
+        }
+        return Toolbox::TakeReport().remarks;
+    };
+    const std::vector<std::string> seen;
+    const std::vector<std::string> unseen{"the window \"Palette\" was never seen: it was shown outside a modal loop"};
+    EXPECT_EQ(remarksOn([](WindowRef) {}), unseen);
+    EXPECT_EQ(remarksOn([](WindowRef window) { HideWindow(window); }), unseen);
+    EXPECT_EQ(remarksOn([](WindowRef window) { runWhile(window, [&] { QuitAppModalLoopForWindow(window); }); }), seen);
+    EXPECT_EQ(Toolbox::TakeReport().remarks, seen);
 }
 
 }  // namespace

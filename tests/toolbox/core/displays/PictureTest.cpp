@@ -91,7 +91,7 @@ TEST_F(Picture, IsThatOfTheRealWindowOnAScreen)
 {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     std::string problem;
-    ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
+    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     Toolbox::SavePicture(m_folder / "a.png");
     Dialog dialog;
     const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
@@ -132,7 +132,7 @@ TEST_F(Picture, IsOfTheAlertThatComesFirst)
 
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     std::string problem;
-    ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
+    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     Toolbox::SavePicture(m_folder / "window.png");
     const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
     EXPECT_EQ(runNote(), 1);

@@ -118,7 +118,7 @@ TEST_F(Screen, IsThatOfTheApplicationThatTheProcessHas)
     unsetenv("QT_QPA_PLATFORM");
     EXPECT_TRUE(Toolbox::ScreenAnswers());
     std::string problem;
-    ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
+    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     EXPECT_EQ(Dialog().run(), "ended: ok");
     EXPECT_EQ(QCoreApplication::instance(), &application);
 }
@@ -127,7 +127,7 @@ TEST_F(Screen, ThatDoesNotAnswerLeavesTheDisplayAsItWas)
 {
     const auto before = Toolbox::currentDisplay();
     std::string problem;
-    EXPECT_FALSE(Toolbox::UseWindowDisplay(&problem));
+    EXPECT_FALSE(Toolbox::UseScreenDisplay(&problem));
     EXPECT_EQ(problem, "no screen answers");
     EXPECT_EQ(Toolbox::currentDisplay(), before);
 }
@@ -226,7 +226,7 @@ TEST_F(RealScreen, AnswersAndShowsWindows)
 
     const TemporaryFolder folder;
     std::string problem;
-    ASSERT_TRUE(Toolbox::UseWindowDisplay(&problem)) << problem;
+    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     Toolbox::SavePicture(folder / "a.png");
     const Person person({[](QDialog&) { EXPECT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb")); },
         press(Qt::Key_Down), press(Qt::Key_Return)});

@@ -155,7 +155,7 @@ TEST_F(UnattendedWindow, PressesTheFirstUsableControlOfACommand)
     Control& disabled = made.addButton('many');
     hidden.hidden = true;
     disabled.enabled = false;
-    const Control& usable = made.addTo(box, ControlKind::CheckBox, 'many');
+    const Control& usable = made.addTo(box, ControlKind::Button, 'many');
     made.addButton('many');
     EXPECT_EQ(run({command('many')}), noErr);
     ASSERT_EQ(recorder.ids(), (std::vector<MenuCommand>{'many', kHICommandOK}));
