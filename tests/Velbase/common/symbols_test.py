@@ -16,7 +16,7 @@ MAY_BE_THERE = re.compile("|".join((
     r"_Z(13unsigned_byte|11signed_byte|11signed_word)",
     r"_ZNK?15velbase_private",
     r"_ZZ?(NK?)?(St|Sa|9__gnu_cxx)",            # what the compiler makes of the standard library's templates
-    r"__|DW\.ref\.__",                          # the compiler's own
+    r"__|DW\.ref\.__|_ZT[IS]F",                 # the compiler's own, and the types that a sanitizer compares
 )))
 
 _, nm, library = sys.argv
