@@ -27,8 +27,8 @@ public:
     /// stays as it is. Throws Problem when there is no such resource or it is too short for the flag.
     void requireAdministrator();
 
-    /// The external that the application brings along; a link that leads out of the application is none. Throws Problem
-    /// when it has none, or more than one.
+    /// The external that the application brings along; a link that leads out of the application does not count. Throws
+    /// Problem when it has none, or more than one.
     std::filesystem::path builtInPlugIn() const;
 
 private:

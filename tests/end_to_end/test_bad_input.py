@@ -355,7 +355,11 @@ class ResourceFiles(HostTest):
                 contents = bytearray(self.resources)
                 contents[position] = 0xFF
                 outcome = unattended("--message", "999", "--resources", self.file("resources", contents))
-                self.assertIn(outcome.status, (NOT_DONE, REFUSED), outcome.errors)
+                if outcome.status == NOT_DONE:
+                    self.assertIn("visex-host: cannot open the resource file ", outcome.errors)
+                else:
+                    self.assertEqual(outcome.status, REFUSED)
+                    self.assertIn("No language was written to the record", outcome.output)
 
     def test_those_that_are_no_file(self):
         pipe = self.folder / "pipe"
