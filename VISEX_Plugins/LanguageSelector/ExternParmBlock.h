@@ -42,7 +42,7 @@ private:
     unsigned char m_bytes[sizeof(T)];
 };
 
-/// Languages are Mac OS language codes: 0 English, 1 French, 2 German, 3 Italian, 6 Spanish, 11 Japanese.
+/// Languages are Mac OS language codes; HostContract.h has those of the menu.
 /// The current one is a 32-bit number and the chosen one a 16-bit number, at places of their own: the installer gives
 /// and takes them so.
 struct ExternParmBlock {

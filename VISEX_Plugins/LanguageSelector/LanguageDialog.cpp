@@ -7,6 +7,7 @@
 #include "UI/MessageBox.h"
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
+#include "Velbase/common/common_string.h"
 
 namespace {
 
@@ -54,8 +55,8 @@ UInt16 languageAtIndex(UInt32 index)
     return MENU_LANGUAGES[0].code;
 }
 
-// The control of `window` with this signature and number; null if there is none. For controls to come: the pop-up, so
-// far the only one, is looked up where it is needed.
+// The control of `window` with this signature and number; null if there is none. It is there for controls to come: the
+// pop-up, the only one so far, is looked up where it is needed, whatever becomes of the look-up.
 [[maybe_unused]] ControlRef getNativeDialogControlRef(WindowRef window, OSType signature, SInt32 id)
 {
     const ControlID controlID = {signature, id};
