@@ -4,6 +4,8 @@
 #ifndef HOST_MESSAGES_H
 #define HOST_MESSAGES_H
 
+#include <Toolbox/OneLine.h>
+
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -33,13 +35,8 @@ public:
     const ExitStatus status;
 };
 
-/// `text` with an escape, such as \n, \x1b or \u202e, for each character that is not seen but does something: it ends
-/// the line, commands the terminal or turns the text around it. Bytes that are not UTF-8 are escapes too. For
-/// everything that comes from elsewhere, such as names of files and the texts of alerts.
-std::string oneLine(std::string_view text);
-
-/// Whether all of `text` is UTF-8.
-bool isUtf8(std::string_view text);
+using Toolbox::isUtf8;
+using Toolbox::oneLine;
 
 /// Writes `line` to standard error, after the program's name, and made one line if it is more.
 void complain(const std::string& line);

@@ -18,16 +18,11 @@ QString oneSpelling(const QString& text)
     return spelling.simplified();
 }
 
-// As it can be repeated within a line: control characters as the keys that give them, and not too much of it.
+// Not too much of what was typed.
 QString repeated(const QString& typed)
 {
     constexpr qsizetype MOST = 40;
-    QString text;
-    for (const QChar each : typed)
-        text += each < QLatin1Char(' ') && each != QLatin1Char('\t')
-            ? QLatin1Char('^') + QString(QChar(each.unicode() + '@'))
-            : QString(each);
-    text = text.simplified();
+    const QString text = typed.trimmed();
     return text.size() <= MOST ? text : text.left(MOST) + QStringLiteral("...");
 }
 
@@ -54,6 +49,14 @@ bool isReturnAlone(const QString& typed)
 {
     return std::all_of(typed.begin(), typed.end(),
         [](QChar each) { return each == QLatin1Char('\t') || (each.isSpace() && each >= QLatin1Char(' ')); });
+}
+
+Request requestIn(const QString& typed)
+{
+    const QString word = oneSpelling(typed);
+    if (word == QLatin1String("?") || word == QLatin1String("help"))
+        return Request::Help;
+    return word == QLatin1String("q") || word == QLatin1String("quit") ? Request::Quit : Request::None;
 }
 
 QString readableName(const QString& name, const std::function<QString(const QString&)>& show)
@@ -102,10 +105,19 @@ std::optional<std::size_t> Choices::find(const QString& typed, QString* problem)
     for (const std::size_t index : found)
         names.append(m_choices[index].name);
     if (names.isEmpty())
-        *problem = QStringLiteral("There is no \"%1\" here.").arg(repeated(typed));
+        *problem = QStringLiteral("There is no \"%1\" here. Choices: %2.").arg(repeated(typed), inShort());
     else
         *problem = QStringLiteral("\"%1\" could be %2.").arg(repeated(typed), names.join(QStringLiteral(" or ")));
     return std::nullopt;
+}
+
+QString Choices::inShort() const
+{
+    constexpr std::size_t MOST = 12;
+    QStringList all;
+    for (std::size_t index = 0; index < std::min(MOST, m_choices.size()); ++index)
+        all.append((m_choices[index].number + QLatin1Char(' ') + m_choices[index].name).trimmed());
+    return all.join(QStringLiteral(", ")) + (m_choices.size() > MOST ? QStringLiteral(", ...") : QString());
 }
 
 std::vector<std::size_t> Choices::beginningLike(const QString& typed) const

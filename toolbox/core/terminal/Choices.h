@@ -15,6 +15,12 @@ namespace Toolbox {
 /// Whether nothing but blanks was typed. A control character is something: Ctrl-L was not meant as Return.
 bool isReturnAlone(const QString& typed);
 
+/// What can be typed in place of a choice: `?` or `help` to see the choices again, `q` or `quit` to cancel.
+enum class Request { None, Help, Quit };
+
+/// Which of them `typed` is, where no choice is meant by it.
+Request requestIn(const QString& typed);
+
 /// The part of `name` that can be read where `show` shows what cannot as question marks: "日本語 (Japanese)" is
 /// "Japanese" in ASCII. The whole name, as it is shown, where both parts can be read or neither can.
 QString readableName(const QString& name, const std::function<QString(const QString&)>& show);
@@ -27,11 +33,14 @@ public:
     void add(const QString& name, std::optional<int> number = std::nullopt, const QString& word = QString());
 
     /// The index, in the order of adding, of the choice that `typed` means; else nothing, with the reason in
-    /// `*problem`, a sentence.
+    /// `*problem`: what it could be, or the choices in short.
     std::optional<std::size_t> find(const QString& typed, QString* problem) const;
 
     /// The indexes, in the order of adding, of all choices that `typed` may mean: those that fit its surest reading.
     std::vector<std::size_t> meant(const QString& typed) const;
+
+    /// The first choices with their numbers, on one line.
+    QString inShort() const;
 
     /// The indexes, in the order of adding, of the choices whose name or a part of it begins as `typed` says, which
     /// must not be empty.

@@ -3,52 +3,84 @@
 #include <QList>
 #include <QStringList>
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace Toolbox {
 
 namespace {
 
-constexpr int COLUMNS = 80;
+constexpr int USUAL_COLUMNS = 80;  // where the terminal does not say
+constexpr int LEAST_COLUMNS = 20;
 constexpr qsizetype LONGEST_LINE = 4096;  // what a terminal takes; the rest of a longer line is dropped
 
-int columnsOf(const QString& text, const TerminalEncoding& encoding)
+QString withoutBlanksAtTheEnd(QString line)
 {
-    int columns = 0;
-    for (const uint character : text.toUcs4())
-        columns += encoding.columns(character);
-    return columns;
+    while (line.endsWith(QLatin1Char(' ')))
+        line.chop(1);
+    return line;
 }
 
 // `line` broken at a blank, or in the middle of a word that is longer than a line, wherever it would go past the
-// columns. What follows a break begins below `hanging` columns.
-QString breakLine(const QString& line, int hanging, const TerminalEncoding& encoding)
+// `columns`. What follows a break begins below `hanging` columns.
+QString breakLine(const QString& line, int hanging, int columns, const TerminalEncoding& encoding)
 {
     const QString indentation(hanging, QLatin1Char(' '));
     QString broken;
     QString last;  // the line that is being filled
-    const QList<uint> characters = line.toUcs4();
-    for (const char32_t character : characters) {
-        const QString next = QString::fromUcs4(&character, 1);
-        if (columnsOf(last + next, encoding) <= COLUMNS) {
-            last += next;
-            continue;
+    int width = 0;
+    qsizetype wordBegin = 0;  // of its last word, if that is not its only one
+    int widthBeforeWord = 0;
+    for (const uint character : line.toUcs4()) {
+        const QString next = QString::fromUcs4(reinterpret_cast<const char32_t*>(&character), 1);
+        const int nextWidth = encoding.columns(character);
+        const bool isBlank = character == U' ';
+        if (width + nextWidth > columns) {
+            const int wordWidth = width - widthBeforeWord;
+            const bool movesOn = !isBlank && wordBegin > 0 && hanging + wordWidth + nextWidth <= columns;
+            const QString word = movesOn ? last.mid(wordBegin) : QString();
+            broken += withoutBlanksAtTheEnd(last.chopped(word.size())) + QLatin1Char('\n');
+            last = indentation + word;
+            width = hanging + (movesOn ? wordWidth : 0);
+            wordBegin = 0;
+            if (isBlank)
+                continue;
         }
-        const bool isBlank = next == QLatin1String(" ");
-        QString word = isBlank ? QString() : last.section(QLatin1Char(' '), -1);
-        if (word == last.trimmed() || columnsOf(indentation + word + next, encoding) > COLUMNS)
-            word.clear();  // it would be no better off in a line of its own
-        last.chop(word.size());
-        while (last.endsWith(QLatin1Char(' ')))
-            last.chop(1);
-        broken += last + QLatin1Char('\n');
-        last = indentation + word + (isBlank ? QString() : next);
+        last += next;
+        width += nextWidth;
+        if (isBlank && !withoutBlanksAtTheEnd(last).isEmpty()) {
+            wordBegin = last.size();
+            widthBeforeWord = width;
+        }
     }
     return broken + last;
 }
+
+volatile std::sig_atomic_t wasContinued = 0;
+
+// While this lives, reading ends when the process goes on after it was stopped: what is on the screen is then something
+// else.
+class ContinueWatch {
+public:
+    ContinueWatch()
+    {
+        wasContinued = 0;
+        struct sigaction noting { };
+        noting.sa_handler = [](int) { wasContinued = 1; };
+        sigaction(SIGCONT, &noting, &m_before);
+    }
+    ~ContinueWatch() { sigaction(SIGCONT, &m_before, nullptr); }
+    ContinueWatch(const ContinueWatch&) = delete;
+    ContinueWatch& operator=(const ContinueWatch&) = delete;
+
+private:
+    struct sigaction m_before { };
+};
 
 }  // namespace
 
@@ -73,23 +105,42 @@ void Terminal::writeLines(const QString& text)
 {
     const QStringList lines = m_encoding.showable(text).split(QLatin1Char('\n'));
     for (const QString& line : lines)
-        write(breakLine(line, 0, m_encoding) + QLatin1Char('\n'));
+        write(breakLine(line, 0, columns(), m_encoding) + QLatin1Char('\n'));
 }
 
 void Terminal::writeNumbered(int number, const QString& text)
 {
     const QString start = QStringLiteral("%1  ").arg(number, 3);
     const QString line = start + m_encoding.showable(text.simplified());
-    write(breakLine(line, static_cast<int>(start.size()), m_encoding) + QLatin1Char('\n'));
+    write(breakLine(line, static_cast<int>(start.size()), columns(), m_encoding) + QLatin1Char('\n'));
 }
 
 std::optional<QString> Terminal::ask(const QString& text)
 {
-    write(breakLine(m_encoding.showable(text), 0, m_encoding));
-    const std::optional<QString> line = readLine();
+    const ContinueWatch watch;
+    std::optional<QString> line;
+    do {
+        wasContinued = 0;
+        write(breakLine(m_encoding.showable(text), 0, columns(), m_encoding));
+        line = readLine();
+    } while (!line && wasContinued != 0);
     if (!line)
         write(QStringLiteral("\n"));  // nobody ended the line
     return line;
+}
+
+void Terminal::sayWhatIsNotRead()
+{
+    int waiting = 0;
+    if (answers() && isatty(STDIN_FILENO) == 0 && ioctl(STDIN_FILENO, FIONREAD, &waiting) == 0 && waiting > 0)
+        writeLines(QStringLiteral("What standard input holds is not read: answer here."));
+}
+
+int Terminal::columns() const
+{
+    winsize size{};
+    const bool isKnown = ioctl(m_file, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? std::max<int>(LEAST_COLUMNS, size.ws_col) : USUAL_COLUMNS;
 }
 
 void Terminal::write(const QString& showableText)
@@ -117,7 +168,7 @@ std::optional<QString> Terminal::readLine()
             return m_encoding.decode(line);
         if (count == 1 && line.size() < LONGEST_LINE)
             line += byte;
-        if (count == 0)
+        if (count == 0 || (count < 0 && errno == EINTR && wasContinued != 0))
             return std::nullopt;
         m_failed = count < 0 && errno != EINTR;
     }

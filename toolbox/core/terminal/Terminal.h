@@ -25,20 +25,25 @@ public:
     /// not.
     bool answers() const;
 
-    /// `name` as it can be read here (TerminalEncoding.h).
-    QString readableName(const QString& name) const { return m_encoding.readableName(name); }
+    /// `text` as it is shown here.
+    QString showable(const QString& text) const { return m_encoding.showable(text); }
 
-    /// Writes the lines of `text`, broken at 80 columns.
+    /// Writes the lines of `text`, broken at the width of the terminal, which counts as 20 columns at least.
     void writeLines(const QString& text);
 
     /// Writes `text` as one entry of a list, on one line or broken and indented, with `number` before it.
     void writeNumbered(int number, const QString& text);
 
     /// Writes `text`, without ending its last line, and reads what is typed after it, without the line's end. Nothing
-    /// at the end of input (Ctrl-D, a terminal that hung up); that is not remembered.
+    /// at the end of input (Ctrl-D, a terminal that hung up); that is not remembered. The text stands there again when
+    /// the process goes on after it was stopped.
     std::optional<QString> ask(const QString& text);
 
+    /// Says that nobody reads what standard input holds, if it holds something: a person who pipes answers waits.
+    void sayWhatIsNotRead();
+
 private:
+    int columns() const;
     void write(const QString& showableText);
     std::optional<QString> readLine();
 

@@ -1,15 +1,87 @@
 #include "toolbox/core/terminal/TerminalDisplay.h"
 
 #include "toolbox/core/displays/Picture.h"
+#include "toolbox/core/terminal/Choices.h"
 #include "toolbox/core/terminal/Terminal.h"
-#include "toolbox/core/terminal/TerminalAlert.h"
 #include "toolbox/core/terminal/TerminalWindow.h"
 
 #include <Toolbox/Displays.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace Toolbox {
+
+namespace {
+
+// What stands for the icon.
+QString kindInWords(AlertType type)
+{
+    switch (type) {
+    case kAlertStopAlert:
+        return QStringLiteral("Stop: ");
+    case kAlertNoteAlert:
+        return QStringLiteral("Note: ");
+    case kAlertCautionAlert:
+        return QStringLiteral("Caution: ");
+    default:
+        return QString();
+    }
+}
+
+std::vector<AlertButton> enabledButtons(const Alert& alert)
+{
+    std::vector<AlertButton> enabled;
+    std::copy_if(alert.buttons.begin(), alert.buttons.end(), std::back_inserter(enabled),
+        [](const AlertButton& each) { return each.enabled; });
+    return enabled;
+}
+
+void describe(Terminal& terminal, const Alert& alert, const std::vector<AlertButton>& buttons)
+{
+    terminal.writeLines(QLatin1Char('\n') + kindInWords(alert.type) + alert.text);
+    if (!alert.explanation.isEmpty())
+        terminal.writeLines(QLatin1Char('\n') + alert.explanation);
+    terminal.writeLines(QString());
+    for (const AlertButton& each : buttons) {
+        const QString mark = each.number == alert.defaultButton ? QStringLiteral(" - default") : QString();
+        terminal.writeNumbered(each.number, each.title + mark);
+    }
+    terminal.writeLines(QString());
+}
+
+// Asks until one of the buttons is meant; returns its number. At the end of input, that of unansweredButton().
+SInt16 askAlert(Terminal& terminal, const Alert& alert)
+{
+    const std::vector<AlertButton> buttons = enabledButtons(alert);
+    Choices choices;
+    for (const AlertButton& each : buttons)
+        choices.add(each.title, each.number);
+    const QString question = alert.defaultButton != 0 ? QStringLiteral("Number or name, or Return for the default: ")
+                                                      : QStringLiteral("Number or name: ");
+    terminal.sayWhatIsNotRead();
+    describe(terminal, alert, buttons);
+    for (;;) {
+        const std::optional<QString> typed = terminal.ask(question);
+        if (!typed)
+            return alert.unansweredButton();
+        if (isReturnAlone(*typed) && alert.defaultButton != 0)
+            return alert.defaultButton;
+        QString problem;
+        const std::optional<std::size_t> chosen = choices.find(*typed, &problem);
+        if (chosen)
+            return buttons[*chosen].number;
+        if (requestIn(*typed) == Request::Quit && alert.cancelButton != 0)
+            return alert.cancelButton;
+        if (requestIn(*typed) == Request::Help)
+            describe(terminal, alert, buttons);
+        else
+            terminal.writeLines(problem);
+    }
+}
+
+}  // namespace
 
 bool TerminalDisplay::runWindow(Window& window, QString* problem)
 {

@@ -1,8 +1,9 @@
 #include "toolbox/core/terminal/TerminalEncoding.h"
 
+#include <Toolbox/OneLine.h>
+
 #include <QChar>
 #include <QList>
-#include <QRegularExpression>
 #include <QStringView>
 
 #include <algorithm>
@@ -75,25 +76,17 @@ QString transliterate(char32_t character)
     return baseOf(QString::fromUcs4(&character, 1));
 }
 
-// Whether it could change how its surroundings are shown, or has no meaning outside one program.
-bool isTreacherous(char32_t character)
+// Whether it has no meaning outside one program.
+bool isMeaningless(char32_t character)
 {
     switch (QChar::category(character)) {
-    case QChar::Other_Format:
     case QChar::Other_Surrogate:
     case QChar::Other_PrivateUse:
     case QChar::Other_NotAssigned:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
         return true;
     default:
         return false;
     }
-}
-
-bool hasALetter(const QString& text)
-{
-    return std::any_of(text.begin(), text.end(), [](QChar each) { return each.isLetterOrNumber(); });
 }
 
 }  // namespace
@@ -113,37 +106,22 @@ QString TerminalEncoding::showable(const QString& text) const
 {
     const ThreadLocale inLocale(m_locale);
     QString shown;
-    const QList<uint> characters = text.toUcs4();
-    for (const uint each : characters)
-        shown += showableCharacter(each);
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        shown += shown.isNull() ? QString(QLatin1String("")) : QString(QLatin1Char('\n'));
+        for (const uint each : QString::fromStdString(oneLine(line.toStdString())).toUcs4())
+            shown += showableCharacter(each);
+    }
     return shown;
 }
 
 QString TerminalEncoding::showableCharacter(char32_t character) const
 {
-    if (character == U'\n')
-        return QString(QLatin1Char('\n'));
-    if (QChar::category(character) == QChar::Other_Control)
-        return QString(QLatin1Char(' '));
-    if (isTreacherous(character))
-        return QString(QLatin1Char('?'));
-
     const QString itself = QString::fromUcs4(&character, 1);
-    if (canEncode(itself))
+    if (canEncode(itself) && !isMeaningless(character))
         return itself;
     const QString replaced = transliterate(character);
-    return !replaced.isEmpty() && canEncode(replaced) ? replaced : QString(QLatin1Char('?'));
-}
-
-QString TerminalEncoding::readableName(const QString& name) const
-{
-    static const QRegularExpression twoParts(QStringLiteral("^(.+)\\((.+)\\)$"));
-    const QRegularExpressionMatch parts = twoParts.match(name.simplified());
-    const QString before = showable(parts.captured(1).trimmed());
-    const QString inBrackets = showable(parts.captured(2).trimmed());
-    if (hasALetter(before) == hasALetter(inBrackets))
-        return showable(name);
-    return hasALetter(before) ? before : inBrackets;
+    return !replaced.isEmpty() && canEncode(replaced) && !isMeaningless(character) ? replaced
+                                                                                   : QString(QLatin1Char('?'));
 }
 
 int TerminalEncoding::columns(char32_t character) const

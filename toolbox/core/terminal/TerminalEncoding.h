@@ -22,12 +22,9 @@ public:
     TerminalEncoding(const TerminalEncoding&) = delete;
     TerminalEncoding& operator=(const TerminalEncoding&) = delete;
 
-    /// `text` as it can be shown: control characters are blanks, and every other character can be encoded.
+    /// `text` as it can be shown, line by line: what is not seen but does something is an escape (OneLine.h), and every
+    /// character can be encoded.
     QString showable(const QString& text) const;
-
-    /// The part of `name` that can be read: "日本語 (Japanese)" is "Japanese" in ASCII. The whole name, as it can be
-    /// shown, where both parts can be read or neither can.
-    QString readableName(const QString& name) const;
 
     /// How many columns `character` takes.
     int columns(char32_t character) const;

@@ -22,6 +22,11 @@ QString alternatives(QStringList parts)
     return sentence;
 }
 
+QString mark(const TerminalWindow::Offer& offer)
+{
+    return offer.control->value == offer.item ? QStringLiteral(" - chosen") : QString();
+}
+
 }  // namespace
 
 TerminalWindow::TerminalWindow(Terminal& terminal, Window& window)
@@ -33,6 +38,7 @@ TerminalWindow::TerminalWindow(Terminal& terminal, Window& window)
 
 bool TerminalWindow::run(QString* problem)
 {
+    m_terminal.sayWhatIsNotRead();
     describe();
     while (!modalLoopEnded(m_ref)) {
         const std::optional<QString> typed = m_terminal.ask(question());
@@ -53,27 +59,30 @@ std::vector<TerminalWindow::Offer> TerminalWindow::offers() const
         if (each->usable())
             appendOffers(*each, all);
 
+    const Control* const confirming = confirmingControl(m_window);
+    const Control* const cancelling = cancellingControl(m_window);
     int number = 0;
     for (Offer& each : all) {
         if (each.control->kind != ControlKind::Button)
             each.number = ++number;
-        if (each.control == confirmingControl(m_window))
+        if (each.control == confirming)
             each.word = QStringLiteral("ok");
-        else if (each.control == cancellingControl(m_window))
+        else if (each.control == cancelling)
             each.word = QStringLiteral("cancel");
     }
-    if (cancellingControl(m_window) == nullptr)
+    if (cancelling == nullptr)
         all.push_back({nullptr, 0, QStringLiteral("cancel"), std::nullopt, QStringLiteral("cancel")});
     return all;
 }
 
 void TerminalWindow::appendOffers(Control& control, std::vector<Offer>& all) const
 {
+    const auto show = [this](const QString& text) { return m_terminal.showable(text); };
     switch (control.kind) {
     case ControlKind::PopupButton:
         for (std::size_t index = 0; index < control.items.size(); ++index) {
             const SInt32 item = static_cast<SInt32>(index + 1);
-            const QString name = m_terminal.readableName(control.items[index].title.simplified());
+            const QString name = readableName(control.items[index].title.simplified(), show);
             if (control.offers(item))
                 all.push_back({&control, item, name, std::nullopt, QString()});
         }
@@ -107,24 +116,23 @@ void TerminalWindow::describe()
 {
     m_terminal.writeLines(QLatin1Char('\n') + m_window.title.simplified() + QLatin1Char('\n'));
     const std::vector<Offer> all = offers();
-    for (const Control* const each : m_window.controls())
+    auto offer = all.begin();  // those of a control follow each other, in the order of the controls
+    for (const Control* const each : m_window.controls()) {
         if (each->shown())
-            describe(*each, all);
+            describeTitle(*each);
+        for (; offer != all.end() && offer->control == each; ++offer)
+            if (offer->number)
+                m_terminal.writeNumbered(*offer->number, offer->name + mark(*offer));
+    }
     m_terminal.writeLines(QString());
 }
 
-void TerminalWindow::describe(const Control& control, const std::vector<Offer>& all)
+void TerminalWindow::describeTitle(const Control& control)
 {
     const bool showsTitle = control.kind == ControlKind::StaticText || control.kind == ControlKind::GroupBox
         || control.kind == ControlKind::PopupButton;
     if (showsTitle && !control.title.isEmpty())
         m_terminal.writeLines(withLineFeeds(control.title));
-    for (const Offer& each : all) {
-        if (each.control != &control || !each.number)
-            continue;
-        const QString mark = control.value == each.item ? QStringLiteral(" - chosen") : QString();
-        m_terminal.writeNumbered(*each.number, each.name + mark);
-    }
 }
 
 void TerminalWindow::answer(const QString& typed)
@@ -145,6 +153,10 @@ void TerminalWindow::answer(const QString& typed)
     const std::optional<std::size_t> chosen = choices.find(typed, &problem);
     if (chosen)
         take(all[*chosen]);
+    else if (requestIn(typed) == Request::Help)
+        describe();
+    else if (requestIn(typed) == Request::Quit)
+        cancelWindow(m_window);
     else
         m_terminal.writeLines(problem);
 }

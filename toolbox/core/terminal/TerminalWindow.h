@@ -14,13 +14,6 @@ namespace Toolbox {
 /// One run of a window: what is typed becomes presses and choices, until the window's modal loop has ended.
 class TerminalWindow {
 public:
-    TerminalWindow(Terminal& terminal, Window& window);
-
-    /// True when the modal loop has ended; false, with the reason in `*problem`, when the terminal gives no more input
-    /// and cancelling the window does not end it.
-    bool run(QString* problem);
-
-private:
     // One thing that somebody can do in the window. Handlers may dispose of controls, so offers are made anew for
     // each answer.
     struct Offer {
@@ -31,11 +24,18 @@ private:
         QString word;  // stands for it beside its name: "ok", "cancel"
     };
 
+    TerminalWindow(Terminal& terminal, Window& window);
+
+    /// True when the modal loop has ended; false, with the reason in `*problem`, when the terminal gives no more input
+    /// and cancelling the window does not end it.
+    bool run(QString* problem);
+
+private:
     std::vector<Offer> offers() const;
     void appendOffers(Control& control, std::vector<Offer>& all) const;
     QString question() const;
     void describe();
-    void describe(const Control& control, const std::vector<Offer>& all);
+    void describeTitle(const Control& control);
     void answer(const QString& typed);
     void take(const Offer& offer);
 

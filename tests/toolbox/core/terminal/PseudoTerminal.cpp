@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -48,11 +49,12 @@ bool endsIn(const std::string& text, const std::string& end)
 
 }  // namespace
 
-PseudoTerminal::PseudoTerminal(const char* locale, const std::function<std::string()>& work)
+PseudoTerminal::PseudoTerminal(const char* locale, const std::function<std::string()>& work, unsigned short columns)
 {
     int report[2];
     EXPECT_EQ(pipe2(report, O_CLOEXEC), 0);
-    m_process = forkpty(&m_terminal, nullptr, nullptr, nullptr);
+    const winsize size{0, columns, 0, 0};
+    m_process = forkpty(&m_terminal, nullptr, nullptr, &size);
     if (m_process == 0) {
         setenv("LC_ALL", locale, 1);
         close(report[0]);

@@ -11,7 +11,7 @@
 class PseudoTerminal {
 public:
     /// Starts `work` in the locale named `locale`. What it returns is the report.
-    PseudoTerminal(const char* locale, const std::function<std::string()>& work);
+    PseudoTerminal(const char* locale, const std::function<std::string()>& work, unsigned short columns = 0);
 
     /// Hangs up, and waits for the process.
     ~PseudoTerminal();

@@ -1,3 +1,4 @@
+#include "tests/support/RowName.h"
 #include "tests/toolbox/core/displays/Dialog.h"
 #include "tests/toolbox/core/terminal/PseudoTerminal.h"
 
@@ -27,6 +28,7 @@ std::function<std::string()> runChanged(const Change& change)
 void leaveAsItIs(Dialog&) { }
 
 const std::string QUESTION = "Number or name, Cancel, or Return for OK: ";
+const std::string SHORT = "Choices: 1 Small, 2 日本 (Medium), 3 Large, OK, Cancel.\n";
 
 TEST(TerminalWindow, ShowsItsTextsAndNumbersItsItems)
 {
@@ -71,6 +73,8 @@ const SessionCase SESSION_CASES[] = {
     {"BeginningOfAButton", "c\n", "ended: cancel"},
     {"ChoiceThenCancel", "3\ncancel\n", "ended: item 3 cancel"},
     {"NonsenseThenReturn", "nonsense\n7\n-1\n\n", "ended: ok"},
+    {"Quit", "3\nq\n", "ended: item 3 cancel"},
+    {"HelpThenReturn", "?\nhelp\n\n", "ended: ok"},
     {"EndOfInput", "\x04", "ended: cancel"},
     {"ChoiceThenEndOfInput", "3\n\x04", "ended: item 3 cancel"},
     {"HalfALineThenEndOfInput", "3\x04\x04", "ended: cancel"},
@@ -86,21 +90,28 @@ TEST_P(TerminalSession, BecomesCommands)
     EXPECT_EQ(terminal.report(), GetParam().report);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TerminalSession, testing::ValuesIn(SESSION_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, TerminalSession, testing::ValuesIn(SESSION_CASES), RowName());
 
 TEST(TerminalWindow, SaysWhatWasChosenAndWhatWasNotUnderstood)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
     terminal.readUntil(QUESTION);
     terminal.type("9\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "9\nThere is no \"9\" here.\n" + QUESTION);
+    EXPECT_EQ(terminal.readUntil(QUESTION), "9\nThere is no \"9\" here. " + SHORT + QUESTION);
     terminal.type("\x1B[31m\n");
-    EXPECT_NE(terminal.readUntil(QUESTION).find("\nThere is no \"^[[31m\" here.\n"), std::string::npos);
+    EXPECT_NE(terminal.readUntil(QUESTION).find("\nThere is no \"\\x1b[31m\" here. "), std::string::npos);
     terminal.type("la\n");
     EXPECT_EQ(terminal.readUntil(QUESTION), "la\nLarge is chosen.\n" + QUESTION);
     terminal.type("\n");
     EXPECT_EQ(terminal.report(), "ended: item 3 ok");
+}
+
+TEST(TerminalWindow, ShowsTheChoicesAgainWhenAsked)
+{
+    PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
+    const std::string first = terminal.readUntil(QUESTION);
+    terminal.type("?\n");
+    EXPECT_EQ(terminal.readUntil(QUESTION), "?\n" + first);
 }
 
 TEST(TerminalWindow, DoesNotSayThatItChoseWhatAHandlerTook)
@@ -179,8 +190,7 @@ TEST_P(ChangedWindow, IsAskedAboutAsItIs)
     EXPECT_EQ(terminal.report(), GetParam().report);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ChangedWindow, testing::ValuesIn(WINDOW_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, ChangedWindow, testing::ValuesIn(WINDOW_CASES), RowName());
 
 TEST(TerminalWindow, SaysThatReturnMeansNothingWithoutADefaultButton)
 {
@@ -209,7 +219,7 @@ TEST(TerminalWindow, ShowsEveryKindOfControl)
         "  1  Small\n"
         "  2  日本 (Medium) - chosen\n"
         "  3  Large\n"
-        "More [2J\n"
+        "More\\x1b[2J\n"
         "Two\n"
         "lines\n"
         "\n" + QUESTION);
@@ -292,7 +302,7 @@ TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
     PseudoTerminal terminal("C.UTF-8", runAlertOf(fourButtons));
     EXPECT_EQ(terminal.readUntil(ALERT_QUESTION),
         "\nCaution: Replace <b>everything</b>?\n"
-        "And & more [2J\n"
+        "And & more\\x1b[2J\n"
         "\n"
         "It cannot be undone.\n"
         "\n"
@@ -339,6 +349,8 @@ const AlertCase ALERT_CASES[] = {
     {"Beginning", fourButtons, "can\n", "2"},
     {"DisabledButton", fourButtons, "4\nhelp\n3\n", "3"},
     {"Nonsense", fourButtons, "nonsense\n0\n2\n", "2"},
+    {"QuitCancels", fourButtons, "?\nq\n", "2"},
+    {"QuitIsNothingWithoutCancel", withoutCancel, "q\n3\n", "3"},
     {"EndOfInputCancels", fourButtons, "\x04", "2"},
     {"EndOfInputTakesTheDefault", withoutCancel, "\x04", "1"},
     {"EndOfInputTakesTheFirst", withoutKeys, "\x04", "1"},
@@ -355,8 +367,7 @@ TEST_P(TerminalAlertSession, TakesAButton)
     EXPECT_EQ(terminal.report(), GetParam().report);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TerminalAlertSession, testing::ValuesIn(ALERT_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, TerminalAlertSession, testing::ValuesIn(ALERT_CASES), RowName());
 
 TEST(TerminalAlert, TakesTheCancelButtonWithoutATerminal)
 {

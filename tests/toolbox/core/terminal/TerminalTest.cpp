@@ -1,12 +1,16 @@
 #include "toolbox/core/terminal/Terminal.h"
+#include "tests/support/RowName.h"
 #include "tests/toolbox/core/terminal/PseudoTerminal.h"
 
 #include <Toolbox/Displays.h>
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <csignal>
+#include <utility>
 
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -58,7 +62,7 @@ TEST(TerminalLines, AreWrittenAsTheyAre)
 
 TEST(TerminalLines, CarryNoControlCharacters)
 {
-    EXPECT_EQ(writtenLines(QStringLiteral("a\x1B[2Jb\u009B1mc\td\a")), "a [2Jb 1mc d \n");
+    EXPECT_EQ(writtenLines(QStringLiteral("a\x1B[2Jb\u009B1mc\td\a")), "a\\x1b[2Jb\\u009b1mc\\td\\x07\n");
 }
 
 TEST(TerminalLines, AreWrittenInTheLocalesEncoding)
@@ -97,8 +101,34 @@ TEST_P(BrokenLine, IsNoWiderThanTheTerminal)
     EXPECT_EQ(writtenLines(GetParam().line), GetParam().broken.toStdString() + "\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, BrokenLine, testing::ValuesIn(BREAK_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, BrokenLine, testing::ValuesIn(BREAK_CASES), RowName());
+
+TEST(TerminalLines, AreAsWideAsTheTerminal)
+{
+    for (const auto& [columns, shown] :
+        {std::pair(20, 20), std::pair(40, 40), std::pair(100, 100), std::pair(0, 80), std::pair(5, 20)}) {
+        PseudoTerminal terminal(
+            "C.UTF-8",
+            [] {
+                Terminal().writeLines(QString(101, QLatin1Char('x')) + QStringLiteral("\ndone"));
+                return "";
+            },
+            static_cast<unsigned short>(columns));
+        EXPECT_EQ(terminal.readUntil(DONE).find('\n'), static_cast<std::size_t>(shown)) << columns;
+    }
+}
+
+TEST(TerminalLines, AreBrokenInNoTimeHoweverLongTheyAre)
+{
+    const QString words = QStringLiteral("word ").repeated(200'000);
+    const auto begin = std::chrono::steady_clock::now();
+    PseudoTerminal terminal("C.UTF-8", [&] {
+        Terminal().writeLines(words + QString(1'000'000, QLatin1Char('x')) + QStringLiteral("\ndone"));
+        return "";
+    });
+    terminal.readUntil(DONE);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+}
 
 TEST(NumberedEntries, ContinueBelowTheirText)
 {
@@ -167,6 +197,53 @@ TEST(TerminalAnswer, IsNothingOnceTheTerminalHangsUp)
     terminal.readUntil("? ");
     terminal.hangUp();
     EXPECT_EQ(terminal.report(), "nothing");
+}
+
+TEST(TerminalQuestion, StandsThereAgainAfterAStop)
+{
+    PseudoTerminal terminal("C.UTF-8", [] {
+        const pid_t self = getpid();
+        const pid_t shell = fork();  // does what a shell does for fg
+        if (shell == 0) {
+            usleep(200'000);
+            kill(self, SIGCONT);
+            _exit(0);
+        }
+        return describe(Terminal().ask(QStringLiteral("? ")));
+    });
+    EXPECT_EQ(terminal.readUntil("? ? "), "? ? ");
+    terminal.type("yes\n");
+    EXPECT_EQ(terminal.report(), "[yes]");
+}
+
+TEST(TerminalQuestion, SaysThatStandardInputIsNotRead)
+{
+    for (const bool holdsSomething : {true, false}) {
+        PseudoTerminal terminal("C.UTF-8", [holdsSomething] {
+            int input[2];
+            EXPECT_EQ(pipe(input), 0);
+            EXPECT_EQ(write(input[1], "german\n", holdsSomething ? 7 : 0), holdsSomething ? 7 : 0);
+            dup2(input[0], STDIN_FILENO);
+            Terminal opened;
+            opened.sayWhatIsNotRead();
+            opened.writeLines(QStringLiteral("done"));
+            return "";
+        });
+        EXPECT_EQ(terminal.readUntil(DONE),
+            (holdsSomething ? "What standard input holds is not read: answer here.\n" : "") + DONE);
+    }
+}
+
+TEST(TerminalFile, IsClosedInWhatTheProcessStarts)
+{
+    PseudoTerminal terminal("C", [] {
+        const int before = dup(STDERR_FILENO);
+        close(before);
+        const Terminal opened;
+        EXPECT_TRUE(opened.answers());
+        return std::to_string(fcntl(before, F_GETFD));  // the lowest that was free
+    });
+    EXPECT_EQ(terminal.report(), std::to_string(FD_CLOEXEC));
 }
 
 // ---- Whether there is a terminal
