@@ -46,6 +46,8 @@ TEST(Referenced, IsFoundByItsReferenceWhileItLives)
     thing.reset();
     EXPECT_EQ(Thing::find(ref), nullptr);
     EXPECT_EQ(alive("thing"), 0u);
+    for (int i = 0; i < 1000; ++i)
+        EXPECT_NE(Thing().ref(), ref) << "a reference is never given again";
 }
 
 class OtherThing : public Toolbox::Referenced<OtherThing, ThingRef> {
@@ -53,28 +55,15 @@ public:
     static constexpr const char* KIND = "other thing";
 };
 
-TEST(Referenced, IsNotFoundAsAnotherType)
+TEST(Referenced, IsNotFoundAsAnotherTypeOrByAForeignReference)
 {
+    const Thing thing;
     const OtherThing other;
     EXPECT_EQ(OtherThing::find(other.ref()), &other);
     EXPECT_EQ(Thing::find(other.ref()), nullptr);
-}
-
-TEST(Referenced, IsNotFoundByAForeignReference)
-{
-    const Thing thing;
     EXPECT_EQ(Thing::find(nullptr), nullptr);
     EXPECT_EQ(Thing::find(reinterpret_cast<ThingRef>(const_cast<Thing*>(&thing))), nullptr);
     EXPECT_EQ(Thing::find(reinterpret_cast<ThingRef>(std::uintptr_t(1))), nullptr);
-}
-
-TEST(Referenced, NeverHasTheReferenceOfADeadOne)
-{
-    auto first = std::make_unique<Thing>();
-    const ThingRef dead = first->ref();
-    first.reset();
-    for (int i = 0; i < 1000; ++i)
-        EXPECT_NE(Thing().ref(), dead);
 }
 
 }  // namespace

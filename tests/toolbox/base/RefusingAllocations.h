@@ -3,6 +3,8 @@
 #ifndef TESTS_TOOLBOX_BASE_REFUSINGALLOCATIONS_H
 #define TESTS_TOOLBOX_BASE_REFUSINGALLOCATIONS_H
 
+#include <gtest/gtest.h>
+
 /// While this lives, allocation number `number` (from 0) and all that follow it are refused.
 class RefusingAllocations {
 public:
@@ -16,19 +18,18 @@ public:
 };
 
 /// Does `attempt` once for each of its allocations, which is refused with those after it, and at last with none
-/// refused. After each of them `check` is told whether one was. Returns how many allocations there were.
-template <typename Attempt, typename Check> int refuseEachAllocation(Attempt attempt, Check check)
+/// refused. After each of them `check` is told whether one was.
+template <typename Attempt, typename Check> void refuseEachAllocation(Attempt attempt, Check check)
 {
-    for (int number = 0;; ++number) {
-        bool refused = false;
+    bool refused = true;
+    for (int number = 0; refused; ++number) {
         {
             const RefusingAllocations refusing(number);
             attempt();
             refused = refusing.refusedOne();
         }
         check(refused);
-        if (!refused)
-            return number;
+        EXPECT_TRUE(refused || number > 0) << "nothing was allocated, so nothing was tested";
     }
 }
 

@@ -31,6 +31,15 @@ protected:
 
     ~Trace() override { Toolbox::SetTrace(nullptr); }
 
+    // What is told of these arguments.
+    template <typename... Arguments> std::string traced(const Arguments&... arguments)
+    {
+        {
+            const TracedCall call("Call", arguments...);
+        }
+        return m_lines.back();
+    }
+
     std::vector<std::string> m_lines;
 };
 
@@ -99,19 +108,13 @@ TEST_F(Trace, ReportsForeignCodeInsideACallAgain)
     EXPECT_EQ(m_lines, (Lines{"MemError() = 0", "Own()", "Outer()", "MemError() = 0"}));
 }
 
-TEST_F(Trace, IsSwitchedOffByAnEmptySink)
-{
-    Toolbox::SetTrace(nullptr);
-    MemError();
-    EXPECT_TRUE(m_lines.empty());
-}
-
-TEST_F(Trace, MaySwitchOffWithinACall)
+TEST_F(Trace, IsSwitchedOffByAnEmptySinkWithinACallToo)
 {
     {
         const TracedCall outer("Outer");
         Toolbox::SetTrace(nullptr);
     }
+    MemError();
     EXPECT_TRUE(m_lines.empty());
 }
 
@@ -165,58 +168,31 @@ class NamedThing : public Thing {
     std::string traceName() const override { return "the thing"; }
 };
 
-std::string numberOf(const std::string& name)
+TEST_F(Trace, NamesObjectsByKindAndNumberUnlessTheyNameThemselves)
 {
-    return name.substr(name.find('#'));
-}
-
-TEST_F(Trace, NamesObjectsByKindAndNumber)
-{
+    const NamedThing named;
     const Thing first;
-    const Thing second;
-    {
-        TracedCall call("Call", first.ref(), second.ref());
-        call.gives(second.ref());
-    }
+    auto second = std::make_unique<Thing>();
+    const ThingRef ref = second->ref();
     const std::string one = first.traceName();
-    const std::string two = second.traceName();
+    const std::string two = second->traceName();
     EXPECT_EQ(one.find("thing#"), 0u) << one;
     EXPECT_EQ(std::stoi(two.substr(6)), std::stoi(one.substr(6)) + 1) << "objects are numbered as they are made";
-    EXPECT_EQ(m_lines, Lines{"Call(" + one + ", " + two + ") = " + two});
-}
-
-TEST_F(Trace, NamesObjectsAsTheyNameThemselves)
-{
-    const NamedThing thing;
     {
-        const TracedCall call("Call", thing.ref());
+        TracedCall call("Call", first.ref(), named.ref());
+        call.gives(ref);
     }
-    EXPECT_EQ(m_lines, Lines{"Call(the thing)"});
-}
-
-TEST_F(Trace, SaysThatAnObjectHasEnded)
-{
-    auto thing = std::make_unique<Thing>();
-    const std::string number = numberOf(thing->traceName());
-    const ThingRef dead = thing->ref();
-    thing.reset();
-    {
-        const TracedCall call("Call", dead);
-    }
-    EXPECT_EQ(m_lines, Lines{"Call(dead" + number + ")"});
+    EXPECT_EQ(m_lines, Lines{"Call(" + one + ", the thing) = " + two});
+    second.reset();
+    EXPECT_EQ(traced(ref), "Call(dead" + two.substr(5) + ")");
 }
 
 TEST_F(Trace, TellsWhatIsNoReferenceByItsAddress)
 {
     const Thing thing;
     const auto value = reinterpret_cast<std::uintptr_t>(thing.ref());
-    for (const std::uintptr_t foreign :
-        {value - 1, value + 1, value + 16, std::uintptr_t(0x10000), std::uintptr_t(16)}) {
-        {
-            const TracedCall call("Call", reinterpret_cast<ThingRef>(foreign));
-        }
-        EXPECT_EQ(m_lines.back().find("Call(0x"), 0u) << m_lines.back();
-    }
+    for (const std::uintptr_t foreign : {value - 1, value + 1, value + 16, std::uintptr_t(0x10000), std::uintptr_t(16)})
+        EXPECT_EQ(traced(reinterpret_cast<ThingRef>(foreign)).find("Call(0x"), 0u) << m_lines.back();
 }
 
 TEST_F(Trace, TellsTheReferencesThatASuccessfulCallGave)
@@ -254,10 +230,7 @@ TEST_F(Trace, TellsProceduresAndStructures)
         int field;
     };
     using Procedure = void (*)();
-    {
-        const TracedCall call("Call", &procedure, Procedure(nullptr), Structure{1});
-    }
-    EXPECT_EQ(m_lines, Lines{"Call(procedure, null, ...)"});
+    EXPECT_EQ(traced(&procedure, Procedure(nullptr), Structure{1}), "Call(procedure, null, ...)");
 }
 
 }  // namespace

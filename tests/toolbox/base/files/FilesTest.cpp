@@ -58,20 +58,18 @@ TEST(FileReference, GivesItsPathBack)
 {
     const TemporaryFolder folder;
     const std::string file = folder.write("a file", "");
-    for (const std::string& path : {file, folder.path().string(), std::string("/")}) {
+    const std::string longer = folder.makeFolder(std::string(200, 'x') + "/" + std::string(200, 'y'));
+    const std::string link = folder / "link";
+    std::filesystem::create_symlink(file, link);
+    for (const std::string& path : {folder.path().string(), std::string("/"), longer, link, file}) {
         FSRef reference = garbage();
         EXPECT_EQ(makeFileReference(path, &reference), noErr);
-        EXPECT_EQ(pathOf(&reference), path);
+        if (path == file)
+            std::filesystem::remove(path);
+        const FSRef copy = reference;
+        reference = garbage();
+        EXPECT_EQ(pathOf(&copy), path);
     }
-}
-
-TEST(FileReference, HoldsAPathLongerThanItself)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.makeFolder(std::string(200, 'x') + "/" + std::string(200, 'y'));
-    FSRef reference;
-    EXPECT_EQ(makeFileReference(path, &reference), noErr);
-    EXPECT_EQ(pathOf(&reference), path);
 }
 
 TEST(FileReference, IsTheSameForTheSamePathAndAnotherForAnother)
@@ -87,26 +85,6 @@ TEST(FileReference, IsTheSameForTheSamePathAndAnotherForAnother)
     EXPECT_FALSE(areEqual(first, other));
 }
 
-TEST(FileReference, IsCopiedFreely)
-{
-    const TemporaryFolder folder;
-    FSRef reference;
-    makeFileReference(folder.path(), &reference);
-    const FSRef copy = reference;
-    reference = garbage();
-    EXPECT_EQ(pathOf(&copy), folder.path());
-}
-
-TEST(FileReference, KeepsItsPathWhenTheFileIsGone)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.write("file", "");
-    FSRef reference;
-    makeFileReference(path, &reference);
-    std::filesystem::remove(path);
-    EXPECT_EQ(pathOf(&reference), path);
-}
-
 TEST(FileReference, ToARelativePathStaysWhereItWas)
 {
     const TemporaryFolder folder;
@@ -117,15 +95,6 @@ TEST(FileReference, ToARelativePathStaysWhereItWas)
         EXPECT_EQ(makeFileReference("file", &reference), noErr);
     }
     EXPECT_EQ(pathOf(&reference), folder / "file");
-}
-
-TEST(FileReference, KeepsSymbolicLinksAsTheyWereNamed)
-{
-    const TemporaryFolder folder;
-    std::filesystem::create_symlink(folder.makeFolder("target"), folder / "link");
-    FSRef reference;
-    EXPECT_EQ(makeFileReference(folder / "link", &reference), noErr);
-    EXPECT_EQ(pathOf(&reference), folder / "link");
 }
 
 TEST(FileReference, IsNotMadeOfWhatIsNotThere)
@@ -246,10 +215,22 @@ TEST(InputFile, IsClosedWhenItGoes)
     EXPECT_EQ(after, before) << "no descriptor is left open";
 }
 
+using Found = std::pair<OSErr, std::optional<std::string>>;
+
 // Names no frameworks folder again when it ends.
 class FindFolder : public testing::Test {
 protected:
     ~FindFolder() override { Toolbox::SetFrameworksFolder(""); }
+
+    // What FSFindFolder says, and the path of the folder that it gives; if none, it must give zeros.
+    static Found find(int domain = kSystemDomain, OSType type = kFrameworksFolderType, bool create = kDontCreateFolder)
+    {
+        FSRef folder = garbage();
+        const OSErr result = FSFindFolder(SInt16(domain), type, create, &folder);
+        EXPECT_EQ(isAllZero(folder), result != noErr);
+        return {result, pathOf(&folder)};
+    }
+
     const TemporaryFolder m_folder;
 };
 
@@ -259,9 +240,7 @@ TEST_F(FindFolder, FindsTheFrameworksFolderUnderEitherDomainNumber)
     Toolbox::SetFrameworksFolder(frameworks);
     for (const int domain : {int(kSystemDomain), int(kOnAppropriateDisk), -32766, -32767}) {
         for (const bool create : {false, true}) {
-            FSRef folder = garbage();
-            EXPECT_EQ(FSFindFolder(SInt16(domain), kFrameworksFolderType, create, &folder), noErr);
-            EXPECT_EQ(pathOf(&folder), frameworks);
+            EXPECT_EQ(find(domain, kFrameworksFolderType, create), Found(noErr, frameworks));
         }
     }
 }
@@ -289,52 +268,22 @@ const FindFolderCase FIND_FOLDER_CASES[] = {
 TEST_F(FindFolder, RefusesOtherDomainsAndTypes)
 {
     Toolbox::SetFrameworksFolder(m_folder.path());
-    for (const FindFolderCase& row : FIND_FOLDER_CASES) {
-        FSRef folder = garbage();
-        EXPECT_EQ(FSFindFolder(row.domain, row.type, kDontCreateFolder, &folder), row.result) << row.name;
-        EXPECT_TRUE(isAllZero(folder)) << row.name;
-    }
-}
-
-TEST_F(FindFolder, RefusesANullResult)
-{
-    Toolbox::SetFrameworksFolder(m_folder.path());
+    for (const FindFolderCase& row : FIND_FOLDER_CASES)
+        EXPECT_EQ(find(row.domain, row.type).first, row.result) << row.name;
     EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kCreateFolder, nullptr), paramErr);
 }
 
-TEST_F(FindFolder, NeverCreatesTheFolder)
+TEST_F(FindFolder, NeverCreatesTheFolderAndLooksWhenItIsAsked)
 {
-    const std::string absent = m_folder / "Frameworks";
-    Toolbox::SetFrameworksFolder(absent);
-    FSRef folder = garbage();
-    EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kCreateFolder, &folder), fnfErr);
-    EXPECT_TRUE(isAllZero(folder));
-    EXPECT_FALSE(std::filesystem::exists(absent));
-}
-
-TEST_F(FindFolder, LooksWhenItIsAsked)
-{
-    Toolbox::SetFrameworksFolder(m_folder / "Frameworks");
-    FSRef folder;
-    EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kDontCreateFolder, &folder), fnfErr);
-    m_folder.makeFolder("Frameworks");
-    EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kDontCreateFolder, &folder), noErr);
-}
-
-TEST_F(FindFolder, TakesAFileForNoFolder)
-{
-    Toolbox::SetFrameworksFolder(m_folder.write("Frameworks", ""));
-    FSRef folder;
-    EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kDontCreateFolder, &folder), fnfErr);
-}
-
-TEST_F(FindFolder, FollowsALinkAsTheHostNamedIt)
-{
-    std::filesystem::create_symlink(m_folder.makeFolder("target"), m_folder / "Frameworks");
-    Toolbox::SetFrameworksFolder(m_folder / "Frameworks");
-    FSRef folder;
-    EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kDontCreateFolder, &folder), noErr);
-    EXPECT_EQ(pathOf(&folder), m_folder / "Frameworks");
+    const std::string frameworks = m_folder / "Frameworks";
+    Toolbox::SetFrameworksFolder(frameworks);
+    EXPECT_EQ(find(kSystemDomain, kFrameworksFolderType, kCreateFolder).first, fnfErr);
+    EXPECT_FALSE(std::filesystem::exists(frameworks));
+    m_folder.write("Frameworks", "");
+    EXPECT_EQ(find().first, fnfErr) << "a file is no folder";
+    std::filesystem::remove(frameworks);
+    std::filesystem::create_symlink(m_folder.makeFolder("target"), frameworks);
+    EXPECT_EQ(find(), Found(noErr, frameworks)) << "the link as it was named";
 }
 
 TEST_F(FindFolder, KnowsNoFolderThatTheHostDidNotName)
@@ -343,9 +292,7 @@ TEST_F(FindFolder, KnowsNoFolderThatTheHostDidNotName)
     m_folder.makeFolder("Frameworks");
     for (const char* unnamed : {"", "\0"}) {
         Toolbox::SetFrameworksFolder(unnamed);
-        FSRef folder = garbage();
-        EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kCreateFolder, &folder), fnfErr);
-        EXPECT_TRUE(isAllZero(folder));
+        EXPECT_EQ(find().first, fnfErr);
     }
 }
 
@@ -356,9 +303,7 @@ TEST_F(FindFolder, StaysWithTheFolderThatARelativePathNamed)
         const WorkingDirectory here(m_folder.path());
         Toolbox::SetFrameworksFolder("Frameworks");
     }
-    FSRef folder;
-    EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kDontCreateFolder, &folder), noErr);
-    EXPECT_EQ(pathOf(&folder), frameworks);
+    EXPECT_EQ(find(), Found(noErr, frameworks));
 }
 
 }  // namespace

@@ -71,12 +71,6 @@ TEST(MacRoman, LacksTheLookAlikesOfItsCharacters)
         EXPECT_EQ(byteOf(unit), -1) << std::hex << unit;
 }
 
-TEST(MacRoman, LacksSurrogates)
-{
-    for (unsigned unit = 0xD800; unit <= 0xDFFF; ++unit)
-        EXPECT_EQ(byteOf(unit), -1) << std::hex << unit;
-}
-
 // Every unit of UTF-16 against a search of the 256 characters.
 TEST(MacRoman, MapsOneToOneBothWays)
 {

@@ -1,5 +1,8 @@
+#include "tests/support/RowName.h"
+
 #include <Carbon/UnicodeConverter.h>
 
+#include <numeric>
 #include <string>
 #include <thread>
 #include <vector>
@@ -32,11 +35,7 @@ TEST(CreateTextEncoding, PutsTheThreePartsIntoOneNumber)
     EXPECT_EQ(CreateTextEncoding(0, 2, 0), 0x00020000u);
     EXPECT_EQ(CreateTextEncoding(0x0100, 0, 2), 0x08000100u);
     EXPECT_EQ(CreateTextEncoding(0xFFFF, 0x3FF, 0xF), 0x3FFFFFFFu);
-}
-
-TEST(CreateTextEncoding, KeepsEachPartWithinItsBits)
-{
-    EXPECT_EQ(CreateTextEncoding(0x10000, 0x400, 0x10), 0u);
+    EXPECT_EQ(CreateTextEncoding(0x10000, 0x400, 0x10), 0u) << "each part is kept within its bits";
 }
 
 TEST(CreateConverter, HandsOutOneForEachDirection)
@@ -114,8 +113,7 @@ TEST_P(TextToUnicode, ConvertsWhatFits)
     EXPECT_EQ(buffer, row.unicode);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TextToUnicode, testing::ValuesIn(TO_UNICODE_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, TextToUnicode, testing::ValuesIn(TO_UNICODE_CASES), RowName());
 
 struct ToTextCase {
     const char* name;
@@ -171,90 +169,73 @@ TEST_P(UnicodeToText, ConvertsWhatFitsAndCanBeMapped)
     EXPECT_EQ(buffer, row.text + ".") << "no terminator is written";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, UnicodeToText, testing::ValuesIn(TO_TEXT_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, UnicodeToText, testing::ValuesIn(TO_TEXT_CASES), RowName());
 
-// The arguments of one call in either direction, all good until a test spoils one.
-struct Arguments {
-    bool isNullConverter = false;
-    bool isForeignConverter = false;
-    ByteCount sourceLength = 2;
-    bool isNullSource = false;
-    OptionBits flags = 0;
-    ItemCount offsetCount = 0;
-    bool hasOffsets = false;
-    bool hasOffsetsUsed = false;
-    bool hasResultOffsets = false;
-    ByteCount bufferSize = 4;
-    bool isNullBuffer = false;
-    bool isNullRead = false;
-    bool isNullWritten = false;
+// What is wrong with the arguments of one call in either direction.
+enum Wrong : unsigned {
+    NULL_CONVERTER = 1 << 0,
+    FOREIGN_CONVERTER = 1 << 1,
+    NULL_SOURCE = 1 << 2,
+    NO_LENGTH = 1 << 3,
+    FLAGS = 1 << 4,
+    OFFSET_COUNT = 1 << 5,
+    OFFSETS = 1 << 6,
+    OFFSETS_USED = 1 << 7,
+    RESULT_OFFSETS = 1 << 8,
+    NULL_BUFFER = 1 << 9,
+    NO_ROOM = 1 << 10,
+    NULL_READ = 1 << 11,
+    NULL_WRITTEN = 1 << 12,
 };
 
 struct ArgumentsCase {
     const char* name;
-    Arguments arguments;
+    unsigned wrong;
     OSStatus result;
 };
 
-Arguments with(void (*spoil)(Arguments&))
-{
-    Arguments arguments;
-    spoil(arguments);
-    return arguments;
-}
-
 const ArgumentsCase ARGUMENTS_CASES[] = {
-    {"AllGood", Arguments(), noErr},
-    {"NullConverter", with([](Arguments& a) { a.isNullConverter = true; }), paramErr},
-    {"ForeignConverter", with([](Arguments& a) { a.isForeignConverter = true; }), kTECCorruptConverterErr},
-    {"NullSource", with([](Arguments& a) { a.isNullSource = true; }), paramErr},
-    {"NullBuffer", with([](Arguments& a) { a.isNullBuffer = true; }), paramErr},
-    {"NullRead", with([](Arguments& a) { a.isNullRead = true; }), paramErr},
-    {"NullWritten", with([](Arguments& a) { a.isNullWritten = true; }), paramErr},
-    {"Flags", with([](Arguments& a) { a.flags = 1; }), paramErr},
-    {"OffsetCount", with([](Arguments& a) { a.offsetCount = 1; }), paramErr},
-    {"Offsets", with([](Arguments& a) { a.hasOffsets = true; }), paramErr},
-    {"OffsetsUsed", with([](Arguments& a) { a.hasOffsetsUsed = true; }), paramErr},
-    {"ResultOffsets", with([](Arguments& a) { a.hasResultOffsets = true; }), paramErr},
-    {"NullBufferOfNoSize", with([](Arguments& a) {
-         a.isNullBuffer = true;
-         a.bufferSize = 0;
-     }),
-        kTECBufferBelowMinimumSizeErr},
-    {"NullSourceOfNoLength", with([](Arguments& a) {
-         a.isNullSource = true;
-         a.sourceLength = 0;
-     }),
-        noErr},
-    {"NothingToConvertIntoNowhere", with([](Arguments& a) {
-         a.sourceLength = 0;
-         a.isNullBuffer = true;
-     }),
-        noErr},
+    {"AllGood", 0, noErr},
+    {"NullConverter", NULL_CONVERTER, paramErr},
+    {"ForeignConverter", FOREIGN_CONVERTER, kTECCorruptConverterErr},
+    {"NullSource", NULL_SOURCE, paramErr},
+    {"NullBuffer", NULL_BUFFER, paramErr},
+    {"NullRead", NULL_READ, paramErr},
+    {"NullWritten", NULL_WRITTEN, paramErr},
+    {"Flags", FLAGS, paramErr},
+    {"OffsetCount", OFFSET_COUNT, paramErr},
+    {"Offsets", OFFSETS, paramErr},
+    {"OffsetsUsed", OFFSETS_USED, paramErr},
+    {"ResultOffsets", RESULT_OFFSETS, paramErr},
+    {"NullBufferOfNoSize", NULL_BUFFER | NO_ROOM, kTECBufferBelowMinimumSizeErr},
+    {"NullSourceOfNoLength", NULL_SOURCE | NO_LENGTH, noErr},
+    {"NothingToConvertIntoNowhere", NO_LENGTH | NULL_BUFFER, noErr},
 };
 
 class ConverterArguments : public testing::TestWithParam<ArgumentsCase> {
 protected:
     template <typename Converter, typename Source, typename Buffer, typename Convert>
-    void expectResult(Converter good, Converter foreign, const Source* source, Buffer* buffer, Convert convert)
+    void expectResult(Converter good, Converter foreign, Source* source, Buffer* buffer, Convert convert)
     {
-        const Arguments& given = GetParam().arguments;
         ByteOffset offset = 0;
         ItemCount used = 0;
         ByteCount read = UNTOUCHED;
         ByteCount written = UNTOUCHED;
-        Converter converter = given.isForeignConverter ? foreign : given.isNullConverter ? nullptr : good;
-        EXPECT_EQ(convert(converter, given.sourceLength, given.isNullSource ? nullptr : source, given.flags,
-                      given.offsetCount, given.hasOffsets ? &offset : nullptr, given.hasOffsetsUsed ? &used : nullptr,
-                      given.hasResultOffsets ? &offset : nullptr, given.bufferSize, given.isNullRead ? nullptr : &read,
-                      given.isNullWritten ? nullptr : &written, given.isNullBuffer ? nullptr : buffer),
+        EXPECT_EQ(convert(is(FOREIGN_CONVERTER) ? foreign : orNull(good, NULL_CONVERTER), is(NO_LENGTH) ? 0 : 2,
+                      orNull(source, NULL_SOURCE), is(FLAGS) ? 1 : 0, is(OFFSET_COUNT) ? 1 : 0,
+                      is(OFFSETS) ? &offset : nullptr, is(OFFSETS_USED) ? &used : nullptr,
+                      is(RESULT_OFFSETS) ? &offset : nullptr, is(NO_ROOM) ? 0 : 4, orNull(&read, NULL_READ),
+                      orNull(&written, NULL_WRITTEN), orNull(buffer, NULL_BUFFER)),
             GetParam().result);
         if (GetParam().result != noErr) {
-            EXPECT_EQ(read, given.isNullRead ? UNTOUCHED : 0);
-            EXPECT_EQ(written, given.isNullWritten ? UNTOUCHED : 0);
+            EXPECT_EQ(read, is(NULL_READ) ? UNTOUCHED : 0);
+            EXPECT_EQ(written, is(NULL_WRITTEN) ? UNTOUCHED : 0);
         }
     }
+
+private:
+    bool is(Wrong wrong) const { return (GetParam().wrong & wrong) != 0; }
+    template <typename T> T* orNull(T* good, Wrong wrong) const { return is(wrong) ? nullptr : good; }
 };
 
 TEST_P(ConverterArguments, AreJudgedFromTextToUnicode)
@@ -272,39 +253,30 @@ TEST_P(ConverterArguments, AreJudgedFromUnicodeToText)
         ConvertFromUnicodeToText);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ConverterArguments, testing::ValuesIn(ARGUMENTS_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, ConverterArguments, testing::ValuesIn(ARGUMENTS_CASES), RowName());
 
-// Every text of one character converts to Unicode and back to itself, on many threads at once.
+// Every byte converts to Unicode and back to itself.
 void convertAllBytes(int rounds, bool* allRight)
 {
+    UInt8 text[256];
+    std::iota(std::begin(text), std::end(text), UInt8(0));
     *allRight = true;
     for (int round = 0; round < rounds; ++round) {
-        UInt8 text[256];
-        for (unsigned byte = 0; byte < 256; ++byte)
-            text[byte] = static_cast<UInt8>(byte);
         UniChar unicode[256] = {};
         UInt8 back[256] = {};
         ByteCount read = 0;
         ByteCount written = 0;
-        TextToUnicodeInfo toUnicode = nullptr;
-        UnicodeToTextInfo toText = nullptr;
-        *allRight = *allRight && CreateTextToUnicodeInfoByEncoding(MAC_ROMAN, &toUnicode) == noErr
-            && CreateUnicodeToTextInfoByEncoding(MAC_ROMAN, &toText) == noErr
-            && ConvertFromTextToUnicode(
-                   toUnicode, 256, text, 0, 0, nullptr, nullptr, nullptr, 512, &read, &written, unicode)
-                == noErr
-            && ConvertFromUnicodeToText(
-                   toText, 512, unicode, 0, 0, nullptr, nullptr, nullptr, 256, &read, &written, back)
-                == noErr
-            && std::equal(text, text + 256, back);
+        ConvertFromTextToUnicode(
+            textToUnicode(), 256, text, 0, 0, nullptr, nullptr, nullptr, 512, &read, &written, unicode);
+        ConvertFromUnicodeToText(
+            unicodeToText(), 512, unicode, 0, 0, nullptr, nullptr, nullptr, 256, &read, &written, back);
+        *allRight = *allRight && read == 512 && written == 256 && std::equal(text, text + 256, back);
     }
 }
 
 TEST(Converters, ServeSeveralThreadsAtOnce)
 {
-    constexpr int THREADS = 4;
-    bool allRight[THREADS] = {};
+    bool allRight[4] = {};
     std::vector<std::thread> threads;
     for (bool& result : allRight)
         threads.emplace_back(convertAllBytes, 200, &result);
