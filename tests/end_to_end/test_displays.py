@@ -1,7 +1,9 @@
 """The dialog where people see it: on a terminal, and in a window of a real X server, worked with the keyboard alone."""
 
 import contextlib
+import shutil
 import subprocess
+import time
 import unittest
 
 from screens import *
@@ -256,6 +258,35 @@ class OnAScreenThatGoesAway(HostTest):
                 self.assert_fails(outcome, NOT_RETURNED, "the call did not return: the screen went away, or the external ended the process")
                 self.assertEqual(file.read_bytes(), before)
                 self.assertEqual(list(self.folder.iterdir()), [file])
+
+
+@unittest.skipUnless(shutil.which("weston"), "this needs weston and qt6-wayland")
+class OnWayland(HostTest):
+    def test_the_dialog_is_shown_there(self):
+        self.folder.chmod(0o700)
+        variables = {"XDG_RUNTIME_DIR": str(self.folder), "WAYLAND_DISPLAY": "wayland-test"}
+        compositor = subprocess.Popen(
+            ["weston", "--backend=headless-backend.so", "--socket=wayland-test", "--idle-time=0"],
+            env=environment(**variables), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(compositor.wait)
+        self.addCleanup(compositor.terminate)
+        self.assertTrue(appears(self.folder / "wayland-test"))
+        picture = self.folder / "picture.png"
+        with subprocess.Popen([HOST, "--display", "window", "--picture", picture], env=environment(**variables),
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+            try:
+                self.assertTrue(appears(picture), "the window was drawn")
+                self.assertIsNone(process.poll(), "it waits for somebody")
+            finally:
+                process.kill()
+
+
+def appears(path):
+    """Whether there is such a file within the time that a test may take."""
+    end = time.monotonic() + TIMEOUT
+    while not path.exists() and time.monotonic() < end:
+        time.sleep(0.05)
+    return path.exists()
 
 
 class WithoutAScreen(HostTest):

@@ -5,6 +5,9 @@
 #include <Toolbox/Displays.h>
 
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QStringList>
 
 #include <cerrno>
 #include <chrono>
@@ -67,6 +70,22 @@ QList<QByteArray> namedPlatforms()
     return platforms;
 }
 
+// Why none of them answers: a package, or the display that the environment names.
+QString whatIsMissing()
+{
+    QStringList named;
+    for (const char* const variable : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"})
+        if (!qEnvironmentVariableIsEmpty(variable))
+            named.append(QStringLiteral("%1=%2").arg(QLatin1String(variable), qEnvironmentVariable(variable)));
+    if (named.isEmpty())
+        return QStringLiteral("neither WAYLAND_DISPLAY nor DISPLAY names a screen");
+    const QString plugIn =
+        QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms/libqwayland-generic.so");
+    const bool lacksPlugIn = namedPlatforms().contains("wayland") && !QFileInfo::exists(plugIn);
+    return QStringLiteral("no screen answers at %1").arg(named.join(QStringLiteral(" or ")))
+        + (lacksPlugIn ? QStringLiteral("; for Wayland, Qt needs the package qt6-wayland") : QString());
+}
+
 }  // namespace
 
 bool platformAnswers(const QByteArray& platform)
@@ -100,7 +119,7 @@ std::optional<QByteArray> answeringPlatform(QString* problem)
     for (const QByteArray& each : namedPlatforms())
         if (platformAnswers(each))
             return each;
-    *problem = QStringLiteral("no screen answers");
+    *problem = whatIsMissing();
     return std::nullopt;
 }
 

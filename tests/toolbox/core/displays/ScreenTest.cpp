@@ -128,7 +128,11 @@ TEST_F(Screen, ThatDoesNotAnswerLeavesTheDisplayAsItWas)
     const auto before = Toolbox::currentDisplay();
     std::string problem;
     EXPECT_FALSE(Toolbox::UseScreenDisplay(&problem));
-    EXPECT_EQ(problem, "no screen answers");
+    EXPECT_EQ(problem, "neither WAYLAND_DISPLAY nor DISPLAY names a screen");
+    setenv("DISPLAY", ":54321", 1);
+    EXPECT_FALSE(Toolbox::UseScreenDisplay(&problem));
+    EXPECT_EQ(problem, "no screen answers at DISPLAY=:54321");
+    unsetenv("DISPLAY");
     EXPECT_EQ(Toolbox::currentDisplay(), before);
 }
 
