@@ -55,11 +55,11 @@ def label_of(accessible):
 class Host:
     """The host with its window on the X server, as the accessibility bus knows it."""
 
-    def __init__(self, server, *arguments):
+    def __init__(self, server, *arguments, **variables):
         self.process = subprocess.Popen(
             [HOST, "--display", "window", "--json", *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
-            env=environment(DISPLAY=server.display, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"))
+            env=environment(DISPLAY=server.display, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", **variables))
         self.application = wait_for(self.find_application)
         self.dialog = wait_for(lambda: next(below(self.application), None))
 
@@ -104,8 +104,8 @@ class Accessibility(HostTest):
         cls.server = XServer()
         cls.addClassCleanup(cls.server.close)
 
-    def run_host(self, *arguments):
-        host = Host(self.server, *arguments)
+    def run_host(self, *arguments, **variables):
+        host = Host(self.server, *arguments, **variables)
         self.addCleanup(host.process.communicate)
         self.addCleanup(host.process.kill)
         return host
@@ -140,6 +140,14 @@ class Accessibility(HostTest):
             wait_for(lambda: pop_up.get_name() == item)
         host.press("Cancel")
         self.assertEqual(host.finish().status, NOTHING_CHOSEN)
+
+    def test_what_no_font_has_is_shown_by_the_part_that_can_be_read(self):
+        fonts = self.file("fonts.conf", b"<fontconfig><dir>/usr/share/fonts/truetype/dejavu</dir></fontconfig>")
+        host = self.run_host("--current", "japanese", FONTCONFIG_FILE=str(fonts))
+        pop_up, = host.of_role(Atspi.Role.COMBO_BOX)
+        self.assertEqual(pop_up.get_name(), "Japanese")
+        host.press("OK")
+        self.assertEqual(host.finish().json()["chosen"]["code"], JAPANESE)
 
     def assert_alert(self, host, kind, text):
         self.assertEqual(host.dialog.get_role(), Atspi.Role.ALERT)
