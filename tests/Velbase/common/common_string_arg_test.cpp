@@ -116,10 +116,9 @@ TEST(StringArgTypes, IntAndLongAreSignedButInBase16)
     EXPECT_EQ(contents(TEMPLATE.Arg(static_cast<long>(INT_MAX), 16)), "<7FFFFFFF>");
 }
 
+#if LONG_MAX > INT_MAX
 TEST(StringArgTypes, LongBeyond32BitsKeepsAllItsBits)
 {
-    if (sizeof(long) == 4)
-        GTEST_SKIP() << "long has 32 bits here";
     const long wide = static_cast<long>(0x100000000LL);
     EXPECT_EQ(contents(TEMPLATE.Arg(wide, 16)), "<100000000>");
     EXPECT_EQ(contents(TEMPLATE.Arg(wide / 2, 16)), "<80000000>");
@@ -127,6 +126,7 @@ TEST(StringArgTypes, LongBeyond32BitsKeepsAllItsBits)
     EXPECT_EQ(contents(TEMPLATE.Arg(-wide / 2 - 1, 16)), "<FFFFFFFF7FFFFFFF>");
     EXPECT_EQ(contents(TEMPLATE.Arg(-wide, 10)), "<-4294967296>");
 }
+#endif
 
 TEST(StringArgTypes, ShortsAreWidenedAndSignedInEveryBase)
 {

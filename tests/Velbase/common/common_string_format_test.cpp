@@ -126,16 +126,16 @@ TEST_P(NumberOf64Bits, KnowsBase16AndDecimal)
 
 INSTANTIATE_TEST_SUITE_P(Cases, NumberOf64Bits, testing::ValuesIn(WIDE_CASES), RowName());
 
+#if LONG_MAX > INT_MAX
 TEST(NumberOfLong, GoesOnInTheSameDigitsWhereItIsWider)
 {
-    if (sizeof(long) == 4)
-        GTEST_SKIP() << "long has 32 bits here";
     const long trillion = static_cast<long>(1000000000000LL);
     EXPECT_EQ(contents(String::Number(trillion)), "1000000000000");
     EXPECT_EQ(contents(String::Number(-trillion, 36)), "-CRE66I9S");
     EXPECT_EQ(contents(String::Number(LONG_MIN, 2)), "-1" + std::string(sizeof(long) * 8 - 1, '0'));
     EXPECT_EQ(contents(String::Number(ULONG_MAX, 2)), std::string(sizeof(long) * 8, '1'));
 }
+#endif
 
 // ---- Floating point, in the "C" locale
 
