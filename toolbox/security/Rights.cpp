@@ -40,19 +40,22 @@ OSStatus judgeRight(const char* name, uid_t user)
     return user == SUPERUSER ? errAuthorizationSuccess : errAuthorizationInteractionNotAllowed;
 }
 
-OSStatus judgeRights(const AuthorizationRights* rights, uid_t user)
+OSStatus judgeRights(const AuthorizationRights* rights, uid_t user, bool partly, std::vector<AuthorizationItem>* held)
 {
     if (!isValid(rights))
         return errAuthorizationInvalidSet;
-    for (UInt32 index = 0; index < rights->count; ++index) {
-        const char* const name = rights->items[index].name;
-        const OSStatus judgement = judgeRight(name, user);
-        if (judgement != errAuthorizationSuccess) {
-            remarkRefusal(name, judgement);
-            return judgement;
+    OSStatus firstRefusal = errAuthorizationSuccess;
+    for (UInt32 index = 0; index < rights->count && (partly || firstRefusal == errAuthorizationSuccess); ++index) {
+        const AuthorizationItem& item = rights->items[index];
+        const OSStatus judgement = judgeRight(item.name, user);
+        if (judgement == errAuthorizationSuccess) {
+            held->push_back(item);
+            continue;
         }
+        remarkRefusal(item.name, judgement);
+        firstRefusal = firstRefusal == errAuthorizationSuccess ? judgement : firstRefusal;
     }
-    return errAuthorizationSuccess;
+    return partly && !held->empty() ? OSStatus{errAuthorizationSuccess} : firstRefusal;
 }
 
 }  // namespace Toolbox

@@ -5,6 +5,8 @@
 
 #include <Security/Authorization.h>
 
+#include <vector>
+
 #include <sys/types.h>
 
 namespace Toolbox {
@@ -14,9 +16,10 @@ namespace Toolbox {
 /// that is nobody's.
 OSStatus judgeRight(const char* name, uid_t user);
 
-/// The same for all of `rights`; what is said of the first that is not held counts for all. Every process holds all of
-/// none. errAuthorizationInvalidSet for null and for a set that lacks its items or the name of one.
-OSStatus judgeRights(const AuthorizationRights* rights, uid_t user);
+/// The same for all of `rights`; what is said of the first that is not held counts for all, unless one that is held
+/// will do: `partly`. Those that are held are appended to `*held`, with the names of `rights`. Every process holds all
+/// of none. errAuthorizationInvalidSet for null and for a set that lacks its items or the name of one.
+OSStatus judgeRights(const AuthorizationRights* rights, uid_t user, bool partly, std::vector<AuthorizationItem>* held);
 
 }  // namespace Toolbox
 

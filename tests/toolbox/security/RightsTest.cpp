@@ -9,7 +9,6 @@
 namespace {
 
 using Toolbox::judgeRight;
-using Toolbox::judgeRights;
 
 constexpr uid_t SUPERUSER = 0;
 constexpr uid_t SOMEBODY = 1000;
@@ -47,14 +46,20 @@ TEST_P(Right, IsGrantedByTheRules)
 
 INSTANTIATE_TEST_SUITE_P(Cases, Right, testing::ValuesIn(RIGHT_CASES), [](const auto& row) { return row.param.name; });
 
+OSStatus judgeRights(const AuthorizationRights* rights, uid_t user, bool partly = false)
+{
+    std::vector<AuthorizationItem> held;
+    return Toolbox::judgeRights(rights, user, partly, &held);
+}
+
 // What is said of the set of these names.
-OSStatus judge(const std::vector<const char*>& names, uid_t user)
+OSStatus judge(const std::vector<const char*>& names, uid_t user, bool partly = false)
 {
     std::vector<AuthorizationItem> items;
     for (const char* const name : names)
         items.push_back({name, 0, nullptr, 0});
     const AuthorizationRights rights = {static_cast<UInt32>(items.size()), items.data()};
-    return judgeRights(&rights, user);
+    return judgeRights(&rights, user, partly);
 }
 
 constexpr const char* ADMINISTRATOR = "system.privilege.admin";
@@ -71,6 +76,13 @@ TEST(Rights, AreRefusedForTheFirstThatIsNotHeld)
 {
     EXPECT_EQ(judge({ADMINISTRATOR, "unknown"}, SOMEBODY), errAuthorizationInteractionNotAllowed);
     EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SOMEBODY), errAuthorizationDenied);
+}
+
+TEST(Rights, MayBeGrantedInPart)
+{
+    EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SUPERUSER, true), errAuthorizationSuccess);
+    EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SOMEBODY, true), errAuthorizationDenied) << "the first refusal";
+    EXPECT_EQ(judge({}, SOMEBODY, true), errAuthorizationSuccess);
 }
 
 TEST(Rights, ThatAreRefusedAreRemarkedOn)

@@ -71,10 +71,10 @@ protected:
     const AuthorizationRights m_administrator = {1, &m_item};
 };
 
-TEST_F(SecurityFramework, ExportsTwoFunctionsAndNoMore)
+TEST_F(SecurityFramework, ExportsItsFunctionsAndNoMore)
 {
-    for (const CFStringRef name : {CFSTR("AuthorizationFree"), CFSTR("AuthorizationFreeItemSet"), CFSTR("judgeRights"),
-             CFSTR("_ZN7Toolbox10judgeRightEPKcj"), CFSTR("geteuid")})
+    for (const CFStringRef name :
+        {CFSTR("AuthorizationFree"), CFSTR("judgeRights"), CFSTR("_ZN7Toolbox10judgeRightEPKcj"), CFSTR("geteuid")})
         EXPECT_EQ(CFBundleGetFunctionPointerForName(m_framework, name), nullptr);
 }
 
@@ -141,8 +141,8 @@ TEST_F(SecurityFramework, CreationRefusesWrongArguments)
 {
     AuthorizationRef authorization = reinterpret_cast<AuthorizationRef>(1);
     EXPECT_EQ(m_create(nullptr, nullptr, kAuthorizationFlagDefaults, nullptr), errAuthorizationInvalidPointer);
-    EXPECT_EQ(m_create(nullptr, nullptr, 1, nullptr), errAuthorizationInvalidPointer);
-    for (const AuthorizationFlags flags : {1U, 2U, 16U, 0xFFFFFFFFU}) {
+    EXPECT_EQ(m_create(nullptr, nullptr, 8, nullptr), errAuthorizationInvalidPointer);
+    for (const AuthorizationFlags flags : {8U, 32U, 0xFFFFFFFFU}) {
         EXPECT_EQ(m_create(nullptr, nullptr, flags, &authorization), errAuthorizationInvalidFlags) << flags;
         EXPECT_EQ(authorization, nullptr);
     }
@@ -156,23 +156,52 @@ TEST_F(SecurityFramework, RightsAreNotGivenForWrongArguments)
     const auto address = reinterpret_cast<AuthorizationRef>(&foreign);
     const auto string = reinterpret_cast<AuthorizationRef>(CFSTR("a string"));
     for (const AuthorizationRef wrong : {AuthorizationRef(nullptr), address, string})
-        EXPECT_EQ(m_copyRights(wrong, nullptr, nullptr, 1, nullptr), errAuthorizationInvalidRef);
-    EXPECT_EQ(m_copyRights(authorization, nullptr, nullptr, 1, nullptr), errAuthorizationInvalidFlags);
-    EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, 2, nullptr), errAuthorizationInvalidFlags);
+        EXPECT_EQ(m_copyRights(wrong, nullptr, nullptr, 8, nullptr), errAuthorizationInvalidRef);
+    EXPECT_EQ(m_copyRights(authorization, nullptr, nullptr, 8, nullptr), errAuthorizationInvalidFlags);
+    EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, 10, nullptr), errAuthorizationInvalidFlags);
     EXPECT_EQ(m_copyRights(authorization, nullptr, nullptr, 0, nullptr), errAuthorizationInvalidSet);
     EXPECT_EQ(m_copyRights(authorization, &withoutItems, nullptr, 0, nullptr), errAuthorizationInvalidSet);
 }
 
-TEST_F(SecurityFramework, HandsOutNoSetOfRights)
+TEST_F(SecurityFramework, TakesTheFlagsThatAskForMoreButHasNobodyToAsk)
 {
+    AuthorizationItem item = {"system.unknown", 0, nullptr, 0};
+    const AuthorizationRights unknown = {1, &item};
+    const OSStatus administrator = m_copyRights(create(), &m_administrator, nullptr, 0, nullptr);
+    for (const AuthorizationFlags flags : {1U, 2U, 3U, 4U, 7U, 16U, 23U}) {
+        AuthorizationRef authorization = nullptr;
+        EXPECT_EQ(m_create(nullptr, nullptr, flags, &authorization), errAuthorizationSuccess) << flags;
+        EXPECT_EQ(m_copyRights(authorization, &unknown, nullptr, flags, nullptr), errAuthorizationDenied) << flags;
+        EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, flags, nullptr), administrator) << flags;
+    }
+}
+
+TEST_F(SecurityFramework, HandsOutTheSetOfWhatItGranted)
+{
+    const auto freeSet = functionOf<decltype(AuthorizationFreeItemSet)>(m_framework, CFSTR("AuthorizationFreeItemSet"));
+    ASSERT_NE(freeSet, nullptr);
+    AuthorizationItem items[] = {{"system.unknown", 0, nullptr, 0}, m_item};
+    const AuthorizationRights both = {2, items};
     const AuthorizationRights none = {0, nullptr};
-    AuthorizationRights set = {};
-    AuthorizationRights* granted = &set;
-    EXPECT_EQ(m_copyRights(create(), &none, nullptr, kAuthorizationFlagDefaults, &granted), errAuthorizationSuccess);
+    AuthorizationRights* granted = nullptr;
+    ASSERT_EQ(m_copyRights(create(), &none, nullptr, kAuthorizationFlagDefaults, &granted), errAuthorizationSuccess);
+    ASSERT_NE(granted, nullptr);
+    EXPECT_EQ(granted->count, 0u);
+    EXPECT_EQ(freeSet(granted), errAuthorizationSuccess);
+
+    EXPECT_EQ(m_copyRights(create(), &both, nullptr, 0, &granted), errAuthorizationDenied);
     EXPECT_EQ(granted, nullptr);
-    granted = &set;
-    EXPECT_EQ(m_copyRights(nullptr, &none, nullptr, kAuthorizationFlagDefaults, &granted), errAuthorizationInvalidRef);
-    EXPECT_EQ(granted, nullptr);
+    EXPECT_EQ(freeSet(granted), errAuthorizationSuccess);
+    const OSStatus partly = m_copyRights(create(), &both, nullptr, kAuthorizationFlagPartialRights, &granted);
+    if (geteuid() != SUPERUSER) {
+        EXPECT_EQ(partly, errAuthorizationDenied);
+        return;
+    }
+    ASSERT_EQ(partly, errAuthorizationSuccess);
+    ASSERT_EQ(granted->count, 1u);
+    EXPECT_STREQ(granted->items[0].name, "system.privilege.admin");
+    EXPECT_NE(granted->items[0].name, m_item.name) << "the caller's own may go";
+    freeSet(granted);
 }
 
 TEST_F(SecurityFramework, StaysLoadedWhenItsBundleEnds)
@@ -190,11 +219,11 @@ TEST_F(SecurityFramework, ItsCallsAreTraced)
     std::vector<std::string> lines;
     Toolbox::SetTrace([&](const std::string& line) { lines.push_back(line); });
     AuthorizationRef second = nullptr;
-    m_create(nullptr, nullptr, 1, &second);
+    m_create(nullptr, nullptr, 8, &second);
     m_copyRights(authorization, nullptr, nullptr, 0, nullptr);
     Toolbox::SetTrace(nullptr);
     ASSERT_EQ(lines.size(), 2u);
-    EXPECT_EQ(lines[0].substr(0, 36), "AuthorizationCreate(null, null, 1, 0");
+    EXPECT_EQ(lines[0].substr(0, 36), "AuthorizationCreate(null, null, 8, 0");
     EXPECT_NE(lines[0].find(") = -60011"), std::string::npos);
     EXPECT_NE(lines[1].find(", null, null, 0, null) = -60001"), std::string::npos);
 }
