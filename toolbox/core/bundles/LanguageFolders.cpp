@@ -3,26 +3,54 @@
 #include <Toolbox/Application.h>
 
 #include <cstdlib>
-#include <initializer_list>
 
 namespace Toolbox {
 
 namespace {
 
-// The languages that Mac OS X began with. Their folders bear either name.
+// The languages whose folders bore their English names before they bore codes. Bundles of that time are still about,
+// so either is looked for.
 struct LongName {
     const char* code;
     const char* name;
 };
 
 constexpr LongName LONG_NAMES[] = {
+    {"ar", "Arabic"},
+    {"cs", "Czech"},
+    {"da", "Danish"},
     {"de", "German"},
+    {"el", "Greek"},
     {"en", "English"},
     {"es", "Spanish"},
+    {"et", "Estonian"},
+    {"fa", "Persian"},
+    {"fi", "Finnish"},
     {"fr", "French"},
+    {"he", "Hebrew"},
+    {"hi", "Hindi"},
+    {"hr", "Croatian"},
+    {"hu", "Hungarian"},
+    {"is", "Icelandic"},
     {"it", "Italian"},
     {"ja", "Japanese"},
+    {"ko", "Korean"},
+    {"lt", "Lithuanian"},
+    {"lv", "Latvian"},
+    {"mt", "Maltese"},
+    {"nb", "Norwegian"},
     {"nl", "Dutch"},
+    {"no", "Norwegian"},
+    {"pl", "Polish"},
+    {"pt", "Portuguese"},
+    {"ro", "Romanian"},
+    {"ru", "Russian"},
+    {"sk", "Slovak"},
+    {"sl", "Slovenian"},
+    {"sv", "Swedish"},
+    {"th", "Thai"},
+    {"tr", "Turkish"},
+    {"uk", "Ukrainian"},
 };
 
 // Every name that the folder of `language` may have, the most special first.

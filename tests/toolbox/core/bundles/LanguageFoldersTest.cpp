@@ -22,13 +22,13 @@ struct FoldersCase {
 const FoldersCase FOLDERS_CASES[] = {
     {"None",                 {},                     {}},
     {"Empty",                {""},                   {}},
-    {"Code",                 {"ko"},                 {"ko.lproj"}},
+    {"Code",                 {"cy"},                 {"cy.lproj"}},
     {"CodeWithALongName",    {"de"},                 {"de.lproj", "German.lproj"}},
     {"LongName",             {"German"},             {"German.lproj", "de.lproj"}},
     {"Region",               {"de-AT"},              {"de-AT.lproj", "de_AT.lproj", "de.lproj", "German.lproj"}},
-    {"RegionWithUnderscore", {"pt_BR"},              {"pt_BR.lproj", "pt.lproj"}},
+    {"RegionWithUnderscore", {"pt_BR"},              {"pt_BR.lproj", "pt.lproj", "Portuguese.lproj"}},
     {"Script",               {"zh-Hans-CN"},         {"zh-Hans-CN.lproj", "zh_Hans_CN.lproj", "zh.lproj"}},
-    {"SeveralInOrder",       {"fr", "ko"},           {"fr.lproj", "French.lproj", "ko.lproj"}},
+    {"SeveralInOrder",       {"fr", "cy"},           {"fr.lproj", "French.lproj", "cy.lproj"}},
     {"EachOnce",             {"de", "German", "de"}, {"de.lproj", "German.lproj"}},
     {"Unknown",              {"Klingon"},            {"Klingon.lproj"}},
 };
@@ -44,10 +44,11 @@ TEST_P(LanguageFolders, BearEachNameOfTheLanguages)
 INSTANTIATE_TEST_SUITE_P(
     Cases, LanguageFolders, testing::ValuesIn(FOLDERS_CASES), [](const auto& row) { return row.param.name; });
 
-TEST(LanguageFolders, TheFirstLanguagesOfTheMacHaveLongNames)
+TEST(LanguageFolders, MayHaveTheLongNamesOfOldBundles)
 {
-    const QStringList codes = {"de", "en", "es", "fr", "it", "ja", "nl"};
-    const QStringList names = {"German", "English", "Spanish", "French", "Italian", "Japanese", "Dutch"};
+    const QStringList codes = {"ar", "de", "en", "es", "fr", "it", "ja", "nl", "ru", "uk"};
+    const QStringList names = {
+        "Arabic", "German", "English", "Spanish", "French", "Italian", "Japanese", "Dutch", "Russian", "Ukrainian"};
     for (qsizetype index = 0; index < codes.size(); ++index)
         EXPECT_EQ(languageFolders({codes[index]}), QStringList({codes[index] + ".lproj", names[index] + ".lproj"}));
 }
