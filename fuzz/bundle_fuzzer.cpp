@@ -87,7 +87,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto infoSize = static_cast<std::size_t>(zero - data);
     const auto info = QByteArray::fromRawData(reinterpret_cast<const char*>(data), static_cast<qsizetype>(infoSize));
 
-    if (Toolbox::readPropertyList(info).has_value()) {
+    QString problem;
+    if (Toolbox::readPropertyList(info, &problem).has_value()) {
         const NothingLeft check;
         bundle.holdInfo(data, infoSize);
         checkBundle(bundle.url());

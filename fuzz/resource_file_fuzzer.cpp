@@ -6,7 +6,7 @@
 #include "fuzz/scratch_file.h"
 #include "tests/support/TemporaryFolder.h"
 #include "toolbox/base/files/FileReferences.h"
-#include "toolbox/base/memory/Handles.h"
+#include "toolbox/base/memory/MemoryManager.h"
 #include "toolbox/base/resources/Forks.h"
 #include "toolbox/base/resources/ResourceMap.h"
 

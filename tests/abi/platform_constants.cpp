@@ -25,7 +25,7 @@ static_assert(fsCurPerm == 0 && fsRdPerm == 1);
 
 static_assert(noErr == 0 && paramErr == -50);
 static_assert(memFullErr == -108 && nilHandleErr == -109 && memWZErr == -111);
-static_assert(resNotFound == -192 && resFNotFound == -193 && mapReadErr == -199 && CantDecompress == -186);
+static_assert(resNotFound == -192 && mapReadErr == -199);
 static_assert(nsvErr == -35 && ioErr == -36 && eofErr == -39 && fnfErr == -43 && permErr == -54);
 static_assert(errFSBadFSRef == -1401 && errFSBadForkName == -1402 && errFSForkNotFound == -1409);
 static_assert(tmfoErr == -42 && kResFileNotOpened == -1 && invalidFolderTypeErr == -4273);

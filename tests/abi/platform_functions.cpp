@@ -16,7 +16,6 @@ template <typename Declared, typename Function> constexpr bool takes(Function*)
 }  // namespace
 
 // Core Foundation
-static_assert(takes<CFTypeRef(CFTypeRef)>(CFRetain));
 static_assert(takes<void(CFTypeRef)>(CFRelease));
 static_assert(takes<Boolean(CFTypeRef, CFTypeRef)>(CFEqual));
 static_assert(takes<CFIndex(CFArrayRef)>(CFArrayGetCount));
@@ -51,13 +50,11 @@ static_assert(takes<void(Ptr)>(DisposePtr));
 static_assert(takes<Size(Handle)>(GetHandleSize));
 static_assert(takes<void(Handle)>(HLock));
 static_assert(takes<void(Handle)>(HUnlock));
-static_assert(takes<OSErr()>(MemError));
 static_assert(takes<void(const void*, void*, Size)>(BlockMoveData));
 static_assert(takes<Boolean(const void*, long)>(BitTst));
 static_assert(takes<OSErr(short, OSType, Boolean, FSRef*)>(FSFindFolder));
 static_assert(takes<OSErr(const FSRef*, UniCharCount, const UniChar*, SInt8, SInt16*)>(FSOpenResourceFile));
 static_assert(takes<void(short)>(CloseResFile));
-static_assert(takes<OSErr()>(ResError));
 static_assert(takes<Handle(ResType, short)>(GetResource));
 static_assert(takes<void(Handle)>(ReleaseResource));
 static_assert(takes<void(Handle)>(ChangedResource));
@@ -108,3 +105,4 @@ static_assert(
         AuthorizationCreate));
 static_assert(takes<OSStatus(AuthorizationRef, const AuthorizationRights*, const AuthorizationEnvironment*,
         AuthorizationFlags, AuthorizationRights**)>(AuthorizationCopyRights));
+static_assert(takes<OSStatus(AuthorizationItemSet*)>(AuthorizationFreeItemSet));

@@ -1,5 +1,7 @@
 #include "toolbox/base/CurrentReport.h"
 
+#include "toolbox/base/NeverDestroyed.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -8,8 +10,7 @@ namespace Toolbox {
 CallReport& currentReport()
 {
     // Never destroyed: code that runs until the process ends still makes remarks.
-    static auto* const report = new CallReport;
-    return *report;
+    return neverDestroyed<struct Current, CallReport>();
 }
 
 void remark(const std::string& what)

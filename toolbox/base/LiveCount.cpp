@@ -1,5 +1,7 @@
 #include "toolbox/base/LiveCount.h"
 
+#include "toolbox/base/NeverDestroyed.h"
+
 #include <Toolbox/LiveObjects.h>
 
 namespace Toolbox {
@@ -9,8 +11,7 @@ namespace {
 // Never destroyed: objects that live until the process ends still count themselves out.
 std::map<std::string, std::size_t>& counts()
 {
-    static auto* const byKind = new std::map<std::string, std::size_t>;
-    return *byKind;
+    return neverDestroyed<struct Counts, std::map<std::string, std::size_t>>();
 }
 
 }  // namespace

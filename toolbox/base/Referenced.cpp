@@ -1,5 +1,7 @@
 #include "toolbox/base/Referenced.h"
 
+#include "toolbox/base/NeverDestroyed.h"
+
 #include <unordered_map>
 
 namespace Toolbox {
@@ -16,8 +18,7 @@ std::uintptr_t lastReference = FIRST;
 // Never destroyed: objects that live until the process ends still take themselves out.
 std::unordered_map<std::uintptr_t, AnyReferenced*>& objects()
 {
-    static auto* const byReference = new std::unordered_map<std::uintptr_t, AnyReferenced*>;
-    return *byReference;
+    return neverDestroyed<struct Objects, std::unordered_map<std::uintptr_t, AnyReferenced*>>();
 }
 
 std::string numbered(const char* kind, std::uintptr_t reference)

@@ -49,10 +49,10 @@ TEST_F(Trace, TellsNameArgumentsAndResult)
 {
     GetResource('CALL', 1000);
     CloseResFile(-1);
-    MemError();
+    HLock(nullptr);
     BitTst(nullptr, 7);
-    EXPECT_EQ(m_lines,
-        (Lines{"GetResource('CALL', 1000) = null", "CloseResFile(-1)", "MemError() = 0", "BitTst(null, 7) = 0"}));
+    EXPECT_EQ(
+        m_lines, (Lines{"GetResource('CALL', 1000) = null", "CloseResFile(-1)", "HLock(null)", "BitTst(null, 7) = 0"}));
 }
 
 TEST_F(Trace, TellsPointersByTheirAddress)
@@ -98,14 +98,14 @@ TEST_F(Trace, ReportsForeignCodeInsideACallAgain)
         const TracedCall outer("Outer");
         {
             const ForeignCode handler;
-            MemError();
+            HLock(nullptr);
             const TracedCall own("Own");
-            MemError();
+            HLock(nullptr);
         }
-        MemError();
+        HLock(nullptr);
     }
-    MemError();
-    EXPECT_EQ(m_lines, (Lines{"MemError() = 0", "Own()", "Outer()", "MemError() = 0"}));
+    HLock(nullptr);
+    EXPECT_EQ(m_lines, (Lines{"HLock(null)", "Own()", "Outer()", "HLock(null)"}));
 }
 
 TEST_F(Trace, IsSwitchedOffByAnEmptySinkWithinACallToo)
@@ -114,15 +114,15 @@ TEST_F(Trace, IsSwitchedOffByAnEmptySinkWithinACallToo)
         const TracedCall outer("Outer");
         Toolbox::SetTrace(nullptr);
     }
-    MemError();
+    HLock(nullptr);
     EXPECT_TRUE(m_lines.empty());
 }
 
 TEST_F(Trace, CountsCallsOnEachThreadByItself)
 {
     const TracedCall outer("Outer");
-    std::thread(MemError).join();
-    EXPECT_EQ(m_lines, Lines{"MemError() = 0"});
+    std::thread(HLock, nullptr).join();
+    EXPECT_EQ(m_lines, Lines{"HLock(null)"});
 }
 
 struct NumberCase {

@@ -192,16 +192,6 @@ long made(CFTypeRef object)
     return object != nullptr ? 1 : 0;
 }
 
-long memError()
-{
-    return MemError();
-}
-
-long resError()
-{
-    return ResError();
-}
-
 // An out-parameter that a failure has cleared is 0.
 template <typename Ref> long orOutParameter(OSStatus status, const Ref& outParameter)
 {
@@ -347,7 +337,6 @@ const Function FUNCTIONS[] = {
     {"RunStandardAlert",              ALERT, runAlert, paramErr, paramErr},
 
     // Core Foundation.
-    {"CFRetain",                      ANY_OBJECT, [](const void* r) { return long(CFRetain(r) == r); }, 1, 1},
     {"CFRelease",                     ANY_OBJECT, [](const void* r) { CFRelease(r); return 0L; }, 0, 0},
     {"CFEqual_first",                 STRING, [](const void* r) { return long(CFEqual(r, live->string)); }, 0, 0},
     {"CFEqual_second",                STRING, [](const void* r) { return long(CFEqual(live->string, r)); }, 0, 0},
@@ -391,13 +380,12 @@ const Function FUNCTIONS[] = {
     {"CFPlugInRemoveInstanceForFactory", UUID, [](const void* r) { CFPlugInRemoveInstanceForFactory(as<CFUUIDRef>(r)); return 0L; }, 0, 0},
 
     // Memory and resources.
-    {"DisposePtr",                    POINTER, [](const void* r) { DisposePtr(as<Ptr>(r)); return memError(); }, memWZErr, memWZErr},
+    {"DisposePtr",                    POINTER, [](const void* r) { DisposePtr(as<Ptr>(r)); return 0L; }, 0, 0},
     {"GetHandleSize",                 RESOURCE, [](const void* r) { return long(GetHandleSize(as<Handle>(r))); }, 0, 0},
-    {"GetHandleSize_error",           RESOURCE, [](const void* r) { GetHandleSize(as<Handle>(r)); return memError(); }, memWZErr, nilHandleErr},
-    {"HLock",                         RESOURCE, [](const void* r) { HLock(as<Handle>(r)); return memError(); }, memWZErr, nilHandleErr},
-    {"HUnlock",                       RESOURCE, [](const void* r) { HUnlock(as<Handle>(r)); return memError(); }, memWZErr, nilHandleErr},
-    {"ReleaseResource",               RESOURCE, [](const void* r) { ReleaseResource(as<Handle>(r)); return resError(); }, resNotFound, resNotFound},
-    {"ChangedResource",               RESOURCE, [](const void* r) { ChangedResource(as<Handle>(r)); return resError(); }, resNotFound, resNotFound},
+    {"HLock",                         RESOURCE, [](const void* r) { HLock(as<Handle>(r)); return 0L; }, 0, 0},
+    {"HUnlock",                       RESOURCE, [](const void* r) { HUnlock(as<Handle>(r)); return 0L; }, 0, 0},
+    {"ReleaseResource",               RESOURCE, [](const void* r) { ReleaseResource(as<Handle>(r)); return 0L; }, 0, 0},
+    {"ChangedResource",               RESOURCE, [](const void* r) { ChangedResource(as<Handle>(r)); return 0L; }, 0, 0},
     {"FSOpenResourceFile",            NO_KIND, resourceFileAt, errFSBadFSRef, errFSBadFSRef},
 
     // Text encodings.

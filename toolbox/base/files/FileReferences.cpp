@@ -1,6 +1,7 @@
 #include "toolbox/base/files/FileReferences.h"
 
-#include "toolbox/base/files/FileErrors.h"
+#include "toolbox/base/NeverDestroyed.h"
+#include "toolbox/base/files/InputFile.h"
 
 #include <cerrno>
 #include <cstring>
@@ -54,8 +55,7 @@ private:
 
 Paths& paths()
 {
-    static auto* const all = new Paths;
-    return *all;
+    return neverDestroyed<struct AllPaths, Paths>();
 }
 
 OSErr checkExists(const std::string& path)

@@ -4,9 +4,10 @@
 #include <Toolbox/Application.h>
 
 #include "toolbox/base/CurrentReport.h"
+#include "toolbox/base/NeverDestroyed.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/base/files/FileReferences.h"
-#include "toolbox/base/memory/OrMemFull.h"
+#include "toolbox/base/memory/MemoryManager.h"
 
 #include <filesystem>
 
@@ -16,8 +17,7 @@ namespace {
 
 std::string& frameworksFolder()
 {
-    static auto* const folder = new std::string;
-    return *folder;
+    return neverDestroyed<struct FrameworksFolder, std::string>();
 }
 
 OSErr findFolder(SInt16 volume, OSType type, FSRef* folder)
@@ -49,8 +49,10 @@ void SetFrameworksFolder(const std::string& folder)
 
 }  // namespace Toolbox
 
+using namespace Toolbox;
+
 OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder)
 {
-    Toolbox::TracedCall call("FSFindFolder", volume, type, create, folder);
-    return call.gives(Toolbox::orMemFull([=] { return Toolbox::findFolder(volume, type, folder); }));
+    TracedCall call("FSFindFolder", volume, type, create, folder);
+    return call.gives(orMemFull([=] { return findFolder(volume, type, folder); }));
 }

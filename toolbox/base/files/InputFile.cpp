@@ -1,7 +1,5 @@
 #include "toolbox/base/files/InputFile.h"
 
-#include "toolbox/base/files/FileErrors.h"
-
 #include <cerrno>
 
 #include <fcntl.h>
@@ -9,6 +7,25 @@
 #include <unistd.h>
 
 namespace Toolbox {
+
+OSErr fileError(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+        return fnfErr;
+    case EACCES:
+    case EPERM:
+        return permErr;
+    case EMFILE:
+    case ENFILE:
+        return tmfoErr;
+    default:
+        return ioErr;
+    }
+}
 
 InputFile::~InputFile()
 {
@@ -18,7 +35,8 @@ InputFile::~InputFile()
 
 OSErr InputFile::open(const std::string& path)
 {
-    // O_NONBLOCK, since opening a pipe would wait for its other end.
+    // Opened first, and then looked at: what lies there may change between. O_NONBLOCK, since opening a pipe would wait
+    // for its other end.
     m_descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (m_descriptor < 0)
         return fileError(errno);

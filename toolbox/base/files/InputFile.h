@@ -1,4 +1,5 @@
-// A regular file, open for reading.
+// Regular files, open for reading: how everything is opened that comes from elsewhere. And the system's error numbers
+// in the File Manager's words.
 
 #ifndef TOOLBOX_BASE_FILES_INPUTFILE_H
 #define TOOLBOX_BASE_FILES_INPUTFILE_H
@@ -10,6 +11,9 @@
 #include <vector>
 
 namespace Toolbox {
+
+/// The code for `error`, a value of errno: fnfErr when the path leads to nothing, permErr, tmfoErr, else ioErr.
+OSErr fileError(int error);
 
 /// Closed when this goes.
 class InputFile {

@@ -3,10 +3,10 @@
 #include <Carbon/Resources.h>
 
 #include "toolbox/base/LiveCount.h"
+#include "toolbox/base/NeverDestroyed.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/base/files/FileReferences.h"
-#include "toolbox/base/memory/Handles.h"
-#include "toolbox/base/memory/OrMemFull.h"
+#include "toolbox/base/memory/MemoryManager.h"
 #include "toolbox/base/resources/Forks.h"
 #include "toolbox/base/resources/ResourceMap.h"
 
@@ -22,8 +22,6 @@ namespace {
 
 // Each open file is held in memory, so a caller who never closes one is stopped here.
 constexpr std::size_t MAX_OPEN_FILES = 256;
-
-OSErr lastResult = noErr;
 
 struct LoadedResource {
     Handle handle = nullptr;
@@ -55,27 +53,18 @@ public:
 
     SInt16 refNum() const { return m_refNum; }
 
-    bool hasType(ResType type) const
-    {
-        const auto first = m_map.lower_bound(ResourceKey(type, std::numeric_limits<SInt16>::min()));
-        return first != m_map.end() && first->first.first == type;
-    }
-
     bool has(const ResourceKey& key) const { return m_map.count(key) != 0; }
 
-    // The handle of a resource that this has, or null and the reason.
-    OSErr load(const ResourceKey& key, Handle* handle)
+    // The handle of a resource that this has; null if that is compressed, or if there is no memory.
+    Handle load(const ResourceKey& key)
     {
         const ResourcePlace& place = m_map.at(key);
         if (place.isCompressed)
-            return CantDecompress;
+            return nullptr;
         Handle& loaded = m_loaded[key].handle;
         if (loaded == nullptr)
             loaded = makeHandle(m_fork.data() + place.offset, place.length);
-        *handle = loaded;
-        if (loaded == nullptr)
-            return memFullErr;
-        return noErr;
+        return loaded;
     }
 
     // False when `handle` is not of this file. A changed resource stays as it is.
@@ -122,9 +111,7 @@ using Chain = std::vector<std::unique_ptr<ResourceFile>>;
 // The open files in the order in which they were opened; the last one is the current one.
 Chain& chain()
 {
-    // Never destroyed: what is still open when the process ends may still be in use.
-    static auto* const files = new Chain;
-    return *files;
+    return neverDestroyed<struct OpenFiles, Chain>();
 }
 
 Chain::iterator findFile(SInt16 refNum)
@@ -179,35 +166,16 @@ OSErr openFile(
     return noErr;
 }
 
-OSErr closeFile(SInt16 refNum)
+Handle findResource(const ResourceKey& key)
 {
-    const auto file = findFile(refNum);
-    if (file == chain().end())
-        return resFNotFound;
-    chain().erase(file);
-    return noErr;
+    const auto file = std::find_if(chain().rbegin(), chain().rend(), [&](const auto& each) { return each->has(key); });
+    return file == chain().rend() ? nullptr : (*file)->load(key);
 }
 
-OSErr findResource(const ResourceKey& key, Handle* handle)
+// Does `action` for one file after the other, until one says that `handle` was its own.
+template <typename Action> void withFileOf(Handle handle, Action action)
 {
-    *handle = nullptr;
-    bool typeExists = false;
-    for (auto file = chain().rbegin(); file != chain().rend(); ++file) {
-        if ((*file)->has(key))
-            return (*file)->load(key, handle);
-        typeExists = typeExists || (*file)->hasType(key.first);
-    }
-    if (typeExists)
-        return resNotFound;
-    return noErr;
-}
-
-// Does `action` for the file that `handle` is of.
-template <typename Action> OSErr withFileOf(Handle handle, Action action)
-{
-    if (handle == nullptr || std::none_of(chain().begin(), chain().end(), action))
-        return resNotFound;
-    return noErr;
+    for (auto file = chain().begin(); handle != nullptr && file != chain().end() && !action(*file); ++file) { }
 }
 
 }  // namespace
@@ -220,38 +188,36 @@ OSErr FSOpenResourceFile(
     const FSRef* file, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum)
 {
     TracedCall call("FSOpenResourceFile", file, forkNameLength, forkName, permissions, refNum);
-    lastResult = orMemFull([=] { return openFile(file, forkNameLength, forkName, permissions, refNum); });
-    return call.gives(lastResult);
+    return call.gives(orMemFull([=] { return openFile(file, forkNameLength, forkName, permissions, refNum); }));
 }
 
 void CloseResFile(SInt16 refNum)
 {
     const TracedCall call("CloseResFile", refNum);
-    lastResult = closeFile(refNum);
-}
-
-OSErr ResError()
-{
-    TracedCall call("ResError");
-    return call.gives(lastResult);
+    const auto file = findFile(refNum);
+    if (file != chain().end())
+        chain().erase(file);
 }
 
 Handle GetResource(ResType type, SInt16 id)
 {
     TracedCall call("GetResource", type, id);
     Handle handle = nullptr;
-    lastResult = orMemFull([&] { return findResource(ResourceKey(type, id), &handle); });
+    orMemFull([&] {
+        handle = findResource(ResourceKey(type, id));
+        return noErr;
+    });
     return call.gives(handle);
 }
 
 void ReleaseResource(Handle resource)
 {
     const TracedCall call("ReleaseResource", resource);
-    lastResult = withFileOf(resource, [=](const auto& file) { return file->release(resource); });
+    withFileOf(resource, [=](const auto& file) { return file->release(resource); });
 }
 
 void ChangedResource(Handle resource)
 {
     const TracedCall call("ChangedResource", resource);
-    lastResult = withFileOf(resource, [=](const auto& file) { return file->markChanged(resource); });
+    withFileOf(resource, [=](const auto& file) { return file->markChanged(resource); });
 }

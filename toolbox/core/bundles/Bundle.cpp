@@ -1,14 +1,16 @@
 #include "toolbox/core/bundles/Bundle.h"
 
+#include "toolbox/base/CurrentReport.h"
+#include "toolbox/base/NeverDestroyed.h"
+#include "toolbox/base/files/InputFile.h"
 #include "toolbox/core/bundles/LanguageFolders.h"
 #include "toolbox/core/bundles/PlugInRegister.h"
 #include "toolbox/core/bundles/PropertyList.h"
-#include "toolbox/core/core_foundation/FileName.h"
-#include "toolbox/core/core_foundation/Quoted.h"
+#include "toolbox/core/core_foundation/StringObject.h"
 
-#include <fstream>
 #include <map>
 #include <optional>
+#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -16,30 +18,35 @@ namespace Toolbox {
 
 namespace {
 
-// Never destroyed: bundles that live until the process ends stay in it.
+// Bundles that live until the process ends stay in it.
 std::map<fs::path, Bundle*>& bundlesByFolder()
 {
-    static auto* const all = new std::map<fs::path, Bundle*>;
-    return *all;
+    return neverDestroyed<struct Bundles, std::map<fs::path, Bundle*>>();
 }
 
-// The first bytes of `file`, one more than a property list may have, so that a longer one is recognised.
-QByteArray readStart(const fs::path& file)
+// The property list in `file`, which is there; nothing, with the reason in `*problem`, when it cannot be used.
+std::optional<QVariantMap> readFile(const fs::path& file, QString* problem)
 {
-    QByteArray bytes(LONGEST_PROPERTY_LIST + 1, Qt::Uninitialized);
-    std::ifstream stream(file, std::ios::binary);
-    stream.read(bytes.data(), bytes.size());
-    bytes.truncate(stream.gcount());
-    return bytes;
+    InputFile input;
+    std::vector<UInt8> bytes;
+    *problem = QStringLiteral("it cannot be read");
+    if (input.open(file) != noErr || input.read(0, LONGEST_PROPERTY_LIST + 1, &bytes) != noErr)
+        return std::nullopt;
+    const auto length = static_cast<qsizetype>(bytes.size());
+    return readPropertyList(QByteArray(reinterpret_cast<const char*>(bytes.data()), length), problem);
 }
 
 QVariantMap readInfo(const fs::path& folder, const BundleLayout& layout)
 {
     const fs::path file = findInside(folder, layout.info);
-    std::error_code unreachable;
-    if (!fs::is_regular_file(file, unreachable))  // a pipe would be waited for
+    if (file.empty())
         return {};
-    return readPropertyList(readStart(file)).value_or(QVariantMap());
+    QString problem;
+    const std::optional<QVariantMap> info = readFile(file, &problem);
+    if (!info)
+        remark("the Info.plist of the bundle " + quoted(QString::fromStdString(folder.filename().native()))
+            + " was refused: " + problem.toStdString());
+    return info.value_or(QVariantMap());
 }
 
 }  // namespace

@@ -12,18 +12,8 @@ constexpr BundleLayout IN_CONTENTS = {"Contents/Info.plist", "Contents/Resources
 constexpr BundleLayout IN_RESOURCES = {"Resources/Info.plist", "Resources", "PlugIns"};
 constexpr BundleLayout AT_THE_TOP = {"Info.plist", "", "PlugIns"};
 
-// The folder of executables, by the name that Core Foundation has for the platform.
-#if defined(__APPLE__)
-#define PLATFORM_FOLDER "MacOS"
-#elif defined(__FreeBSD__)
-#define PLATFORM_FOLDER "FreeBSD"
-#elif defined(__sun)
-#define PLATFORM_FOLDER "Solaris"
-#else
-#define PLATFORM_FOLDER "Linux"
-#endif
-
-constexpr const char* EXECUTABLE_FOLDERS[] = {("Contents/" PLATFORM_FOLDER), "Contents", ""};
+// By the name that Core Foundation has for this platform; executables of others lie beside it.
+constexpr const char* EXECUTABLE_FOLDERS[] = {"Contents/Linux", "Contents", ""};
 
 bool hasFolder(const fs::path& root, const char* name)
 {

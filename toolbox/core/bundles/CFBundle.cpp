@@ -12,30 +12,24 @@
 
 namespace fs = std::filesystem;
 
-using Toolbox::Bundle;
-using Toolbox::createURL;
-using Toolbox::findObject;
-using Toolbox::remark;
-using Toolbox::StringObject;
-using Toolbox::TracedCall;
-using Toolbox::URLObject;
+namespace Toolbox {
 
 namespace {
 
-// A reference, not an object: a caller may have released it though he only borrowed it.
+// A reference, not an object: a caller may have released what was only borrowed.
 CFBundleRef mainBundle = nullptr;
 
 CFBundleRef createBundle(const fs::path& folder)
 {
     const Bundle* const bundle = Bundle::create(folder);
-    return bundle == nullptr ? nullptr : Toolbox::referenceTo<CFBundleRef>(*bundle);
+    return bundle == nullptr ? nullptr : referenceTo<CFBundleRef>(*bundle);
 }
 
 // As resources are looked for: the locale decides nothing but which of a bundle's own language folders is taken.
 QStringList userLanguages()
 {
     QStringList languages;
-    for (const std::string& language : Toolbox::UserLanguages())
+    for (const std::string& language : UserLanguages())
         languages += QString::fromStdString(language);
     return languages;
 }
@@ -50,15 +44,14 @@ CFURLRef copyResourceURL(const Bundle* bundle, CFStringRef name, CFStringRef typ
 {
     if (bundle == nullptr || !isOptionalString(type) || !isOptionalString(subfolder))
         return nullptr;
-    const fs::path path =
-        bundle->findResource(Toolbox::textOf(name), Toolbox::textOf(type), Toolbox::textOf(subfolder), userLanguages());
+    const fs::path path = bundle->findResource(textOf(name), textOf(type), textOf(subfolder), userLanguages());
     std::error_code missing;
     return createURL(path, fs::is_directory(path, missing));
 }
 
 }  // namespace
 
-bool Toolbox::SetMainBundle(const std::string& folder)
+bool SetMainBundle(const std::string& folder)
 {
     const CFBundleRef bundle = createBundle(folder);
     if (bundle == nullptr)
@@ -69,17 +62,21 @@ bool Toolbox::SetMainBundle(const std::string& folder)
     return true;
 }
 
-QString Toolbox::mainBundleName()
+QString mainBundleName()
 {
     const auto* const bundle = findObject<Bundle>(mainBundle);
     return bundle == nullptr ? QString() : bundle->info().value(QStringLiteral("CFBundleName")).toString();
 }
 
-fs::path Toolbox::mainBundleResource(const QString& name, const QString& type, const QString& subfolder)
+fs::path mainBundleResource(const QString& name, const QString& type, const QString& subfolder)
 {
     const auto* const bundle = findObject<Bundle>(mainBundle);
     return bundle == nullptr ? fs::path() : bundle->findResource(name, type, subfolder, userLanguages());
 }
+
+}  // namespace Toolbox
+
+using namespace Toolbox;
 
 CFBundleRef CFBundleGetMainBundle()
 {

@@ -4,16 +4,11 @@
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/bundles/PlugInRegister.h"
 #include "toolbox/core/core_foundation/ArrayObject.h"
-#include "toolbox/core/core_foundation/Quoted.h"
+#include "toolbox/core/core_foundation/StringObject.h"
 
 #include <Toolbox/Code.h>
 
-using Toolbox::Bundle;
-using Toolbox::Factory;
-using Toolbox::findObject;
-using Toolbox::referenceTo;
-using Toolbox::TracedCall;
-using Toolbox::UUIDObject;
+namespace Toolbox {
 
 namespace {
 
@@ -21,7 +16,7 @@ CFArrayRef findFactories(const UUIDObject* type, const Bundle* plugIn)
 {
     if (type == nullptr || plugIn == nullptr)
         return nullptr;
-    const std::vector<Factory> factories = Toolbox::factoriesForType(type->bytes());
+    const std::vector<Factory> factories = factoriesForType(type->bytes());
     if (factories.empty())
         return nullptr;
     std::vector<CFTypeRef> ids;
@@ -29,27 +24,30 @@ CFArrayRef findFactories(const UUIDObject* type, const Bundle* plugIn)
         if (factory.bundle == plugIn)
             ids.push_back(UUIDObject::create(factory.id)->ref());
     }
-    return referenceTo<CFArrayRef>(*new Toolbox::ArrayObject(ids));
+    return referenceTo<CFArrayRef>(*new ArrayObject(ids));
 }
 
 CFPlugInFactoryFunction findFunction(const UUIDObject* factory, const UUIDObject* type)
 {
     if (factory == nullptr || type == nullptr)
         return nullptr;
-    const Factory* const found = Toolbox::findFactory(factory->bytes(), type->bytes());
+    const Factory* const found = findFactory(factory->bytes(), type->bytes());
     if (found == nullptr)
         return nullptr;
     // The name is a property list's, which may name data as well.
     void* const function = found->bundle->findFunction(found->function);
-    if (function == nullptr || !Toolbox::IsCode(function)) {
-        Toolbox::remark(
-            "the bundle " + found->bundle->traceName() + " has no function " + Toolbox::quoted(found->function));
+    if (function == nullptr || !IsCode(function)) {
+        remark("the bundle " + found->bundle->traceName() + " has no function " + quoted(found->function));
         return nullptr;
     }
     return reinterpret_cast<CFPlugInFactoryFunction>(function);
 }
 
 }  // namespace
+
+}  // namespace Toolbox
+
+using namespace Toolbox;
 
 CFPlugInRef CFPlugInCreate(CFAllocatorRef allocator, CFURLRef url)
 {
@@ -70,7 +68,7 @@ void* CFPlugInInstanceCreate(CFAllocatorRef allocator, CFUUIDRef factory, CFUUID
         findFunction(findObject<UUIDObject>(factory), findObject<UUIDObject>(type));
     if (function == nullptr)
         return call.gives<void*>(nullptr);
-    const Toolbox::ForeignCode factoryFunction;
+    const ForeignCode factoryFunction;
     return call.gives(function(allocator, type));
 }
 

@@ -1,6 +1,9 @@
 #include "toolbox/core/bundles/ELFFile.h"
 
-#include <fstream>
+#include "toolbox/base/files/InputFile.h"
+
+#include <cstring>
+#include <vector>
 
 #include <link.h>
 
@@ -11,12 +14,17 @@ namespace {
 using FileHeader = ElfW(Ehdr);  // of this machine's width; the loader takes no other
 using Segment = ElfW(Phdr);
 
-template <typename Record> bool readRecord(std::ifstream& stream, Record* record)
+// Reads the record at `offset`; false where the file ends before it does.
+template <typename Record> bool readRecord(const InputFile& file, std::uint64_t offset, Record* record)
 {
-    return static_cast<bool>(stream.read(reinterpret_cast<char*>(record), sizeof *record));
+    std::vector<UInt8> bytes;
+    if (file.read(offset, sizeof *record, &bytes) != noErr || bytes.size() != sizeof *record)
+        return false;
+    std::memcpy(record, bytes.data(), sizeof *record);
+    return true;
 }
 
-bool isThere(const Segment& segment, std::uintmax_t fileSize)
+bool isThere(const Segment& segment, std::uint64_t fileSize)
 {
     if (segment.p_type != PT_LOAD)
         return true;
@@ -25,19 +33,15 @@ bool isThere(const Segment& segment, std::uintmax_t fileSize)
 
 }  // namespace
 
-bool isWholeELFFile(const std::filesystem::path& file)
+bool isWholeELFFile(const std::filesystem::path& path)
 {
-    std::error_code unreachable;
-    const std::uintmax_t size = std::filesystem::file_size(file, unreachable);
-    std::ifstream stream(file, std::ios::binary);
+    InputFile file;
     FileHeader header;
-    if (unreachable || !readRecord(stream, &header) || header.e_phentsize != sizeof(Segment))
+    if (file.open(path) != noErr || !readRecord(file, 0, &header) || header.e_phentsize != sizeof(Segment))
         return false;
-
-    stream.seekg(static_cast<std::streamoff>(header.e_phoff));
     for (unsigned index = 0; index < header.e_phnum; ++index) {
         Segment segment;
-        if (!readRecord(stream, &segment) || !isThere(segment, size))
+        if (!readRecord(file, header.e_phoff + index * sizeof segment, &segment) || !isThere(segment, file.length()))
             return false;
     }
     return true;

@@ -22,7 +22,7 @@ class PropertyListReader {
 public:
     explicit PropertyListReader(const QByteArray& document) { parseWithinLimits(document, m_xml); }
 
-    std::optional<QVariantMap> read()
+    std::optional<QVariantMap> read(QString* problem)
     {
         require(nextElement() && m_xml.name() == QLatin1String("plist"));
         require(nextElement());
@@ -30,16 +30,16 @@ public:
         require(!nextElement());  // there is one value, and after it the document ends
         while (!m_xml.atEnd())
             m_xml.readNext();
-        if (m_xml.hasError() || value.typeId() != QMetaType::QVariantMap)
-            return std::nullopt;
-        return value.toMap();
+        require(value.typeId() == QMetaType::QVariantMap);
+        *problem = m_xml.errorString();
+        return m_xml.hasError() ? std::nullopt : std::optional(value.toMap());
     }
 
 private:
     void require(bool condition)
     {
-        if (!condition)
-            m_xml.raiseError(QStringLiteral("not a property list"));
+        if (!condition && !m_xml.hasError())
+            m_xml.raiseError(QStringLiteral("it is not a property list of a dictionary"));
     }
 
     // Goes to the next element within the present one. False when there is none.
@@ -115,11 +115,12 @@ private:
 
 }  // namespace
 
-std::optional<QVariantMap> readPropertyList(const QByteArray& document)
+std::optional<QVariantMap> readPropertyList(const QByteArray& document, QString* problem)
 {
+    *problem = QStringLiteral("it has more than 1 MiB");
     if (document.size() > LONGEST_PROPERTY_LIST)
         return std::nullopt;
-    return PropertyListReader(document).read();
+    return PropertyListReader(document).read(problem);
 }
 
 }  // namespace Toolbox

@@ -1,4 +1,5 @@
-// The object behind a CFStringRef: a text in UTF-16 and, when it has one, its form as a Pascal string.
+// The object behind a CFStringRef: a text in UTF-16 and, when it has one, its form as a Pascal string; and the forms of
+// texts in a trace, and as names of files and symbols.
 
 #ifndef TOOLBOX_CORE_CORE_FOUNDATION_STRINGOBJECT_H
 #define TOOLBOX_CORE_CORE_FOUNDATION_STRINGOBJECT_H
@@ -9,6 +10,9 @@
 
 #include <QByteArray>
 #include <QString>
+
+#include <optional>
+#include <string>
 
 namespace Toolbox {
 
@@ -39,6 +43,14 @@ private:
 
 /// The text of `string`; a null QString for a null, dead or foreign reference. The empty string's is empty, not null.
 QString textOf(CFStringRef string);
+
+/// `text` in quotes and in UTF-8, on one line, as the trace shows it: what does not print is escaped as \uXXXX, and of
+/// a long text there is only the beginning.
+std::string quoted(const QString& text);
+
+/// `text` in UTF-8, as a file system and a loader know names. Nothing for a text with a zero, which would end the name
+/// early, and with half a surrogate pair, which has no UTF-8: no file and no symbol has such a name.
+std::optional<std::string> fileName(const QString& text);
 
 }  // namespace Toolbox
 

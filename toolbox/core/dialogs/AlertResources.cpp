@@ -1,6 +1,6 @@
-// An 'ALRT' is the alert's bounds (4 words: top, left, bottom, right), the item list's id (word) and the stages (word), in
-// four bits each, the first stage's lowest: two for the number of beeps, one that says whether the box is drawn, one for
-// the default item, 1 or 2. A position (word) may follow.
+// An 'ALRT' is the alert's bounds (4 words: top, left, bottom, right), the item list's id (word) and the stages (word),
+// in four bits each, the first stage's lowest: two for the number of beeps, one that says whether the box is drawn, one
+// for the default item, 1 or 2. A position (word) may follow.
 //
 // A 'DITL' is the number of items, less one (word), and then each item: room for a handle (4 bytes), bounds (4 words),
 // kind (byte: 4 a button, 8 a static text, and more; with 0x80 it is disabled), length (byte), and that many bytes of

@@ -74,25 +74,25 @@ OSStatus controlByID(WindowRef ref, const ControlID* id, ControlRef* result)
 
 }  // namespace Toolbox
 
-using Toolbox::TracedCall;
+using namespace Toolbox;
 
 OSStatus GetControlByID(WindowRef window, const ControlID* id, ControlRef* control)
 {
     TracedCall call("GetControlByID", window, id, control);
-    return call.gives(Toolbox::controlByID(window, id, control));
+    return call.gives(controlByID(window, id, control));
 }
 
 SInt32 GetControl32BitValue(ControlRef control)
 {
     TracedCall call("GetControl32BitValue", control);
-    const auto* const found = Toolbox::Control::find(control);
+    const auto* const found = Control::find(control);
     return call.gives(found == nullptr ? 0 : found->value);
 }
 
 void SetControl32BitValue(ControlRef control, SInt32 value)
 {
     const TracedCall call("SetControl32BitValue", control, value);
-    auto* const found = Toolbox::Control::find(control);
+    auto* const found = Control::find(control);
     if (found != nullptr)
         found->setValue(value);
 }

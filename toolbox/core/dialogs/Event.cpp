@@ -114,19 +114,19 @@ OSStatus install(EventTargetRef ref, EventHandlerProcPtr procedure, UInt32 count
 
 }  // namespace Toolbox
 
-using Toolbox::TracedCall;
+using namespace Toolbox;
 
 UInt32 GetEventClass(EventRef event)
 {
     TracedCall call("GetEventClass", event);
-    const auto* const found = Toolbox::Event::find(event);
+    const auto* const found = Event::find(event);
     return call.gives(found == nullptr ? 0 : found->eventClass);
 }
 
 UInt32 GetEventKind(EventRef event)
 {
     TracedCall call("GetEventKind", event);
-    const auto* const found = Toolbox::Event::find(event);
+    const auto* const found = Event::find(event);
     return call.gives(found == nullptr ? 0 : found->eventKind);
 }
 
@@ -134,13 +134,13 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
     UInt32 size, UInt32* actualSize, void* data)
 {
     TracedCall call("GetEventParameter", event, name, type, actualType, size, actualSize, data);
-    return call.gives(Toolbox::readParameter(event, name, type, actualType, size, actualSize, data));
+    return call.gives(readParameter(event, name, type, actualType, size, actualSize, data));
 }
 
 EventTargetRef GetWindowEventTarget(WindowRef window)
 {
     TracedCall call("GetWindowEventTarget", window);
-    const auto* const found = Toolbox::Window::find(window);
+    const auto* const found = Window::find(window);
     return call.gives(found == nullptr ? nullptr : found->target.ref());
 }
 
@@ -159,5 +159,5 @@ OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UIn
     void* userData, EventHandlerRef* installed)
 {
     TracedCall call("InstallEventHandler", target, handler, count, types, userData, installed);
-    return call.gives(Toolbox::install(target, handler, count, types, userData, installed));
+    return call.gives(install(target, handler, count, types, userData, installed));
 }

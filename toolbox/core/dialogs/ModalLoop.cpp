@@ -80,16 +80,16 @@ bool takesCommands(WindowRef window)
 
 }  // namespace Toolbox
 
-using Toolbox::TracedCall;
+using namespace Toolbox;
 
 OSStatus RunAppModalLoopForWindow(WindowRef window)
 {
     TracedCall call("RunAppModalLoopForWindow", window);
-    return call.gives(Toolbox::runModalLoop(window));
+    return call.gives(runModalLoop(window));
 }
 
 OSStatus QuitAppModalLoopForWindow(WindowRef window)
 {
     TracedCall call("QuitAppModalLoopForWindow", window);
-    return call.gives(Toolbox::quitModalLoop(window));
+    return call.gives(quitModalLoop(window));
 }

@@ -128,24 +128,24 @@ OSStatus runStandardAlert(DialogRef dialog, DialogItemIndex* itemHit)
 
 }  // namespace Toolbox
 
-using Toolbox::TracedCall;
+using namespace Toolbox;
 
 OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param explanation,
     const AlertStdAlertParamRec* parameters, SInt16* itemHit)
 {
     TracedCall call("StandardAlert", type, error, explanation, parameters, itemHit);
-    return call.gives(Toolbox::standardAlert(type, error, explanation, parameters, itemHit));
+    return call.gives(standardAlert(type, error, explanation, parameters, itemHit));
 }
 
 OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,
     const AlertStdCFStringAlertParamRec* parameters, DialogRef* alert)
 {
     TracedCall call("CreateStandardAlert", type, error, explanation, parameters, alert);
-    return call.gives(Toolbox::createStandardAlert(type, error, explanation, parameters, alert));
+    return call.gives(createStandardAlert(type, error, explanation, parameters, alert));
 }
 
 OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit)
 {
     TracedCall call("RunStandardAlert", alert, filter, itemHit);
-    return call.gives(Toolbox::runStandardAlert(alert, itemHit));
+    return call.gives(runStandardAlert(alert, itemHit));
 }

@@ -104,10 +104,10 @@ DialogItemIndex runResourceAlert(AlertType type, SInt16 id)
 
 }  // namespace Toolbox
 
-using Toolbox::TracedCall;
+using namespace Toolbox;
 
 DialogItemIndex StopAlert(SInt16 id, ModalFilterUPP filter)
 {
     TracedCall call("StopAlert", id, filter);
-    return call.gives(Toolbox::runResourceAlert(kAlertStopAlert, id));
+    return call.gives(runResourceAlert(kAlertStopAlert, id));
 }

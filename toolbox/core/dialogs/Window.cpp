@@ -74,18 +74,18 @@ void show(WindowRef ref)
 
 }  // namespace Toolbox
 
-using Toolbox::TracedCall;
+using namespace Toolbox;
 
 void ShowWindow(WindowRef window)
 {
     const TracedCall call("ShowWindow", window);
-    Toolbox::show(window);
+    show(window);
 }
 
 void HideWindow(WindowRef window)
 {
     const TracedCall call("HideWindow", window);
-    Toolbox::hide(window);
+    hide(window);
 }
 
 void DisposeWindow(WindowRef window)
@@ -93,6 +93,6 @@ void DisposeWindow(WindowRef window)
     const TracedCall call("DisposeWindow", window);
     // A window is its reference's: whoever holds that disposes of it. What is left at exit ends with the process, and
     // no handler hears of it.
-    Toolbox::hide(window);
-    delete Toolbox::Window::find(window);
+    hide(window);
+    delete Window::find(window);
 }

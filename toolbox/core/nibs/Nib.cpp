@@ -103,22 +103,22 @@ OSStatus openWindow(IBNibRef ref, CFStringRef name, WindowRef* result)
 
 }  // namespace Toolbox
 
-using Toolbox::TracedCall;
+using namespace Toolbox;
 
 OSStatus CreateNibReference(CFStringRef name, IBNibRef* nib)
 {
     TracedCall call("CreateNibReference", name, nib);
-    return call.gives(Toolbox::openNib(name, nib));
+    return call.gives(openNib(name, nib));
 }
 
 OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window)
 {
     TracedCall call("CreateWindowFromNib", nib, name, window);
-    return call.gives(Toolbox::openWindow(nib, name, window));
+    return call.gives(openWindow(nib, name, window));
 }
 
 void DisposeNibReference(IBNibRef nib)
 {
     const TracedCall call("DisposeNibReference", nib);
-    delete Toolbox::Nib::find(nib);
+    delete Nib::find(nib);
 }

@@ -8,10 +8,8 @@
 CARBON_FUNCTIONS_BEGIN
 
 enum {
-    resNotFound = -192,     // no such resource, or not a resource's handle
-    resFNotFound = -193,    // no such open file
-    mapReadErr = -199,      // the map or the data area is corrupt; nothing was opened
-    CantDecompress = -186,  // the resource is compressed
+    resNotFound = -192,  // no such resource, or not a resource's handle
+    mapReadErr = -199,   // the map or the data area is corrupt; nothing was opened
 };
 
 enum {
@@ -30,26 +28,22 @@ enum {
 OSErr FSOpenResourceFile(
     const FSRef* file, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum);
 
-/// Closes the file and frees its handles. If it was the current file, the one opened before it becomes current.
-/// ResError is resFNotFound when no such file is open.
+/// Closes the file and frees its handles. If it was the current file, the one opened before it becomes current. A number
+/// of which no file is open is ignored.
 void CloseResFile(SInt16 refNum);
 
-/// The result of the last Resource Manager call: noErr or one of the codes above.
-OSErr ResError(void);
-
 /// The handle of the resource: from the current file, then from those opened before it. The same handle for the same
-/// resource until it is released. Null if it is not found; ResError is then resNotFound when some file has the type,
-/// but noErr when none has, so test the handle; CantDecompress for a compressed one; memFullErr. The handle is the
+/// resource until it is released. Null if it is not found or compressed, or when there is no memory. The handle is the
 /// Resource Manager's: give it back with ReleaseResource. Bytes past the resource's end can be read as zeros up to a
 /// slack of 1,024, as a caller that trusts a layout may do.
 Handle GetResource(ResType type, SInt16 id);
 
 /// Frees the data of a resource's handle and forgets the handle, but keeps it while it is marked as changed.
-/// ResError is resNotFound for null or for a handle that is no resource's.
+/// Null, and a handle that is no resource's, are ignored.
 void ReleaseResource(Handle resource);
 
 /// Marks the resource as changed, so that what was written into its block stays until its file is closed.
-/// ResError is resNotFound for null or for a handle that is no resource's.
+/// Null, and a handle that is no resource's, are ignored.
 void ChangedResource(Handle resource);
 CARBON_FUNCTIONS_END
 

@@ -18,9 +18,6 @@ typedef const struct __CFString* CFStringRef;
 extern const CFAllocatorRef kCFAllocatorDefault;  // null
 extern const CFAllocatorRef kCFAllocatorSystemDefault;
 
-/// One more owner of `object`; returns it. Constant objects, null and wrong references are left as they are.
-CFTypeRef CFRetain(CFTypeRef object);
-
 /// One owner of `object` less; the last one's release ends it. Constant objects never end.
 /// The platform ends the process for null; here null and wrong references are left as they are.
 void CFRelease(CFTypeRef object);

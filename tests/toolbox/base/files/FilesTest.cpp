@@ -1,7 +1,6 @@
 #include "tests/support/TemporaryFolder.h"
-#include "toolbox/base/files/FileErrors.h"
-#include "toolbox/base/files/FileReferences.h"
 #include "toolbox/base/files/InputFile.h"
+#include "toolbox/base/files/FileReferences.h"
 
 #include <Carbon/Folders.h>
 #include <Toolbox/Application.h>

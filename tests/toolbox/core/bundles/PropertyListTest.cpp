@@ -8,7 +8,10 @@ using Toolbox::readPropertyList;
 
 std::optional<QVariantMap> read(const std::string& document)
 {
-    return readPropertyList(QByteArray::fromStdString(document));
+    QString problem;
+    auto map = readPropertyList(QByteArray::fromStdString(document), &problem);
+    EXPECT_EQ(map.has_value(), problem.isEmpty()) << problem.toStdString();
+    return map;
 }
 
 std::string repeated(int count, const std::string& text)
@@ -123,7 +126,8 @@ TEST(PropertyList, IsReadInUTF16)
         bytes += static_cast<char>(unit.cell());
         bytes += static_cast<char>(unit.row());
     }
-    const auto map = readPropertyList(bytes);
+    QString problem;
+    const auto map = readPropertyList(bytes, &problem);
     ASSERT_TRUE(map.has_value());
     EXPECT_EQ(map->value("k"), "v");
 }

@@ -36,7 +36,7 @@ void* factoryOfAllocators(CFAllocatorRef allocator, CFUUIDRef)
 /// Calls the toolbox in its turn.
 void* callingFactory(CFAllocatorRef, CFUUIDRef type)
 {
-    CFRelease(CFRetain(type));
+    CFEqual(type, type);
     return &instanceOfFirst;
 }
 }

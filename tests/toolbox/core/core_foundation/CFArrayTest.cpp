@@ -45,7 +45,7 @@ TEST_F(CFArray, HasNothingOutOfRange)
 TEST_F(CFArray, OwnsItsElements)
 {
     const CFStringRef string = makeString("kept");
-    CFRetain(string);
+    Toolbox::CFObject::find(string)->retain();
     CFRelease(makeArray({string}));
     EXPECT_TRUE(CFEqual(string, string)) << "one owner is left";
     CFRelease(string);

@@ -1,4 +1,3 @@
-#include "toolbox/core/core_foundation/Quoted.h"
 #include "toolbox/core/core_foundation/StringObject.h"
 #include "toolbox/core/core_foundation/URLObject.h"
 

@@ -1,11 +1,13 @@
-// Handles as the toolbox's other managers make them. To the callers a handle is an address of an address.
+// Handles as the toolbox's other managers make them, and the managers' word for a lack of memory. To the callers a
+// handle is an address of an address.
 
-#ifndef TOOLBOX_BASE_MEMORY_HANDLES_H
-#define TOOLBOX_BASE_MEMORY_HANDLES_H
+#ifndef TOOLBOX_BASE_MEMORY_MEMORYMANAGER_H
+#define TOOLBOX_BASE_MEMORY_MEMORYMANAGER_H
 
 #include <Carbon/MacMemory.h>
 
 #include <cstddef>
+#include <new>
 
 namespace Toolbox {
 
@@ -13,11 +15,20 @@ namespace Toolbox {
 constexpr std::size_t HANDLE_SLACK = 1024;
 
 /// A new handle to a copy of the `size` bytes from `data` on, to be given to freeHandle; null when there is no memory.
-/// Leaves MemError alone.
 Handle makeHandle(const void* data, std::size_t size);
 
 /// Frees the block of `handle` and forgets the handle, which is then dead. A wrong handle is ignored.
 void freeHandle(Handle handle);
+
+/// What `action` returns, an OSErr; memFullErr when it runs out of memory. No exception may leave a platform function.
+template <typename Action> OSErr orMemFull(Action action)
+{
+    try {
+        return action();
+    } catch (const std::bad_alloc&) {
+        return memFullErr;
+    }
+}
 
 }  // namespace Toolbox
 
