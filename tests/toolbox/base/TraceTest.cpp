@@ -25,7 +25,6 @@ class Trace : public testing::Test {
 protected:
     Trace()
     {
-        DisposePtr(NewPtr(1));  // so that MemError is 0, whatever was before
         Toolbox::SetTrace([this](const std::string& line) { m_lines.push_back(line); });
     }
 

@@ -234,7 +234,6 @@ TEST_F(CFString, ThePascalStringStaysWhereItIsWhileTheStringLives)
 {
     const CFStringRef string = CFStringCreateWithCString(nullptr, "text", MAC_ROMAN);
     const ConstStringPtr first = CFStringGetPascalStringPtr(string, MAC_ROMAN);
-    CFRelease(string);
     const CFStringRef other = CFStringCreateWithCString(nullptr, "other", MAC_ROMAN);
     EXPECT_EQ(CFStringGetPascalStringPtr(string, MAC_ROMAN), first);
     EXPECT_EQ(bytesOf(first), "text");
