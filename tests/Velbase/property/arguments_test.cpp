@@ -42,43 +42,21 @@ const PairOperation PAIR_OPERATIONS[] = {
 INSTANTIATE_TEST_SUITE_P(Arguments, TextProperty, testing::ValuesIn(TEXT_OPERATIONS), RowName());
 INSTANTIATE_TEST_SUITE_P(Arguments, PairProperty, testing::ValuesIn(PAIR_OPERATIONS), RowName());
 
-// `text`.Arg(n, base) for an integer whose own text is `digits`.
-template <typename T> void checkInteger(const Twin& text, T n, unsigned base, const std::string& digits)
-{
-    ASSERT_TRUE(agrees(text.string.Arg(n, base), reference::arg(text.text, reference::newText(digits)), {text}))
-        << call(text, "Arg", n, base) << " of " << 8 * sizeof n << " bits";
-}
-
 void checkIntegers(const Twin& text, std::uint64_t bits, unsigned base)
 {
-    const short s = static_cast<short>(bits);
-    const unsigned short us = static_cast<unsigned short>(bits);
-    const int i = static_cast<int>(bits);
-    const unsigned u = static_cast<unsigned>(bits);
-    const long l = static_cast<long>(bits);
-    const unsigned long ul = static_cast<unsigned long>(bits);
-    const long long ll = static_cast<long long>(bits);
-    const unsigned long long ull = bits;
-    checkInteger(text, s, base, reference::formatSigned(s, base));
-    checkInteger(text, us, base, reference::formatSigned(us, base));
-    checkInteger(text, i, base, reference::argument(i, base));
-    checkInteger(text, l, base, reference::argument(l, base));
-    checkInteger(text, u, base, reference::formatUnsigned(u, base));
-    checkInteger(text, ul, base, reference::formatUnsigned(ul, base));
-    checkInteger(text, ll, base, reference::formatSigned64(ll, base));
-    checkInteger(text, ull, base, reference::formatUnsigned64(ull, base));
+    forEachInteger(bits, base, reference::argument, [&](auto n, const std::string& digits) {
+        ASSERT_TRUE(agrees(text.string.Arg(n, base), reference::arg(text.text, reference::newText(digits)), {text}))
+            << call(text, "Arg", n, base) << " of " << 8 * sizeof n << " bits";
+    });
 }
 
 void checkFloatingPoint(const Twin& text, double value, unsigned precision, char format)
 {
-    const reference::Position given = precision == 0xFFFFFFFF ? reference::Position() : precision;
-    ASSERT_TRUE(agrees(text.string.Arg(value, precision, format),
-        reference::arg(text.text, reference::newText(reference::formatFloat(value, given, format))), {text}))
-        << call(text, "Arg", value, precision, format);
-    const float narrow = static_cast<float>(value);
-    ASSERT_TRUE(agrees(text.string.Arg(narrow, precision, format),
-        reference::arg(text.text, reference::newText(reference::formatFloat(narrow, given, format))), {text}))
-        << call(text, "Arg", narrow, precision, format) << " of a float";
+    forEachFloat(value, precision, format, [&](auto n, const std::string& digits) {
+        const reference::Text expected = reference::arg(text.text, reference::newText(digits));
+        ASSERT_TRUE(agrees(text.string.Arg(n, precision, format), expected, {text}))
+            << call(text, "Arg", n, precision, format) << " of " << 8 * sizeof n << " bits";
+    });
 }
 
 TEST(ArgumentProperty, AgreesOnIntegersAtTheEdgesInEveryBase)

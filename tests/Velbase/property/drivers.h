@@ -68,13 +68,4 @@ struct PairOperation {
 class TextProperty : public testing::TestWithParam<TextOperation> { };
 class PairProperty : public testing::TestWithParam<PairOperation> { };
 
-inline void PrintTo(const TextOperation& operation, std::ostream* out)
-{
-    *out << operation.name;
-}
-inline void PrintTo(const PairOperation& operation, std::ostream* out)
-{
-    *out << operation.name;
-}
-
 #endif

@@ -35,25 +35,19 @@ void checkConversion(const Twin& text, const char* name, T (String::*convert)(bo
 
 void checkIntegers(const Twin& text, unsigned base)
 {
-    const char* const address = text.string.Latin1();
     checkConversion(text, "ToShort", &String::ToShort, reference::parseSigned(text.text, base, 16), base);
     checkConversion(text, "ToUShort", &String::ToUShort, reference::parseUnsigned(text.text, base, 16), base);
     checkConversion(text, "ToInt", &String::ToInt, reference::parseSigned(text.text, base, 32), base);
     checkConversion(text, "ToUInt", &String::ToUInt, reference::parseUnsigned(text.text, base, 32), base);
     checkConversion(text, "ToInt64", &String::ToInt64, reference::parseSigned(text.text, base, 64), base);
     checkConversion(text, "ToUInt64", &String::ToUInt64, reference::parseUnsigned(text.text, base, 64), base);
-    ASSERT_TRUE(agrees(text.string, text.text));
-    ASSERT_EQ(text.string.Latin1(), address);
 }
 
 void checkDouble(const Twin& text)
 {
     const std::optional<double> expected = reference::parseDouble(text.text);
-    const char* const address = text.string.Latin1();
     checkConversion(text, "ToDouble", &String::ToDouble, expected);
     checkConversion(text, "ToFloat", &String::ToFloat, expected);
-    ASSERT_TRUE(agrees(text.string, text.text));
-    ASSERT_EQ(text.string.Latin1(), address);
 }
 
 void checkInEveryBase(const Twin& text)
@@ -128,16 +122,6 @@ TEST(ParsingProperty, AgreesOnDigitsLargerThanTheBase)
         std::string bytes = reference::formatUnsigned(random.number(), 36);
         bytes += random.of("{|}~"sv);
         checkIntegers(twinOf(bytes), base);
-    }
-}
-
-TEST(ParsingProperty, AgreesOnRandomTexts)
-{
-    Random random(44);
-    for (int round = 0; round < 5000 && !HasFailure(); ++round) {
-        const Twin text = random.text();
-        checkIntegers(text, randomBase(random));
-        checkDouble(text);
     }
 }
 

@@ -1,6 +1,8 @@
 // A few strings that share buffers, changed at random: after every step each of them is what the model says, and shares
 // with exactly those with which the model says.
 
+#include <algorithm>
+
 #include "drivers.h"
 
 namespace {
@@ -9,132 +11,108 @@ constexpr int ROUNDS = 2000;
 constexpr int STEPS = 20;
 constexpr unsigned LONGEST_TEXT = 30;
 
-// One change of `target`, on both of its sides; what was called, as text. `argument` may be `target` itself.
-struct Step {
-    const char* name;
-    std::string (*apply)(Twin& target, Twin& argument, Random& random);
+// What is drawn for a step.
+struct Drawn {
+    unsigned index;      // in the target or just behind it
+    unsigned start;      // in the longer one of the two or just behind it, seldom a large one
+    checked_uint count;  // the same, or none
+    char letter;
+    Twin fresh;
 };
 
-// A position in the text or just behind it, seldom a large one.
-unsigned position(const Twin& twin, Random& random)
+unsigned drawStart(unsigned length, Random& random)
 {
-    return random.once(20) ? 0xFFFFFFFF - random.below(3) : random.below(twin.string.Length() + 2);
+    return random.once(20) ? 0xFFFFFFFF - random.below(3) : random.below(length + 2);
 }
 
-checked_uint count(const Twin& twin, Random& random)
+Drawn draw(const Twin& target, const Twin& argument, Random& random)
 {
-    return random.once(4) ? checked_uint() : checked_uint(position(twin, random));
+    const unsigned length = std::max(target.string.Length(), argument.string.Length());
+    const unsigned index = random.below(target.string.Length() + 3);
+    const unsigned start = drawStart(length, random);
+    const checked_uint count = random.once(4) ? checked_uint() : checked_uint(drawStart(length, random));
+    return {index, start, count, random.of("aX%"), random.text(random.once(2) ? 5 : 1)};
 }
 
-// The result of a constant operation takes the place of the text that it was made from.
-std::string assign(Twin& target, const String& string, const reference::Text& text, const std::string& said)
+void assign(Twin& target, const String& string, const reference::Text& text)
 {
     target.text = text;
     target.string = string;
-    return said;
 }
 
+// One change of `t`, on both of its sides. `a` may be `t` itself.
+struct Step {
+    const char* name;
+    void (*apply)(Twin& t, Twin& a, const Drawn& drawn);
+};
+
 const Step STEPS_TO_TAKE[] = {
-    {"Assign", [](Twin& t, Twin& a, Random&) { return assign(t, a.string, a.text, call(t, "operator=", a)); }},
-    {"New",
-        [](Twin& t, Twin&, Random& random) {
-            const Twin fresh = random.text(5);
-            return assign(t, fresh.string, fresh.text, call(t, "operator=", fresh));
-        }},
-    {"Append",
-        [](Twin& t, Twin& a, Random&) {
-            const std::string said = call(t, "operator+=", a);
+    {"operator=", [](Twin& t, Twin& a, const Drawn&) { assign(t, a.string, a.text); }},
+    {"operator= of a fresh one", [](Twin& t, Twin&, const Drawn& d) { assign(t, d.fresh.string, d.fresh.text); }},
+    {"operator+=",
+        [](Twin& t, Twin& a, const Drawn&) {
             t.text = reference::append(t.text, a.text);
             EXPECT_EQ(&(t.string += a.string), &t.string);
-            return said;
         }},
     {"Insert",
-        [](Twin& t, Twin& a, Random& random) {
-            const unsigned place = position(t, random);
-            const std::string said = call(t, "Insert", place, a);
-            t.text = reference::insert(t.text, place, a.text);
-            EXPECT_EQ(&t.string.Insert(place, a.string), &t.string);
-            return said;
+        [](Twin& t, Twin& a, const Drawn& d) {
+            t.text = reference::insert(t.text, d.start, a.text);
+            EXPECT_EQ(&t.string.Insert(d.start, a.string), &t.string);
         }},
     {"Remove",
-        [](Twin& t, Twin&, Random& random) {
-            const unsigned start = position(t, random);
-            const checked_uint removed = count(t, random);
-            const std::string said = call(t, "Remove", start, removed);
-            t.text = reference::remove(t.text, start, modelOf(removed));
-            EXPECT_EQ(&t.string.Remove(start, removed), &t.string);
-            return said;
+        [](Twin& t, Twin&, const Drawn& d) {
+            t.text = reference::remove(t.text, d.start, modelOf(d.count));
+            EXPECT_EQ(&t.string.Remove(d.start, d.count), &t.string);
         }},
     {"Truncate",
-        [](Twin& t, Twin&, Random& random) {
-            const unsigned length = position(t, random);
-            const std::string said = call(t, "Truncate", length);
-            t.text = reference::truncate(t.text, length);
-            t.string.Truncate(length);
-            return said;
+        [](Twin& t, Twin&, const Drawn& d) {
+            t.text = reference::truncate(t.text, d.start);
+            t.string.Truncate(d.start);
         }},
-    {"DetachAndExtend",
-        [](Twin& t, Twin&, Random& random) {
-            const unsigned index = random.below(t.string.Length() + 3);
-            const std::string said = call(t, "detachAndExtend", index);
-            t.text = reference::detachAndExtend(t.text, index);
-            t.string.detachAndExtend(index);
-            return said;
+    {"detachAndExtend",
+        [](Twin& t, Twin&, const Drawn& d) {
+            t.text = reference::detachAndExtend(t.text, d.index);
+            t.string.detachAndExtend(d.index);
         }},
-    {"Write",
-        [](Twin& t, Twin&, Random& random) {
-            const unsigned index = random.below(t.string.Length() + 3);
-            const char c = random.of("aX%");
-            const std::string said = call(t, "operator[]", index) + " = " + shown(c);
-            t.text = reference::write(t.text, index, c);
-            t.string[index] = c;
-            return said;
+    {"operator[] = a letter",
+        [](Twin& t, Twin&, const Drawn& d) {
+            t.text = reference::write(t.text, d.index, d.letter);
+            t.string[d.index] = d.letter;
         }},
-    {"WriteFromAnother",
-        [](Twin& t, Twin& a, Random& random) {
-            const unsigned index = random.below(t.string.Length() + 2);
-            const unsigned from = random.below(a.string.Length() + 1);
-            const std::string said = call(t, "operator[]", index) + " = " + call(a, "operator[]", from);
-            t.text = reference::write(t.text, index, reference::at(a.text, from));
-            t.string[index] = a.string[from];
-            return said;
+    {"operator[] = the argument's",
+        [](Twin& t, Twin& a, const Drawn& d) {
+            t.text = reference::write(t.text, d.index, reference::at(a.text, d.start));
+            t.string[d.index] = a.string[d.start];
         }},
-    {"Mid",
-        [](Twin& t, Twin& a, Random& random) {
-            const unsigned start = position(a, random);
-            const checked_uint taken = count(a, random);
-            return assign(t, a.string.Mid(start, taken), reference::mid(a.text, start, modelOf(taken)),
-                shown(t) + " = " + call(a, "Mid", start, taken));
+    {"Mid of the argument",
+        [](Twin& t, Twin& a, const Drawn& d) {
+            assign(t, a.string.Mid(d.start, d.count), reference::mid(a.text, d.start, modelOf(d.count)));
         }},
-    {"Replace",
-        [](Twin& t, Twin& a, Random& random) {
-            const Twin pattern = random.once(4) ? t : random.text(2);
-            return assign(t, t.string.Replace(pattern.string, a.string),
-                reference::replace(t.text, pattern.text, a.text), call(t, "Replace", pattern, a));
+    {"Replace of the fresh one by the argument",
+        [](Twin& t, Twin& a, const Drawn& d) {
+            assign(t, t.string.Replace(d.fresh.string, a.string), reference::replace(t.text, d.fresh.text, a.text));
         }},
-    {"Arg",
-        [](Twin& t, Twin& a, Random&) {
-            return assign(t, t.string.Arg(a.string), reference::arg(t.text, a.text), call(t, "Arg", a));
+    {"Replace of the argument by the fresh one",
+        [](Twin& t, Twin& a, const Drawn& d) {
+            assign(t, t.string.Replace(a.string, d.fresh.string), reference::replace(t.text, a.text, d.fresh.text));
         }},
-    {"StripWhiteSpace",
-        [](Twin& t, Twin& a, Random&) {
-            return assign(t, a.string.StripWhiteSpace(), reference::stripWhiteSpace(a.text),
-                shown(t) + " = " + call(a, "StripWhiteSpace"));
+    {"Arg", [](Twin& t, Twin& a, const Drawn&) { assign(t, t.string.Arg(a.string), reference::arg(t.text, a.text)); }},
+    {"StripWhiteSpace of the argument",
+        [](Twin& t, Twin& a, const Drawn&) {
+            assign(t, a.string.StripWhiteSpace(), reference::stripWhiteSpace(a.text));
         }},
-    {"SplitAndTakeOne",
-        [](Twin& t, Twin& a, Random& random) {
+    {"a field of the argument's Split",
+        [](Twin& t, Twin& a, const Drawn& d) {
             std::vector<String> fields;
             a.string.Split('a', fields);
             const std::vector<reference::Text> expected = reference::split(a.text, 'a');
-            const std::size_t taken = random.below(static_cast<std::uint32_t>(expected.size()));
-            return assign(t, fields.at(taken), expected[taken], shown(t) + " = a field of " + call(a, "Split", 'a'));
+            const std::size_t taken = d.start % expected.size();
+            assign(t, fields.at(taken), expected[taken]);
         }},
-    {"Join",
-        [](Twin& t, Twin& a, Random& random) {
-            const Twin separator = random.text(1);
-            return assign(t, String::Join(separator.string, {t.string, a.string, t.string}),
-                reference::join(separator.text, {t.text, a.text, t.text}),
-                "Join(" + shown(separator) + ", " + shown(std::vector<Twin>{t, a, t}) + ")");
+    {"Join of both with the fresh one between",
+        [](Twin& t, Twin& a, const Drawn& d) {
+            assign(t, String::Join(d.fresh.string, {t.string, a.string, t.string}),
+                reference::join(d.fresh.text, {t.text, a.text, t.text}));
         }},
 };
 
@@ -150,7 +128,11 @@ TEST(SharingProperty, EveryStringAgreesAfterEveryStep)
             Twin& target = pool[random.below(size)];
             Twin& argument = pool[random.below(size)];
             const Step& taken = STEPS_TO_TAKE[random.below(static_cast<std::uint32_t>(std::size(STEPS_TO_TAKE)))];
-            steps += "  " + std::string(taken.name) + ": " + taken.apply(target, argument, random) + "\n";
+            const Drawn drawn = draw(target, argument, random);
+            steps += "  " + shown(target) + ": " + taken.name + "; the argument " + shown(argument) + ", index "
+                + shown(drawn.index) + ", start " + shown(drawn.start) + ", count " + shown(drawn.count) + ", letter "
+                + shown(drawn.letter) + ", the fresh one " + shown(drawn.fresh) + "\n";
+            taken.apply(target, argument, drawn);
             if (target.string.Length() > LONGEST_TEXT) {
                 target.string.Truncate(LONGEST_TEXT);
                 target.text = reference::truncate(target.text, LONGEST_TEXT);
