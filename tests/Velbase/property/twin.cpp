@@ -18,23 +18,6 @@ String stringOf(const std::string& bytes)
     return string;
 }
 
-std::string escaped(const std::string& bytes)
-{
-    const char digits[] = "0123456789ABCDEF";
-    std::string result;
-    for (const char c : bytes) {
-        const unsigned char code = static_cast<unsigned char>(c);
-        if (code >= 0x20 && code < 0x7F) {
-            result += c;
-        } else {
-            result += "\\x";
-            result += digits[code / 16];
-            result += digits[code % 16];
-        }
-    }
-    return result;
-}
-
 AssertionResult sameText(const String& string, const reference::Text& text)
 {
     const bool same = string.IsNull() == (text == nullptr) && string.Length() == reference::length(text)
@@ -50,6 +33,12 @@ bool shares(const String& a, const String& b)
     return !a.IsNull() && !b.IsNull() && a.Latin1() == b.Latin1();
 }
 
+// Both sides of what `twin` holds, in a buffer of their own.
+Twin ownCopy(const Twin& twin)
+{
+    return twin.text == nullptr ? nullTwin() : twinOf(*twin.text);
+}
+
 }  // namespace
 
 Twin nullTwin()
@@ -60,11 +49,6 @@ Twin nullTwin()
 Twin twinOf(const std::string& bytes)
 {
     return {stringOf(bytes), reference::newText(bytes)};
-}
-
-Twin ownCopy(const Twin& twin)
-{
-    return twin.text == nullptr ? nullTwin() : twinOf(*twin.text);
 }
 
 AssertionResult agrees(const String& string, const reference::Text& text, const Twins& others)
@@ -136,12 +120,12 @@ AssertionResult changes(const Twin& text, const std::function<void(String&)>& ch
 
 std::string shown(const reference::Text& text)
 {
-    return text == nullptr ? "null" : "\"" + escaped(*text) + "\"";
+    return text == nullptr ? "null" : testing::PrintToString(*text);
 }
 
 std::string shown(const String& string)
 {
-    return string.IsNull() ? "null" : "\"" + escaped(std::string(string.Latin1(), string.Length())) + "\"";
+    return string.IsNull() ? "null" : testing::PrintToString(std::string(string.Latin1(), string.Length()));
 }
 
 std::string shown(const Twin& twin)
@@ -165,19 +149,4 @@ std::string shown(const reference::Position& position)
 std::string shown(const checked_uint& position)
 {
     return shown(modelOf(position));
-}
-
-std::string shown(const char* text)
-{
-    return text == nullptr ? "a null pointer" : "\"" + escaped(text) + "\"";
-}
-
-std::string shown(char c)
-{
-    return "'" + escaped(std::string(1, c)) + "'";
-}
-
-std::string shown(bool b)
-{
-    return b ? "true" : "false";
 }

@@ -4,7 +4,6 @@
 #define TESTS_VELBASE_PROPERTY_TWIN_H
 
 #include <functional>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -24,9 +23,6 @@ Twin nullTwin();
 
 /// Both sides of `bytes`, zero bytes included, in a new buffer.
 Twin twinOf(const std::string& bytes);
-
-/// Both sides of what `twin` holds, in a buffer of their own.
-Twin ownCopy(const Twin& twin);
 
 typedef std::vector<std::reference_wrapper<const Twin>> Twins;
 
@@ -54,22 +50,16 @@ testing::AssertionResult changes(const Twin& text, const std::function<void(Stri
 
 // ---- How texts and calls are printed
 
-/// Readable forms: "a\x00b", null, 'c', 4294967295, true, not given.
+/// Readable forms: "a\0b", null, 4294967295, none; of all else what GoogleTest has.
 std::string shown(const reference::Text& text);
 std::string shown(const String& string);
 std::string shown(const Twin& twin);
 std::string shown(const std::vector<Twin>& twins);
 std::string shown(const reference::Position& position);
 std::string shown(const checked_uint& position);
-std::string shown(const char* text);
-std::string shown(char c);
-std::string shown(bool b);
-
-template <typename T> std::string shown(const T& number)
+template <typename T> std::string shown(const T& other)
 {
-    std::ostringstream out;
-    out << number;
-    return out.str();
+    return testing::PrintToString(other);
 }
 
 /// The call under test, as it would be written: "abc".Mid(1, 2).
