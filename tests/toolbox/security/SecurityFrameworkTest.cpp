@@ -68,7 +68,11 @@ protected:
     decltype(AuthorizationCreate)* m_create = nullptr;
     decltype(AuthorizationCopyRights)* m_copyRights = nullptr;
     AuthorizationItem m_item = {"system.privilege.admin", 0, nullptr, 0};
+    AuthorizationItem m_unknownItem = {"system.unknown", 0, nullptr, 0};
     const AuthorizationRights m_administrator = {1, &m_item};
+    const AuthorizationRights m_unknown = {1, &m_unknownItem};
+    const AuthorizationRights m_withoutItems = {1, nullptr};
+    const AuthorizationRights m_none = {0, nullptr};
 };
 
 TEST_F(SecurityFramework, ExportsItsFunctionsAndNoMore)
@@ -98,13 +102,6 @@ TEST_F(SecurityFramework, GoesByTheEffectiveUserOfTheMoment)
     EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, 0, nullptr), errAuthorizationSuccess);
 }
 
-TEST_F(SecurityFramework, DeniesAnUnknownRight)
-{
-    AuthorizationItem item = {"system.unknown", 0, nullptr, 0};
-    const AuthorizationRights rights = {1, &item};
-    EXPECT_EQ(m_copyRights(create(), &rights, nullptr, kAuthorizationFlagDefaults, nullptr), errAuthorizationDenied);
-}
-
 TEST_F(SecurityFramework, NoRefusalPassesForSuccessInItsLow16Bits)
 {
     for (const OSStatus status :
@@ -125,15 +122,12 @@ TEST_F(SecurityFramework, CreatesOneReferenceHoweverOften)
 
 TEST_F(SecurityFramework, CreationAsksForTheRightsThatItIsGiven)
 {
-    AuthorizationItem item = {"system.unknown", 0, nullptr, 0};
-    const AuthorizationRights unknown = {1, &item};
-    const AuthorizationRights withoutItems = {1, nullptr};
-    const AuthorizationRights none = {0, nullptr};
     AuthorizationRef authorization = reinterpret_cast<AuthorizationRef>(1);
-    EXPECT_EQ(m_create(&unknown, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationDenied);
+    EXPECT_EQ(m_create(&m_unknown, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationDenied);
     EXPECT_EQ(authorization, nullptr);
-    EXPECT_EQ(m_create(&withoutItems, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationInvalidSet);
-    EXPECT_EQ(m_create(&none, &none, kAuthorizationFlagDefaults, &authorization), errAuthorizationSuccess);
+    EXPECT_EQ(
+        m_create(&m_withoutItems, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationInvalidSet);
+    EXPECT_EQ(m_create(&m_none, &m_none, kAuthorizationFlagDefaults, &authorization), errAuthorizationSuccess);
     EXPECT_EQ(authorization, create());
 }
 
@@ -151,7 +145,6 @@ TEST_F(SecurityFramework, CreationRefusesWrongArguments)
 TEST_F(SecurityFramework, RightsAreNotGivenForWrongArguments)
 {
     const AuthorizationRef authorization = create();
-    const AuthorizationRights withoutItems = {1, nullptr};
     int foreign = 0;
     const auto address = reinterpret_cast<AuthorizationRef>(&foreign);
     const auto string = reinterpret_cast<AuthorizationRef>(CFSTR("a string"));
@@ -160,18 +153,16 @@ TEST_F(SecurityFramework, RightsAreNotGivenForWrongArguments)
     EXPECT_EQ(m_copyRights(authorization, nullptr, nullptr, 8, nullptr), errAuthorizationInvalidFlags);
     EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, 10, nullptr), errAuthorizationInvalidFlags);
     EXPECT_EQ(m_copyRights(authorization, nullptr, nullptr, 0, nullptr), errAuthorizationInvalidSet);
-    EXPECT_EQ(m_copyRights(authorization, &withoutItems, nullptr, 0, nullptr), errAuthorizationInvalidSet);
+    EXPECT_EQ(m_copyRights(authorization, &m_withoutItems, nullptr, 0, nullptr), errAuthorizationInvalidSet);
 }
 
 TEST_F(SecurityFramework, TakesTheFlagsThatAskForMoreButHasNobodyToAsk)
 {
-    AuthorizationItem item = {"system.unknown", 0, nullptr, 0};
-    const AuthorizationRights unknown = {1, &item};
     const OSStatus administrator = m_copyRights(create(), &m_administrator, nullptr, 0, nullptr);
-    for (const AuthorizationFlags flags : {1U, 2U, 3U, 4U, 7U, 16U, 23U}) {
+    for (const AuthorizationFlags flags : {0U, 1U, 2U, 3U, 4U, 7U, 16U, 23U}) {
         AuthorizationRef authorization = nullptr;
         EXPECT_EQ(m_create(nullptr, nullptr, flags, &authorization), errAuthorizationSuccess) << flags;
-        EXPECT_EQ(m_copyRights(authorization, &unknown, nullptr, flags, nullptr), errAuthorizationDenied) << flags;
+        EXPECT_EQ(m_copyRights(authorization, &m_unknown, nullptr, flags, nullptr), errAuthorizationDenied) << flags;
         EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, flags, nullptr), administrator) << flags;
     }
 }
@@ -182,9 +173,8 @@ TEST_F(SecurityFramework, HandsOutTheSetOfWhatItGranted)
     ASSERT_NE(freeSet, nullptr);
     AuthorizationItem items[] = {{"system.unknown", 0, nullptr, 0}, m_item};
     const AuthorizationRights both = {2, items};
-    const AuthorizationRights none = {0, nullptr};
     AuthorizationRights* granted = nullptr;
-    ASSERT_EQ(m_copyRights(create(), &none, nullptr, kAuthorizationFlagDefaults, &granted), errAuthorizationSuccess);
+    ASSERT_EQ(m_copyRights(create(), &m_none, nullptr, kAuthorizationFlagDefaults, &granted), errAuthorizationSuccess);
     ASSERT_NE(granted, nullptr);
     EXPECT_EQ(granted->count, 0u);
     EXPECT_EQ(freeSet(granted), errAuthorizationSuccess);
