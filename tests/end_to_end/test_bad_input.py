@@ -247,56 +247,61 @@ class Nibs(HostTest):
         self.objects = self.nib / "objects.xib"
         self.contents = self.objects.read_bytes()
 
-    def assert_error_box(self, texts, errors=""):
-        """The external showed one error box, with one of `texts`, and changed nothing."""
+    def assert_error_box(self, text, errors):
+        """The external showed one error box with `text`, the host said what matches `errors`, and nothing was changed."""
         outcome = unattended("--app", self.app, "--json")
-        self.assertEqual(outcome.errors, errors)
+        self.assertRegex(outcome.errors, rf"\Avisex-host: {errors}\n\Z")
         self.assertEqual(outcome.status, REFUSED)
         answer = outcome.json()
         self.assertIsNone(answer["chosen"])
         self.assertEqual(answer["flags"], {"before": 0, "after": 0})
-        self.assertEqual(len(answer["alerts"]), 1)
-        alert = answer["alerts"][0]
-        self.assertIn(alert.pop("text"), texts)
-        self.assertEqual(alert, {"kind": "note", "explanation": "", "buttons": ["OK"], "pressed": 1})
+        self.assertEqual(answer["alerts"], [{"kind": "note", "text": text, "explanation": "", "buttons": ["OK"],
+                                             "pressed": 1}])
 
-    def test_a_missing_one(self):
-        shutil.rmtree(self.nib)
-        self.assert_error_box([CANT_FIND_NIB])
+    def assert_refused(self, reason, text=CANT_CREATE_WINDOW):
+        self.assert_error_box(text, f'the nib "LanguageSelector" was refused: {reason}')
 
-    def test_one_without_objects(self):
-        self.objects.unlink()
-        self.assert_error_box([CANT_FIND_NIB])
+    def test_ones_that_cannot_be_read(self):
+        def remove():
+            self.objects.unlink()
+
+        for spoil in (remove, lambda: os.mkfifo(self.objects), lambda: shutil.rmtree(self.nib)):
+            spoil()
+            self.assert_refused("the main bundle has no objects.xib of it that can be read", CANT_FIND_NIB)
 
     def test_truncated_ones(self):
         for contents in truncations(self.contents.rstrip()):
             with self.subTest(length=len(contents)):
                 self.objects.write_bytes(contents)
-                self.assert_error_box([CANT_FIND_NIB, CANT_CREATE_WINDOW])
+                self.assert_refused("(Premature end of document|a dictionary of something else than pairs).?")
 
     def test_corrupt_ones(self):
-        for contents in (b"\0" * 1000, b"\xff" * 1000, b"<object", b"<a><b></a>", b"<object class='NSIBObjectData'/>",
+        declaration = b"""<!DOCTYPE object [<!ENTITY a "aaaaaaaaaa"><!ENTITY b "&a;&a;&a;&a;&a;&a;&a;&a;">]>\n<object """
+        for contents, reason in (
+            (b"\0" * 1000, "a zero byte"),
+            (b"\xff" * 1000, "Encountered incorrectly encoded content."),
+            (b"<object", "Premature end of document."),
+            (b"<a><b></a>", "Opening and ending tag mismatch."),
+            (self.contents.replace(b"<object ", declaration, 1), "a document type with declarations"),
+        ):
+            with self.subTest(contents[:30]):
+                self.objects.write_bytes(contents)
+                self.assert_refused(reason)
+
+    def test_ones_without_the_window(self):
+        for contents in (b"<object class='NSIBObjectData'/>",
                          self.contents.replace(b"Language_Selector", b"Another_Window")):
             with self.subTest(contents[:30]):
                 self.objects.write_bytes(contents)
-                self.assert_error_box([CANT_FIND_NIB, CANT_CREATE_WINDOW])
-
-    def test_one_that_declares_entities(self):
-        declaration = b"""<!DOCTYPE object [<!ENTITY a "aaaaaaaaaa"><!ENTITY b "&a;&a;&a;&a;&a;&a;&a;&a;">]>\n<object """
-        self.objects.write_bytes(self.contents.replace(b"<object ", declaration, 1))
-        self.assert_error_box([CANT_FIND_NIB, CANT_CREATE_WINDOW])
-
-    def test_one_that_is_a_pipe(self):
-        self.objects.unlink()
-        os.mkfifo(self.objects)
-        self.assert_error_box([CANT_FIND_NIB, CANT_CREATE_WINDOW])
+                self.assert_error_box(CANT_CREATE_WINDOW,
+                                      'the window "Language_Selector" was refused: the nib names nothing so')
 
     def test_a_window_that_nothing_can_end(self):
         for command in (b"ok  ", b"not!"):
             self.contents = self.contents.replace(b'<ostype name="command">' + command, b'<ostype name="command">none')
         self.objects.write_bytes(self.contents)
-        self.assert_error_box([CANT_RUN], "visex-host: the dialog could not go on: "
-                                          "no answer is left, and confirming the window does not end it\n")
+        self.assert_error_box(CANT_RUN, "the dialog could not go on: "
+                                        "no answer is left, and confirming the window does not end it")
 
     def test_a_pop_up_without_items(self):
         beginning, rest = self.contents.split(b'<array count="6" name="items">')
