@@ -94,6 +94,7 @@ TEST_F(ResourceManager, ReadsZerosPastAShortResource)
 
 TEST_F(ResourceManager, GivesTheSameHandleUntilItIsReleased)
 {
+    open({{'CALL', 1, "below"}});
     open({{'CALL', 1, "one"}, {'CALL', 2, "two"}});
     const Handle first = GetResource('CALL', 1);
     (*first)[0] = 'O';
@@ -123,6 +124,7 @@ TEST_F(ResourceManager, RefusesHandlesThatAreNoResources)
 
 TEST_F(ResourceManager, KeepsAChangedResource)
 {
+    open({{'CALL', 1, "below"}});
     open({{'CALL', 1, "one"}});
     const Handle handle = GetResource('CALL', 1);
     (*handle)[0] = 'O';
