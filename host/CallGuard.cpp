@@ -30,10 +30,11 @@ constexpr Words WORDS[] = {
 };
 constexpr Words WORDS_AT_THE_END = {"the external ", " after its call"};
 
-// All that is needed to say it without allocating anything: memory may have run out, or be in disorder.
+// All that is needed to say it without allocating anything: memory may have run out, or be in disorder. The text of an
+// exception alone is put together first; when that finds no memory, main catches it and says so.
 const Words* words = nullptr;  // null: the process may end as it likes
 pid_t caller = 0;              // the process that is guarded; those that it starts may end as they like
-int expectedStatus = -1;       // with which it may end; none but at the end
+int expectedStatus = -1;       // the one status with which it may exit; -1 until everything is done
 
 [[noreturn]] void endProcess(int status)
 {
@@ -100,7 +101,7 @@ void guarded(Running what, const std::function<void()>& code)
     } catch (const std::exception& exception) {
         endSaying((std::string("threw an exception, \"") + oneLine(exception.what()) + '"').c_str());
     } catch (...) {  // pthread_exit comes by here too, and must not go on
-        endSaying("ended the host's thread, or threw what is no std::exception");
+        endSaying("ended the host's thread, or threw something other than a std::exception");
     }
     words = nullptr;
 }

@@ -25,7 +25,7 @@ CFPlugInRef createPlugIn(const std::filesystem::path& folder)
     return CFPlugInCreate(kCFAllocatorDefault, url.get());
 }
 
-// What the toolbox has remarked last, which is why it refused something; or `otherwise` if that is nothing.
+// The toolbox's last remark, which says why it refused something; `otherwise` if it has made none.
 std::string lastRemark(const char* otherwise)
 {
     const std::vector<std::string> remarks = Toolbox::TakeReport().remarks;
@@ -45,7 +45,7 @@ template <typename Object> bool isReadable(const Object* address, std::size_t si
     return copied;
 }
 
-// An Info.plist may name any function as the factory, so what that gave is looked at before it is used.
+// An Info.plist may name any function as the factory, so what it returned is examined before it is used.
 bool isInstance(const XcodInstance* instance)
 {
     if (!isReadable(instance, sizeof instance->functions) || !isReadable(instance->functions))
@@ -68,10 +68,10 @@ External::External(const std::filesystem::path& folder)
 void External::load(const std::filesystem::path& folder)
 {
     const auto notLoaded = [&folder](const std::string& reason) {
-        return Problem(ExitStatus::PlugInNotLoaded, "cannot load the external '" + folder.string() + "': " + reason);
+        return Problem(ExitStatus::ExternalNotLoaded, "cannot load the external '" + folder.string() + "': " + reason);
     };
     if (m_bundle.get() == nullptr)
-        throw notLoaded("there is no such folder, which a bundle is");
+        throw notLoaded("there is no such folder (a bundle is a folder)");
 
     const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(factoryType(), m_bundle.get()));
     if (CFArrayGetCount(factories.get()) == 0)
@@ -99,7 +99,7 @@ Report External::call(Record& record, DisplayKind display, const Toolbox::TraceS
     report.chosenBefore = block.chosenLanguage;
     report.flagsBefore = block.resultFlags;
 
-    ChosenLanguage chosen(block);
+    ChosenLanguage chosen(block);  // or a language written again could not be told from none: see Record.h
     Toolbox::SetTrace(trace);
     guarded(display == DisplayKind::Window ? Running::CallOnScreen : Running::Call,
         [&] { m_instance->functions->XCodMain(&block); });

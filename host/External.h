@@ -19,7 +19,7 @@ namespace Host {
 class External {
 public:
     /// Loads the bundle in `folder` and takes an instance from the factory that it registers for the installer's type.
-    /// Throws Problem when there is no such bundle, factory or code, or when the factory gives no instance.
+    /// Throws Problem when there is no such bundle, factory or code, or when what the factory gives is not an instance.
     explicit External(const std::filesystem::path& folder);
 
     External(const External&) = delete;

@@ -118,7 +118,7 @@ void Installer::requireAdministrator()
     ChangedResource(call);  // or it would be read from the file again
 }
 
-fs::path Installer::builtInPlugIn() const
+fs::path Installer::builtInExternal() const
 {
     const CFOwner<CFURLRef> url(CFBundleCopyBuiltInPlugInsURL(CFBundleGetMainBundle()));
     const fs::path folder = pathOf(url.get());
@@ -130,7 +130,7 @@ fs::path Installer::builtInPlugIn() const
     }
     if (found.empty())
         throw Problem(
-            ExitStatus::PlugInNotLoaded, "there is no external in '" + folder.string() + "'; name one as BUNDLE");
+            ExitStatus::ExternalNotLoaded, "there is no external in '" + folder.string() + "'; name one as BUNDLE");
     if (found.size() > 1)
         throw Problem(
             ExitStatus::NotDone, "there is more than one external in '" + folder.string() + "'; name one as BUNDLE");

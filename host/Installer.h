@@ -29,7 +29,7 @@ public:
 
     /// The external that the application brings along; a link that leads out of the application does not count. Throws
     /// Problem when it has none, or more than one.
-    std::filesystem::path builtInPlugIn() const;
+    std::filesystem::path builtInExternal() const;
 
 private:
     const std::filesystem::path m_folder;

@@ -11,11 +11,16 @@ void complain(const std::string& line)
     std::fprintf(stderr, "visex-host: %s\n", oneLine(line).c_str());
 }
 
+std::string lastError()
+{
+    return std::generic_category().message(errno);
+}
+
 bool printAnswer(const std::string& answer, std::string* problem)
 {
     if (std::fputs(answer.c_str(), stdout) >= 0 && std::fflush(stdout) == 0)
         return true;
-    *problem = "standard output takes nothing: " + std::generic_category().message(errno);
+    *problem = "standard output takes nothing: " + lastError();
     return false;
 }
 

@@ -12,14 +12,14 @@
 
 namespace Host {
 
-/// What the process ends with. Scripts rely on these numbers.
+/// What the process ends with. Scripts rely on these numbers, which README and the man page tell in full.
 enum class ExitStatus {
-    Chosen = 0,           // a language was written to the record
-    NothingChosen = 1,    // cancelled, or stopped by the administrator check
-    NotDone = 2,          // wrong usage, or a file, a display or an answer that is of no use
-    Refused = 3,          // the external set its error flag, or showed an alert and wrote no language
-    PlugInNotLoaded = 4,  // no call was made
-    NotReturned = 5,      // the process was ended from inside the call
+    Chosen = 0,             // a language was written to the record
+    NothingChosen = 1,      // cancelled, or stopped by the administrator check
+    NotDone = 2,            // wrong usage, or a file, a display or an answer that is of no use
+    Refused = 3,            // the external set its error flag, or showed an alert and wrote no language
+    ExternalNotLoaded = 4,  // the external could not be loaded
+    NotReturned = 5,        // code of the external, whatever it was run for, did not return, or the screen went away
 };
 
 /// Thrown where the host cannot go on; main prints it and ends. The text is one line that says what was tried and what
@@ -40,6 +40,9 @@ using Toolbox::oneLine;
 
 /// Writes `line` to standard error, after the program's name, and made one line if it is more.
 void complain(const std::string& line);
+
+/// What errno says.
+std::string lastError();
 
 /// Writes the answer to standard output. False, with the reason in `*problem`, when not all of it arrives there.
 bool printAnswer(const std::string& answer, std::string* problem);

@@ -67,8 +67,8 @@ std::size_t distance(std::string_view from, std::string_view to)
     return row.back();
 }
 
-// " (did you mean ...?)" with the one of `names` that `text` is nearest to; empty if it is near to none. What it begins
-// is near; so is what a third of it has to be changed for.
+// " (did you mean ...?)" with the one of `names` that is nearest to `text`; empty if none is near. A name is near when
+// it begins with `text`, or when changing at most a third of the letters of `text`, or one, gives it.
 std::string suggestion(const std::string& text, const std::vector<std::string>& names)
 {
     const auto cost = [&text](const std::string& name) {
@@ -242,12 +242,12 @@ Problem describe(const CLI::ParseError& error, const CLI::App& commandLine)
     return wrongUsage(lacksValue ? text.substr(0, text.find(':')) + " needs a value" : text);
 }
 
-void addPlugIn(CLI::App& app, Options& options)
+void addExternal(CLI::App& app, Options& options)
 {
     const auto take = [&options](const std::string& text) {
         if (text.empty())
             throw wrongUsage("BUNDLE needs a value");
-        options.plugIn = text;
+        options.external = text;
     };
     app.add_option_function<std::string>("BUNDLE", take);
 }
@@ -275,7 +275,7 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
     app.formatter(std::make_shared<HelpFormatter>());
     app.get_formatter()->column_width(25);
     app.footer(NOTES);
-    addPlugIn(app, options);
+    addExternal(app, options);
     for (const Option& option : OPTIONS)
         addOption(app, option, options);
     for (const Flag& flag : FLAGS)

@@ -37,7 +37,7 @@ struct Options {
     std::optional<std::string> writeRecord;
     std::optional<std::string> picture;
     std::optional<std::string> traceFile;
-    std::optional<std::string> plugIn;
+    std::optional<std::string> external;
     bool requireAdmin = false;
     bool json = false;
     bool trace = false;

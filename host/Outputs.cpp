@@ -23,7 +23,7 @@ const NamedFile PICTURE = {"--picture", &Options::picture};
 const NamedFile TRACE = {"--trace-file", &Options::traceFile};
 const NamedFile RESOURCES = {"--resources", &Options::resources};
 const NamedFile APPLICATION = {"--app", &Options::application};
-const NamedFile PLUG_IN = {"BUNDLE", &Options::plugIn};
+const NamedFile EXTERNAL = {"BUNDLE", &Options::external};
 
 // What is written, and what it must not be.
 const struct {
@@ -64,7 +64,7 @@ void checkThatNothingIsSpoiled(const Options& options)
                 std::string(written.option) + " names a file inside " + where + ", '" + *file
                     + "'; nothing is written there");
         };
-        for (const NamedFile& bundle : {APPLICATION, PLUG_IN}) {
+        for (const NamedFile& bundle : {APPLICATION, EXTERNAL}) {
             if (const auto& folder = options.*bundle.name; folder && isOneOf(*folder, *file))
                 refuse(bundle.option);
         }

@@ -7,11 +7,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace Host {
@@ -28,11 +26,6 @@ constexpr UInt16 NO_LANGUAGE = 0xFFFF;
 Problem notRead(const fs::path& file, const std::string& reason)
 {
     return Problem(ExitStatus::NotDone, "cannot read the record '" + file.string() + "': " + reason);
-}
-
-std::string lastError()
-{
-    return std::generic_category().message(errno);
 }
 
 // A regular file, open; else null, with the reason. First opened and then looked at: something else may stand there by

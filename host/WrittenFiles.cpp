@@ -6,7 +6,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <climits>
 #include <csignal>
 #include <optional>
@@ -18,19 +17,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// ---- Whole files
-
 // What follows the name of a file while it is written beside the one that it replaces.
 constexpr char SUFFIX[] = ".XXXXXX";
 constexpr std::size_t LONGEST_NAME = NAME_MAX - (sizeof SUFFIX - 1);
 
 // How much is written to see whether the disk takes it: no file takes less of it than a block.
 constexpr std::size_t BLOCK = 4096;
-
-std::string lastError()
-{
-    return std::generic_category().message(errno);
-}
 
 Problem saveFailure(const std::string& name, const fs::path& file, const std::string& reason)
 {
@@ -169,23 +161,6 @@ private:
     int m_descriptor;
 };
 
-// ---- The trace
-
-std::string traceFailure(const fs::path& file, int error)
-{
-    return "cannot write the trace into '" + file.string() + "': " + std::generic_category().message(error);
-}
-
-// Null, with the reason in errno, also for a pipe that nobody reads: opening that would wait for a reader.
-std::FILE* openForWriting(const fs::path& file)
-{
-    const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
-    if (descriptor < 0)
-        return nullptr;
-    fcntl(descriptor, F_SETFL, 0);  // but a slow reader is waited for
-    return fdopen(descriptor, "w");
-}
-
 }  // namespace
 
 std::string notWritten(const std::string& name, const fs::path& file, const std::string& reason)
@@ -225,31 +200,6 @@ void writeFile(const std::string& name, const fs::path& file, const std::vector<
     }
     for (const std::string& each : lost)
         complain("the " + name + " in '" + file.string() + "' has lost " + each);
-}
-
-TraceFile::TraceFile(const fs::path& file)
-    : m_path(file)
-    , m_stream(openForWriting(file))
-{
-    if (!m_stream)
-        throw Problem(ExitStatus::NotDone, traceFailure(m_path, errno));
-}
-
-void TraceFile::write(const std::string& line)
-{
-    if (m_error != 0)
-        return;
-    if (std::fputs((oneLine(line) + '\n').c_str(), m_stream.get()) < 0 || std::fflush(m_stream.get()) != 0)
-        m_error = errno;
-}
-
-bool TraceFile::finish(std::string* problem)
-{
-    if (std::fclose(m_stream.release()) != 0 && m_error == 0)
-        m_error = errno;
-    if (m_error != 0)
-        *problem = traceFailure(m_path, m_error);
-    return m_error == 0;
 }
 
 }  // namespace Host

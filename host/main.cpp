@@ -11,7 +11,7 @@
 #include "host/Outputs.h"
 #include "host/Paths.h"
 #include "host/Process.h"
-#include "host/WrittenFiles.h"
+#include "host/TraceFile.h"
 
 #include <Toolbox/Application.h>
 
@@ -79,7 +79,7 @@ ExitStatus callWith(Options options)
     Installer installer(options.application.value_or(support / "DemoInstaller.app"), options.resources);
     if (options.requireAdmin)
         installer.requireAdministrator();
-    External external(options.plugIn ? std::filesystem::path(*options.plugIn) : installer.builtInPlugIn());
+    External external(options.external ? std::filesystem::path(*options.external) : installer.builtInExternal());
     const DisplayKind display = chooseDisplay(options);
 
     std::optional<TraceFile> traceFile;
@@ -89,7 +89,8 @@ ExitStatus callWith(Options options)
     report.toolbox = Toolbox::TakeReport();
     const bool traced = finish(traceFile);
     const bool noProblem = tellCallProblems(options, report.toolbox) && traced;
-    // What is printed is true by then; and all is done before code of the external's runs again, which may end all.
+    // The answer is printed when the record is stored, so that it is true; and both before the external is released,
+    // because its code may end the process.
     if (options.writeRecord)
         record.save(*options.writeRecord);
     const bool printed = print(options.json ? inJson(report) : inWords(report));

@@ -41,7 +41,7 @@ protected:
     {
         fs::copy(DEMO_APPLICATION_FOLDER, app, fs::copy_options::recursive);
         installer.emplace(app, std::nullopt);
-        external.emplace(installer->builtInPlugIn());
+        external.emplace(installer->builtInExternal());
     }
 
     // The chosen language after one call, UNTOUCHED if none was.

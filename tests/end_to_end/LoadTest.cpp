@@ -131,7 +131,7 @@ protected:
         m_installer.emplace(m_app, std::nullopt);
         if (GetParam().requiresAdministrator)
             m_installer->requireAdministrator();
-        const CFOwner<CFURLRef> url(createURL(m_installer->builtInPlugIn()));
+        const CFOwner<CFURLRef> url(createURL(m_installer->builtInExternal()));
         m_plugIn.emplace(CFPlugInCreate(kCFAllocatorDefault, url.get()));
     }
 

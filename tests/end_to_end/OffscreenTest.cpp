@@ -59,7 +59,7 @@ protected:
     Report call(const std::function<void(QWidget& dialog)>& work)
     {
         Installer installer(DEMO_APPLICATION, std::nullopt);
-        External external(installer.builtInPlugIn());
+        External external(installer.builtInExternal());
         Record record;
         record.block().message = 1000;
         record.block().currentLanguage = language().code;

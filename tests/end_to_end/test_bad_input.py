@@ -430,12 +430,12 @@ class Bundles(HostTest):
 
     def test_a_missing_one(self):
         shutil.rmtree(self.bundle)
-        self.assert_not_loaded("there is no such folder, which a bundle is")
+        self.assert_not_loaded("there is no such folder (a bundle is a folder)")
 
     def test_a_file_in_its_place(self):
         shutil.rmtree(self.bundle)
         self.bundle.write_bytes(b"")
-        self.assert_not_loaded("there is no such folder, which a bundle is")
+        self.assert_not_loaded("there is no such folder (a bundle is a folder)")
 
     def test_property_lists_without_a_factory(self):
         contents = self.plist.read_bytes()
@@ -491,7 +491,7 @@ class Bundles(HostTest):
         # process would have had anyhow changes nothing.
         self.use_executable("ending_external")
         ends, throws = "ended the process", "threw an exception, \"why\""
-        thread = "ended the host's thread, or threw what is no std::exception"
+        thread = "ended the host's thread, or threw something other than a std::exception"
         aborts = "called abort, or threw where nothing may be thrown"
         ways = {"exit": ends, "quick_exit": ends, "_exit": ends, "_Exit": ends, "pthread_exit": thread, "throw 0": thread,
                 "throw": throws, "abort": aborts, "terminate": aborts}

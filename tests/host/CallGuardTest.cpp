@@ -60,15 +60,16 @@ const EndCase END_CASES[] = {
     {"ForWantOfMemory", Running::Call, [] { throw std::bad_alloc(); },
         "the call did not return: the external ran out of memory"},
     {"BySomethingThrown", Running::Call, [] { throw 7; },
-        "the call did not return: the external ended the host's thread, or threw what is no std::exception"},
+        "the call did not return: the external ended the host's thread, or threw something other than a "
+        "std::exception"},
     {"ByTheEndOfTheThread", Running::Release, [] { pthread_exit(nullptr); },
-        "the external ended the host's thread, or threw what is no std::exception while it was released"},
+        "the external ended the host's thread, or threw something other than a std::exception while it was released"},
 };
 INSTANTIATE_TEST_SUITE_P(Ends, CallGuardDeath, testing::ValuesIn(END_CASES), RowName());
 
 TEST(CallGuard, LetsTheHostsOwnProblemsPass)
 {
-    EXPECT_THROW(guarded(Running::Load, [] { throw Problem(ExitStatus::PlugInNotLoaded, "none"); }), Problem);
+    EXPECT_THROW(guarded(Running::Load, [] { throw Problem(ExitStatus::ExternalNotLoaded, "none"); }), Problem);
     EXPECT_EXIT(std::exit(7), testing::ExitedWithCode(7), "^$") << "and is over then";
 }
 

@@ -78,7 +78,7 @@ TEST(Installer, KeepsTheOtherBitsOfTheFlagsByte)
 TEST(Installer, NamesItsExternal)
 {
     const Installer installer(DEMO, std::nullopt);
-    EXPECT_EQ(installer.builtInPlugIn(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
+    EXPECT_EQ(installer.builtInExternal(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
 }
 
 TEST(Installer, BringsNoExternalThatALinkLeadsTo)
@@ -92,14 +92,14 @@ TEST(Installer, BringsNoExternalThatALinkLeadsTo)
     fs::create_directory_symlink(outside, plugIns / "Link.bundle");
     fs::create_directory_symlink(folder / "none", plugIns / "Dangling.bundle");
     const Installer installer(folder / "Test.app", std::nullopt);
-    EXPECT_THROW(installer.builtInPlugIn(), Problem);
+    EXPECT_THROW(installer.builtInExternal(), Problem);
 
     fs::create_directory(plugIns / "Own.bundle");
-    EXPECT_EQ(installer.builtInPlugIn().filename(), "Own.bundle");
+    EXPECT_EQ(installer.builtInExternal().filename(), "Own.bundle");
     fs::remove(plugIns / "Own.bundle");
     fs::create_directory(plugIns.parent_path() / "Others");
     fs::create_directory_symlink("../Others", plugIns / "Own.bundle");
-    EXPECT_EQ(installer.builtInPlugIn().filename(), "Own.bundle") << "a link may lead about in the application";
+    EXPECT_EQ(installer.builtInExternal().filename(), "Own.bundle") << "a link may lead about in the application";
 }
 
 }  // namespace

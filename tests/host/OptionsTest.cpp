@@ -34,7 +34,7 @@ TEST(Options, AreEmptyWhenNothingIsGiven)
     EXPECT_FALSE(none.writeRecord);
     EXPECT_FALSE(none.picture);
     EXPECT_FALSE(none.traceFile);
-    EXPECT_FALSE(none.plugIn);
+    EXPECT_FALSE(none.external);
     EXPECT_FALSE(none.requireAdmin);
     EXPECT_FALSE(none.json);
     EXPECT_FALSE(none.trace);
@@ -57,7 +57,7 @@ TEST(Options, AreTakenAllAtOnce)
     EXPECT_EQ(all.writeRecord, "out");
     EXPECT_EQ(all.picture, "p.png");
     EXPECT_EQ(all.traceFile, "calls");
-    EXPECT_EQ(all.plugIn, "a.bundle");
+    EXPECT_EQ(all.external, "a.bundle");
     EXPECT_TRUE(all.requireAdmin);
     EXPECT_TRUE(all.json);
     EXPECT_TRUE(all.trace);
@@ -78,12 +78,12 @@ TEST(Options, LeaveTheBundleAfterAnAnswerAlone)
 {
     const Options given = options({"--answer", "ok", "a.bundle"});
     EXPECT_EQ(given.answers.size(), 1u);
-    EXPECT_EQ(given.plugIn, "a.bundle");
+    EXPECT_EQ(given.external, "a.bundle");
 }
 
 TEST(Options, EndAtTwoDashes)
 {
-    EXPECT_EQ(options({"--", "--json"}).plugIn, "--json");
+    EXPECT_EQ(options({"--", "--json"}).external, "--json");
 }
 
 TEST(Options, MessageTakesAll16Bits)

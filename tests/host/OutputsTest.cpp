@@ -232,9 +232,9 @@ const BundleCase BUNDLE_CASES[] = {
     {"RecordInTheApplication",  &Options::writeRecord, &Options::application, "--write-record names a file inside --app"},
     {"PictureInTheApplication", &Options::picture,     &Options::application, "--picture names a file inside --app"},
     {"TraceInTheApplication",   &Options::traceFile,   &Options::application, "--trace-file names a file inside --app"},
-    {"RecordInTheExternal",     &Options::writeRecord, &Options::plugIn,      "--write-record names a file inside BUNDLE"},
-    {"PictureInTheExternal",    &Options::picture,     &Options::plugIn,      "--picture names a file inside BUNDLE"},
-    {"TraceInTheExternal",      &Options::traceFile,   &Options::plugIn,      "--trace-file names a file inside BUNDLE"},
+    {"RecordInTheExternal",     &Options::writeRecord, &Options::external,      "--write-record names a file inside BUNDLE"},
+    {"PictureInTheExternal",    &Options::picture,     &Options::external,      "--picture names a file inside BUNDLE"},
+    {"TraceInTheExternal",      &Options::traceFile,   &Options::external,      "--trace-file names a file inside BUNDLE"},
 };
 // clang-format on
 

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,69 +19,6 @@ namespace {
 
 using namespace Host;
 namespace fs = std::filesystem;
-
-TEST(TraceFile, HasEachLineAtOnce)
-{
-    const TemporaryFolder folder;
-    const auto file = folder / "calls";
-    folder.write("calls", "of an earlier run, longer than this one");
-    TraceFile trace(file);
-    EXPECT_EQ(contents(folder / "calls"), "");
-    trace.write("First()");
-    EXPECT_EQ(contents(folder / "calls"), "First()\n");
-    trace.write("Second() = 0");
-    EXPECT_EQ(contents(folder / "calls"), "First()\nSecond() = 0\n");
-    std::string problem;
-    EXPECT_TRUE(trace.finish(&problem));
-    EXPECT_EQ(problem, "");
-}
-
-TEST(TraceFile, KeepsACallInItsLine)
-{
-    const TemporaryFolder folder;
-    TraceFile trace(folder / "calls");
-    trace.write("a\nb\x1b");
-    EXPECT_EQ(contents(folder / "calls"), "a\\nb\\x1b\n");
-}
-
-TEST(TraceFile, CannotBeMadeInAFolderThatIsNotThere)
-{
-    try {
-        const TraceFile trace("/not there/calls");
-        FAIL() << "it was made";
-    } catch (const Problem& problem) {
-        EXPECT_EQ(problem.status, ExitStatus::NotDone);
-        EXPECT_STREQ(problem.what(), "cannot write the trace into '/not there/calls': No such file or directory");
-    }
-}
-
-TEST(TraceFile, DoesNotWaitForAReaderOfAPipe)
-{
-    const TemporaryFolder folder;
-    const std::string pipe = (folder / "pipe").string();
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_THROW(TraceFile{pipe}, Problem);
-
-    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-    TraceFile trace(pipe);
-    trace.write("First()");
-    char read[16] = {};
-    EXPECT_EQ(::read(reader, read, sizeof read), 8);
-    EXPECT_STREQ(read, "First()\n");
-    close(reader);
-}
-
-TEST(TraceFile, TellsWhenTheDeviceIsFull)
-{
-    TraceFile trace("/dev/full");
-    trace.write("First()");
-    trace.write("Second()");
-    std::string problem;
-    EXPECT_FALSE(trace.finish(&problem));
-    EXPECT_EQ(problem, "cannot write the trace into '/dev/full': No space left on device");
-}
-
-// ---- Whole files
 
 // What `write` says of the files that it writes.
 std::string complaintsOf(const std::function<void()>& write)

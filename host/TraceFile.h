@@ -1,0 +1,36 @@
+// The trace in a file: each of its lines is there at once, so that after a crash it tells what led to it.
+
+#ifndef HOST_TRACEFILE_H
+#define HOST_TRACEFILE_H
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace Host {
+
+class TraceFile {
+public:
+    /// Makes the file empty, or makes it. Throws Problem when it cannot be written.
+    explicit TraceFile(const std::filesystem::path& file);
+
+    /// Adds `line`, made one if it is more.
+    void write(const std::string& line);
+
+    /// Whether everything was written; the reason in `*problem` when it was not. Nothing can be written any more.
+    bool finish(std::string* problem);
+
+private:
+    struct Closer {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+
+    const std::filesystem::path m_path;
+    std::unique_ptr<std::FILE, Closer> m_stream;
+    int m_error = 0;  // of the first line that could not be written; 0 if there is none
+};
+
+}  // namespace Host
+
+#endif
