@@ -1,5 +1,6 @@
 """Missing, unreadable, truncated and corrupt files: the right line or alert and the right status, and never a crash."""
 
+import contextlib
 import os
 import plistlib
 import shutil
@@ -18,128 +19,72 @@ def truncations(contents):
     return [contents[:length] for length in [*range(0, len(contents), step), len(contents) - 1]]
 
 
-# As it stands in messages about languages.
-LANGUAGES = "English (0), Japanese (11), German (2), French (1), Italian (3), Spanish (6)"
-
-
 class Usage(HostTest):
     def test_wrong_options_are_one_line(self):
-        cases = [
-            (["--foo"], "there is no option '--foo'; --help lists the options"),
-            (["--message", "65536"],
-             "--message takes a number from -32768 to 32767, not '65536'; --help lists the options"),
-            (["--current", "klingon"], f"--current takes a language ({LANGUAGES}) or a code, not 'klingon'; "
-                                       "--help lists the options"),
-            (["--answer", "4"], f"'4' is not an answer: give ok, cancel, button:N, or a language: {LANGUAGES}"),
-            (["--answer", "frnech"],
-             f"'frnech' is not an answer (did you mean French?): give ok, cancel, button:N, or a language: {LANGUAGES}"),
-            (["--foo\nbar\x1b[2J"], "there is no option '--foo\\nbar\\x1b[2J'; --help lists the options"),
-        ]
-        for arguments, line in cases:
-            with self.subTest(arguments):
-                self.assert_fails(run(*arguments), NOT_DONE, line)
+        self.assert_fails(run("--foo\nbar\x1b[2J"), NOT_DONE,
+                          "there is no option '--foo\\nbar\\x1b[2J'; --help lists the options")
+
+
+@contextlib.contextmanager
+def pipe_without_reader():
+    reader, writer = os.pipe()
+    os.close(reader)
+    with open(writer, "wb", buffering=0):
+        yield writer
 
 
 class StandardStreams(HostTest):
-    def test_a_full_standard_output_is_said(self):
+    def setUp(self):
+        super().setUp()
+        self.after = self.folder / "after"
+
+    def choose_german(self, *arguments, **options):
+        """Runs the host, which must store German whatever its streams do."""
+        outcome = unattended(*arguments, "--current", "german", "--write-record", self.after, **options)
+        self.assertEqual(self.after.read_bytes(), record(current=GERMAN, chosen=GERMAN))
+        self.after.unlink()
+        return outcome
+
+    def test_an_answer_that_cannot_be_printed_is_said_and_the_record_not_lost(self):
+        broken = "standard output takes nothing: Broken pipe"
         with open("/dev/full", "w") as full:
-            process = subprocess.run([HOST, "--display", "unattended"], env=environment(), stdout=full,
-                                     stderr=subprocess.PIPE, timeout=TIMEOUT)
-        self.assertEqual(process.stderr.decode(),
-                         "visex-host: standard output takes nothing: No space left on device\n")
-        self.assertEqual(process.returncode, NOT_DONE)
+            self.assert_fails(self.choose_german(stdout=full), NOT_DONE,
+                              "standard output takes nothing: No space left on device")
+        with pipe_without_reader() as gone:
+            for options in ([], ["--json"]):
+                self.assert_fails(self.choose_german(*options, stdout=gone), NOT_DONE, broken)
+                for errors in (gone, subprocess.DEVNULL):  # there is nobody to tell
+                    self.assert_fails(self.choose_german(*options, stdout=gone, stderr=errors), NOT_DONE)
+            self.assert_fails(run("--help", stdout=gone), NOT_DONE, broken)
 
-    def test_a_reader_that_has_gone_is_said(self):
-        reader, writer = os.pipe()
-        os.close(reader)
-        for arguments in (["--display", "unattended"], ["--help"]):
-            with self.subTest(arguments):
-                process = subprocess.run([HOST, *arguments], env=environment(), stdout=writer,
-                                         stderr=subprocess.PIPE, timeout=TIMEOUT)
-                self.assertEqual(process.stderr.decode(), "visex-host: standard output takes nothing: Broken pipe\n")
-                self.assertEqual(process.returncode, NOT_DONE)
-        os.close(writer)
-
-    def test_readers_that_have_gone_do_not_lose_the_record(self):
-        # In the last two ways there is nobody to tell.
-        reader, writer = os.pipe()
-        os.close(reader)
-        after = self.folder / "after"
-        command = [HOST, "--display", "unattended", "--current", "german", "--write-record", after]
-        for streams in ({"stdout": writer}, {"stdout": writer, "stderr": writer},
-                        {"stdout": writer, "stderr": subprocess.DEVNULL}):
-            for options in ([], ["--json"], ["--trace"]):
-                with self.subTest(streams=streams, options=options):
-                    process = subprocess.run([*command, *options], env=environment(), timeout=TIMEOUT,
-                                             **{"stderr": subprocess.PIPE, **streams})
-                    self.assertEqual(process.returncode, NOT_DONE, "and no signal")
-                    self.assertEqual(after.read_bytes(), record(current=GERMAN, chosen=GERMAN))
-                    after.unlink()
-        os.close(writer)
-
-    def test_a_reader_of_the_errors_that_has_gone_changes_nothing(self):
-        reader, writer = os.pipe()
-        os.close(reader)
-        for options in ([], ["--trace"], ["--answer", "german", "--answer", "ok"]):
-            with self.subTest(options):
-                process = subprocess.run([HOST, "--display", "unattended", *options], env=environment(), timeout=TIMEOUT,
-                                         stdout=subprocess.PIPE, stderr=writer)
-                self.assertEqual(process.returncode, CHOSE)
-                self.assertIn(b"was written to the record.", process.stdout)
-        os.close(writer)
+    def test_errors_that_nobody_takes_change_nothing(self):
+        with pipe_without_reader() as gone, open("/dev/full", "w") as full:
+            for options in ([], ["--trace"], ["--answer", "german", "--answer", "ok"]):
+                for errors in (gone, full):
+                    with self.subTest(options, errors=errors):
+                        self.assert_chose(self.choose_german(*options, stderr=errors), GERMAN)
 
     def test_closed_streams_are_not_taken_for_files(self):
         # The shell closes the streams; the record, which is opened first, must not take their place.
-        after = self.folder / "after"
-        command = [HOST, "--display", "unattended", "--write-record", after, "--current", "german"]
-        for closed, errors in (("<&- >&-", "visex-host: standard output takes nothing: Bad file descriptor\n"),
-                               ("<&- >&- 2>&-", "")):
+        for closed, lines in (("<&- >&-", ["standard output takes nothing: Bad file descriptor"]), ("<&- >&- 2>&-", [])):
             with self.subTest(closed):
-                process = subprocess.run(["sh", "-c", f'exec "$@" {closed}', "sh", *command], env=environment(),
-                                         stderr=subprocess.PIPE, timeout=TIMEOUT)
-                self.assertEqual(process.stderr.decode(), errors)
-                self.assertEqual(process.returncode, NOT_DONE)
-                self.assertEqual(after.read_bytes(), record(current=GERMAN, chosen=GERMAN))
-                after.unlink()
+                self.assert_fails(self.choose_german(through=["sh", "-c", f'exec "$@" {closed}', "sh"]), NOT_DONE, *lines)
 
 
 class RecordFiles(HostTest):
-    def test_they_are_refused_with_the_reason(self):
+    def test_one_that_cannot_be_read_is_refused_with_the_reason(self):
         missing = self.folder / "missing"
-        pipe = self.folder / "pipe"
-        os.mkfifo(pipe)
-        short = self.file("short", record()[:-1])
-        long = self.file("long", bytes(1024 * 1024 + 1))
-        cases = [
-            (missing, f"cannot read the record '{missing}': No such file or directory"),
-            (self.folder, f"cannot read the record '{self.folder}': it is not a regular file"),
-            (pipe, f"cannot read the record '{pipe}': it is not a regular file"),
-            ("/dev/zero", "cannot read the record '/dev/zero': it is not a regular file"),
-            (short, f"the record '{short}' has 613 bytes, and a record has at least 614"),
-            (long, f"cannot read the record '{long}': it has more than 1048576 bytes"),
-        ]
-        for file, line in cases:
-            with self.subTest(file):
-                self.assert_fails(unattended("--record", file), NOT_DONE, line)
+        self.assert_fails(run("--record", missing), NOT_DONE,
+                          f"cannot read the record '{missing}': No such file or directory")
 
     def test_what_may_be_no_record_is_taken_with_a_word_on_it(self):
         text = self.file("text", b"All that is written here is a text. " * 20)
-        outcome = unattended("--record", text, "--message", "1000")
-        self.assertEqual(outcome.status, CHOSE)
-        self.assertEqual(outcome.errors, f"visex-host: the file '{text}' was taken for a record, but the current language in "
-                                         "it, 773865836, is not a code of the Mac's\n")
+        self.assert_chose(unattended("--record", text, "--message", "1000"), ENGLISH,
+                          f"the file '{text}' was taken for a record, but the current language in it, 773865836, "
+                          "is not a code of the Mac's")
         for arguments in (["--record", text, "--message", "1000", "--current", "4"],
                           ["--record", self.file("largest", record(current=0x7FFF))]):
-            self.assertEqual(unattended(*arguments).errors, "")
-
-    def test_the_longest_is_taken(self):
-        file = self.file("longest", record(tail=bytes(1024 * 1024 - RECORD_SIZE)))
-        self.assert_chose(unattended("--record", file))
-
-    def test_what_cannot_be_written_is_said_before_anybody_is_asked(self):
-        file = self.folder / "missing/record"
-        self.assert_fails(unattended("--write-record", file), NOT_DONE,
-                          f"cannot save the record in '{file}': its folder takes no new file: No such file or directory")
+            self.assert_chose(unattended(*arguments))
 
     @unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
     def test_what_may_not_be_written_to_is_left_alone(self):
@@ -149,31 +94,23 @@ class RecordFiles(HostTest):
                                     (0o755, 0o666, "its folder takes no new file: Permission denied")):
             os.chmod(self.folder, mode)
             os.chmod(file, where)
-            with self.subTest(folder=mode, file=where):
-                self.assert_fails(self.as_nobody(host, "--write-record", str(file)), NOT_DONE,
-                                  f"cannot save the record in '{file}': {reason}")
-                self.assertEqual(file.read_bytes(), record())
-
-    def test_one_file_is_not_taken_for_two(self):
-        file = self.file("record", record())
-        self.assert_fails(unattended("--record", file, "--trace-file", file), NOT_DONE,
-                          f"--trace-file and --record name the same file, '{file}'; give each its own")
-        self.assertEqual(file.read_bytes(), record())
+            for option, name in (("--write-record", "record"), ("--picture", "picture")):
+                target = file if name == "record" else file.rename(self.folder / "record.png")
+                with self.subTest(option, folder=mode, file=where):
+                    self.assert_fails(self.as_nobody(host, option, target), NOT_DONE,
+                                      f"cannot save the {name} in '{target}': {reason}")
+                    self.assertEqual(target.read_bytes(), record())
+                target.rename(file)
 
 
 class Applications(HostTest):
     def test_there_must_be_one(self):
-        missing = self.folder / "missing"
-        self.assert_fails(unattended("--app", missing), NOT_DONE, f"there is no application bundle in '{missing}'")
-        file = self.file("file", b"")
-        self.assert_fails(unattended("--app", file), NOT_DONE, f"there is no application bundle in '{file}'")
+        for path in (self.folder / "missing", self.file("file", b"")):
+            self.assert_fails(unattended("--app", path), NOT_DONE, f"there is no application bundle in '{path}'")
 
     def test_the_demo_application_must_be_there(self):
-        program = self.folder / "bin/visex-host"
-        program.parent.mkdir()
-        shutil.copy(HOST, program)
-        self.assert_fails(unattended(host=program), NOT_DONE,
-                          f"there is no application bundle in '{program.parent}/DemoInstaller.app'")
+        self.assert_fails(unattended(host=self.copied_host()), NOT_DONE,
+                          f"there is no application bundle in '{self.folder}/bin/DemoInstaller.app'")
 
     def test_it_must_have_one_external(self):
         app = self.demo_copy()
@@ -192,7 +129,9 @@ class Applications(HostTest):
         plist = app / "Contents/Info.plist"
         for contents in (b"", b"<plist", b"\0" * 100, b"bplist00"):
             plist.write_bytes(contents)
-            self.assert_chose(unattended("--app", app))
+            outcome = unattended("--app", app)
+            self.assertRegex(outcome.errors, r'\Avisex-host: the Info.plist of the bundle "DemoInstaller.app" was refused: .+\n\Z')
+            self.assert_chose(outcome._replace(errors=""))
         plist.unlink()
         self.assert_chose(unattended("--app", app))
 
@@ -308,12 +247,12 @@ class Nibs(HostTest):
         end = rest[rest.index(b"</array>"):]
         self.objects.write_bytes(beginning + b'<array count="0" name="items">' + end)
         # Its value is 0, so OK keeps the language that was current.
-        outcome = unattended("--app", self.app, "--current", "japanese")
-        self.assertEqual(outcome.status, CHOSE)
-        self.assertIn("Japanese (11) was written", outcome.output)
-        outcome = unattended("--app", self.app, answers=["german"])
-        self.assertEqual(outcome.status, NOT_DONE)
-        self.assertEqual(outcome.errors, "visex-host: the answer 'german' fits nothing that was shown\n")
+        self.assert_chose(unattended("--app", self.app, "--current", "japanese"), JAPANESE)
+        self.assert_answers(unattended("--app", self.app, answers=["german"]), NOT_DONE,
+                            "the answer 'german' fits nothing that was shown")
+
+
+NO_ALERT = "the alert 5000 was not shown: the resources have no 'ALRT' 5000, or a damaged one"
 
 
 class ResourceFiles(HostTest):
@@ -321,8 +260,8 @@ class ResourceFiles(HostTest):
         super().setUp()
         self.resources = (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
 
-    def spoiled(self, contents):
-        return unattended("--resources", self.file("resources", contents))
+    def spoiled(self, contents, *arguments, **options):
+        return unattended("--resources", self.file("resources", contents), *arguments, **options)
 
     def test_a_missing_one_that_was_named(self):
         missing = self.folder / "missing"
@@ -333,17 +272,16 @@ class ResourceFiles(HostTest):
         app = self.demo_copy()
         (app / "Contents/Resources/DemoInstaller.rsrc").unlink()
         self.assert_chose(unattended("--app", app))
-        self.assertEqual(unattended("--app", app, "--message", "999").status, REFUSED)
+        self.assert_answers(unattended("--app", app, "--message", "999"), REFUSED, NO_ALERT)
 
     def test_a_resource_file_with_another_name_is_pointed_out(self):
         app = self.demo_copy()
         folder = app / "Contents/Resources"
         (folder / "DemoInstaller.rsrc").rename(folder / "Other.rsrc")
-        outcome = unattended("--app", app)
-        self.assertEqual(outcome.status, CHOSE)
-        self.assertEqual(outcome.errors, f"visex-host: the resource file '{folder / 'Other.rsrc'}' was not opened: the "
-                                         "application's own is called 'DemoInstaller.rsrc' and lies inside it\n")
-        self.assertEqual(unattended("--app", app, "--resources", folder / "Other.rsrc").errors, "")
+        self.assert_chose(unattended("--app", app), ENGLISH,
+                          f"the resource file '{folder / 'Other.rsrc'}' was not opened: the application's own is called "
+                          "'DemoInstaller.rsrc' and lies inside it")
+        self.assert_chose(unattended("--app", app, "--resources", folder / "Other.rsrc"))
 
     def test_truncated_ones(self):
         file = self.folder / "resources"
@@ -359,7 +297,7 @@ class ResourceFiles(HostTest):
             with self.subTest(position):
                 contents = bytearray(self.resources)
                 contents[position] = 0xFF
-                outcome = unattended("--message", "999", "--resources", self.file("resources", contents))
+                outcome = self.spoiled(contents, "--message", "999")
                 if outcome.status == NOT_DONE:
                     self.assertIn("visex-host: cannot open the resource file ", outcome.errors)
                 else:
@@ -376,42 +314,32 @@ class ResourceFiles(HostTest):
                 self.assertTrue(outcome.errors.startswith(f"visex-host: cannot open the resource file '{file}': "))
 
     def test_one_without_the_flag(self):
-        without = self.file("without", self.resources.replace(b"CALL", b"none"))
-        self.assert_chose(unattended("--resources", without))
-        self.assert_fails(unattended("--resources", without, "--require-admin"), NOT_DONE,
-                          "the administrator flag cannot be set: the resource file has no 'CALL' 1000, "
-                          "which would hold it")
-
-    def test_one_too_short_for_the_flag(self):
         size = (512).to_bytes(4, "big") + bytes(402)
-        for length, status in ((401, NOT_DONE), (402, None)):
-            with self.subTest(length):
-                short = self.file("short", self.resources.replace(size, length.to_bytes(4, "big") + bytes(402), 1))
-                self.assert_chose(unattended("--resources", short))
-                outcome = unattended("--resources", short, "--require-admin")
-                if status == NOT_DONE:
-                    self.assert_fails(outcome, NOT_DONE, "the administrator flag cannot be set: 'CALL' 1000 of the "
-                                                         "resource file is too short to hold it")
-                elif os.geteuid() == 0:
-                    self.assertEqual(outcome.errors, "")
-                else:
-                    self.assertIn('"system.privilege.admin" was not granted', outcome.errors)
+        short = self.resources.replace(size, (401).to_bytes(4, "big") + bytes(402), 1)
+        for contents, reason in ((self.resources.replace(b"CALL", b"none"),
+                                  "the resource file has no 'CALL' 1000, which would hold it"),
+                                 (short, "'CALL' 1000 of the resource file is too short to hold it")):
+            self.assert_chose(self.spoiled(contents))
+            self.assert_fails(self.spoiled(contents, "--require-admin"), NOT_DONE,
+                              f"the administrator flag cannot be set: {reason}")
 
     def test_the_flag_is_one_bit(self):
         # The byte at 401 of 'CALL' 1000: with its top bit the framework is looked for, and there is none beside this
-        # copy of the host.
-        program = self.folder / "bin/visex-host"
-        program.parent.mkdir()
-        shutil.copy(HOST, program)
-        start = self.resources.index((512).to_bytes(4, "big") + bytes(402)) + 4
-        for byte, status in ((0x7F, CHOSE), (0x80, NOTHING_CHOSEN), (0xFF, NOTHING_CHOSEN), (0x00, CHOSE)):
-            with self.subTest(byte):
-                contents = bytearray(self.resources)
-                contents[start + 401] = byte
-                outcome = unattended("--app", DEMO, "--resources", self.file("flagged", contents), host=program)
-                self.assertEqual(outcome.status, status)
-                self.assertEqual(outcome.errors, "" if status == CHOSE else
-                                 f'visex-host: there is no frameworks folder "{program.parent / "Frameworks"}"\n')
+        # copy of the host. The resource may end behind it.
+        host = self.copied_host()
+        size = self.resources.index((512).to_bytes(4, "big") + bytes(402))
+        contents = bytearray(self.resources)
+        for length in (512, 402):
+            contents[size:size + 4] = length.to_bytes(4, "big")
+            for byte, options in ((0x7F, []), (0x80, []), (0xFF, []), (0x00, []), (0x00, ["--require-admin"])):
+                with self.subTest(byte, options=options, length=length):
+                    contents[size + 4 + 401] = byte
+                    outcome = self.spoiled(contents, "--app", DEMO, *options, host=host)
+                    if byte & 0x80 or options:
+                        self.assert_answers(outcome, NOTHING_CHOSEN,
+                                            f'there is no frameworks folder "{self.folder}/bin/Frameworks"')
+                    else:
+                        self.assert_chose(outcome)
 
 
 class Bundles(HostTest):
@@ -422,18 +350,16 @@ class Bundles(HostTest):
         self.plist = self.bundle / "Contents/Info.plist"
         self.executable = next(self.bundle.glob("Contents/*/LanguageSelector"))
 
-    def assert_not_loaded(self, reason):
-        self.assert_fails(unattended(self.bundle), NOT_LOADED, f"cannot load the external '{self.bundle}': {reason}")
+    def assert_not_loaded(self, reason, **variables):
+        self.assert_fails(unattended(self.bundle, variables=variables), NOT_LOADED,
+                          f"cannot load the external '{self.bundle}': {reason}")
 
     def test_a_copy_works(self):
         self.assert_chose(unattended(self.bundle))
 
-    def test_a_missing_one(self):
+    def test_a_missing_one_and_a_file_in_its_place(self):
         shutil.rmtree(self.bundle)
         self.assert_not_loaded("there is no such folder (a bundle is a folder)")
-
-    def test_a_file_in_its_place(self):
-        shutil.rmtree(self.bundle)
         self.bundle.write_bytes(b"")
         self.assert_not_loaded("there is no such folder (a bundle is a folder)")
 
@@ -455,18 +381,15 @@ class Bundles(HostTest):
 
     def test_factories_that_are_none(self):
         contents = self.plist.read_bytes()
-        for name, reason in (("NoFactory", 'the bundle "a bundle" has no function "NoFactory"'),
-                             ("___procinfo", 'the bundle "a bundle" has no function "___procinfo"'),
-                             ("gXcodFunctionBlock", 'the bundle "a bundle" has no function "gXcodFunctionBlock"'),
-                             ("XCodMain", "its factory gives no instance")):
+        for name in ("NoFactory", "___procinfo", "gXcodFunctionBlock"):
             with self.subTest(name):
                 self.plist.write_bytes(contents.replace(b"MyFactory", name.encode()))
-                outcome = unattended(self.bundle)
-                if name == "XCodMain":  # it returns nothing, so whatever was in the register is taken for an instance
-                    self.assertEqual((outcome.status, outcome.output), (NOT_LOADED, ""))
-                    self.assertRegex(outcome.errors, r"gives (no instance|is not an instance of an external)\n\Z")
-                else:
-                    self.assert_fails(outcome, NOT_LOADED, f"cannot load the external '{self.bundle}': {reason}")
+                self.assert_not_loaded(f'the bundle "a bundle" has no function "{name}"')
+        # This one returns nothing, so whatever was in the register is taken for an instance.
+        self.plist.write_bytes(contents.replace(b"MyFactory", b"XCodMain"))
+        outcome = unattended(self.bundle)
+        self.assertEqual((outcome.status, outcome.output), (NOT_LOADED, ""))
+        self.assertRegex(outcome.errors, r"gives (no instance|is not an instance of an external)\n\Z")
 
     def use_executable(self, name):
         self.executable.unlink()
@@ -477,10 +400,8 @@ class Bundles(HostTest):
         for given in ("nothing", "a number", "a null table", "a table that is nowhere", "a misaligned table",
                       "a misaligned instance", "no call", "data to release"):
             with self.subTest(given):
-                reason = "its factory gives no instance" if given == "nothing" else (
-                    "what its factory gives is not an instance of an external")
-                self.assert_fails(unattended(self.bundle, variables={"GIVES": given}), NOT_LOADED,
-                                  f"cannot load the external '{self.bundle}': {reason}")
+                self.assert_not_loaded("its factory gives no instance" if given == "nothing" else
+                                       "what its factory gives is not an instance of an external", GIVES=given)
 
     def test_one_that_lacks_a_function(self):
         self.use_executable("lacking_external")
@@ -535,10 +456,6 @@ class Bundles(HostTest):
         for name in ("picture.png", "calls"):
             self.assertTrue((self.folder / name).is_file(), name)
 
-    def test_a_missing_executable(self):
-        self.executable.unlink()
-        self.assert_no_executable()
-
     def test_executables_that_are_none(self):
         contents = self.executable.read_bytes()
         for case in (b"", b"#!/bin/sh\n", contents[:100], contents[:2000], b"\0" * len(contents)):
@@ -557,9 +474,9 @@ class Bundles(HostTest):
                 self.plist.write_bytes(plistlib.dumps(properties))
                 self.assert_no_executable(f'there is no file "{name}" inside it')
 
-    def test_a_link_that_leaves_the_bundle(self):
-        outside = self.folder / "Outside"
-        self.executable.rename(outside)
+    def test_a_missing_executable_and_a_link_that_leaves_the_bundle(self):
+        outside = self.executable.rename(self.folder / "Outside")
+        self.assert_no_executable()
         self.executable.symlink_to(outside)
         self.assert_no_executable()
 

@@ -9,6 +9,7 @@ import pathlib
 import shutil
 import subprocess
 import tempfile
+import typing
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -43,26 +44,25 @@ def environment(**variables):
 WITHOUT_PROFILE = {"LLVM_PROFILE_FILE": "/dev/null"}
 
 
-class Outcome:
+class Outcome(typing.NamedTuple):
     """How a run of the host ended."""
 
-    def __init__(self, status, output, errors):
-        self.status = status
-        self.output = output
-        self.errors = errors
+    status: int
+    output: str
+    errors: str
 
     def json(self):
         return json.loads(self.output)
 
 
-def run(*arguments, host=HOST, variables=None, **options):
-    """Runs the host to its end, with neither a screen nor a terminal, and returns its Outcome."""
+def run(*arguments, host=HOST, through=(), variables=None, **options):
+    """Runs the host to its end, by the command `through` if there is one, with neither a screen nor a terminal."""
     # A host that was copied does not know where the libraries are.
     libraries = {} if host == HOST else {"LD_LIBRARY_PATH": str(BUILD / "toolbox")}
-    process = subprocess.run(
-        [host, *arguments], env=environment(**{**libraries, **(variables or {})}), stdin=subprocess.DEVNULL, capture_output=True,
-        timeout=TIMEOUT, start_new_session=True, **options)
-    return Outcome(process.returncode, process.stdout.decode(), process.stderr.decode())
+    streams = {"stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE}
+    process = subprocess.run([*through, host, *arguments], env=environment(**{**libraries, **(variables or {})}),
+                             timeout=TIMEOUT, start_new_session=True, **{**streams, **options})
+    return Outcome(process.returncode, *((each or b"").decode() for each in (process.stdout, process.stderr)))
 
 
 def unattended(*arguments, answers=(), **options):
@@ -115,13 +115,23 @@ class HostTest(unittest.TestCase):
         return unattended(*arguments, host=host, user="nobody", group="nogroup", extra_groups=[], cwd="/",
                           variables={"LD_LIBRARY_PATH": str(self.folder / "toolbox"), **WITHOUT_PROFILE})
 
-    def assert_chose(self, outcome, code=ENGLISH):
-        """The host said nothing but that this language was written."""
-        self.assertEqual((outcome.status, outcome.errors), (CHOSE, ""))
+    def copied_host(self):
+        """A host with nothing beside it."""
+        program = self.folder / "bin/visex-host"
+        program.parent.mkdir()
+        return shutil.copy(HOST, program)
+
+    def assert_answers(self, outcome, status, *lines):
+        """The host printed an answer, and nothing but these `lines` on standard error."""
+        self.assertEqual(outcome.errors, "".join(f"visex-host: {line}\n" for line in lines))
+        self.assertNotEqual(outcome.output, "")
+        self.assertEqual(outcome.status, status)
+
+    def assert_chose(self, outcome, code=ENGLISH, *lines):
+        """It answered that this language was written."""
+        self.assert_answers(outcome, CHOSE, *lines)
         self.assertTrue(outcome.output.endswith(f"\n{NAMES[code]} ({code}) was written to the record.\n"), outcome.output)
 
-    def assert_fails(self, outcome, status, line):
-        """The host printed no answer and one line on standard error, which is `line`."""
-        self.assertEqual(outcome.errors, f"visex-host: {line}\n")
-        self.assertEqual(outcome.output, "")
-        self.assertEqual(outcome.status, status)
+    def assert_fails(self, outcome, status, *lines):
+        """The host printed no answer, and these `lines` on standard error."""
+        self.assertEqual(outcome, (status, "", "".join(f"visex-host: {line}\n" for line in lines)))
