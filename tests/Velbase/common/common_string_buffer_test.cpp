@@ -1,5 +1,6 @@
 #include "Velbase/common/common_string_buffer.h"
 
+#include <cstdint>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -44,6 +45,7 @@ TEST(StringBuffer, LengthBeyond32BitsIsAFailedAllocation)
     const String text(textOf(0x10001).c_str());
     const std::vector<String> parts(0xFFFF, text);  // 0xFFFF * 0x10001 is 0xFFFFFFFF
     EXPECT_THROW((void)String::Join("x", parts), std::bad_alloc);
+    EXPECT_THROW((void)String::Join(text, std::vector<String>(0x10001)), std::bad_alloc);
     String pattern(std::string(0x10001, 'x').c_str());
     EXPECT_THROW((void)pattern.Replace("x", text), std::bad_alloc);
 
@@ -52,6 +54,10 @@ TEST(StringBuffer, LengthBeyond32BitsIsAFailedAllocation)
         allocations::countIn([&] { EXPECT_THROW(grown.detachAndExtend(0xFFFFFFFF), std::bad_alloc); });
     EXPECT_EQ(allocated, 0u);
     EXPECT_EQ(contents(grown), "abc");
+    // The longest is asked for, where the memory can have it.
+    if (sizeof(std::size_t) > sizeof(std::uint32_t)) {
+        EXPECT_TRUE(allocations::refusing(0, [&] { grown.detachAndExtend(0xFFFFFFFE); }));
+    }
 }
 
 }  // namespace
