@@ -1,11 +1,11 @@
-#include "host/Messages.h"
 #include "tests/support/RowName.h"
+#include <Toolbox/OneLine.h>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace Host;
+using Toolbox::oneLine;
 
 struct LineCase {
     const char* name;
