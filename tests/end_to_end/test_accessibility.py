@@ -141,6 +141,22 @@ class Accessibility(HostTest):
         host.press("Cancel")
         self.assertEqual(host.finish().status, NOTHING_CHOSEN)
 
+    def test_the_action_of_an_item_chooses_it_whether_the_menu_is_open_or_not(self):
+        for is_open in (False, True):
+            host = self.run_host()
+            pop_up, = host.of_role(Atspi.Role.COMBO_BOX)
+            items = host.of_role(Atspi.Role.LIST_ITEM)
+            self.assertEqual(pop_up.get_name(), ITEMS[0])
+            if is_open:
+                Atspi.Action.do_action(pop_up, 0)
+                wait_for(lambda: has(items[0], Atspi.StateType.SHOWING))
+            self.assertTrue(Atspi.Action.do_action(items[2], 0))
+            wait_for(lambda: pop_up.get_name() == ITEMS[2])
+            selected = [each.get_name() for each in items if has(each, Atspi.StateType.SELECTED)]
+            self.assertEqual(selected, [ITEMS[2]])
+            host.press("OK")
+            self.assertEqual(host.finish().json()["chosen"]["code"], GERMAN)
+
     def test_what_no_font_has_is_shown_by_the_part_that_can_be_read(self):
         fonts = self.file("fonts.conf", b"<fontconfig><dir>/usr/share/fonts/truetype/dejavu</dir></fontconfig>")
         host = self.run_host("--current", "japanese", FONTCONFIG_FILE=str(fonts))

@@ -48,6 +48,10 @@ PopUpButton::PopUpButton(const Control& control, QWidget* parent)
     for (std::size_t index = 0; index < control.items.size(); ++index)
         addItem(control, static_cast<int>(index));
     view()->installEventFilter(this);
+    // Later, when the keys and the mouse have made what they select the current item of the open menu.
+    connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this, &PopUpButton::chooseSelected,
+        Qt::QueuedConnection);
+    connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectCurrent);
     // For assistive technology, the name of a pop-up is what it shows.
     connect(this, &QComboBox::currentTextChanged, this, [this] {
         QAccessibleEvent changed(this, QAccessible::NameChanged);
@@ -127,6 +131,30 @@ std::vector<int> PopUpButton::rowsBeginningLike(const QString& text) const
 int PopUpButton::presentRow() const
 {
     return view()->isVisible() ? view()->currentIndex().row() : currentIndex();
+}
+
+// Before the choice that closed the menu, if one did, is told.
+void PopUpButton::hidePopup()
+{
+    QComboBox::hidePopup();
+    selectCurrent();
+}
+
+// So that assistive technology sees which item that is, and selects another when it chooses one.
+void PopUpButton::selectCurrent()
+{
+    view()->selectionModel()->select(
+        model()->index(currentIndex(), modelColumn()), QItemSelectionModel::ClearAndSelect);
+}
+
+void PopUpButton::chooseSelected()
+{
+    const QModelIndexList selected = view()->selectionModel()->selectedIndexes();
+    if (selected.isEmpty() || selected.front().row() == presentRow())
+        return;
+    const int row = selected.front().row();
+    hidePopup();
+    goTo(row);
 }
 
 // In the open menu nothing is chosen yet.

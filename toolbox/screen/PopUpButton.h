@@ -15,12 +15,13 @@ namespace Toolbox {
 /// A combo box with the items of a pop-up, in which letters choose an item by the beginning of its name or of a part of
 /// it, as on a terminal: "ger" finds "Deutsch (German)". Letters that follow each other without a pause belong
 /// together; one alone, or the same again, goes on to the next item that begins so. It makes no difference whether the
-/// menu is open.
+/// menu is open. Nor does it to assistive technology, which chooses an item by selecting it.
 class PopUpButton : public QComboBox {
 public:
     PopUpButton(const Control& control, QWidget* parent);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void hidePopup() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -31,6 +32,8 @@ private:
     std::vector<int> rowsBeginningLike(const QString& text) const;
     int presentRow() const;
     void goTo(int row);
+    void selectCurrent();
+    void chooseSelected();
 
     Choices m_names;
     QString m_typed;

@@ -1,6 +1,7 @@
 #include "tests/toolbox/screen/OnScreen.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
@@ -84,6 +85,42 @@ TEST_F(WindowOnScreen, OpensItsMenuAndChoosesThere)
         "ended: item 3 ok");
     EXPECT_EQ(dialog.popUp.value, 3);
 }
+
+// Chooses an item of the menu, counted from 0, as assistive technology does.
+Person::Act act(int item)
+{
+    return [item](QDialog& shown) {
+        QAccessibleInterface& menu = *QAccessible::queryAccessibleInterface(only<QComboBox>(shown).view());
+        menu.child(item)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    };
+}
+
+void closeMenu(QDialog& shown)
+{
+    only<QComboBox>(shown).hidePopup();
+}
+
+// Of three items, of which the second is chosen.
+const SessionCase ACTION_CASES[] = {
+    {"ChoosesAnItem", {act(2)}, "ended: item 3 ok"},
+    {"ChoosesOneAfterTheOther", {act(2), act(0), act(1)}, "ended: item 3 item 1 item 2 ok"},
+    {"LeavesTheChosenOne", {act(1)}, "ended: ok"},
+    {"ChoosesWhatTheKeysHadLeft", {press(Qt::Key_Down), act(1)}, "ended: item 3 item 2 ok"},
+    {"ChoosesInTheOpenMenu", {openMenu, press(Qt::Key_Down), act(0)}, "ended: item 1 ok"},
+    {"LeavesTheChosenOneInTheOpenMenu", {openMenu, press(Qt::Key_Down), act(1)}, "ended: ok"},
+    {"ChoosesWhatTheMenuHadShownOnly", {openMenu, press(Qt::Key_Down), closeMenu, act(2)}, "ended: item 3 ok"},
+};
+
+class AccessibleAction : public WindowOnScreen, public testing::WithParamInterface<SessionCase> { };
+
+TEST_P(AccessibleAction, OfAnItem)
+{
+    std::vector<Person::Act> acts = GetParam().acts;
+    acts.push_back(press(Qt::Key_Return));
+    EXPECT_EQ(runWith(acts), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, AccessibleAction, testing::ValuesIn(ACTION_CASES), RowName());
 
 TEST_F(WindowOnScreen, GoesBackToTheItemBeforeWhenAHandlerTakesTheChoice)
 {
