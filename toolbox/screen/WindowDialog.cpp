@@ -156,6 +156,8 @@ void WindowDialog::focusFirst()
         popUp->popUp->setFocus();
     else if (confirming != m_shown.end())
         confirming->widget->setFocus();
+    else if (focusWidget() != nullptr)
+        focusWidget()->clearFocus();
 }
 
 void WindowDialog::reject()
@@ -174,15 +176,19 @@ void WindowDialog::act(const std::function<void()>& action)
         showStates();
 }
 
-// Brings the widgets to the present state of their controls.
+// Brings the widgets to the present state of their controls. What can no longer have the focus passes it on to what
+// stands next, which may be Cancel; there Return would cancel, though nobody has gone there.
 void WindowDialog::showStates()
 {
+    const QWidget* const focused = focusWidget();
     for (const Shown& each : m_shown) {
         each.widget->setEnabled(each.control->usable());
         each.widget->setVisible(each.control->shown());
         if (each.popUp != nullptr)
             each.popUp->setCurrentIndex(each.control->value - 1);
     }
+    if (focusWidget() != focused)
+        focusFirst();
 }
 
 }  // namespace Toolbox
