@@ -4,7 +4,7 @@
 #ifndef TOOLBOX_BASE_RESOURCES_APPLEDOUBLE_H
 #define TOOLBOX_BASE_RESOURCES_APPLEDOUBLE_H
 
-#include "toolbox/base/BigEndianNumbers.h"
+#include "toolbox/base/BigEndianBytes.h"
 
 #include <Carbon/Files.h>
 

@@ -5,7 +5,7 @@
 #ifndef TOOLBOX_BASE_RESOURCES_RESOURCEMAP_H
 #define TOOLBOX_BASE_RESOURCES_RESOURCEMAP_H
 
-#include "toolbox/base/BigEndianNumbers.h"
+#include "toolbox/base/BigEndianBytes.h"
 
 #include <Carbon/Resources.h>
 

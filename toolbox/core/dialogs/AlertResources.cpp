@@ -8,7 +8,7 @@
 
 #include "toolbox/core/dialogs/AlertResources.h"
 
-#include "toolbox/base/BigEndianNumbers.h"
+#include "toolbox/base/BigEndianBytes.h"
 
 #include <algorithm>
 

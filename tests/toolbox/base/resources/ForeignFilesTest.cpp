@@ -3,7 +3,7 @@
 // files/tiny.dfont is FontForge's data-fork suitcase. files/tiny.appledouble was packed by ufond (from Debian's fondu)
 // and made AppleDouble by unar -k hidden.
 
-#include "toolbox/base/BigEndianNumbers.h"
+#include "toolbox/base/BigEndianBytes.h"
 #include "toolbox/base/files/FileReferences.h"
 
 #include <Carbon/MacMemory.h>

@@ -1,7 +1,7 @@
 // Bytes that come from a file. Its numbers are big-endian and lie at any address, so they are put together bytewise.
 
-#ifndef TOOLBOX_BASE_BIGENDIANNUMBERS_H
-#define TOOLBOX_BASE_BIGENDIANNUMBERS_H
+#ifndef TOOLBOX_BASE_BIGENDIANBYTES_H
+#define TOOLBOX_BASE_BIGENDIANBYTES_H
 
 #include <Carbon/MacTypes.h>
 
