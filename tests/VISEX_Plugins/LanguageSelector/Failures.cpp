@@ -92,17 +92,17 @@ std::vector<Failure> makeFailures()
     // The instance.
     {"QueriedUUID", SERVED, "CFUUIDCreateFromUUIDBytes", 1, {0}, "CFUUID.h: null without memory",
         "", GOES_ON, "nothing", ITALIAN, GATE},
-    {"InstancesBlock", SERVED, "DisposePtr", 1, {memWZErr}, "MacMemory.h: MemError",
+    {"InstancesBlock", SERVED, "DisposePtr", 1, {memWZErr}, "MacMemory.h",
         "", GOES_ON, "nothing", ITALIAN, "block1\n" + GATE},
 
     // The administrator's right: a failure stops in silence, unless it only means that the right is not demanded.
-    {"Flag", SERVED, "GetResource", 1, {0}, "Resources.h: null, ResError resNotFound or noErr",
+    {"Flag", SERVED, "GetResource", 1, {0}, "Resources.h: null when it is not found",
         "CreateNibReference(", GOES_ON, "nothing", ITALIAN, ""},
-    {"FlagsLock", SERVED, "HLock", 1, {nilHandleErr, memWZErr}, "MacMemory.h: MemError",
+    {"FlagsLock", SERVED, "HLock", 1, {nilHandleErr, memWZErr}, "MacMemory.h",
         "", GOES_ON, "nothing", ITALIAN, GATE},
-    {"FlagsUnlock", SERVED, "HUnlock", 1, {nilHandleErr, memWZErr}, "MacMemory.h: MemError",
+    {"FlagsUnlock", SERVED, "HUnlock", 1, {nilHandleErr, memWZErr}, "MacMemory.h",
         "ReleaseResource(handle1)\n", GOES_ON, "nothing", ITALIAN, GATE},
-    {"FlagsRelease", SERVED, "ReleaseResource", 1, {resNotFound}, "Resources.h: ResError",
+    {"FlagsRelease", SERVED, "ReleaseResource", 1, {resNotFound}, "Resources.h",
         "FSFindFolder(", GOES_ON, "nothing", ITALIAN, "handle1\n" + GATE},
     {"FrameworksFolder", SERVED, "FSFindFolder", 1,
         {fnfErr, nsvErr, -120, -5000, invalidFolderTypeErr, paramErr, -1, 1, 0x7FFF, -0x8000}, "Folders.h; -120 is dirNFErr, -5000 afpAccessDenied",
