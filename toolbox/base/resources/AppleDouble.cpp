@@ -1,3 +1,9 @@
+// A file of either format, its numbers big-endian and offsets counted from its start:
+//
+//     file   = header { entry } and, anywhere behind them, what the entries point at
+//     header = magic number (4 bytes) version (4) filler (16) number of entries (2)
+//     entry  = id (4; 2 is the resource fork) offset (4) length (4)
+
 #include "toolbox/base/resources/AppleDouble.h"
 
 namespace Toolbox {

@@ -1,3 +1,15 @@
+// A resource fork, its numbers big-endian:
+//
+//     fork       = header and, anywhere behind it, the data area and the map
+//     header     = offset of the data area (4 bytes) and of the map (4), length of the data area (4) and of the map (4)
+//     data area  = { length (4) as many bytes }
+//     map        = copy of the header, often left zero (16) for use in memory (8)
+//                  offset of the type list (2) and of the names (2), both from the map's start
+//                  and, anywhere behind these, the type list, the reference lists and the names
+//     type list  = number of types, less 1 (2) { type }
+//     type       = code (4) number of its references, less 1 (2) offset of the first from the type list's start (2)
+//     reference  = id (2) offset of the name (2) attributes (1) offset in the data area (3) for use in memory (4)
+
 #include "toolbox/base/resources/ResourceMap.h"
 
 #include <optional>
@@ -6,32 +18,28 @@ namespace Toolbox {
 
 namespace {
 
-// The header: offsets from the fork's start, and lengths.
 constexpr std::size_t HEADER_LENGTH = 16;
 constexpr std::size_t HEADER_DATA_OFFSET = 0;
 constexpr std::size_t HEADER_MAP_OFFSET = 4;
 constexpr std::size_t HEADER_DATA_LENGTH = 8;
 constexpr std::size_t HEADER_MAP_LENGTH = 12;
 
-// The map begins with a copy of the header, often left zero, and fields for use in memory.
 constexpr std::size_t MAP_MIN_LENGTH = 30;
-constexpr std::size_t MAP_TYPE_LIST_OFFSET = 24;  // from the map's start
+constexpr std::size_t MAP_TYPE_LIST_OFFSET = 24;
 
-// The type list: the number of types less 1, then the types.
 constexpr std::size_t TYPE_COUNT_LENGTH = 2;
 constexpr std::uint32_t NO_TYPES = 0xFFFF;
 constexpr std::size_t TYPE_LENGTH = 8;
 constexpr std::size_t TYPE_CODE = 0;
-constexpr std::size_t TYPE_COUNT = 4;        // of its resources, less 1
-constexpr std::size_t TYPE_LIST_OFFSET = 6;  // of its reference list, from the type list's start
+constexpr std::size_t TYPE_COUNT = 4;
+constexpr std::size_t TYPE_LIST_OFFSET = 6;
 
 constexpr std::size_t REFERENCE_LENGTH = 12;
 constexpr std::size_t REFERENCE_ID = 0;
 constexpr std::size_t REFERENCE_ATTRIBUTES = 4;
-constexpr std::size_t REFERENCE_DATA_OFFSET = 5;  // from the data area's start, 3 bytes
+constexpr std::size_t REFERENCE_DATA_OFFSET = 5;
 constexpr std::uint32_t ATTRIBUTE_COMPRESSED = 1;
 
-// A resource's data: its length, then as many bytes.
 constexpr std::size_t DATA_LENGTH_LENGTH = 4;
 
 struct Area {
