@@ -136,8 +136,9 @@ class Defaults(HostTest):
         order = ["GetResource", "CreateNibReference", "CreateWindowFromNib", "RunAppModalLoopForWindow",
                  "GetEventParameter", "DisposeWindow"]
         self.assertEqual([each for each in called if each in order],
-                         ["GetResource", "CreateNibReference", "CreateWindowFromNib", "GetEventParameter",
-                          "RunAppModalLoopForWindow", "DisposeWindow"], "a call is told when it returns")
+                         ["GetResource", "CreateNibReference", "CreateWindowFromNib", "RunAppModalLoopForWindow",
+                          "GetEventParameter", "RunAppModalLoopForWindow", "DisposeWindow"],
+                         "a call within another stands between the other's two lines")
 
     def test_the_trace_names_what_the_calls_are_about(self):
         lines = unattended("--trace").errors.splitlines()
@@ -150,7 +151,10 @@ class Defaults(HostTest):
                            arguments("CreateWindowFromNib"))[1]
         self.assertTrue(arguments("DisposeNibReference").endswith(f"({nib})"))
         self.assertTrue(arguments("DisposeWindow").endswith(f"({window})"))
-        self.assertRegex(arguments("GetControlByID"), rf"\({window}, .* -> control#\d+$")
+        self.assertRegex(arguments("GetControlByID"), rf"\({window}, {{'\w+', \d+}}, .* -> control#\d+$")
+        self.assertRegex(arguments("GetEventParameter"), r"\(event#\d+ 'ok  ', '----', 'hcmd', ")
+        self.assertIn(f"visex-host: RunAppModalLoopForWindow({window}) ...", lines)
+        self.assertIn(f"visex-host: RunAppModalLoopForWindow({window}) = 0", lines)
 
     def test_the_trace_may_go_into_a_file(self):
         file = self.folder / "calls"

@@ -14,8 +14,8 @@ namespace {
 
 TraceSink traceSink;
 
-// How many public functions the present one was called from. Each thread has its own: texts are converted in several.
-thread_local int callDepth = 0;
+// The call that whatever happens now belongs to, or null. Each thread has its own: texts are converted in several.
+thread_local TracedCall* currentCall = nullptr;
 
 bool isPrintable(unsigned character)
 {
@@ -42,16 +42,27 @@ void SetTrace(TraceSink sink)
     traceSink = std::move(sink);
 }
 
-bool TracedCall::enter()
+bool TracedCall::begin()
 {
-    return callDepth++ == 0 && traceSink;
+    if (currentCall != nullptr)
+        return false;
+    currentCall = this;
+    return bool(traceSink);
 }
 
-void TracedCall::leave(const std::string* line)
+TracedCall::~TracedCall()
 {
-    --callDepth;
-    if (line != nullptr && traceSink)
-        traceSink(*line);
+    if (currentCall != this)
+        return;
+    currentCall = nullptr;
+    if (m_reported && traceSink)
+        traceSink(m_line);
+}
+
+void TracedCall::reportBegun()
+{
+    if (m_reported && !std::exchange(m_reportedBegun, true) && traceSink)
+        traceSink(m_line + " ...");
 }
 
 std::string describeNumber(long long number)
@@ -74,21 +85,21 @@ std::string TracedCall::describePointer(const void* pointer)
 std::string TracedCall::describeResults() const
 {
     std::string text;
-    for (const void* const* const result : m_results) {
-        if (result != nullptr)
-            text += " -> " + describePointer(*result);
-    }
+    for (const auto& describeResult : m_results)
+        text += " -> " + describeResult();
     return text;
 }
 
 ForeignCode::ForeignCode()
-    : m_depth(std::exchange(callDepth, 0))
+    : m_caller(std::exchange(currentCall, nullptr))
 {
+    if (m_caller != nullptr)
+        m_caller->reportBegun();
 }
 
 ForeignCode::~ForeignCode()
 {
-    callDepth = m_depth;
+    currentCall = m_caller;
 }
 
 }  // namespace Toolbox

@@ -2,11 +2,15 @@
 // through gives(). With tracing off that is a test of one flag.
 //
 // A line names objects by what they are ("window#3", a string's text), codes by their characters, other memory by its
-// address; behind a call that succeeded stand the references that it has given: CreateNibReference(...) = 0 -> nib#2.
+// address; behind a call that succeeded stands what it has given: CreateNibReference(...) = 0 -> nib#2. An argument may
+// also be a function without parameters: what it returns is shown for it.
 
 #ifndef TOOLBOX_BASE_TRACEDCALL_H
 #define TOOLBOX_BASE_TRACEDCALL_H
 
+#include <Carbon/MacTypes.h>
+
+#include <functional>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -16,12 +20,14 @@ namespace Toolbox {
 /// `number` in decimal, or as the four characters in quotes if it is a code such as 'CALL'.
 std::string describeNumber(long long number);
 
-/// One call of a public function, reported when it ends, unless it was made from inside another.
+/// One call of a public function, reported when it ends, unless it was made from inside another. It is reported as
+/// begun, too, when foreign code is called inside it, whose calls then follow: `RunAppModalLoopForWindow(window#9)
+/// ...`.
 class TracedCall {
 public:
     template <typename... Arguments>
     explicit TracedCall(const char* function, const Arguments&... arguments)
-        : m_reported(enter())
+        : m_reported(begin())
     {
         if (!m_reported)
             return;
@@ -33,7 +39,7 @@ public:
         (noteResult(arguments), ...);
     }
 
-    ~TracedCall() { leave(m_reported ? &m_line : nullptr); }
+    ~TracedCall();
     TracedCall(const TracedCall&) = delete;
     TracedCall& operator=(const TracedCall&) = delete;
 
@@ -46,14 +52,18 @@ public:
     }
 
 private:
-    // A place where the caller wants a reference: a pointer to a pointer to a structure. Bytes behind pointers, such as
-    // a Handle's, are none.
+    template <typename Value>
+    static constexpr bool isReference = std::is_pointer_v<Value>&& std::is_class_v<std::remove_pointer_t<Value>>;
+
+    // A place where the caller wants a reference, which is a pointer to a structure, or a small number, such as the
+    // item of an alert. Other pointers, such as a Handle, point at bytes.
     template <typename Value> void noteResult(const Value& value)
     {
         if constexpr (std::is_pointer_v<Value>) {
             using Place = std::remove_pointer_t<Value>;
-            if constexpr (std::is_pointer_v<Place> && std::is_class_v<std::remove_pointer_t<Place>>)
-                m_results.push_back(reinterpret_cast<const void* const*>(value));
+            if constexpr (std::is_same_v<Place, SInt16> || isReference<Place>)
+                if (value != nullptr)
+                    m_results.push_back([value] { return describe(*value); });
         }
     }
 
@@ -66,11 +76,12 @@ private:
             return false;
     }
 
-    // The references that the call has given, behind arrows.
+    // What the call has given, behind arrows.
     std::string describeResults() const;
 
-    static bool enter();
-    static void leave(const std::string* line);
+    friend class ForeignCode;
+    bool begin();
+    void reportBegun();
 
     static std::string describePointer(const void* pointer);
 
@@ -82,13 +93,16 @@ private:
             return describePointer(value);
         else if constexpr (std::is_integral_v<Value>)
             return describeNumber(static_cast<long long>(value));
+        else if constexpr (std::is_invocable_v<Value>)
+            return value();
         else
             return "...";  // a structure passed by value
     }
 
     const bool m_reported;
+    bool m_reportedBegun = false;
     std::string m_line;
-    std::vector<const void* const*> m_results;
+    std::vector<std::function<std::string()>> m_results;
 };
 
 /// While this lives, code that is not the toolbox's runs inside one of its calls, and its calls are reported again:
@@ -101,7 +115,7 @@ public:
     ForeignCode& operator=(const ForeignCode&) = delete;
 
 private:
-    const int m_depth;
+    TracedCall* const m_caller;
 };
 
 }  // namespace Toolbox

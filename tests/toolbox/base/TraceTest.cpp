@@ -91,20 +91,29 @@ TEST_F(Trace, ReportsACallWhenItEnds)
     EXPECT_EQ(m_lines, Lines{"Outer()"});
 }
 
-TEST_F(Trace, ReportsForeignCodeInsideACallAgain)
+TEST_F(Trace, ReportsForeignCodeInsideACallBetweenItsTwoLines)
 {
     {
-        const TracedCall outer("Outer");
-        {
+        TracedCall outer("Outer");
+        for (int i = 0; i < 2; ++i) {
             const ForeignCode handler;
             HLock(nullptr);
             const TracedCall own("Own");
             HLock(nullptr);
         }
         HLock(nullptr);
+        outer.gives(OSStatus(noErr));
     }
     HLock(nullptr);
-    EXPECT_EQ(m_lines, (Lines{"HLock(null)", "Own()", "Outer()", "HLock(null)"}));
+    EXPECT_EQ(
+        m_lines, (Lines{"Outer() ...", "HLock(null)", "Own()", "HLock(null)", "Own()", "Outer() = 0", "HLock(null)"}));
+}
+
+TEST_F(Trace, LeavesOutForeignCodeThatNoCallHasCalled)
+{
+    const ForeignCode constructors;
+    HLock(nullptr);
+    EXPECT_EQ(m_lines, Lines{"HLock(null)"});
 }
 
 TEST_F(Trace, IsSwitchedOffByAnEmptySinkWithinACallToo)
@@ -112,6 +121,7 @@ TEST_F(Trace, IsSwitchedOffByAnEmptySinkWithinACallToo)
     {
         const TracedCall outer("Outer");
         Toolbox::SetTrace(nullptr);
+        const ForeignCode handler;
     }
     HLock(nullptr);
     EXPECT_TRUE(m_lines.empty());
@@ -210,6 +220,17 @@ TEST_F(Trace, TellsTheReferencesThatASuccessfulCallGave)
     EXPECT_EQ(m_lines[1].substr(m_lines[1].find(" = ")), " = -50") << "a call that failed has given nothing";
 }
 
+TEST_F(Trace, TellsTheSmallNumbersThatASuccessfulCallGave)
+{
+    SInt16 item = 0;
+    {
+        TracedCall call("Call", &item, static_cast<SInt16*>(nullptr));
+        item = -3;
+        call.gives(OSStatus(noErr));
+    }
+    EXPECT_EQ(m_lines.back().substr(m_lines.back().find(" = ")), " = 0 -> -3");
+}
+
 TEST_F(Trace, TakesBytesBehindPointersForNoReferences)
 {
     char byte = 'a';
@@ -223,13 +244,14 @@ TEST_F(Trace, TakesBytesBehindPointersForNoReferences)
 
 void procedure() { }
 
-TEST_F(Trace, TellsProceduresAndStructures)
+TEST_F(Trace, TellsProceduresStructuresAndWhatFunctionsReturn)
 {
     struct Structure {
         int field;
     };
     using Procedure = void (*)();
-    EXPECT_EQ(traced(&procedure, Procedure(nullptr), Structure{1}), "Call(procedure, null, ...)");
+    const auto text = [] { return std::string("text"); };
+    EXPECT_EQ(traced(&procedure, Procedure(nullptr), Structure{1}, text), "Call(procedure, null, ..., text)");
 }
 
 }  // namespace

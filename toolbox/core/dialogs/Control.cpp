@@ -70,6 +70,12 @@ OSStatus controlByID(WindowRef ref, const ControlID* id, ControlRef* result)
     return noErr;
 }
 
+// For the trace, as C writes it.
+std::string describeID(const ControlID* id)
+{
+    return id == nullptr ? "null" : "{" + describeNumber(id->signature) + ", " + describeNumber(id->id) + "}";
+}
+
 }  // namespace
 
 }  // namespace Toolbox
@@ -78,7 +84,8 @@ using namespace Toolbox;
 
 OSStatus GetControlByID(WindowRef window, const ControlID* id, ControlRef* control)
 {
-    TracedCall call("GetControlByID", window, id, control);
+    TracedCall call(
+        "GetControlByID", window, [id] { return describeID(id); }, control);
     return call.gives(controlByID(window, id, control));
 }
 

@@ -23,6 +23,16 @@ const EventParameter* Event::findParameter(EventParamName name) const
     return found == parameters.end() ? nullptr : &*found;
 }
 
+std::string Event::traceName() const
+{
+    HICommand command;
+    const EventParameter* const parameter = findParameter(kEventParamDirectObject);
+    if (parameter == nullptr || parameter->type != typeHICommand || parameter->bytes.size() != sizeof command)
+        return Referenced::traceName();
+    std::memcpy(&command, parameter->bytes.data(), sizeof command);
+    return Referenced::traceName() + ' ' + describeNumber(command.commandID);
+}
+
 namespace {
 
 OSStatus readParameter(EventRef ref, EventParamName name, EventParamType type, EventParamType* actualType, UInt32 size,

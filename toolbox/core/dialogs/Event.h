@@ -30,6 +30,9 @@ public:
     /// The parameter `name`, or null.
     const EventParameter* findParameter(EventParamName name) const;
 
+    /// With the command that it carries, if any, behind the number: "event#12 'ok  '".
+    std::string traceName() const override;
+
     const UInt32 eventClass;
     const UInt32 eventKind;
     const std::vector<EventParameter> parameters;

@@ -124,6 +124,12 @@ OSStatus runStandardAlert(DialogRef dialog, DialogItemIndex* itemHit)
     return noErr;
 }
 
+// For the trace, which takes the bytes of a Pascal string for an address.
+auto described(ConstStringPtr text)
+{
+    return [text] { return text == nullptr ? "null" : quoted(fromPascalString(text)); };
+}
+
 }  // namespace
 
 }  // namespace Toolbox
@@ -133,7 +139,7 @@ using namespace Toolbox;
 OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param explanation,
     const AlertStdAlertParamRec* parameters, SInt16* itemHit)
 {
-    TracedCall call("StandardAlert", type, error, explanation, parameters, itemHit);
+    TracedCall call("StandardAlert", type, described(error), described(explanation), parameters, itemHit);
     return call.gives(standardAlert(type, error, explanation, parameters, itemHit));
 }
 

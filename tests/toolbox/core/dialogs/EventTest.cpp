@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <regex>
 
 namespace {
 
@@ -113,6 +114,22 @@ TEST_F(EventParameters, CarryACommandInItsFullSize)
     EXPECT_EQ(full, sizeof(HICommand));
     EXPECT_EQ(head.attributes, UInt32{kHICommandFromControl});
     EXPECT_EQ(head.commandID, UInt32{kHICommandOK});
+}
+
+TEST_F(EventParameters, TellTheTraceTheCommand)
+{
+    HICommand command{};
+    command.commandID = 'butt';
+    std::vector<UInt8> bytes(sizeof command);
+    std::memcpy(bytes.data(), &command, sizeof command);
+    const auto nameWith = [](const std::vector<Toolbox::EventParameter>& parameters) {
+        const Event event(kEventClassCommand, kEventCommandProcess, parameters);
+        return std::regex_replace(event.traceName(), std::regex("\\d+"), "N");
+    };
+    EXPECT_EQ(nameWith({{kEventParamDirectObject, typeHICommand, bytes}}), "event#N 'butt'");
+    EXPECT_EQ(nameWith({{kEventParamDirectObject, typeHICommand, {1, 2}}}), "event#N");
+    EXPECT_EQ(nameWith({{kEventParamDirectObject, 'long', bytes}}), "event#N");
+    EXPECT_EQ(nameWith({}), "event#N");
 }
 
 TEST_F(EventParameters, AreGoneWhenTheEventWasSent)

@@ -2,6 +2,7 @@
 
 #include <Carbon/Dialogs.h>
 #include <CoreFoundation/CFString.h>
+#include <Toolbox/Trace.h>
 
 #include <string>
 #include <utility>
@@ -185,6 +186,17 @@ TEST_P(StandardAlertKeys, ArePressedByReturnAndEscape)
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, StandardAlertKeys, testing::ValuesIn(KEY_CASES), [](const auto& row) { return row.param.name; });
+
+TEST_F(StandardAlertCall, IsTracedWithItsTextsAndItem)
+{
+    SInt16 hit = UNTOUCHED;
+    std::string line;
+    Toolbox::SetTrace([&line](const std::string& each) { line = each; });
+    StandardAlert(kAlertNoteAlert, PascalString("A \"text\"\r"), nullptr, nullptr, &hit);
+    Toolbox::SetTrace(nullptr);
+    EXPECT_EQ(line.find(R"(StandardAlert(1, "A \"text\"\u000d", null, null, 0x)"), 0u) << line;
+    EXPECT_EQ(line.substr(line.find(" = ")), " = 0 -> 1");
+}
 
 TEST_F(StandardAlertCall, RefusesANullResult)
 {
