@@ -49,9 +49,11 @@ FILES = {
         LIBDIR/visex-host/libtoolbox_core.so
         LIBDIR/visex-host/libtoolbox_screen.so
         LIBDIR/visex-host/visex-host
+        share/applications/visex-host.desktop
         share/doc/visex-host/answer.schema.json
         share/bash-completion/completions/visex-host
         share/fish/vendor_completions.d/visex-host.fish
+        share/icons/hicolor/scalable/apps/visex-host.svg
         share/man/man1/visex-host.1.gz
         share/zsh/site-functions/_visex-host
     """,
@@ -139,6 +141,12 @@ class InstalledHost(HostTest):
     @unittest.skipUnless(os.geteuid() == 0, "only the superuser is given the right")
     def test_it_finds_its_frameworks(self):
         self.assert_chooses_japanese("--require-admin")
+
+    def test_its_desktop_entry_names_what_is_there(self):
+        entry = (self.prefix / "share/applications/visex-host.desktop").read_text()
+        self.assertIn(f"\nExec={self.host.name}\n", entry)
+        icon, = (self.prefix / "share/icons").rglob("*.svg")
+        self.assertIn(f"\nIcon={icon.stem}\n", entry)
 
     def test_its_version_is_the_projects(self):
         self.assertEqual(run("--version", host=self.host).output.split()[-1], VERSION)

@@ -2,6 +2,8 @@
 
 #include "toolbox/core/bundles/MainBundle.h"
 
+#include <QIcon>
+
 #include <cerrno>
 #include <clocale>
 #include <cstdio>
@@ -59,7 +61,10 @@ QtApplication::QtApplication(const QByteArray& platform)
     const KeptLocale kept;
     m_own = std::make_unique<QApplication>(m_argumentCount, m_arguments);
     if (const QString name = mainBundleName(); !name.isEmpty())
-        m_own->setApplicationName(name);      // which assistive technology says
+        m_own->setApplicationName(name);  // which assistive technology says
+    // For taskbars: by the entry of this name they know whose windows these are.
+    m_own->setDesktopFileName(QString::fromLocal8Bit(program_invocation_short_name));
+    m_own->setWindowIcon(QIcon(QStringLiteral(":/ApplicationIcon.svg")));
     m_own->setQuitOnLastWindowClosed(false);  // the end of a dialog is none of the program
 }
 

@@ -469,6 +469,20 @@ TEST_F(WindowOnScreen, IsModalAndCanBeMovedAndClosed)
     });
 }
 
+TEST_F(WindowOnScreen, HasAnIcon)
+{
+    Dialog dialog;
+    lookAt(dialog, [](QDialog& shown) {
+        for (const int size : {16, 48, 256}) {
+            const QImage icon = shown.windowIcon().pixmap(size).toImage();
+            ASSERT_EQ(icon.size(), QSize(size, size));
+            EXPECT_EQ(icon.pixelColor(0, 0).alpha(), 0) << "beside the drawing";
+            EXPECT_EQ(icon.pixelColor(size / 8, size * 3 / 4), QColor(0x15, 0x65, 0xC0)) << "below the globe";
+        }
+        EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("toolbox_screen_test"));
+    });
+}
+
 TEST_F(WindowOnScreen, ShowsTextsAsTheyAre)
 {
     Dialog dialog;
