@@ -35,20 +35,20 @@ TEST_P(CallGuardDeath, SaysHowItEnded)
         std::string("^(terminate called[^\n]*\n)?(  what[^\n]*\n)?visex-host: ") + GetParam().line + "\n$");
 }
 
+const char* const ENDED_IN_ITS_CALL = "the call did not return: the external ended the process";
+
 const EndCase END_CASES[] = {
     {"WhileItWasLoaded", Running::Load, [] { std::exit(0); }, "the external ended the process while it was loaded"},
-    {"InItsCall", Running::Call, [] { std::exit(0); }, "the call did not return: the external ended the process"},
+    {"InItsCall", Running::Call, [] { std::exit(0); }, ENDED_IN_ITS_CALL},
     {"OnAScreen", Running::CallOnScreen, [] { std::exit(0); },
         "the call did not return: the screen went away, or the external ended the process"},
     {"WhileItWasReleased", Running::Release, [] { std::exit(0); },
         "the external ended the process while it was released"},
-    {"ByQuickExit", Running::Call, [] { std::quick_exit(0); },
-        "the call did not return: the external ended the process"},
-    {"ByUnderscoreExit", Running::Call, [] { _exit(0); }, "the call did not return: the external ended the process"},
-    {"ByUnderscoreCapitalExit", Running::Call, [] { std::_Exit(0); },
-        "the call did not return: the external ended the process"},
+    {"ByQuickExit", Running::Call, [] { std::quick_exit(0); }, ENDED_IN_ITS_CALL},
+    {"ByUnderscoreExit", Running::Call, [] { _exit(0); }, ENDED_IN_ITS_CALL},
+    {"ByUnderscoreCapitalExit", Running::Call, [] { std::_Exit(0); }, ENDED_IN_ITS_CALL},
     {"ByAnExitInAnExitFunction", Running::Call, [] { std::exit(std::atexit([] { std::exit(0); })); },
-        "the call did not return: the external ended the process"},
+        ENDED_IN_ITS_CALL},
     {"ByAbort", Running::Call, [] { std::abort(); },
         "the call did not return: the external called abort, or threw where nothing may be thrown"},
     {"ByTerminate", Running::Release, [] { std::terminate(); },

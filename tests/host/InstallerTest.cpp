@@ -40,11 +40,13 @@ TEST(Installer, OpensTheResourceFileThatIsCalledAsItIs)
     EXPECT_EQ(flagByte(), 0u);
 }
 
-TEST(Installer, OpensTheNamedResourceFileInItsPlace)
+TEST(Installer, OpensTheNamedResourceFileInItsPlaceAndKeepsTheOtherBitsOfTheFlagsByte)
 {
     const TemporaryFolder folder;
-    const Installer installer(DEMO, folder.write("resources", resourcesWith(0x7F)).string());
-    EXPECT_EQ(flagByte(), 0x7Fu);
+    Installer installer(DEMO, folder.write("resources", resourcesWith(0x15)).string());
+    EXPECT_EQ(flagByte(), 0x15u);
+    installer.requireAdministrator();
+    EXPECT_EQ(flagByte(), 0x95u);
 }
 
 TEST(Installer, ClosesItsResourceFile)
@@ -65,14 +67,6 @@ TEST(Installer, SetsTheFlagForEveryCallAndNotInTheFile)
     EXPECT_EQ(contents(DEMO_RESOURCES), before);
     const Installer again(DEMO, std::nullopt);
     EXPECT_EQ(flagByte(), 0u);
-}
-
-TEST(Installer, KeepsTheOtherBitsOfTheFlagsByte)
-{
-    const TemporaryFolder folder;
-    Installer installer(DEMO, folder.write("resources", resourcesWith(0x15)).string());
-    installer.requireAdministrator();
-    EXPECT_EQ(flagByte(), 0x95u);
 }
 
 TEST(Installer, NamesItsExternal)

@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -63,49 +65,29 @@ TEST(Options, AreTakenAllAtOnce)
     EXPECT_TRUE(all.trace);
 }
 
-TEST(Options, MayBeJoinedToTheirValues)
+TEST(Options, MayBeJoinedToTheirValuesRepeatedAndEnded)
 {
     EXPECT_EQ(options({"--message=-1"}).message, -1);
     EXPECT_EQ(options({"--app=x=y"}).application, "x=y");
-}
-
-TEST(Options, TakeTheLastOfSeveralValues)
-{
-    EXPECT_EQ(options({"--message", "1", "--message", "2"}).message, 2);
-}
-
-TEST(Options, LeaveTheBundleAfterAnAnswerAlone)
-{
-    const Options given = options({"--answer", "ok", "a.bundle"});
-    EXPECT_EQ(given.answers.size(), 1u);
-    EXPECT_EQ(given.external, "a.bundle");
-}
-
-TEST(Options, EndAtTwoDashes)
-{
+    EXPECT_EQ(options({"--message", "1", "--message", "2"}).message, 2) << "the last counts";
+    EXPECT_EQ(options({"--answer", "ok", "a.bundle"}).answers.size(), 1u);
+    EXPECT_EQ(options({"--answer", "ok", "a.bundle"}).external, "a.bundle");
     EXPECT_EQ(options({"--", "--json"}).external, "--json");
 }
 
-TEST(Options, MessageTakesAll16Bits)
+TEST(Options, TakeEveryValueOfTheirKind)
 {
-    EXPECT_EQ(options({"--message", "32767"}).message, 32767);
-    EXPECT_EQ(options({"--message", "-32768"}).message, -32768);
-}
-
-TEST(Options, CurrentTakesUnknownCodesOf32Bits)
-{
-    EXPECT_EQ(options({"--current", "4"}).current, 4u);
-    EXPECT_EQ(options({"--current", "4294967295"}).current, 4294967295u);
-    EXPECT_EQ(options({"--current", "SPANISH"}).current, 6u);
-    EXPECT_EQ(options({"--current", "deutsch"}).current, 2u);
-    EXPECT_EQ(options({"--current", "06"}).current, 6u);
-}
-
-TEST(Options, DisplayTakesThreeNames)
-{
-    EXPECT_EQ(options({"--display", "window"}).display, DisplayKind::Window);
+    for (const int message : {32767, -32768})
+        EXPECT_EQ(options({"--message", std::to_string(message)}).message, message);
+    const std::pair<const char*, std::uint32_t> languages[] = {
+        {"4", 4}, {"4294967295", 4294967295}, {"SPANISH", 6}, {"deutsch", 2}, {"06", 6}};
+    for (const auto& [text, code] : languages)
+        EXPECT_EQ(options({"--current", text}).current, code);
+    for (const DisplayKind kind : {DisplayKind::Window, DisplayKind::Terminal, DisplayKind::Unattended})
+        EXPECT_EQ(options({"--display", nameOf(kind)}).display, kind);
     EXPECT_EQ(options({"--display", "terminal"}).display, DisplayKind::Terminal);
-    EXPECT_EQ(options({"--display", "unattended"}).display, DisplayKind::Unattended);
+    for (const char* const name : {"p.png", "P.PNG", "picture", "a.folder/picture", ".png"})
+        EXPECT_EQ(options({"--picture", name}).picture, name);
 }
 
 TEST(Options, HelpNamesThemAll)
@@ -193,53 +175,32 @@ const WrongCase WRONG_CASES[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Cases, WrongOptions, testing::ValuesIn(WRONG_CASES), RowName());
 
-TEST(Options, TakePicturesThatMayBeAPng)
-{
-    for (const char* const name : {"p.png", "P.PNG", "picture", "a.folder/picture", ".png"})
-        EXPECT_EQ(options({"--picture", name}).picture, name);
-}
-
-TEST(Options, RefuseAnUnknownAnswer)
-{
-    EXPECT_THROW(parseOptions({"--answer", "maybe"}), Problem);
-}
-
 // ---- Answers
 
 using Kind = Toolbox::Answer::Kind;
 
-void expectStep(const Toolbox::Answer& step, Kind kind, UInt32 value)
+using Steps = std::vector<std::pair<Kind, UInt32>>;
+
+Steps steps(const std::vector<GivenAnswer>& answers)
 {
-    EXPECT_EQ(step.kind, kind);
-    EXPECT_EQ(step.value, value);
+    Steps all;
+    for (const Toolbox::Answer& each : stepsOf(answers))
+        all.emplace_back(each.kind, each.value);
+    return all;
 }
 
-TEST(ParseAnswer, UnderstandsTheCommands)
+TEST(ParseAnswer, UnderstandsCommandsButtonsAndLanguages)
 {
-    ASSERT_EQ(parseAnswer("ok").steps.size(), 1u);
-    expectStep(parseAnswer("ok").steps[0], Kind::Command, kHICommandOK);
-    ASSERT_EQ(parseAnswer("Cancel").steps.size(), 1u);
-    expectStep(parseAnswer("Cancel").steps[0], Kind::Command, kHICommandCancel);
-    expectStep(parseAnswer("OK").steps[0], Kind::Command, kHICommandOK);
-}
-
-TEST(ParseAnswer, TakesALanguageAsItsItemAndOK)
-{
+    for (const char* const ok : {"ok", "OK"})
+        EXPECT_EQ(steps({parseAnswer(ok)}), (Steps{{Kind::Command, kHICommandOK}}));
+    EXPECT_EQ(steps({parseAnswer("Cancel")}), (Steps{{Kind::Command, kHICommandCancel}}));
+    for (const char* const second : {"button:2", "Button:2"})
+        EXPECT_EQ(steps({parseAnswer(second)}), (Steps{{Kind::Button, 2}}));
+    EXPECT_EQ(steps({parseAnswer("button:32767")}), (Steps{{Kind::Button, 32767}}));
     for (const char* const japanese : {"Japanese", "japanese", "11", "ja", "JAP", "日本語"}) {
-        const GivenAnswer answer = parseAnswer(japanese);
-        EXPECT_EQ(answer.text, japanese);
-        ASSERT_EQ(answer.steps.size(), 2u);
-        expectStep(answer.steps[0], Kind::Item, 2);
-        expectStep(answer.steps[1], Kind::Command, kHICommandOK);
+        EXPECT_EQ(parseAnswer(japanese).text, japanese);
+        EXPECT_EQ(steps({parseAnswer(japanese)}), (Steps{{Kind::Item, 2}, {Kind::Command, kHICommandOK}}));
     }
-}
-
-TEST(ParseAnswer, UnderstandsButtonsByNumber)
-{
-    ASSERT_EQ(parseAnswer("button:2").steps.size(), 1u);
-    expectStep(parseAnswer("button:2").steps[0], Kind::Button, 2);
-    expectStep(parseAnswer("Button:2").steps[0], Kind::Button, 2);
-    expectStep(parseAnswer("button:32767").steps[0], Kind::Button, 32767);
 }
 
 TEST(ParseAnswer, RefusesAnythingElseWithAWordOnIt)
@@ -260,33 +221,28 @@ const std::vector<GivenAnswer> THREE_ANSWERS{parseAnswer("button:1"), parseAnswe
 
 TEST(StepsOf, KeepsTheOrder)
 {
-    const std::vector<Toolbox::Answer> steps = stepsOf(THREE_ANSWERS);
-    ASSERT_EQ(steps.size(), 4u);
-    expectStep(steps[0], Kind::Button, 1);
-    expectStep(steps[1], Kind::Item, 3);
-    expectStep(steps[2], Kind::Command, kHICommandOK);
-    expectStep(steps[3], Kind::Command, kHICommandCancel);
+    EXPECT_EQ(steps(THREE_ANSWERS),
+        (Steps{{Kind::Button, 1}, {Kind::Item, 3}, {Kind::Command, kHICommandOK}, {Kind::Command, kHICommandCancel}}));
 }
 
-TEST(LastUsedAnswer, IsTheOneOfWhichAStepWasTaken)
+TEST(UsedAnswers, AreThoseOfWhichAStepWasTaken)
 {
-    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 0), "cancel");
-    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 1), "german");
-    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 2), "german") << "the language was chosen, but OK not pressed";
-    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 3), "button:1");
-    EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, 4), "");
+    const struct {
+        const char* lastUsed;
+        std::vector<std::string> unused;
+    } byUnusedSteps[] = {
+        {"cancel", {}},
+        {"german", {"cancel"}},
+        {"german", {"cancel"}},  // the language was chosen, but OK not pressed
+        {"button:1", {"german", "cancel"}},
+        {"", {"button:1", "german", "cancel"}},
+    };
+    for (std::size_t unusedSteps = 0; unusedSteps < std::size(byUnusedSteps); ++unusedSteps) {
+        EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, unusedSteps), byUnusedSteps[unusedSteps].lastUsed) << unusedSteps;
+        EXPECT_EQ(unusedAnswers(THREE_ANSWERS, unusedSteps), byUnusedSteps[unusedSteps].unused) << unusedSteps;
+    }
     EXPECT_EQ(lastUsedAnswer({}, 0), "");
-}
-
-TEST(UnusedAnswers, AreThoseOfWhichNoStepWasTaken)
-{
-    using Texts = std::vector<std::string>;
-    EXPECT_EQ(unusedAnswers(THREE_ANSWERS, 0), Texts());
-    EXPECT_EQ(unusedAnswers(THREE_ANSWERS, 1), (Texts{"cancel"}));
-    EXPECT_EQ(unusedAnswers(THREE_ANSWERS, 2), (Texts{"cancel"})) << "the language was chosen, but OK not pressed";
-    EXPECT_EQ(unusedAnswers(THREE_ANSWERS, 3), (Texts{"german", "cancel"}));
-    EXPECT_EQ(unusedAnswers(THREE_ANSWERS, 4), (Texts{"button:1", "german", "cancel"}));
-    EXPECT_EQ(unusedAnswers({}, 0), Texts());
+    EXPECT_TRUE(unusedAnswers({}, 0).empty());
 }
 
 }  // namespace

@@ -9,6 +9,8 @@
 
 #include <cstdio>
 #include <fstream>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -212,55 +214,40 @@ TEST_P(OutputFile, IsNeitherMadeNorChanged)
     EXPECT_EQ(fs::file_size(folder / "old"), 1u);
 }
 
-TEST_P(OutputFile, MayBeNamedFromTheWorkingFolder)
-{
-    const OtherWorkingFolder other;
-    EXPECT_EQ(problemOf("a file that is not here"), "none");
-}
-
 INSTANTIATE_TEST_SUITE_P(Cases, OutputFile, testing::ValuesIn(FILE_CASES), RowName());
 
-struct BundleCase {
-    const char* name;
-    std::optional<std::string> Options::*written;
-    std::optional<std::string> Options::*bundle;
-    const char* refusal;
-};
+using NamedOption = std::pair<const char*, std::optional<std::string> Options::*>;
 
-// clang-format off
-const BundleCase BUNDLE_CASES[] = {
-    {"RecordInTheApplication",  &Options::writeRecord, &Options::application, "--write-record names a file inside --app"},
-    {"PictureInTheApplication", &Options::picture,     &Options::application, "--picture names a file inside --app"},
-    {"TraceInTheApplication",   &Options::traceFile,   &Options::application, "--trace-file names a file inside --app"},
-    {"RecordInTheExternal",     &Options::writeRecord, &Options::external,      "--write-record names a file inside BUNDLE"},
-    {"PictureInTheExternal",    &Options::picture,     &Options::external,      "--picture names a file inside BUNDLE"},
-    {"TraceInTheExternal",      &Options::traceFile,   &Options::external,      "--trace-file names a file inside BUNDLE"},
-};
-// clang-format on
+const NamedOption OUTPUTS[] = {
+    {"--write-record", &Options::writeRecord}, {"--picture", &Options::picture}, {"--trace-file", &Options::traceFile}};
+const NamedOption BUNDLES[] = {{"--app", &Options::application}, {"BUNDLE", &Options::external}};
 
-class OutputInABundle : public testing::TestWithParam<BundleCase> { };
+class OutputInABundle : public testing::TestWithParam<std::tuple<NamedOption, NamedOption>> { };
 
 TEST_P(OutputInABundle, IsRefused)
 {
     const TemporaryFolder folder;
     fs::create_directories(folder / "bundle" / "Contents");
+    const auto& [output, bundle] = GetParam();
     Options options;
-    options.*GetParam().bundle = (folder / "bundle").string();
+    options.*bundle.second = (folder / "bundle").string();
     for (const char* const name : {"bundle/file", "bundle/Contents/file", "bundle/../bundle/file"}) {
-        options.*GetParam().written = (folder / name).string();
+        options.*output.second = (folder / name).string();
         EXPECT_EQ(problemWith(options),
-            GetParam().refusal + (", '" + (folder / name).string() + "'; nothing is written there"));
+            std::string(output.first) + " names a file inside " + bundle.first + ", '" + (folder / name).string()
+                + "'; nothing is written there");
     }
     std::ofstream(folder / "bundle/Contents/data").put('x');
     fs::create_hard_link(folder / "bundle/Contents/data", folder / "data");
-    options.*GetParam().written = (folder / "data").string();
+    options.*output.second = (folder / "data").string();
     EXPECT_NE(problemWith(options), "none") << "a file that is in the bundle under another name";
     for (const char* const name : {"file", "bundle.png", "bundle/../file"}) {
-        options.*GetParam().written = (folder / name).string();
+        options.*output.second = (folder / name).string();
         EXPECT_EQ(problemWith(options), "none");
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, OutputInABundle, testing::ValuesIn(BUNDLE_CASES), RowName());
+INSTANTIATE_TEST_SUITE_P(
+    Cases, OutputInABundle, testing::Combine(testing::ValuesIn(OUTPUTS), testing::ValuesIn(BUNDLES)));
 
 }  // namespace

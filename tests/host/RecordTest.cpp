@@ -5,12 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -83,52 +81,26 @@ TEST(Record, ReadsItsFields)
     EXPECT_EQ(record.block().currentLanguage, 6u);
 }
 
-TEST(RecordFile, MustBeLongEnough)
-{
-    const TemporaryFolder folder;
-    for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{613}}) {
-        const fs::path file = folder.write("record", bytes(size));
-        EXPECT_EQ(problemOf([&] { Record::load(file); }),
-            "the record '" + file.string() + "' has " + std::to_string(size) + " bytes, and a record has at least 614");
-    }
-}
-
-TEST(RecordFile, MustNotBeHuge)
-{
-    const TemporaryFolder folder;
-    const fs::path file = folder.write("record", bytes(1024 * 1024 + 1));
-    EXPECT_EQ(problemOf([&] { Record::load(file); }),
-        "cannot read the record '" + file.string() + "': it has more than 1048576 bytes");
-}
-
-TEST(RecordFile, MustBeThere)
-{
-    const TemporaryFolder folder;
-    const fs::path file = folder / "none";
-    EXPECT_EQ(problemOf([&] { Record::load(file); }),
-        "cannot read the record '" + file.string() + "': No such file or directory");
-}
-
-TEST(RecordFile, MustBeARegularFile)
+TEST(RecordFile, IsRefusedWithTheReason)
 {
     const TemporaryFolder folder;
     const fs::path pipe = folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    for (const fs::path& file : {folder / "", pipe, fs::path("/dev/zero")}) {
+    const std::pair<fs::path, const char*> unreadable[] = {
+        {folder.write("huge", bytes(1024 * 1024 + 1)), "it has more than 1048576 bytes"},
+        {folder / "none", "No such file or directory"},
+        {folder.path(), "it is not a regular file"},
+        {pipe, "it is not a regular file"},
+        {"/dev/zero", "it is not a regular file"},
+    };
+    for (const auto& [file, reason] : unreadable)
+        EXPECT_EQ(problemOf([file = file] { Record::load(file); }),
+            "cannot read the record '" + file.string() + "': " + reason);
+    for (const std::size_t size : {0u, 1u, 613u}) {
+        const fs::path file = folder.write("short", bytes(size));
         EXPECT_EQ(problemOf([&] { Record::load(file); }),
-            "cannot read the record '" + file.string() + "': it is not a regular file");
+            "the record '" + file.string() + "' has " + std::to_string(size) + " bytes, and a record has at least 614");
     }
-}
-
-TEST(SavingARecord, ReplacesAFileAndKeepsItsPermissions)
-{
-    const TemporaryFolder folder;
-    const fs::path file = folder.write("record", "old");
-    fs::permissions(file, fs::perms(0640));
-    Record().save(file);
-    EXPECT_EQ(contents(file).size(), 614u);
-    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
-    EXPECT_EQ(folder.entries(), 1u) << "nothing is left beside it";
 }
 
 TEST(SavingARecord, WritesTheFileThatALinkLeadsTo)
@@ -160,25 +132,6 @@ TEST(SavingARecord, SaysWhyItCannot)
     const fs::path file = folder / "none" / "record";
     EXPECT_EQ(problemOf([&] { Record().save(file); }),
         "cannot save the record in '" + file.string() + "': No such file or directory");
-}
-
-// Ends the process with 0 when a file that cannot grow past 100 bytes, as on a full disk, is said not to be saved.
-[[noreturn]] void saveOnAFullDisk(const fs::path& file)
-{
-    signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{100, 100};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    const std::string problem = problemOf([&] { Record().save(file); });
-    _exit(problem == "cannot save the record in '" + file.string() + "': File too large" ? 0 : 1);
-}
-
-TEST(SavingARecord, LeavesTheOldFileWhenTheDiskIsFull)
-{
-    const TemporaryFolder folder;
-    const fs::path file = folder.write("record", "old");
-    EXPECT_EXIT(saveOnAFullDisk(file), testing::ExitedWithCode(0), "");
-    EXPECT_EQ(contents(file), "old");
-    EXPECT_EQ(folder.entries(), 1u);
 }
 
 TEST(ChosenLanguage, IsWhatWasWritten)

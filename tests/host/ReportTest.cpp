@@ -148,6 +148,8 @@ TEST(InJson, SaysNullForWhatIsNotThere)
     EXPECT_EQ(parsed["current"], json::parse(R"({"code": 4, "name": null})"));
     EXPECT_EQ(parsed["chosen"], json());
     EXPECT_EQ(parsed["result"], "nothing chosen");
+    report.toolbox.answerWasUnfit = true;
+    EXPECT_EQ(json::parse(inJson(report))["result"], "unfit answer");
 }
 
 TEST(InJson, TellsOfAlertsWithAnIdOnlyIfTheyHaveOne)
@@ -182,13 +184,6 @@ TEST(InJson, TellsHowTheAnswerCameAbout)
     report.display = DisplayKind::Terminal;
     report.toolbox.alerts = {ALERT_5000};
     EXPECT_EQ(cameAbout(), "terminal, asked");
-}
-
-TEST(InJson, TellsOfAnUnfitAnswer)
-{
-    Report report = plainReport();
-    report.toolbox.answerWasUnfit = true;
-    EXPECT_EQ(json::parse(inJson(report))["result"], "unfit answer");
 }
 
 TEST(InJson, KeepsLineBreaksAndReplacesWhatIsNoText)
