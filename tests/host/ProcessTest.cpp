@@ -26,9 +26,11 @@ TEST(ClearPlugInPaths, TakesOutEveryVariableThatNamesCode)
 
 TEST(ClearPlugInPaths, KnowsThoseOfTheLibrariesThatAreLoaded)
 {
-    for (const char* const variable :
-        {"QT_PLUGIN_PATH", "QT_QPA_PLATFORM_PLUGIN_PATH", "QT_VULKAN_LIB", "QT_LOAD_TESTABILITY", "GCONV_PATH",
-            "GTK_MODULES", "GTK_PATH", "GIO_EXTRA_MODULES", "GIO_MODULE_DIR", "LIBGL_DRIVERS_PATH"})
+    for (const char* const variable : {"QT_PLUGIN_PATH", "QT_QPA_PLATFORM_PLUGIN_PATH", "QT_VULKAN_LIB",
+             "QT_LOAD_TESTABILITY", "GCONV_PATH", "GTK_MODULES", "GTK3_MODULES", "GTK_PATH", "GTK_EXE_PREFIX",
+             "GTK_IM_MODULE_FILE", "GDK_PIXBUF_MODULE_FILE", "GDK_PIXBUF_MODULEDIR", "GIO_EXTRA_MODULES",
+             "GIO_MODULE_DIR", "LIBGL_DRIVERS_PATH", "GBM_BACKENDS_PATH", "__EGL_VENDOR_LIBRARY_DIRS",
+             "__EGL_VENDOR_LIBRARY_FILENAMES", "VK_DRIVER_FILES", "VK_ICD_FILENAMES", "VK_LAYER_PATH"})
         EXPECT_TRUE(isCleared(variable)) << variable;
 }
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <functional>
 #include <utility>
@@ -101,6 +102,21 @@ TEST(RecordFile, IsRefusedWithTheReason)
         EXPECT_EQ(problemOf([&] { Record::load(file); }),
             "the record '" + file.string() + "' has " + std::to_string(size) + " bytes, and a record has at least 614");
     }
+}
+
+TEST(RecordFile, IsNotLeftOpen)
+{
+    const TemporaryFolder folder;
+    const auto lowestFree = [] {
+        const int file = dup(STDERR_FILENO);
+        close(file);
+        return file;
+    };
+    const int before = lowestFree();
+    Record().save(folder / "record");
+    Record::load(folder / "record");
+    EXPECT_THROW(Record::load(folder.path()), Problem);
+    EXPECT_EQ(lowestFree(), before);
 }
 
 TEST(SavingARecord, WritesTheFileThatALinkLeadsTo)

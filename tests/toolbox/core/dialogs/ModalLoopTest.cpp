@@ -134,7 +134,18 @@ TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
     const TestWindow made;
     HideWindow(made.ref);
     EXPECT_EQ(runWhile(made.ref, [&] { ADD_FAILURE() << "it was run"; }), eventInternalErr);
-    EXPECT_EQ(Toolbox::TakeReport().displayProblem, "the window is not shown");
+    const Toolbox::CallReport report = Toolbox::TakeReport();
+    EXPECT_EQ(report.displayProblem, "the window is not shown");
+    EXPECT_FALSE(report.windowShown);
+}
+
+TEST_F(ModalLoop, OfAWindowThatIsNotShownLeavesItSaidThatOneWas)
+{
+    const TestWindow made;
+    runWhile(made.ref, [&] { QuitAppModalLoopForWindow(made.ref); });
+    HideWindow(made.ref);
+    RunAppModalLoopForWindow(made.ref);
+    EXPECT_TRUE(Toolbox::TakeReport().windowShown);
 }
 
 TEST_F(ModalLoop, ThatFailsInsideAnotherLeavesThatOneRunning)

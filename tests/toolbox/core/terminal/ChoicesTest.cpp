@@ -84,6 +84,16 @@ TEST_P(FindChoice, TakesTheSurestReading)
 
 INSTANTIATE_TEST_SUITE_P(Cases, FindChoice, testing::ValuesIn(FIND_CASES), RowName());
 
+TEST(FindChoice, TakesAPartHoweverItIsSetApart)
+{
+    for (const char* const name : {"a (b)", "a [b]", "a / b", "a | b", "a, b", "a – b", "a — b", "a - b"}) {
+        Choices choices;
+        choices.add(QString::fromUtf8(name));
+        QString problem;
+        EXPECT_TRUE(choices.find(QStringLiteral("b"), &problem).has_value()) << name;
+    }
+}
+
 TEST(FindChoice, NamesTheChoicesThatItCouldBe)
 {
     Choices choices;

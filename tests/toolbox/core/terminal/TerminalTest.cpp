@@ -216,6 +216,18 @@ TEST(TerminalQuestion, StandsThereAgainAfterAStop)
     EXPECT_EQ(terminal.report(), "[yes]");
 }
 
+TEST(TerminalQuestion, LeavesTheSignalOfContinuingAsItWas)
+{
+    PseudoTerminal terminal("C.UTF-8", [] {
+        std::signal(SIGCONT, SIG_IGN);
+        Terminal().ask(QStringLiteral("? "));
+        return std::signal(SIGCONT, SIG_DFL) == SIG_IGN ? "as it was" : "another";
+    });
+    EXPECT_EQ(terminal.readUntil("? "), "? ");
+    terminal.type("yes\n");
+    EXPECT_EQ(terminal.report(), "as it was");
+}
+
 TEST(TerminalQuestion, SaysThatStandardInputIsNotRead)
 {
     for (const bool holdsSomething : {true, false}) {
