@@ -132,7 +132,7 @@ void WindowDialog::addControls()
     // Tells assistive technology which text is the label of which pop-up without a title of its own.
     for (const Shown& each : m_shown) {
         const Control* const text =
-            each.popUp != nullptr && each.control->title.isEmpty() ? labelBefore(*each.control) : nullptr;
+            each.popUp != nullptr && each.control->title.isEmpty() ? each.control->label : nullptr;
         const auto label =
             std::find_if(m_shown.begin(), m_shown.end(), [text](const Shown& other) { return other.control == text; });
         if (label == m_shown.end())

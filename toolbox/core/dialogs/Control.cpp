@@ -30,21 +30,9 @@ bool Control::offers(SInt32 item) const
     return wanted.enabled && !wanted.separator && !wanted.hidden;
 }
 
-const Control* labelBefore(const Control& control)
-{
-    const Control* label = nullptr;
-    for (const Control* const each : control.window.controls()) {
-        if (each == &control)
-            break;
-        if (each->kind == ControlKind::StaticText && each->shown())
-            label = each;
-    }
-    return label;
-}
-
 QString labelOf(const Control& control)
 {
-    const Control* const labelled = control.title.isEmpty() ? labelBefore(control) : &control;
+    const Control* const labelled = control.title.isEmpty() ? control.label : &control;
     QString label = labelled == nullptr ? QString() : labelled->title.simplified();
     if (label.endsWith(QLatin1Char(':')))
         label.chop(1);

@@ -71,6 +71,8 @@ public:
     const Control* const container;  // the control that it lies in; null for the root
     Rect bounds{};                   // in the coordinates of the window's content, also when it lies in another control
     QString title;                   // of a pop-up: the label at its left
+    const Control* label =
+        nullptr;  // the last static text shown before it, which labels it if it has no title; or null
     ControlID id{};
     MenuCommand command = 0;
     bool enabled = true;
@@ -84,12 +86,7 @@ public:
     std::vector<std::unique_ptr<Control>> children;
 };
 
-/// The static text that stands before `control` in the window, as its label where it has no title of its own. Null if
-/// there is none.
-const Control* labelBefore(const Control& control);
-
-/// The title of `control`, on one line and without a colon at its end; where it has none, the static text that stands
-/// before it in the window. Empty if there is none either.
+/// The title of `control` or else of its label, on one line and without a colon at its end. Empty if there is neither.
 QString labelOf(const Control& control);
 
 }  // namespace Toolbox

@@ -159,6 +159,9 @@ private:
         control->command = object.code("command");
         control->enabled = object.flag("enabled", true);
         control->hidden = object.flag("hidden", false);
+        control->label = m_lastText;
+        if (control->kind == ControlKind::StaticText && control->shown())
+            m_lastText = control.get();
         controlClass.readDetails(object, *control);
         if (control->kind == ControlKind::Other && !control->hidden)
             remarkNotDrawn(object.className, control->id);
@@ -229,7 +232,8 @@ private:
     const NibArchive& m_archive;
     const QString m_name;
     std::set<const NibObject*> m_claimed;
-    QString m_problem;  // the first
+    const Control* m_lastText = nullptr;  // of the static texts so far that are shown
+    QString m_problem;                    // the first
 };
 
 }  // namespace

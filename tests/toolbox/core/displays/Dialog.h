@@ -22,6 +22,7 @@ struct Dialog {
         label.title = QStringLiteral("Choose a size:");
         label.bounds = {20, 20, 36, 320};
         popUp.bounds = {44, 20, 64, 320};
+        popUp.label = &label;
         popUp.setValue(2);
         ok.title = QStringLiteral("OK");
         ok.bounds = {84, 251, 104, 320};

@@ -89,6 +89,28 @@ TEST_F(NibWindow, HasItsControlsInTheirOrder)
     }
 }
 
+TEST_F(NibWindow, LabelsControlsByTheLastTextShownBeforeThem)
+{
+    const std::string button = controlOf("IBCarbonButton");
+    const auto text = [](const char* title, const char* hidden = "FALSE") {
+        return controlOf("IBCarbonStaticText",
+            std::string("<string name='title'>") + title + "</string><boolean name='hidden'>" + hidden + "</boolean>");
+    };
+    const auto box = [](const std::string& inside, const char* hidden = "FALSE") {
+        return controlOf("IBCarbonGroupBox",
+            std::string("<boolean name='hidden'>") + hidden + "</boolean><array name='subviews'>" + inside
+                + "</array>");
+    };
+    const auto window = windowOf(nibOf(button + text("One") + button + text("Hidden", "TRUE") + button
+        + box(text("Within a hidden one"), "TRUE") + button + box(text("Two") + button) + button));
+    ASSERT_NE(window, nullptr);
+    QStringList labels;
+    for (const Control* const each : window->controls())
+        if (each->kind == ControlKind::Button)
+            labels += Toolbox::labelOf(*each);
+    EXPECT_EQ(labels, (QStringList{"", "One", "One", "One", "Two", "Two"}));
+}
+
 TEST_F(NibWindow, HasAPopUpWithItsItems)
 {
     const auto window = windowOf(SAMPLE_NIB, "Size_Chooser");
