@@ -34,7 +34,7 @@ Character firstOf(std::string_view text)
     return isCharacter ? Character{code, length} : Character{std::nullopt, 1};
 }
 
-// What does something to a terminal or to the text around it, in place of being seen.
+// Characters that are not seen but do something to the terminal or to the text around them.
 constexpr struct {
     char32_t first;
     char32_t last;

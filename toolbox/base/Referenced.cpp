@@ -8,8 +8,7 @@ namespace Toolbox {
 
 namespace {
 
-// The values of references begin behind FIRST, far apart and never small, so that neither a count nor an index passes
-// for one.
+// References are larger than FIRST and STEP apart, so that no count and no index is taken for one.
 constexpr std::uintptr_t FIRST = 0x10000;
 constexpr std::uintptr_t STEP = 16;
 

@@ -31,7 +31,7 @@ protected:
     explicit AnyReferenced(const char* kind);
     virtual ~AnyReferenced();
 
-    /// Counts this object as of another kind from now on: one that is not meant to end, and so is no leak.
+    /// Counts this object under another kind from now on: one whose objects never end and so are not leaks.
     void countAs(const char* kind);
 
     const std::uintptr_t m_reference;
@@ -45,8 +45,8 @@ private:
 /// was never given out as a reference.
 std::optional<std::string> traceNameOf(std::uintptr_t reference);
 
-/// What an `Object` derives from to be known by a `Ref` for as long as it lives. Whoever makes it owns it; this keeps
-/// only the way from the reference to the object, and counts it as alive under Object::KIND.
+/// What an `Object` derives from to be known by a `Ref` for as long as it lives. Its maker owns it; this only finds
+/// it by its reference, and counts it as alive under Object::KIND.
 template <typename Object, typename Ref> class Referenced : public AnyReferenced {
 public:
     /// The live object of `ref`, or null for a null, dead or foreign reference, and for one of another type.

@@ -22,7 +22,7 @@ bool isPrintable(unsigned character)
     return character >= ' ' && character <= '~';
 }
 
-// The four characters of a code such as 'CALL', or nothing when the number is none.
+// The four characters of `number` if it is a code such as 'CALL', else an empty text.
 std::string fourCharacters(long long number)
 {
     std::string code;

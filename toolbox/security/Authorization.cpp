@@ -15,7 +15,8 @@ namespace Toolbox {
 
 namespace {
 
-// Those that may be given where rights are asked for. Nobody is ever asked, so only partial rights change an answer.
+// The flags that may be given where rights are asked for. Nobody is ever asked, so only kAuthorizationFlagPartialRights
+// changes an answer.
 constexpr AuthorizationFlags KNOWN_FLAGS = kAuthorizationFlagInteractionAllowed | kAuthorizationFlagExtendRights
     | kAuthorizationFlagPartialRights | kAuthorizationFlagPreAuthorize;
 

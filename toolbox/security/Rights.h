@@ -16,9 +16,9 @@ namespace Toolbox {
 /// that is nobody's.
 OSStatus judgeRight(const char* name, uid_t user);
 
-/// The same for all of `rights`; what is said of the first that is not held counts for all, unless one that is held
-/// will do: `partly`. Those that are held are appended to `*held`, with the names of `rights`. Every process holds all
-/// of none. errAuthorizationInvalidSet for null and for a set that lacks its items or the name of one.
+/// The same for all of `rights`: what judgeRight() says of the first that is not held, or success if all are held or,
+/// when asked for `partly`, if any is. Appends those that are held to `*held`, with the names of `rights`.
+/// errAuthorizationInvalidSet for null and for a set that lacks its items or the name of one.
 OSStatus judgeRights(const AuthorizationRights* rights, uid_t user, bool partly, std::vector<AuthorizationItem>* held);
 
 }  // namespace Toolbox

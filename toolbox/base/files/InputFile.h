@@ -1,5 +1,5 @@
-// Regular files, open for reading: how everything is opened that comes from elsewhere. And the system's error numbers
-// in the File Manager's words.
+// Regular files, open for reading, which is how everything is opened that comes from elsewhere; and the File Manager's
+// codes for the system's error numbers.
 
 #ifndef TOOLBOX_BASE_FILES_INPUTFILE_H
 #define TOOLBOX_BASE_FILES_INPUTFILE_H
@@ -23,7 +23,7 @@ public:
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
 
-    /// Opens the file at `path`, once in the life of this. Never waits: what is no regular file is refused.
+    /// Opens the file at `path`; to be called once. Never waits: anything but a regular file is refused.
     /// Returns noErr; fnfErr; permErr; ioErr, also for a folder, a pipe or a device; tmfoErr.
     OSErr open(const std::string& path);
 

@@ -1,5 +1,5 @@
-// Handles as the toolbox's other managers make them, and the managers' word for a lack of memory. To the callers a
-// handle is an address of an address.
+// Handles as the toolbox's other managers make them, and the code that they return when memory runs out. To the callers
+// a handle is the address of an address.
 
 #ifndef TOOLBOX_BASE_MEMORY_MEMORYMANAGER_H
 #define TOOLBOX_BASE_MEMORY_MEMORYMANAGER_H

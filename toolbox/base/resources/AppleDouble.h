@@ -1,5 +1,5 @@
-// AppleDouble and AppleSingle, version 2: files that carry a Mac file's forks as entries. Of these the resource fork is
-// of interest.
+// AppleDouble and AppleSingle, version 2: files that carry a Mac file's forks as entries. Only the resource fork is
+// looked for here.
 
 #ifndef TOOLBOX_BASE_RESOURCES_APPLEDOUBLE_H
 #define TOOLBOX_BASE_RESOURCES_APPLEDOUBLE_H

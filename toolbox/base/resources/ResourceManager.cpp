@@ -119,7 +119,7 @@ Chain::iterator findFile(SInt16 refNum)
     return std::find_if(chain().begin(), chain().end(), [=](const auto& file) { return file->refNum() == refNum; });
 }
 
-// From 1 on; a number comes back only when all others had their turn, so that a closed file's finds nothing.
+// From 1 on. A number is given out again only after all others, so that the number of a closed file finds nothing.
 SInt16 nextRefNum()
 {
     static SInt16 last = 0;

@@ -34,7 +34,7 @@ QStringList userLanguages()
     return languages;
 }
 
-// Whether `string` is null, for nothing, or a string at all.
+// Whether `string` is null, which stands for no text, or a live string.
 bool isOptionalString(CFStringRef string)
 {
     return string == nullptr || findObject<StringObject>(string) != nullptr;

@@ -36,7 +36,7 @@ struct Search {
     bool inCode;
 };
 
-// Looks in one loaded file; not 0 when no other has to be looked in.
+// Looks in one loaded file; returns 0 to have the next one looked in.
 int searchCode(dl_phdr_info* file, std::size_t, void* data)
 {
     auto* const search = static_cast<Search*>(data);

@@ -25,7 +25,7 @@ Register& plugIns()
     return *all;
 }
 
-// What project templates leave in an Info.plist. It stands in many, and is no factory in any.
+// What project templates leave in an Info.plist. Many bundles have it, and none has such a factory.
 constexpr UUIDBytes TEMPLATE_ID = {};
 constexpr const char* TEMPLATE_FUNCTION = "MyFactoryFunction";
 
@@ -50,7 +50,7 @@ void registerFactory(Bundle& bundle, const QString& id, const QVariant& function
     const Factory factory = {*bytes, &bundle, function.toString()};
     const bool isResidue = factory.id == TEMPLATE_ID && factory.function == TEMPLATE_FUNCTION;
     if (!isResidue)
-        plugIns().factories.emplace(factory.id, factory);  // a taken id stays with who has it
+        plugIns().factories.emplace(factory.id, factory);  // an id that is taken stays with the bundle that has it
 }
 
 bool isFactoryOf(const Bundle& bundle, const UUIDBytes& id)

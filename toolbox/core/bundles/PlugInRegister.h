@@ -19,10 +19,8 @@ struct Factory {
     QString function;
 };
 
-/// Registers what the Info.plist of `bundle` says: the factories of CFPlugInFactories, then the types of CFPlugInTypes.
-/// Left out is what has not the form described there, a factory that another bundle has registered, a type for a
-/// factory that is not of this bundle, and the factory that project templates come with. CFPlugInDynamicRegistration
-/// has no effect: no code is loaded.
+/// Registers what the Info.plist of `bundle` says, as CFPlugIn.h describes it: the factories of CFPlugInFactories, then
+/// the types of CFPlugInTypes. No code is loaded for it.
 void registerFactories(Bundle& bundle);
 
 /// Takes out all factories of `bundle`, with their types.

@@ -16,9 +16,8 @@ constexpr qsizetype LONGEST_PROPERTY_LIST = 1024 * 1024;  // bytes
 /// a QVariantMap; numbers, dates, data and Booleans are there as QVariants without a value, since nothing asks for
 /// them. Of a key that is given twice, the last counts.
 ///
-/// Nothing, with the reason in `*problem`, for a document that is not well-formed XML, that is no property list (a
-/// binary one included), whose value is no dictionary, that is longer than the above, or that is beyond the limits of
-/// XmlLimits.h.
+/// Nothing, with the reason in `*problem`, for a document that is not well-formed XML, is not a property list in XML,
+/// holds a value other than a dictionary, is longer than the above or is beyond the limits of XmlLimits.h.
 std::optional<QVariantMap> readPropertyList(const QByteArray& document, QString* problem);
 
 }  // namespace Toolbox

@@ -13,7 +13,7 @@ namespace Toolbox {
 /// a dead reference in it, and nothing to crash on.
 class ArrayObject : public CFObject {
 public:
-    /// The array of `elements`, of each of which it becomes an owner in place of the caller.
+    /// The array of `elements`. It takes over the caller's ownership of each.
     explicit ArrayObject(std::vector<CFTypeRef> elements);
 
     ~ArrayObject() override;

@@ -16,8 +16,8 @@ namespace Toolbox {
 void pressControl(Control& control);
 
 /// Chooses item `item` of `popUp`, from 1: sends the item's command, or 0; unless a handler takes that, sets the value
-/// and sends the pop-up's own command, if it has one. Nothing for a separator, a disabled item or one that is not
-/// there, nor where `popUp` is not usable().
+/// and sends the pop-up's own command, if it has one. Does nothing where `popUp` is not usable() or does not offer the
+/// item.
 void chooseMenuItem(Control& popUp, SInt32 item);
 
 /// Sends `command` to the window's handlers as coming from the window itself: how closing it counts as cancelling.

@@ -15,21 +15,21 @@ class Display {
 public:
     virtual ~Display() = default;
 
-    /// Has somebody work in `window`, whose modal loop has begun, until modalLoopEnded(); the window may be gone by
-    /// then. True then; false, with the reason in `*problem`, when it cannot go on: a closed terminal, or a window that
-    /// nothing could ever end.
+    /// Lets somebody work in `window`, whose modal loop has begun, until modalLoopEnded(); the window may be gone by
+    /// then. Returns true then; false, with the reason in `*problem`, when it cannot go on: the terminal was closed, or
+    /// nothing could ever end the window.
     virtual bool runWindow(Window& window, QString* problem) = 0;
 
-    /// Has somebody answer `alert`, which has a button that can be pressed; returns the number of the button. It always
-    /// ends, with one of the alert's buttons also when nobody can answer any more.
+    /// Lets somebody answer `alert`, which has a button that can be pressed, and returns the number of a button, even
+    /// when nobody can answer any more.
     virtual SInt16 runAlert(const Alert& alert) = 0;
 };
 
-/// The display that was chosen, or the first. Whoever runs something on it keeps it alive until that has ended, also when
-/// a handler chooses another.
+/// The display that was chosen, or the first. A caller that runs something on it keeps the pointer until that has
+/// ended, since a handler may choose another display.
 std::shared_ptr<Display> currentDisplay();
 
-/// The display that is there until another is chosen: an unattended one without answers. It is made where displays are.
+/// The display that is there until another is chosen: an unattended one without answers.
 std::unique_ptr<Display> makeFirstDisplay();
 
 /// Shows everything on `display` from now on.

@@ -8,7 +8,7 @@
 namespace Toolbox {
 
 /// Whether `window` is not, or no longer, to be run: it has no loop, its loop was told to end, or the window is gone.
-/// A display looks after everything that it has sent to the window, and returns when this is so.
+/// A display asks this each time that it has sent something to the window, and returns when it is true.
 bool modalLoopEnded(WindowRef window);
 
 /// Whether what is done in `window` reaches its handlers: its loop is the innermost and was not told to end. So a

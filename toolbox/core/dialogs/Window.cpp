@@ -46,8 +46,8 @@ Control* Window::buttonOfRole(ButtonRole role) const
 
 namespace {
 
-// Displays show a window while its modal loop runs. On the Mac one that is shown without stands there all the same, so
-// whoever misses it here is told why.
+// Displays show a window only while its modal loop runs. The Mac shows it without a loop as well, so a remark tells why
+// it was not seen here.
 void remarkIfNeverSeen(const Window& window)
 {
     if (window.visible && !window.wasRun)
@@ -91,8 +91,8 @@ void HideWindow(WindowRef window)
 void DisposeWindow(WindowRef window)
 {
     const TracedCall call("DisposeWindow", window);
-    // A window is its reference's: whoever holds that disposes of it. What is left at exit ends with the process, and
-    // no handler hears of it.
+    // The caller owns the window and disposes of it by its reference. Windows left at exit end with the process, and no
+    // handler is told.
     hide(window);
     delete Window::find(window);
 }

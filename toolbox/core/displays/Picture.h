@@ -12,8 +12,8 @@
 
 namespace Toolbox {
 
-/// The file that was asked for, once; nothing when none was, or when it was taken already. Whoever takes it saves the
-/// picture and says with notePictureProblem() what went wrong.
+/// Takes the file that was asked for; nothing when none was, or when it was taken already. The caller then saves the
+/// picture and reports with notePictureProblem() what went wrong.
 std::optional<QString> takePictureRequest();
 
 /// Reports `problem`, empty for none.

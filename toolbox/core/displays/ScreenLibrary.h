@@ -1,5 +1,5 @@
-// The library that shows windows on a screen. It is loaded when it is first needed, from beside the core library and
-// from nowhere else, so that nobody needs it who never opens a window.
+// The library that shows windows on a screen. It is loaded when it is first needed, and only from beside the core
+// library, so that a program that never opens a window runs without it.
 
 #ifndef TOOLBOX_CORE_DISPLAYS_SCREENLIBRARY_H
 #define TOOLBOX_CORE_DISPLAYS_SCREENLIBRARY_H

@@ -15,7 +15,7 @@ namespace {
 // No dialog comes near, and what an archive holds takes many times its size in memory.
 constexpr std::uint64_t LONGEST_ARCHIVE = 2 * 1024 * 1024;
 
-// The reasons why the external gets no nib, or no window of it, of which it only hears that there is none.
+// Remarks on why the external gets no nib, or no window from it, since the codes that it gets do not say.
 void remarkRefusal(const QString& what, const QString& name, const QString& reason)
 {
     remark((QStringLiteral("the %1 \"%2\" was refused: %3").arg(what, name, reason)).toStdString());

@@ -1,7 +1,7 @@
 // The archive of a nib, objects.xib, as a graph of objects that name each other.
 //
-// An element's tag is a value's type, its attribute `name` the property that has it. An object may stand inside its
-// owner, or elsewhere with a reference in its place, before or after it; here it makes no difference.
+// An element's tag is the type of a value, and its attribute `name` the property that has this value. An object may
+// stand inside its owner, or anywhere else with a reference in its place; the graph is the same.
 
 #ifndef TOOLBOX_CORE_NIBS_NIBARCHIVE_H
 #define TOOLBOX_CORE_NIBS_NIBARCHIVE_H
@@ -16,9 +16,9 @@ namespace Toolbox {
 
 class NibArchive {
 public:
-    /// The graph in `xml`. None, with the reason in `*problem`, when that is not well-formed XML, is beyond the limits
-    /// of XmlLimits.h, gives two objects one id, or holds a value that is not of its type. What it says of counts is
-    /// not looked at, and nothing outside of it.
+    /// The graph in `xml`. Nothing, with the reason in `*problem`, when that is not well-formed XML, is beyond the
+    /// limits of XmlLimits.h, gives two objects one id, or holds a value that is not of its type. Counts in it are
+    /// ignored.
     static std::optional<NibArchive> read(const QByteArray& xml, QString* problem);
 
     /// The object that `reference` names, or null.

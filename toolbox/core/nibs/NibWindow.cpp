@@ -173,7 +173,7 @@ private:
         return control;
     }
 
-    // Such a control keeps its place and its identity, but whoever looks for it on the display looks in vain.
+    // Such a control keeps its place and its identity, but nobody will see it.
     void remarkNotDrawn(const QString& className, const ControlID& id) const
     {
         remark("the " + className.toStdString() + " " + describeNumber(id.signature) + " " + std::to_string(id.id)
@@ -202,7 +202,7 @@ private:
         return item;
     }
 
-    // Whatever stands in one place stands in no other: so nothing is in itself, and little cannot become much.
+    // An object may stand in one place only: so none is inside itself, and a small archive cannot make a huge window.
     bool claim(const NibObject& object)
     {
         return require(m_claimed.insert(&object).second, "an object stands in two places");

@@ -55,7 +55,7 @@ typedef struct AlertStdAlertParamRec {
     ConstStringPtr defaultText;
     ConstStringPtr cancelText;
     ConstStringPtr otherText;
-    SInt16 defaultButton;  // the slot of the one that Return presses; 0, or a slot without a button, is none
+    SInt16 defaultButton;  // the slot of the one that Return presses; none for 0 and for a slot without a button
     SInt16 cancelButton;   // likewise of the one that Escape presses
     UInt16 position;
 } AlertStdAlertParamRec;

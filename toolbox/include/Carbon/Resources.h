@@ -28,8 +28,8 @@ enum {
 OSErr FSOpenResourceFile(
     const FSRef* file, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum);
 
-/// Closes the file and frees its handles. If it was the current file, the one opened before it becomes current. A number
-/// of which no file is open is ignored.
+/// Closes the file and frees its handles. If it was the current file, the one opened before it becomes current. A
+/// number of which no file is open is ignored.
 void CloseResFile(SInt16 refNum);
 
 /// The handle of the resource: from the current file, then from those opened before it. The same handle for the same
@@ -39,11 +39,11 @@ void CloseResFile(SInt16 refNum);
 Handle GetResource(ResType type, SInt16 id);
 
 /// Frees the data of a resource's handle and forgets the handle, but keeps it while it is marked as changed.
-/// Null, and a handle that is no resource's, are ignored.
+/// Null, and a handle that is not a resource's, are ignored.
 void ReleaseResource(Handle resource);
 
 /// Marks the resource as changed, so that what was written into its block stays until its file is closed.
-/// Null, and a handle that is no resource's, are ignored.
+/// Null, and a handle that is not a resource's, are ignored.
 void ChangedResource(Handle resource);
 CARBON_FUNCTIONS_END
 

@@ -46,7 +46,7 @@ OSStatus CreateUnicodeToTextInfoByEncoding(TextEncoding encoding, UnicodeToTextI
 /// offsets can be asked for: 0, null, null, null. `*sourceRead` and `*unicodeLength` tell what was done, also when the
 /// buffer was too small. A `sourceLength` of 0 is noErr, 0 and 0 whatever the buffer and its size.
 /// Returns noErr; kTECOutputBufferFullStatus when not all fitted, kTECBufferBelowMinimumSizeErr when nothing did;
-/// kTECCorruptConverterErr for a converter that is none or goes the other way; paramErr for null where something is
+/// kTECCorruptConverterErr for a wrong converter or one of the other way; paramErr for null where something is
 /// needed and for what must be 0.
 OSStatus ConvertFromTextToUnicode(TextToUnicodeInfo converter, ByteCount sourceLength, ConstLogicalAddress source,
     OptionBits flags, ItemCount offsetCount, const ByteOffset offsets[], ItemCount* offsetsUsed,

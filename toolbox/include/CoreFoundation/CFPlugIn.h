@@ -19,9 +19,9 @@ typedef void* (*CFPlugInFactoryFunction)(CFAllocatorRef allocator, CFUUIDRef typ
 ///
 /// Info.plist says which: CFPlugInFactories is a dictionary from a factory's id to the name of its function;
 /// CFPlugInTypes one from a type's id to an array of factories' ids, or to one. Ids are UUIDs in their usual text form,
-/// in either case. Left out is what has not this form; a factory that another bundle has registered, which keeps it; a
-/// type for a factory that this bundle has not registered; and the factory that project templates come with, of zeros
-/// alone and with the function MyFactoryFunction. CFPlugInDynamicRegistration has no effect.
+/// in either case. Not registered are entries of another form; a factory that another bundle has registered, which
+/// keeps it; a type for a factory that this bundle has not registered; and the factory that project templates come
+/// with, of zeros alone and with the function MyFactoryFunction. CFPlugInDynamicRegistration has no effect.
 CFPlugInRef CFPlugInCreate(CFAllocatorRef allocator, CFURLRef url);
 
 /// The factories, as CFUUIDRef, that `plugIn` registers for `type`: empty when only others do, null when none does or
