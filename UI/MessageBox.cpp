@@ -1,10 +1,10 @@
 #include "UI/MessageBox.h"
 
+#include "util/CFString.h"
+
 #include <Carbon/Carbon.h>
 
 #include <cstdint>
-
-#include "util/CFString.h"
 
 namespace {
 

@@ -9,9 +9,9 @@
 #ifndef UI_MESSAGEBOX_H
 #define UI_MESSAGEBOX_H
 
-#include <vector>
-
 #include "Velbase/common/common_string.h"
+
+#include <vector>
 
 struct OpaqueWindowPtr;
 

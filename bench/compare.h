@@ -3,19 +3,18 @@
 #ifndef BENCH_COMPARE_H
 #define BENCH_COMPARE_H
 
-#include <benchmark/benchmark.h>
-
-#include <glib.h>
+#include "Velbase/common/common_string.h"
 
 #include <QByteArray>
 #include <QString>
+#include <benchmark/benchmark.h>
+
+#include <glib.h>
 
 #include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
-
-#include "Velbase/common/common_string.h"
 
 namespace bench {
 

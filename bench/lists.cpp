@@ -2,11 +2,11 @@
 
 #include "bench/compare.h"
 
-#include <absl/strings/str_join.h>
-#include <absl/strings/str_split.h>
-
 #include <QByteArrayList>
 #include <QStringList>
+
+#include <absl/strings/str_join.h>
+#include <absl/strings/str_split.h>
 
 #include <vector>
 

@@ -4,12 +4,12 @@
 
 #include <absl/strings/ascii.h>
 #include <absl/strings/match.h>
+#include <string.h>
+#include <strings.h>
 
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <string.h>
-#include <strings.h>
 
 namespace bench {
 

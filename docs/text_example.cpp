@@ -1,6 +1,6 @@
-#include <cstdio>
-
 #include "Velbase/common/common_string.h"
+
+#include <cstdio>
 
 int main()
 {

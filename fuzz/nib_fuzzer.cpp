@@ -60,8 +60,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const CFStringRef name = CFSTR("Window");
     const NothingLeft check;
     const auto length = static_cast<qsizetype>(size);
-    const IBNibRef nib =
-        (new Toolbox::Nib(QStringLiteral("Fuzzed"), QByteArray::fromRawData(reinterpret_cast<const char*>(data), length)))->ref();
+    const IBNibRef nib = (new Toolbox::Nib(QStringLiteral("Fuzzed"),
+                              QByteArray::fromRawData(reinterpret_cast<const char*>(data), length)))
+                             ->ref();
     WindowRef window = nullptr;
     const OSStatus status = CreateWindowFromNib(nib, name, &window);
     DisposeNibReference(nib);

@@ -6,12 +6,12 @@
 
 #include "fuzz/must_hold.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 class ScratchFile {
 public:

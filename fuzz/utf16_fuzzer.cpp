@@ -2,12 +2,11 @@
 // size, and the text library's members on top of it. The first byte is the buffer's size; the rest is converted, as
 // bytes one way and as units the other.
 
+#include "Velbase/common/common_string.h"
 #include "fuzz/must_hold.h"
 #include "tests/toolbox/base/text_encoding/ICUMacRoman.h"
 
 #include <Carbon/Carbon.h>
-
-#include "Velbase/common/common_string.h"
 
 #include <algorithm>
 #include <cstring>

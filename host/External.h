@@ -4,7 +4,6 @@
 #define HOST_EXTERNAL_H
 
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
-
 #include "host/CFReferences.h"
 #include "host/Options.h"
 #include "host/Record.h"

@@ -1,9 +1,8 @@
 #include "host/Report.h"
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "host/Languages.h"
 #include "host/WrittenFiles.h"
-
-#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,11 +1,11 @@
 #include "VISEX_Plugins/LanguageSelector/AuthorizationGate.h"
 
+#include "VISEX_Plugins/LanguageSelector/HostContract.h"
+
 #include <Carbon/Carbon.h>
 #include <Security/Authorization.h>
 
 #include <type_traits>
-
-#include "VISEX_Plugins/LanguageSelector/HostContract.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // What the external and its installer have agreed on, each thing named once: for the external, for the program
-// that plays its installer, and for the one that makes the installer's resources. docs/host-contract.md says what follows from it.
+// that plays its installer, and for the one that makes the installer's resources. docs/host-contract.md says what
+// follows from it.
 
 #ifndef VISEX_PLUGINS_LANGUAGESELECTOR_HOSTCONTRACT_H
 #define VISEX_PLUGINS_LANGUAGESELECTOR_HOSTCONTRACT_H

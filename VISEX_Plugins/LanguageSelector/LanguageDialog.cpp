@@ -1,13 +1,13 @@
 // The dialog in which the person installing picks the language of the installation.
 
-#include <Carbon/Carbon.h>
-
-#include <cstddef>
-
 #include "UI/MessageBox.h"
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 #include "Velbase/common/common_string.h"
+
+#include <Carbon/Carbon.h>
+
+#include <cstddef>
 
 namespace {
 

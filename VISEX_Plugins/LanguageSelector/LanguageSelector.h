@@ -6,11 +6,11 @@
 #ifndef VISEX_PLUGINS_LANGUAGESELECTOR_LANGUAGESELECTOR_H
 #define VISEX_PLUGINS_LANGUAGESELECTOR_LANGUAGESELECTOR_H
 
+#include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
+
 #include <Carbon/Carbon.h>
 
 #include <cstddef>
-
-#include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
 
 extern "C" {
 

@@ -1,10 +1,10 @@
 #include "UI/MessageBox.h"
 
-#include <initializer_list>
-#include <string>
-
 #include "tests/Velbase/common/allocations.h"
 #include "tests/double/ToolboxTest.h"
+
+#include <initializer_list>
+#include <string>
 
 namespace {
 

@@ -3,16 +3,16 @@
 //
 // usage: write_records [FILE]
 
+#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
+#include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
+#include "tests/double/ToolboxDouble.h"
+#include "tests/support/RecordDifferences.h"
+
 #include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <vector>
-
-#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
-#include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
-#include "tests/double/ToolboxDouble.h"
-#include "tests/support/RecordDifferences.h"
 
 namespace {
 

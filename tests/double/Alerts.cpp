@@ -1,9 +1,9 @@
 // The Dialog Manager's alerts. The person presses the button that the test has named.
 
-#include <Carbon/Carbon.h>
-
 #include "tests/double/Call.h"
 #include "tests/double/State.h"
+
+#include <Carbon/Carbon.h>
 
 using namespace ToolboxDouble;
 

@@ -1,12 +1,12 @@
 // Folders, URLs, bundles, and the functions of Security.framework, which are only to be had by their names.
 
+#include "tests/double/Call.h"
+#include "tests/double/State.h"
+
 #include <Carbon/Carbon.h>
 #include <Security/Authorization.h>
 
 #include <cstring>
-
-#include "tests/double/Call.h"
-#include "tests/double/State.h"
 
 using namespace ToolboxDouble;
 

@@ -3,12 +3,12 @@
 #ifndef TESTS_DOUBLE_CALL_H
 #define TESTS_DOUBLE_CALL_H
 
+#include "tests/double/State.h"
+
 #include <Carbon/Carbon.h>
 
 #include <string>
 #include <type_traits>
-
-#include "tests/double/State.h"
 
 namespace ToolboxDouble {
 

@@ -1,12 +1,12 @@
 // Core Foundation: references, strings, UUIDs, instances of plug-ins.
 
+#include "tests/double/Call.h"
+#include "tests/double/State.h"
+
 #include <CoreFoundation/CoreFoundation.h>
 
 #include <algorithm>
 #include <cstring>
-
-#include "tests/double/Call.h"
-#include "tests/double/State.h"
 
 using namespace ToolboxDouble;
 

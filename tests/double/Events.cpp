@@ -1,10 +1,10 @@
 // Handlers, events, and the modal loop, in which the test's acts happen.
 
-#include <algorithm>
-#include <cstring>
-
 #include "tests/double/Call.h"
 #include "tests/double/Windows.h"
+
+#include <algorithm>
+#include <cstring>
 
 using namespace ToolboxDouble;
 

@@ -1,13 +1,13 @@
 // The Memory Manager and the Resource Manager.
 
+#include "tests/double/Call.h"
+#include "tests/double/State.h"
+
 #include <Carbon/Carbon.h>
 
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-
-#include "tests/double/Call.h"
-#include "tests/double/State.h"
 
 using namespace ToolboxDouble;
 

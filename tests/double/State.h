@@ -4,6 +4,8 @@
 #ifndef TESTS_DOUBLE_STATE_H
 #define TESTS_DOUBLE_STATE_H
 
+#include "tests/double/ToolboxDouble.h"
+
 #include <Carbon/Carbon.h>
 
 #include <cstring>
@@ -13,8 +15,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "tests/double/ToolboxDouble.h"
 
 namespace ToolboxDouble {
 

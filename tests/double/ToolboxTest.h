@@ -3,12 +3,12 @@
 #ifndef TESTS_DOUBLE_TOOLBOXTEST_H
 #define TESTS_DOUBLE_TOOLBOXTEST_H
 
-#include <string>
+#include "tests/double/ToolboxDouble.h"
+#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/double/ToolboxDouble.h"
-#include "tests/support/RowName.h"
+#include <string>
 
 class ToolboxTest : public testing::Test {
 protected:

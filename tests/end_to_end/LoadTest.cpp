@@ -1,13 +1,12 @@
 // The external called very often in one process, each time from the factory to the last release, as its installer
 // does: nothing grows but what a call leaves behind on purpose. VISEX_LOAD_CALLS in the environment says how often.
 
+#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 #include "host/CFReferences.h"
 #include "host/Installer.h"
 #include "host/Record.h"
 #include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"
-
-#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 #include <Carbon/CarbonEvents.h>
 #include <CoreFoundation/CFPlugIn.h>

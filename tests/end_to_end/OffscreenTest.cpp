@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QTimer>
-
 #include <gtest/gtest.h>
 
 #include <filesystem>

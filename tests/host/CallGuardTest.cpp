@@ -1,4 +1,5 @@
 #include "host/CallGuard.h"
+
 #include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #include "host/Installer.h"
+
 #include "host/Messages.h"
 #include "tests/support/TemporaryFolder.h"
 

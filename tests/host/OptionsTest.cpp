@@ -1,4 +1,5 @@
 #include "host/Options.h"
+
 #include "host/Messages.h"
 #include "tests/support/RowName.h"
 

@@ -1,4 +1,5 @@
 #include "host/Outputs.h"
+
 #include "host/Messages.h"
 #include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"

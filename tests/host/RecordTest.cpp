@@ -1,4 +1,5 @@
 #include "host/Record.h"
+
 #include "host/Messages.h"
 #include "tests/support/RecordDifferences.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,9 +1,9 @@
 #include "host/Report.h"
+
 #include "tests/support/RowName.h"
 
-#include <nlohmann/json.hpp>
-
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "host/WrittenFiles.h"
+
 #include "host/Messages.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,8 +1,8 @@
 #include "tests/support/RecordDifferences.h"
 
-#include <algorithm>
-
 #include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
+
+#include <algorithm>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "tests/support/RecordDifferences.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 

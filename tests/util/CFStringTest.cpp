@@ -1,13 +1,13 @@
 #include "util/CFString.h"
 
+#include "tests/double/ToolboxDouble.h"
+
+#include <gtest/gtest.h>
+
 #include <cstring>
 #include <new>
 #include <string>
 #include <type_traits>
-
-#include <gtest/gtest.h>
-
-#include "tests/double/ToolboxDouble.h"
 
 namespace {
 

@@ -1,15 +1,15 @@
 // Authorization Services: what Security.framework exports.
 
-#include <Security/Authorization.h>
-
 #include "toolbox/base/Referenced.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/security/Rights.h"
 
-#include <cstring>
-#include <vector>
+#include <Security/Authorization.h>
 
 #include <unistd.h>
+
+#include <cstring>
+#include <vector>
 
 namespace Toolbox {
 

@@ -5,9 +5,9 @@
 
 #include <Security/Authorization.h>
 
-#include <vector>
-
 #include <sys/types.h>
+
+#include <vector>
 
 namespace Toolbox {
 

@@ -2,11 +2,11 @@
 
 #include "Velbase/common/common_string.h"
 
+#include "Velbase/common/common_string_buffer.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-
-#include "Velbase/common/common_string_buffer.h"
 
 static_assert(sizeof(unsigned) == 4, "lengths and positions are 32-bit numbers");
 

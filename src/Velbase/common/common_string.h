@@ -28,6 +28,10 @@
 #ifndef VELBASE_COMMON_STRING_H
 #define VELBASE_COMMON_STRING_H
 
+#include "Velbase/common/common_char.h"
+#include "Velbase/common/common_checked_types.h"
+#include "Velbase/common/common_smart_ptr.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -35,10 +39,6 @@
 #include <string_view>
 #include <type_traits>
 #include <vector>
-
-#include "Velbase/common/common_char.h"
-#include "Velbase/common/common_checked_types.h"
-#include "Velbase/common/common_smart_ptr.h"
 
 class CharRef;
 

@@ -1,9 +1,9 @@
 #include "Velbase/common/common_string_buffer.h"
 
+#include "Velbase/common/common_string.h"
+
 #include <limits>
 #include <new>
-
-#include "Velbase/common/common_string.h"
 
 String::Buffer::Buffer(std::uint32_t length)
     : m_length(length)

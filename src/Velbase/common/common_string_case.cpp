@@ -1,9 +1,9 @@
 // Upper and lower case.
 
-#include <algorithm>
-
 #include "Velbase/common/common_string.h"
 #include "Velbase/common/common_string_buffer.h"
+
+#include <algorithm>
 
 String String::ToUpper() const
 {

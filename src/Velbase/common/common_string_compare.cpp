@@ -1,8 +1,8 @@
 // The operators, and what a text begins and ends with.
 
-#include <cstring>
-
 #include "Velbase/common/common_string.h"
+
+#include <cstring>
 
 namespace {
 

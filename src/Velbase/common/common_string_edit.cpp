@@ -1,8 +1,8 @@
 // Pieces of a text, and texts put together from pieces.
 
-#include <algorithm>
-
 #include "Velbase/common/common_string.h"
+
+#include <algorithm>
 
 String String::Left(unsigned count) const
 {

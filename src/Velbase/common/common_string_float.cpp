@@ -1,5 +1,7 @@
 // Floating-point numbers from text and as text.
 
+#include "Velbase/common/common_string.h"
+
 #include <algorithm>
 #include <cfenv>
 #include <charconv>
@@ -9,8 +11,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-
-#include "Velbase/common/common_string.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // Integers as text.
 
+#include "Velbase/common/common_string.h"
+
 #include <charconv>
 #include <cstddef>
 #include <limits>
-
-#include "Velbase/common/common_string.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // Integers from text.
 
+#include "Velbase/common/common_string.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <limits>
-
-#include "Velbase/common/common_string.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // Replacing texts and characters.
 
+#include "Velbase/common/common_string.h"
+#include "Velbase/common/common_string_buffer.h"
+
 #include <algorithm>
 #include <cstring>
 #include <vector>
-
-#include "Velbase/common/common_string.h"
-#include "Velbase/common/common_string_buffer.h"
 
 namespace {
 

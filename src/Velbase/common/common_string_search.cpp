@@ -1,10 +1,10 @@
 // Searching for characters and texts.
 
+#include "Velbase/common/common_string.h"
+
 #include <algorithm>
 #include <cassert>
 #include <cstring>
-
-#include "Velbase/common/common_string.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // White space around and inside a text.
 
-#include <algorithm>
-
 #include "Velbase/common/common_string.h"
+
+#include <algorithm>
 
 namespace {
 

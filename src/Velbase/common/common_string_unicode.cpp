@@ -1,12 +1,12 @@
 // To and from UTF-16, through the platform's Text Encoding Converter. No other source of the library needs the
 // platform, so that a program which does not call these members links without it.
 
+#include "Velbase/common/common_string.h"
+#include "Velbase/common/common_string_buffer.h"
+
 #include <Carbon/Carbon.h>
 
 #include <cstring>
-
-#include "Velbase/common/common_string.h"
-#include "Velbase/common/common_string_buffer.h"
 
 namespace {
 

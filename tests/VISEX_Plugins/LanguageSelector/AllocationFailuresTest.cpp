@@ -1,13 +1,13 @@
 // The external with each of its own allocations refused in turn. The platform's are not: what a platform without memory
 // answers is among the statuses that its calls give.
 
-#include <new>
-#include <string>
-
 #include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/Velbase/common/allocations.h"
 #include "tests/double/ToolboxTest.h"
+
+#include <new>
+#include <string>
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "VISEX_Plugins/LanguageSelector/AuthorizationGate.h"
 
-#include <string>
-#include <vector>
+#include "tests/double/ToolboxTest.h"
 
 #include <Carbon/Carbon.h>
 
-#include "tests/double/ToolboxTest.h"
+#include <string>
+#include <vector>
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
 
-#include <type_traits>
-#include <vector>
-
-#include <gtest/gtest.h>
-
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/support/RecordDifferences.h"
 #include "tests/support/RowName.h"
+
+#include <gtest/gtest.h>
+
+#include <type_traits>
+#include <vector>
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
 
+#include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
+#include "tests/double/ToolboxDouble.h"
+
 #include <algorithm>
 #include <iterator>
 #include <ostream>
-
-#include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
-#include "tests/double/ToolboxDouble.h"
 
 namespace {
 

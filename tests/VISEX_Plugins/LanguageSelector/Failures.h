@@ -4,11 +4,11 @@
 #ifndef TESTS_VISEX_PLUGINS_LANGUAGESELECTOR_FAILURES_H
 #define TESTS_VISEX_PLUGINS_LANGUAGESELECTOR_FAILURES_H
 
+#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
+
 #include <iosfwd>
 #include <string>
 #include <vector>
-
-#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 const UInt16 UNTOUCHED = 0xBEEF;  // the chosen language of a record in which none was stored
 

@@ -2,13 +2,12 @@
 // UI's. The alerts show no title, so that it is looked at here.
 
 #include "VISEX_Plugins/LanguageSelector/LanguageDialog.cpp"
-
-#include <string>
-#include <vector>
-
 #include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/double/ToolboxTest.h"
+
+#include <string>
+#include <vector>
 
 namespace {
 

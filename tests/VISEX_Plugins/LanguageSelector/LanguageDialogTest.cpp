@@ -1,13 +1,13 @@
 // The dialog: what it asks and what it stores.
 
-#include <limits>
-#include <string>
-#include <vector>
-
 #include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/double/ToolboxTest.h"
 #include "tests/support/RecordDifferences.h"
+
+#include <limits>
+#include <string>
+#include <vector>
 
 namespace {
 

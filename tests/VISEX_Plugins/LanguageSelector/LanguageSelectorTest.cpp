@@ -1,12 +1,12 @@
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
-#include <cstring>
-#include <string>
-#include <type_traits>
-
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/double/ToolboxTest.h"
 #include "tests/support/RecordDifferences.h"
+
+#include <cstring>
+#include <string>
+#include <type_traits>
 
 namespace {
 

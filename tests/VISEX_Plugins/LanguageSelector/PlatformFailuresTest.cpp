@@ -1,17 +1,17 @@
 // The external as its installer calls it, from the factory to the last release, with each call that it makes of the
 // platform failing in each way that the platform has.
 
+#include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
+#include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
+#include "tests/double/ToolboxTest.h"
+#include "tests/support/RecordDifferences.h"
+
 #include <algorithm>
 #include <cctype>
 #include <set>
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
-#include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
-#include "tests/double/ToolboxTest.h"
-#include "tests/support/RecordDifferences.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 #ifndef TESTS_VISEX_PLUGINS_LANGUAGESELECTOR_RECORDBYTES_H
 #define TESTS_VISEX_PLUGINS_LANGUAGESELECTOR_RECORDBYTES_H
 
+#include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
+
 #include <array>
 #include <cstring>
-
-#include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
 
 using RecordBytes = std::array<UInt8, sizeof(ExternParmBlock)>;
 

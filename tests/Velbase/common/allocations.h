@@ -4,11 +4,11 @@
 #ifndef TESTS_VELBASE_COMMON_ALLOCATIONS_H
 #define TESTS_VELBASE_COMMON_ALLOCATIONS_H
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <new>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace allocations {
 

@@ -1,8 +1,8 @@
 #include "Velbase/common/common_char.h"
 
-#include <type_traits>
-
 #include <gtest/gtest.h>
+
+#include <type_traits>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "Velbase/common/common_checked_types.h"
 
-#include <cstring>
-
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 namespace {
 

@@ -1,11 +1,10 @@
 #include "Velbase/common/common_smart_ptr.h"
-
-#include <cstring>
-#include <type_traits>
+#include "allocations.h"
 
 #include <gtest/gtest.h>
 
-#include "allocations.h"
+#include <cstring>
+#include <type_traits>
 
 namespace {
 

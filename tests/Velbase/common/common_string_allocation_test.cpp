@@ -1,11 +1,11 @@
 // What the operations allocate, and what they leave behind when they cannot.
 
-#include <gtest/gtest.h>
-
 #include "Velbase/common/common_string.h"
 #include "allocations.h"
 #include "string_contents.h"
 #include "tests/support/RowName.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

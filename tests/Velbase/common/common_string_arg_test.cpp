@@ -1,11 +1,10 @@
 #include "Velbase/common/common_string.h"
-
-#include <climits>
+#include "string_contents.h"
+#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
-#include "string_contents.h"
-#include "tests/support/RowName.h"
+#include <climits>
 
 namespace {
 

@@ -1,12 +1,11 @@
 #include "Velbase/common/common_string_buffer.h"
-
-#include <cstdint>
-#include <string>
+#include "allocations.h"
+#include "string_contents.h"
 
 #include <gtest/gtest.h>
 
-#include "allocations.h"
-#include "string_contents.h"
+#include <cstdint>
+#include <string>
 
 namespace {
 

@@ -3,6 +3,12 @@
 //
 // With VELBASE_ROUNDS=1000000 in the environment a million floating-point numbers are tried in each locale.
 
+#include "Velbase/common/common_string.h"
+#include "string_contents.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
 #include <cctype>
 #include <cfenv>
 #include <clocale>
@@ -13,12 +19,6 @@
 #include <limits>
 #include <random>
 #include <string>
-
-#include <gtest/gtest.h>
-
-#include "Velbase/common/common_string.h"
-#include "string_contents.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace {
 

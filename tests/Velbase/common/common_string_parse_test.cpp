@@ -1,13 +1,12 @@
 #include "Velbase/common/common_string.h"
+#include "string_contents.h"
+#include "tests/support/RowName.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-
-#include <gtest/gtest.h>
-
-#include "string_contents.h"
-#include "tests/support/RowName.h"
 
 namespace {
 

@@ -1,9 +1,8 @@
 #include "Velbase/common/common_string.h"
-
-#include <gtest/gtest.h>
-
 #include "string_contents.h"
 #include "tests/support/RowName.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

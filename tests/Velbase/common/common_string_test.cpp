@@ -1,12 +1,11 @@
 #include "Velbase/common/common_string.h"
-
-#include <cstring>
-#include <type_traits>
+#include "string_contents.h"
+#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
-#include "string_contents.h"
-#include "tests/support/RowName.h"
+#include <cstring>
+#include <type_traits>
 
 namespace {
 

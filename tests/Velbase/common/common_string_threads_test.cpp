@@ -1,13 +1,13 @@
 // Texts in many threads, each thread its own. The counts of owners are plain numbers, so no two threads may share a
 // text; nor does the library share anything between them by itself, which the thread sanitizer sees here.
 
-#include <string>
-#include <thread>
-#include <vector>
+#include "Velbase/common/common_string.h"
 
 #include <gtest/gtest.h>
 
-#include "Velbase/common/common_string.h"
+#include <string>
+#include <thread>
+#include <vector>
 
 namespace {
 

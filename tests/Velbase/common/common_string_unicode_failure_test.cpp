@@ -1,16 +1,16 @@
 // The UTF-16 members with a converter in the platform's place that does what a test tells it, and notes how it was
 // called.
 
-#include <Carbon/Carbon.h>
-
-#include <algorithm>
-#include <vector>
-
-#include <gtest/gtest.h>
-
 #include "Velbase/common/common_string.h"
 #include "allocations.h"
 #include "string_contents.h"
+
+#include <Carbon/Carbon.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace {
 

@@ -1,10 +1,10 @@
 // The UTF-16 members with the toolbox's Text Encoding Converter.
 
-#include <gtest/gtest.h>
-
 #include "Velbase/common/common_string.h"
 #include "string_contents.h"
 #include "tests/support/RowName.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -3,11 +3,11 @@
 #ifndef TESTS_VELBASE_COMMON_STRING_CONTENTS_H
 #define TESTS_VELBASE_COMMON_STRING_CONTENTS_H
 
+#include "Velbase/common/common_string.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
-
-#include "Velbase/common/common_string.h"
 
 /// The bytes of `text`, or none for a null string.
 inline std::optional<std::string> contents(const String& text)

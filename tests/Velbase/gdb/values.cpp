@@ -1,12 +1,12 @@
 // Values for gdb to show, at the moment when stop_here is called.
 
+#include "Velbase/common/common_string.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <new>
 #include <string>
-
-#include "Velbase/common/common_string.h"
 
 namespace {
 

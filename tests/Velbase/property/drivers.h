@@ -4,16 +4,16 @@
 #ifndef TESTS_VELBASE_PROPERTY_DRIVERS_H
 #define TESTS_VELBASE_PROPERTY_DRIVERS_H
 
+#include "tests/support/RowName.h"
+#include "twin.h"
+
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <random>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <gtest/gtest.h>
-
-#include "tests/support/RowName.h"
-#include "twin.h"
 
 /// Random choices, the same ones in every run of a build.
 class Random {

@@ -1,9 +1,9 @@
 // Making texts, cutting pieces and editing against the model: what comes, and in whose buffer.
 
+#include "drivers.h"
+
 #include <algorithm>
 #include <new>
-
-#include "drivers.h"
 
 using namespace std::string_literals;
 using namespace std::string_view_literals;

@@ -1,8 +1,8 @@
 // Numbers from text against the model: whether the text is a number, and which.
 
-#include <cstring>
-
 #include "tried_numbers.h"
+
+#include <cstring>
 
 using namespace std::string_view_literals;
 

@@ -1,9 +1,9 @@
 // A few strings that share buffers, changed at random: after every step each of them is what the model says, and shares
 // with exactly those with which the model says.
 
-#include <algorithm>
-
 #include "drivers.h"
+
+#include <algorithm>
 
 namespace {
 

@@ -3,10 +3,10 @@
 #ifndef TESTS_VELBASE_PROPERTY_TRIED_NUMBERS_H
 #define TESTS_VELBASE_PROPERTY_TRIED_NUMBERS_H
 
+#include "drivers.h"
+
 #include <cstdint>
 #include <vector>
-
-#include "drivers.h"
 
 /// Calls `check(n, digits)` for the low bits of `bits` as each type of integer, with the digits that the model gives
 /// it: those of `narrow` for an int and a long.

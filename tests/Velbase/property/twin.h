@@ -3,14 +3,14 @@
 #ifndef TESTS_VELBASE_PROPERTY_TWIN_H
 #define TESTS_VELBASE_PROPERTY_TWIN_H
 
-#include <functional>
-#include <string>
-#include <vector>
+#include "Velbase/common/common_string.h"
+#include "reference.h"
 
 #include <gtest/gtest.h>
 
-#include "Velbase/common/common_string.h"
-#include "reference.h"
+#include <functional>
+#include <string>
+#include <vector>
 
 /// A string and its model. Copies share, on both sides.
 struct Twin {

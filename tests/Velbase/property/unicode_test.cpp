@@ -1,8 +1,8 @@
 // To UTF-16 and back: what one byte becomes says what every text becomes, and which texts have no way back.
 
-#include <map>
-
 #include "drivers.h"
+
+#include <map>
 
 using namespace std::string_view_literals;
 

@@ -3,9 +3,9 @@
 
 #include <Toolbox/LiveObjects.h>
 
-#include <memory>
-
 #include <gtest/gtest.h>
+
+#include <memory>
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "tests/support/RowName.h"
+
 #include <Toolbox/OneLine.h>
 
 #include <gtest/gtest.h>

@@ -6,14 +6,14 @@
 #include <Carbon/UnicodeConverter.h>
 #include <Toolbox/Trace.h>
 
+#include <gtest/gtest.h>
+
 #include <cinttypes>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <thread>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace {
 

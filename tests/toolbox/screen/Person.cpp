@@ -5,7 +5,6 @@
 #include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
-
 #include <gtest/gtest.h>
 
 #include <deque>

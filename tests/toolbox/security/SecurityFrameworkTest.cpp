@@ -10,10 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <string>
 #include <vector>
-
-#include <unistd.h>
 
 namespace {
 

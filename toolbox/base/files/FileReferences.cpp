@@ -3,13 +3,13 @@
 #include "toolbox/base/NeverDestroyed.h"
 #include "toolbox/base/files/InputFile.h"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <unordered_map>
 #include <vector>
-
-#include <sys/stat.h>
 
 namespace Toolbox {
 

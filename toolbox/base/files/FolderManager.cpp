@@ -1,13 +1,13 @@
 // The Folder Manager, which here knows one folder.
 
-#include <Carbon/Folders.h>
-#include <Toolbox/Application.h>
-
 #include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/NeverDestroyed.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/base/files/FileReferences.h"
 #include "toolbox/base/memory/MemoryManager.h"
+
+#include <Carbon/Folders.h>
+#include <Toolbox/Application.h>
 
 #include <filesystem>
 

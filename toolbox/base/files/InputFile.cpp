@@ -1,10 +1,10 @@
 #include "toolbox/base/files/InputFile.h"
 
-#include <cerrno>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 namespace Toolbox {
 

@@ -1,7 +1,5 @@
 // The Resource Manager: the chain of open files, and the handles of their resources.
 
-#include <Carbon/Resources.h>
-
 #include "toolbox/base/LiveCount.h"
 #include "toolbox/base/NeverDestroyed.h"
 #include "toolbox/base/TracedCall.h"
@@ -9,6 +7,8 @@
 #include "toolbox/base/memory/MemoryManager.h"
 #include "toolbox/base/resources/Forks.h"
 #include "toolbox/base/resources/ResourceMap.h"
+
+#include <Carbon/Resources.h>
 
 #include <algorithm>
 #include <limits>

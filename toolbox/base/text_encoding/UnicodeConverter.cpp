@@ -1,9 +1,9 @@
 // The Text Encoding Converter's functions: what they accept, and how far they got.
 
-#include <Carbon/UnicodeConverter.h>
-
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/base/text_encoding/MacRoman.h"
+
+#include <Carbon/UnicodeConverter.h>
 
 #include <algorithm>
 

@@ -1,5 +1,3 @@
-#include <CoreFoundation/CFBundle.h>
-
 #include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/bundles/Bundle.h"
@@ -8,6 +6,7 @@
 #include "toolbox/core/core_foundation/StringObject.h"
 #include "toolbox/core/core_foundation/URLObject.h"
 
+#include <CoreFoundation/CFBundle.h>
 #include <Toolbox/Application.h>
 
 namespace fs = std::filesystem;

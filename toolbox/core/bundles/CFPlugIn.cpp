@@ -1,11 +1,10 @@
-#include <CoreFoundation/CFPlugIn.h>
-
 #include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
 #include "toolbox/core/bundles/PlugInRegister.h"
 #include "toolbox/core/core_foundation/ArrayObject.h"
 #include "toolbox/core/core_foundation/StringObject.h"
 
+#include <CoreFoundation/CFPlugIn.h>
 #include <Toolbox/Code.h>
 
 namespace Toolbox {

@@ -2,10 +2,10 @@
 
 #include "toolbox/base/files/InputFile.h"
 
+#include <link.h>
+
 #include <cstring>
 #include <vector>
-
-#include <link.h>
 
 namespace Toolbox {
 

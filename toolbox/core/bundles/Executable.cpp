@@ -5,10 +5,10 @@
 
 #include <Toolbox/Code.h>
 
-#include <cstring>
-
 #include <dlfcn.h>
 #include <link.h>
+
+#include <cstring>
 
 namespace Toolbox {
 

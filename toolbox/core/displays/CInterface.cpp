@@ -1,6 +1,5 @@
-#include <Toolbox/CInterface.h>
-
 #include <Toolbox/Application.h>
+#include <Toolbox/CInterface.h>
 #include <Toolbox/CallReport.h>
 #include <Toolbox/Displays.h>
 

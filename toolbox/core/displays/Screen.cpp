@@ -9,15 +9,15 @@
 #include <QLibraryInfo>
 #include <QStringList>
 
-#include <cerrno>
-#include <chrono>
-#include <csignal>
-
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
 
 namespace Toolbox {
 

@@ -3,13 +3,13 @@
 #include <QList>
 #include <QStringList>
 
-#include <algorithm>
-#include <cerrno>
-#include <csignal>
-
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
 
 namespace Toolbox {
 

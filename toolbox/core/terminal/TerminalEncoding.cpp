@@ -6,13 +6,13 @@
 #include <QList>
 #include <QStringView>
 
+#include <langinfo.h>
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
 #include <cwchar>
 #include <iterator>
-
-#include <langinfo.h>
 
 namespace Toolbox {
 

@@ -1,6 +1,6 @@
-// How the toolbox shows its windows and alerts: on a screen, as questions on a terminal, or not at all, with answers from
-// a list. The host chooses one before it calls anything that shows something; until then nobody is asked, and everything
-// takes its default.
+// How the toolbox shows its windows and alerts: on a screen, as questions on a terminal, or not at all, with answers
+// from a list. The host chooses one before it calls anything that shows something; until then nobody is asked, and
+// everything takes its default.
 
 #ifndef TOOLBOX_DISPLAYS_H
 #define TOOLBOX_DISPLAYS_H

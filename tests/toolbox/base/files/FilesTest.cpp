@@ -1,18 +1,19 @@
 #include "tests/support/TemporaryFolder.h"
-#include "toolbox/base/files/InputFile.h"
 #include "toolbox/base/files/FileReferences.h"
+#include "toolbox/base/files/InputFile.h"
 
 #include <Carbon/Folders.h>
 #include <Toolbox/Application.h>
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 

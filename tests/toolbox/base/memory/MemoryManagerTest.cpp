@@ -1,16 +1,17 @@
 #include "toolbox/base/memory/MemoryManager.h"
+
 #include "tests/toolbox/base/RefusingAllocations.h"
 
 #include <Carbon/MacMemory.h>
 #include <Toolbox/LiveObjects.h>
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <limits>
 #include <numeric>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,17 +1,19 @@
 #include "toolbox/base/resources/Forks.h"
+
 #include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/base/resources/ResourceFork.h"
 #include "toolbox/base/resources/AppleDouble.h"
 #include "toolbox/base/resources/ResourceMap.h"
 
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <random>
-
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 

@@ -7,11 +7,11 @@
 #include <Carbon/Resources.h>
 #include <Toolbox/LiveObjects.h>
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <set>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,11 +1,12 @@
 #include "toolbox/base/resources/ResourceMap.h"
+
 #include "tests/toolbox/base/resources/ResourceFork.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <memory>
 #include <random>
-
-#include <gtest/gtest.h>
 
 namespace {
 

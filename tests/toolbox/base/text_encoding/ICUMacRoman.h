@@ -3,12 +3,12 @@
 #ifndef TESTS_TOOLBOX_BASE_TEXT_ENCODING_ICUMACROMAN_H
 #define TESTS_TOOLBOX_BASE_TEXT_ENCODING_ICUMACROMAN_H
 
+#include <unicode/ucnv.h>
+#include <unicode/ucnv_err.h>
+
 #include <memory>
 #include <optional>
 #include <stdexcept>
-
-#include <unicode/ucnv.h>
-#include <unicode/ucnv_err.h>
 
 class IcuMacRoman {
 public:

@@ -1,11 +1,11 @@
 #include "toolbox/base/text_encoding/MacRoman.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <map>
 #include <numeric>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace {
 

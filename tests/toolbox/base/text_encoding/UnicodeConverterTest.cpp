@@ -2,12 +2,12 @@
 
 #include <Carbon/UnicodeConverter.h>
 
+#include <gtest/gtest.h>
+
 #include <numeric>
 #include <string>
 #include <thread>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,6 +1,5 @@
-#include "toolbox/core/bundles/Bundle.h"
-
 #include "tests/toolbox/core/bundles/BundleTest.h"
+#include "toolbox/core/bundles/Bundle.h"
 
 #include <vector>
 

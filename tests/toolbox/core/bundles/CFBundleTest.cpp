@@ -1,12 +1,11 @@
-#include "toolbox/core/bundles/Bundle.h"
-
 #include "tests/toolbox/core/bundles/PlugInBundle.h"
+#include "toolbox/core/bundles/Bundle.h"
 
 #include <Toolbox/Trace.h>
 
-#include <vector>
-
 #include <sys/stat.h>
+
+#include <vector>
 
 namespace {
 

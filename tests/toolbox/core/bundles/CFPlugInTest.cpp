@@ -1,5 +1,4 @@
 #include "tests/toolbox/core/bundles/PlugInBundle.h"
-
 #include "toolbox/core/core_foundation/UUIDObject.h"
 
 #include <Toolbox/Trace.h>

@@ -2,11 +2,11 @@
 
 #include "tests/toolbox/core/bundles/PlugInBundle.h"
 
+#include <link.h>
+
 #include <algorithm>
 #include <cstring>
 #include <vector>
-
-#include <link.h>
 
 namespace {
 

@@ -2,7 +2,6 @@
 // own, since it changes both.
 
 #include "tests/toolbox/core/bundles/PlugInBundle.h"
-
 #include "toolbox/core/bundles/MainBundle.h"
 
 #include <Toolbox/Application.h>

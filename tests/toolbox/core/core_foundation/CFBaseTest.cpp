@@ -1,6 +1,5 @@
-#include "toolbox/core/core_foundation/CFObject.h"
-
 #include "tests/toolbox/core/core_foundation/CoreFoundationTest.h"
+#include "toolbox/core/core_foundation/CFObject.h"
 
 namespace {
 

@@ -1,6 +1,5 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/core/core_foundation/CoreFoundationTest.h"
-
 #include "toolbox/base/files/FileReferences.h"
 
 #include <filesystem>

@@ -1,4 +1,5 @@
 #include "toolbox/core/dialogs/AlertResources.h"
+
 #include "tests/toolbox/core/dialogs/AlertBytes.h"
 
 #include <gtest/gtest.h>

@@ -6,11 +6,11 @@
 #include <QCoreApplication>
 #include <QImage>
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-
-#include <sys/stat.h>
 
 namespace {
 

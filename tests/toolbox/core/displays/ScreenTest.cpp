@@ -5,11 +5,6 @@
 #include <QApplication>
 #include <QImage>
 
-#include <chrono>
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
-
 #include <arpa/inet.h>
 #include <fcntl.h>
 #include <netinet/in.h>
@@ -17,6 +12,11 @@
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
 
 namespace {
 

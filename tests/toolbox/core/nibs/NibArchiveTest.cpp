@@ -3,7 +3,6 @@
 #include "tests/toolbox/core/nibs/SampleNib.h"
 
 #include <QStringList>
-
 #include <gtest/gtest.h>
 
 #include <string>

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <cstdlib>
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "toolbox/core/terminal/Terminal.h"
+
 #include "tests/support/RowName.h"
 #include "tests/toolbox/core/terminal/PseudoTerminal.h"
 
@@ -6,13 +7,13 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <csignal>
-#include <utility>
-
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <utility>
 
 namespace {
 

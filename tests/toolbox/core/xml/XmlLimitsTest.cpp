@@ -3,7 +3,6 @@
 #include "tests/support/RowName.h"
 
 #include <QXmlStreamReader>
-
 #include <gtest/gtest.h>
 
 #include <ctime>
