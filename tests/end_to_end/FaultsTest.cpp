@@ -16,6 +16,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <string>
@@ -88,6 +89,14 @@ protected:
     std::optional<External> external;
     Toolbox::TraceSink watch;
 };
+
+TEST_F(Faults, LoadingTheExternalLeavesNoFileOpen)
+{
+    const auto openFiles = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+    const auto before = openFiles();
+    const External again(installer->builtInExternal());
+    EXPECT_EQ(openFiles(), before);
+}
 
 // ---- The nib, between two calls
 

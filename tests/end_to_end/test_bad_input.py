@@ -170,6 +170,8 @@ class PathsThatAreNotUtf8(HostTest):
         picture = self.folder / "picture.png"
         self.assert_fails(unattended("--picture", picture), NOT_DONE, "cannot save the picture in "
                           f"'{self.folder.parent}/n\\xe4me/picture.png': its path is not UTF-8")
+        self.assert_fails(unattended("--picture", "picture.png", cwd=self.folder), NOT_DONE,
+                          "cannot save the picture in 'picture.png': its path is not UTF-8")
         app = self.demo_copy().rename(self.folder / f"{self.name}.app")
         self.assert_fails(unattended("--app", app), NOT_DONE, "the name of the application "
                           f"'{self.folder.parent}/n\\xe4me/\\xe9.app' is not UTF-8, so that its resource file cannot be "
@@ -312,6 +314,14 @@ class ResourceFiles(HostTest):
                 outcome = unattended("--resources", file)
                 self.assertEqual(outcome.status, NOT_DONE)
                 self.assertTrue(outcome.errors.startswith(f"visex-host: cannot open the resource file '{file}': "))
+
+    @unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
+    def test_one_that_may_not_be_read(self):
+        host = self.installation()
+        file = self.file("resources", self.resources)
+        os.chmod(file, 0)
+        self.assert_fails(self.as_nobody(host, "--resources", file), NOT_DONE,
+                          f"cannot open the resource file '{file}': there is no permission to read it")
 
     def test_one_without_the_flag(self):
         size = (512).to_bytes(4, "big") + bytes(402)

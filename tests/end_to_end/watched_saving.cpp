@@ -1,7 +1,8 @@
 // Sends the process the signal SIGNAL_IN_RENAME when it has written a file beside another that it is to replace: the
 // last moment at which anything of the new one could be where the old one is. What is not on the disk by then is not
-// moved. And says of every pipe that it is a regular file, to whoever asks for it by name: another may stand there by
-// the time that it is opened. Loaded before the host's libraries.
+// moved, nor what a program that is started meanwhile would have open. And says of every pipe that it is a regular
+// file, to whoever asks for it by name: another may stand there by the time that it is opened. Loaded before the host's
+// libraries.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -15,6 +16,22 @@
 namespace {
 
 bool synchronized = false;
+
+// Whether a program that is started now has the file open.
+bool isHandedOn(const char* path)
+{
+    struct stat sought;
+    struct stat found;
+    if (fstatat(AT_FDCWD, path, &sought, 0) != 0)
+        return false;
+    for (int file = 0; file < 64; ++file) {
+        const int flags = fcntl(file, F_GETFD);
+        if (flags != -1 && (flags & FD_CLOEXEC) == 0 && fstat(file, &found) == 0 && found.st_dev == sought.st_dev
+            && found.st_ino == sought.st_ino)
+            return true;
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -31,7 +48,7 @@ extern "C" int fdatasync(int file)
 
 extern "C" int rename(const char* from, const char* to) noexcept
 {
-    if (!synchronized) {
+    if (!synchronized || isHandedOn(from)) {
         errno = EIO;
         return -1;
     }

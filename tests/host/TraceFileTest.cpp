@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -63,6 +64,29 @@ TEST(TraceFile, DoesNotWaitForAReaderOfAPipe)
     char read[16] = {};
     EXPECT_EQ(::read(reader, read, sizeof read), 8);
     EXPECT_STREQ(read, "First()\n");
+    close(reader);
+}
+
+TEST(TraceFile, WaitsForASlowReaderOfAPipe)
+{
+    const TemporaryFolder folder;
+    const std::string pipe = (folder / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    fcntl(reader, F_SETFL, 0);
+    TraceFile trace(pipe);
+    ssize_t read = 0;
+    std::thread slow([&] {
+        usleep(50'000);
+        char piece[4096];
+        for (ssize_t count = 0; (count = ::read(reader, piece, sizeof piece)) > 0;)
+            read += count;
+    });
+    trace.write(std::string(1'000'000, 'x'));  // more than a pipe holds
+    std::string problem;
+    EXPECT_TRUE(trace.finish(&problem)) << problem;
+    slow.join();
+    EXPECT_EQ(read, 1'000'001);
     close(reader);
 }
 

@@ -66,8 +66,11 @@ TEST(WrittenFile, KeepsOwnerAndGroupOrSaysThatItCannot)
         struct stat facts;
         return stat(file.c_str(), &facts) == 0 ? std::make_pair(facts.st_uid, facts.st_gid) : std::make_pair(0u, 0u);
     };
+    fs::permissions(file, fs::perms(06755));  // of which a change of the owner takes some
     EXPECT_EQ(complaintsOf([&] { writeFile("record", file, {1}); }), "");
     EXPECT_EQ(owners(), std::make_pair(12345u, 23456u));
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(06755));
+    fs::permissions(file, fs::perms(0644));
 
     const std::string lost = "visex-host: the record in '" + file.string() + "' has lost its ";
     const auto saveAsAnother = [&] {
