@@ -48,7 +48,8 @@ template <typename Object> bool isReadable(const Object* address, std::size_t si
 // An Info.plist may name any function as the factory, so what it returned is examined before it is used.
 bool isInstance(const XcodInstance* instance)
 {
-    if (!isReadable(instance, sizeof instance->functions) || !isReadable(instance->functions))
+    constexpr std::size_t FIRST_WORD = sizeof(void*);  // all that an installer knows of an instance
+    if (!isReadable(instance, FIRST_WORD) || !isReadable(instance->functions))
         return false;
     const XcodFunctionBlock& functions = *instance->functions;
     return Toolbox::IsCode(reinterpret_cast<const void*>(functions.QueryInterface))
