@@ -5,6 +5,8 @@
 //
 // Texts given as String are Mac OS Roman, of which the first 254 characters are shown; a text that the platform does
 // not hand out as a Pascal string is left blank. `parent`, `title` and the last argument have no effect.
+//
+// The external shows only the first of them. The others are the rest of one interface for all plug-ins, and stay.
 
 #ifndef UI_MESSAGEBOX_H
 #define UI_MESSAGEBOX_H

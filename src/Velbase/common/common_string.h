@@ -178,7 +178,8 @@ public:
     /// empty one.
     String ReplaceChar(const Char& from, const Char& to) const;
 
-    /// The text up to its first zero byte, in a new buffer, in upper or lower case. A null string gives a null one.
+    /// The text up to its first zero byte, in a new buffer, in upper or lower case. A null string gives a null one, and
+    /// the upper case of an empty one shares its buffer.
     String ToUpper() const;
     String ToLower() const;
 
