@@ -21,14 +21,6 @@ std::optional<NibArchive> read(const std::string& xml)
     return archive;
 }
 
-std::string repeated(const std::string& text, int times)
-{
-    std::string all;
-    for (int i = 0; i < times; ++i)
-        all += text;
-    return all;
-}
-
 // An archive of one object, with the id "1", that has `properties`.
 std::optional<NibArchive> readObject(const std::string& properties)
 {
@@ -88,71 +80,44 @@ TEST(NibArchiveValues, MayBeSplitByCommentsAndSections)
     EXPECT_EQ(theObject(archive).text("t"), QStringLiteral("ab<c>d"));
 }
 
-struct CodeCase {
-    const char* name;
-    const char* text;
-    OSType code;
-};
-
-const CodeCase CODE_CASES[] = {
-    {"FourLetters", "demo", 0x64656D6F},
-    {"BlanksAtTheEnd", "ok  ", 0x6F6B2020},
-    {"BlanksInFront", "  ok", 0x20206F6B},
-    {"OnlyBlanks", "    ", 0x20202020},
-    {"ShorterEndsInBlanks", "ok", 0x6F6B2020},
-    {"EmptyIsBlanks", "", 0x20202020},
-    {"MacOSRoman", "\u00c4\u20ac\u00f8\u02c7", 0x80DBBFFF},
-    {"Escapes", "&lt;&amp;&gt;&#33;", 0x3C263E21},
-};
-
-class NibCodes : public testing::TestWithParam<CodeCase> { };
-
-TEST_P(NibCodes, KeepEveryCharacter)
+TEST(NibArchiveValues, ThatAreCodesKeepEveryCharacter)
 {
-    const auto archive = readObject(std::string("<ostype name='code'>") + GetParam().text + "</ostype>");
-    EXPECT_EQ(theObject(archive).code("code"), GetParam().code);
+    const struct {
+        const char* text;
+        OSType code;
+    } rows[] = {
+        {"demo", 0x64656D6F},
+        {"ok  ", 0x6F6B2020},
+        {"  ok", 0x20206F6B},
+        {"    ", 0x20202020},
+        {"ok", 0x6F6B2020},  // shorter ones end in blanks
+        {"", 0x20202020},
+        {"\u00c4\u20ac\u00f8\u02c7", 0x80DBBFFF},  // as in Mac OS Roman
+        {"&lt;&amp;&gt;&#33;", 0x3C263E21},
+    };
+    for (const auto& row : rows) {
+        const auto archive = readObject(std::string("<ostype name='code'>") + row.text + "</ostype>");
+        EXPECT_EQ(theObject(archive).code("code"), row.code) << row.text;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NibCodes, testing::ValuesIn(CODE_CASES), [](const auto& row) { return row.param.name; });
-
-struct RectangleCase {
-    const char* name;
-    const char* text;
-    bool fits;
-};
-
-const RectangleCase RECTANGLE_CASES[] = {
-    {"BlankAfterEach", "-1 2 32767 -32768 ", true},
-    {"NoBlankAtTheEnd", "-1 2 32767 -32768", true},
-    {"MoreBlanks", "  -1  2 32767   -32768 ", true},
-    {"Empty", "", false},
-    {"Three", "1 2 3 ", false},
-    {"Five", "1 2 3 4 5 ", false},
-    {"Letters", "1 2 3 x ", false},
-    {"Fractions", "1 2 3 4.5 ", false},
-    {"AboveSixteenBits", "-1 2 32768 -32768 ", false},
-    {"BelowSixteenBits", "-1 2 32767 -32769 ", false},
-    {"FarTooLarge", "1 2 3 99999999999999999999 ", false},
-};
-
-class NibRectangles : public testing::TestWithParam<RectangleCase> { };
-
-TEST_P(NibRectangles, AreFourNumbersOfSixteenBits)
+TEST(NibArchiveValues, ThatAreRectanglesAreFourNumbersOfSixteenBits)
 {
-    const auto archive = readObject(std::string("<string name='bounds'>") + GetParam().text + "</string>");
-    const std::optional<Rect> found = theObject(archive).rectangle("bounds");
-    ASSERT_EQ(found.has_value(), GetParam().fits);
-    if (!found)
-        return;
-    EXPECT_EQ(found->top, -1);
-    EXPECT_EQ(found->left, 2);
-    EXPECT_EQ(found->bottom, 32767);
-    EXPECT_EQ(found->right, -32768);
+    const auto rectangle = [](const std::string& text) {
+        return theObject(readObject("<string name='bounds'>" + text + "</string>")).rectangle("bounds");
+    };
+    for (const char* const good : {"-1 2 32767 -32768 ", "-1 2 32767 -32768", "  -1  2 32767   -32768 "}) {
+        const std::optional<Rect> found = rectangle(good);
+        ASSERT_TRUE(found.has_value()) << good;
+        EXPECT_EQ(found->top, -1);
+        EXPECT_EQ(found->left, 2);
+        EXPECT_EQ(found->bottom, 32767);
+        EXPECT_EQ(found->right, -32768);
+    }
+    for (const char* const bad : {"", "1 2 3 ", "1 2 3 4 5 ", "1 2 3 x ", "1 2 3 4.5 ", "-1 2 32768 -32768 ",
+             "-1 2 32767 -32769 ", "1 2 3 99999999999999999999 "})
+        EXPECT_FALSE(rectangle(bad).has_value()) << bad;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NibRectangles, testing::ValuesIn(RECTANGLE_CASES), [](const auto& row) { return row.param.name; });
 
 // ---- Objects
 
@@ -223,12 +188,10 @@ TEST(NibNameTable, MayBeMissing)
 
 // ---- What is no archive
 
-struct RefusedCase {
+const struct {
     const char* name;
     std::string xml;
-};
-
-const RefusedCase REFUSED_CASES[] = {
+} REFUSED_CASES[] = {
     {"Empty", ""},
     {"Blanks", " \n "},
     {"Text", "Size_Chooser"},
@@ -266,15 +229,11 @@ const RefusedCase REFUSED_CASES[] = {
     {"UnknownEntity", "<object class='A'><string name='s'>&e;</string></object>"},
 };
 
-class NibArchiveRefused : public testing::TestWithParam<RefusedCase> { };
-
-TEST_P(NibArchiveRefused, WhenItIsCorrupt)
+TEST(NibArchiveRefused, WhenItIsCorrupt)
 {
-    EXPECT_FALSE(read(GetParam().xml).has_value());
+    for (const auto& row : REFUSED_CASES)
+        EXPECT_FALSE(read(row.xml).has_value()) << row.name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NibArchiveRefused, testing::ValuesIn(REFUSED_CASES), [](const auto& row) { return row.param.name; });
 
 TEST(NibArchiveRefused, WhereverItIsCutOff)
 {
@@ -302,8 +261,9 @@ TEST(NibArchive, DoesNotBelieveItsCounts)
 
 TEST(NibArchive, MayHaveAnyNumberOfElementsBesideOneAnother)
 {
-    EXPECT_TRUE(readObject(repeated("<int>1</int>", 1000)).has_value());
-    EXPECT_TRUE(readObject("<array>" + repeated("<int>1</int>", 1000) + "</array>").has_value());
+    const std::string numbers = QByteArray("<int>1</int>").repeated(1000).toStdString();
+    EXPECT_TRUE(readObject(numbers).has_value());
+    EXPECT_TRUE(readObject("<array>" + numbers + "</array>").has_value());
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 
 #include <sys/stat.h>
 
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 
@@ -55,13 +54,30 @@ protected:
         return status;
     }
 
-    // What CreateWindowFromNib answers for "Demo" and the window `name`, which is disposed of again if it was made.
-    static OSStatus tryToMake(CFStringRef name)
+    // The nib "Demo", which can be opened.
+    static IBNibRef open()
     {
         IBNibRef nib = nullptr;
         EXPECT_EQ(CreateNibReference(CFSTR("Demo"), &nib), noErr);
+        return nib;
+    }
+
+    // The window `name` of `nib`, which can be made.
+    static WindowRef make(IBNibRef nib, CFStringRef name = CFSTR("Size_Chooser"))
+    {
         WindowRef window = nullptr;
-        const OSStatus status = CreateWindowFromNib(nib, name, &window);
+        EXPECT_EQ(CreateWindowFromNib(nib, name, &window), noErr);
+        return window;
+    }
+
+    // What CreateWindowFromNib answers for "Demo" and the window `name`, which is disposed of again if it was made.
+    static OSStatus tryToMake(const char* name)
+    {
+        const IBNibRef nib = open();
+        const CFStringRef text = CFStringCreateWithCString(nullptr, name, kCFStringEncodingUTF8);
+        WindowRef window = nullptr;
+        const OSStatus status = CreateWindowFromNib(nib, text, &window);
+        CFRelease(text);
         EXPECT_EQ(window != nullptr, status == noErr);
         DisposeWindow(window);
         DisposeNibReference(nib);
@@ -76,57 +92,24 @@ protected:
 TEST_F(NibServices, MakeAHiddenWindowThatOutlivesTheNib)
 {
     makeNib("Demo.nib", SAMPLE_NIB);
-    IBNibRef nib = nullptr;
-    ASSERT_EQ(CreateNibReference(CFSTR("Demo"), &nib), noErr);
-    WindowRef window = nullptr;
-    ASSERT_EQ(CreateWindowFromNib(nib, CFSTR("Size_Chooser"), &window), noErr);
+    const IBNibRef nib = open();
+    const WindowRef window = make(nib);
     DisposeNibReference(nib);
-
     ASSERT_NE(Toolbox::Window::find(window), nullptr);
     EXPECT_FALSE(Toolbox::Window::find(window)->visible);
-    const ControlID id = {'demo', 1};
-    ControlRef popUp = nullptr;
-    EXPECT_EQ(GetControlByID(window, &id, &popUp), noErr);
-    EXPECT_EQ(GetControl32BitValue(popUp), 1);
-    for (const auto& [wanted, value] : {std::pair{3, 3}, {4, 3}, {0, 1}}) {
-        SetControl32BitValue(popUp, wanted);
-        EXPECT_EQ(GetControl32BitValue(popUp), value);
-    }
+    EXPECT_NE(Toolbox::Window::find(window)->findControl({'demo', 1}), nullptr);
     DisposeWindow(window);
 }
 
 TEST_F(NibServices, MakeANewWindowEachTime)
 {
     makeNib("Demo.nib", SAMPLE_NIB);
-    IBNibRef nib = nullptr;
-    ASSERT_EQ(CreateNibReference(CFSTR("Demo"), &nib), noErr);
-    WindowRef windows[2] = {};
-    for (WindowRef& window : windows)
-        EXPECT_EQ(CreateWindowFromNib(nib, CFSTR("Size_Chooser"), &window), noErr);
+    const IBNibRef nib = open();
+    const WindowRef windows[] = {make(nib), make(nib)};
     EXPECT_NE(windows[0], windows[1]);
     DisposeNibReference(nib);
     for (const WindowRef window : windows)
         DisposeWindow(window);
-}
-
-TEST_F(NibServices, MakeAWindowThatCanBeRun)
-{
-    makeNib("Demo.nib", SAMPLE_NIB);
-    IBNibRef nib = nullptr;
-    WindowRef window = nullptr;
-    ASSERT_EQ(CreateNibReference(CFSTR("Demo"), &nib), noErr);
-    ASSERT_EQ(CreateWindowFromNib(nib, CFSTR("Size_Chooser"), &window), noErr);
-    DisposeNibReference(nib);
-    CommandRecorder recorder(GetWindowEventTarget(window), eventNotHandledErr);
-    recorder.action = [window](const HICommand& command) {
-        if (command.commandID == kHICommandOK)
-            QuitAppModalLoopForWindow(window);
-    };
-    ShowWindow(window);
-    Toolbox::UseUnattendedDisplay({{Toolbox::Answer::Kind::Item, 2}, {Toolbox::Answer::Kind::Command, kHICommandOK}});
-    EXPECT_EQ(RunAppModalLoopForWindow(window), noErr);
-    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, kHICommandOK}));
-    DisposeWindow(window);
 }
 
 // ---- Finding the nib
@@ -154,18 +137,18 @@ TEST_F(NibServices, TakeANibWithoutALanguageBeforeOneWithIt)
     makeNib("xx.lproj/Demo.nib", name("Elsewhere"));
     EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
     makeNib("de.lproj/Demo.nib", name("German"));
-    EXPECT_EQ(tryToMake(CFSTR("German")), noErr);
+    EXPECT_EQ(tryToMake("German"), noErr);
     makeNib("Demo.nib", name("Global"));
-    EXPECT_EQ(tryToMake(CFSTR("Global")), noErr);
+    EXPECT_EQ(tryToMake("Global"), noErr);
 }
 
-TEST_F(NibServices, FindNothingOutsideTheBundle)
+TEST_F(NibServices, FindNothingByNoNameOrOutsideTheBundle)
 {
     const TemporaryFolder outside;
     outside.makeFolder("Demo.nib");
     std::ofstream(outside / "Demo.nib/objects.xib") << SAMPLE_NIB;
     const std::string way = fs::relative(outside / "Demo", inResources("")).string();
-    for (const std::string& name : {way, (outside / "Demo").string()}) {
+    for (const std::string& name : {std::string(), way, (outside / "Demo").string()}) {
         const CFStringRef text = CFStringCreateWithCString(nullptr, name.c_str(), kCFStringEncodingUTF8);
         IBNibRef nib = nullptr;
         EXPECT_EQ(CreateNibReference(text, &nib), kIBCarbonRuntimeCantFindNibFile) << name;
@@ -175,44 +158,34 @@ TEST_F(NibServices, FindNothingOutsideTheBundle)
     EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
 }
 
-TEST_F(NibServices, FindNoNibOfAnEmptyName)
-{
-    IBNibRef nib = nullptr;
-    EXPECT_EQ(CreateNibReference(CFSTR(""), &nib), kIBCarbonRuntimeCantFindNibFile);
-}
-
 // ---- Files that are none
 
-TEST_F(NibServices, FindNoNibWithoutAnArchive)
+TEST_F(NibServices, OpenNothingButAFileInAFolder)
 {
-    fs::create_directories(inResources("Demo.nib"));
-    EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
-}
-
-TEST_F(NibServices, FindNoNibInAFile)
-{
-    std::ofstream(inResources("Demo.nib")) << SAMPLE_NIB;
-    EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
-}
-
-TEST_F(NibServices, ReadNoFolder)
-{
-    fs::create_directories(inResources("Demo.nib/objects.xib"));
-    EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
-}
-
-TEST_F(NibServices, DoNotWaitForAPipe)
-{
-    fs::create_directories(inResources("Demo.nib"));
-    ASSERT_EQ(mkfifo((inResources("Demo.nib") / "objects.xib").c_str(), 0600), 0);
-    EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
-}
-
-TEST_F(NibServices, FollowNoLinkToADevice)
-{
-    fs::create_directories(inResources("Demo.nib"));
-    fs::create_symlink("/dev/zero", inResources("Demo.nib") / "objects.xib");
-    EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
+    const struct {
+        const char* name;
+        void (*make)(const fs::path& nib, const fs::path& archive);
+    } rows[] = {
+        {"no archive", [](const fs::path& nib, const fs::path&) { fs::create_directory(nib); }},
+        {"no folder", [](const fs::path& nib, const fs::path&) { std::ofstream(nib) << SAMPLE_NIB; }},
+        {"a folder", [](const fs::path&, const fs::path& archive) { fs::create_directories(archive); }},
+        {"a pipe",
+            [](const fs::path& nib, const fs::path& archive) {
+                fs::create_directory(nib);
+                ASSERT_EQ(mkfifo(archive.c_str(), 0600), 0);
+            }},
+        {"a link to a device",
+            [](const fs::path& nib, const fs::path& archive) {
+                fs::create_directory(nib);
+                fs::create_symlink("/dev/zero", archive);
+            }},
+    };
+    const fs::path nib = inResources("Demo.nib");
+    for (const auto& row : rows) {
+        row.make(nib, nib / "objects.xib");
+        EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile) << row.name;
+        fs::remove_all(nib);
+    }
 }
 
 TEST_F(NibServices, ReadArchivesOfUpToTwoMebibytes)
@@ -233,7 +206,7 @@ TEST_F(NibServices, OpenANibThatIsCorruptButMakeNoWindowOfIt)
 {
     for (const std::string& archive : {std::string(), std::string("junk"), SAMPLE_NIB.substr(0, 1000)}) {
         makeNib("Demo.nib", archive);
-        EXPECT_EQ(tryToMake(CFSTR("Size_Chooser")), kIBCarbonRuntimeCantFindObject);
+        EXPECT_EQ(tryToMake("Size_Chooser"), kIBCarbonRuntimeCantFindObject);
         EXPECT_EQ(onlyRemark().find("the nib \"Demo\" was refused: "), 0u);
     }
 }
@@ -241,17 +214,11 @@ TEST_F(NibServices, OpenANibThatIsCorruptButMakeNoWindowOfIt)
 TEST_F(NibServices, MakeWindowsOfWhatWasThereWhenTheNibWasOpened)
 {
     makeNib("Demo.nib", SAMPLE_NIB);
-    IBNibRef nib = nullptr;
-    ASSERT_EQ(CreateNibReference(CFSTR("Demo"), &nib), noErr);
-    const auto expectWindow = [nib] {
-        WindowRef window = nullptr;
-        EXPECT_EQ(CreateWindowFromNib(nib, CFSTR("Size_Chooser"), &window), noErr);
-        DisposeWindow(window);
-    };
+    const IBNibRef nib = open();
     makeNib("Demo.nib", "junk");
-    expectWindow();
+    DisposeWindow(make(nib));
     fs::remove_all(inResources("Demo.nib"));
-    expectWindow();
+    DisposeWindow(make(nib));
     DisposeNibReference(nib);
 }
 
@@ -271,55 +238,34 @@ TEST_F(NibServices, TellWhatTheNameIsOf)
         "<string>Twice</string><object class='IBCarbonMenu'/>"
         "</dictionary></object>");
     const struct {
-        CFStringRef name;
+        const char* name;
         OSStatus status;
-        const char* remark;
+        const char* reason;  // empty where it is made
     } rows[] = {
-        {CFSTR("Absent"), kIBCarbonRuntimeCantFindObject,
-            "the window \"Absent\" was refused: the nib names nothing so"},
-        {CFSTR(""), kIBCarbonRuntimeCantFindObject, "the window \"\" was refused: the nib names nothing so"},
-        {CFSTR("Files Owner"), kIBCarbonRuntimeObjectNotOfRequestedType,
-            "the window \"Files Owner\" was refused: it is not a window"},
-        {CFSTR("Nowhere"), kIBCarbonRuntimeCantFindObject,
-            "the window \"Nowhere\" was refused: the nib names nothing so"},
-        {CFSTR("Text"), kIBCarbonRuntimeObjectNotOfRequestedType,
-            "the window \"Text\" was refused: it is not a window"},
-        {CFSTR("Menu"), kIBCarbonRuntimeObjectNotOfRequestedType,
-            "the window \"Menu\" was refused: it is not a window"},
-        {CFSTR("Shapeless"), kIBCarbonRuntimeCantFindObject,
-            "the window \"Shapeless\" was refused: a rectangle is missing or wrong"},
-        {CFSTR("Twice"), noErr, ""},
+        {"Absent", kIBCarbonRuntimeCantFindObject, "the nib names nothing so"},
+        {"", kIBCarbonRuntimeCantFindObject, "the nib names nothing so"},
+        {"Files Owner", kIBCarbonRuntimeObjectNotOfRequestedType, "it is not a window"},
+        {"Nowhere", kIBCarbonRuntimeCantFindObject, "the nib names nothing so"},
+        {"Text", kIBCarbonRuntimeObjectNotOfRequestedType, "it is not a window"},
+        {"Menu", kIBCarbonRuntimeObjectNotOfRequestedType, "it is not a window"},
+        {"Shapeless", kIBCarbonRuntimeCantFindObject, "a rectangle is missing or wrong"},
+        {"Twice", noErr, ""},
     };
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        Toolbox::TakeReport();
-        EXPECT_EQ(tryToMake(rows[i].name), rows[i].status) << "row " << i;
-        EXPECT_EQ(onlyRemark(), rows[i].remark) << "row " << i;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(tryToMake(row.name), row.status);
+        const std::string refused = "the window \"" + std::string(row.name) + "\" was refused: " + row.reason;
+        EXPECT_EQ(onlyRemark(), row.status == noErr ? "" : refused);
     }
 }
 
-// ---- Wrong arguments
-
-TEST_F(NibServices, AnswerWrongArgumentsWithAnError)
+TEST_F(NibServices, NeedAPlaceForWhatTheyMake)
 {
     makeNib("Demo.nib", SAMPLE_NIB);
-    IBNibRef nib = reinterpret_cast<IBNibRef>(std::uintptr_t{1});
     EXPECT_EQ(CreateNibReference(CFSTR("Demo"), nullptr), paramErr);
-    EXPECT_EQ(CreateNibReference(nullptr, &nib), paramErr);
-    EXPECT_EQ(nib, nullptr);
-    EXPECT_EQ(CreateNibReference(reinterpret_cast<CFStringRef>(std::uintptr_t{7}), &nib), paramErr);
-
-    ASSERT_EQ(CreateNibReference(CFSTR("Demo"), &nib), noErr);
-    WindowRef window = reinterpret_cast<WindowRef>(std::uintptr_t{1});
+    const IBNibRef nib = open();
     EXPECT_EQ(CreateWindowFromNib(nib, CFSTR("Size_Chooser"), nullptr), paramErr);
-    EXPECT_EQ(CreateWindowFromNib(nib, nullptr, &window), paramErr);
-    EXPECT_EQ(window, nullptr);
     DisposeNibReference(nib);
-    for (const IBNibRef wrong : {IBNibRef(), nib}) {
-        window = reinterpret_cast<WindowRef>(std::uintptr_t{1});
-        EXPECT_EQ(CreateWindowFromNib(wrong, CFSTR("Size_Chooser"), &window), paramErr);
-        EXPECT_EQ(window, nullptr);
-        DisposeNibReference(wrong);
-    }
 }
 
 // ---- The nib of the external
@@ -327,10 +273,8 @@ TEST_F(NibServices, AnswerWrongArgumentsWithAnError)
 TEST_F(NibServices, MakeTheDialogOfTheExternal)
 {
     fs::copy(EXTERNAL_NIB, inResources("Demo.nib"), fs::copy_options::recursive);
-    IBNibRef nib = nullptr;
-    WindowRef window = nullptr;
-    ASSERT_EQ(CreateNibReference(CFSTR("Demo"), &nib), noErr);
-    ASSERT_EQ(CreateWindowFromNib(nib, CFSTR("Language_Selector"), &window), noErr);
+    const IBNibRef nib = open();
+    const WindowRef window = make(nib, CFSTR("Language_Selector"));
     DisposeNibReference(nib);
     const Control* const popUp = Toolbox::Window::find(window)->findControl({'lsel', 1});
     ASSERT_NE(popUp, nullptr);
