@@ -48,10 +48,10 @@ class Terminal:
         self.screen = None
 
     def finish(self):
-        output, errors = self.process.communicate(timeout=TIMEOUT)
+        outcome = outcome_of(self.process)
         if self.screen is not None:
             os.close(self.screen)
-        return Outcome(self.process.returncode, output.decode(), errors.decode())
+        return outcome
 
 
 class ScreenThatNoticesOnly:

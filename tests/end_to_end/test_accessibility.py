@@ -80,9 +80,6 @@ class Host:
         button, = (each for each in self.of_role(Atspi.Role.PUSH_BUTTON) if each.get_name() == name)
         Atspi.Action.do_action(button, 0)
 
-    def finish(self):
-        output, errors = self.process.communicate(timeout=TIMEOUT)
-        return Outcome(self.process.returncode, output.decode(), errors.decode())
 
 
 def wait_for(look):
@@ -126,7 +123,7 @@ class Accessibility(HostTest):
         self.assertTrue(has(ok, Atspi.StateType.IS_DEFAULT))
         self.assertFalse(has(cancel, Atspi.StateType.IS_DEFAULT))
         host.press("OK")
-        self.assertEqual(host.finish().json()["chosen"], {"code": GERMAN, "name": "German"})
+        self.assertEqual(outcome_of(host.process).json()["chosen"], {"code": GERMAN, "name": "German"})
 
     def test_the_focus_is_on_the_pop_up_alone_and_its_item_follows_the_keys(self):
         host = self.run_host()
@@ -139,7 +136,7 @@ class Accessibility(HostTest):
             self.server.tool("key", *keys)
             wait_for(lambda: pop_up.get_name() == item)
         host.press("Cancel")
-        self.assertEqual(host.finish().status, NOTHING_CHOSEN)
+        self.assertEqual(outcome_of(host.process).status, NOTHING_CHOSEN)
 
     def test_the_action_of_an_item_chooses_it_whether_the_menu_is_open_or_not(self):
         for is_open in (False, True):
@@ -155,7 +152,7 @@ class Accessibility(HostTest):
             selected = [each.get_name() for each in items if has(each, Atspi.StateType.SELECTED)]
             self.assertEqual(selected, [ITEMS[2]])
             host.press("OK")
-            self.assertEqual(host.finish().json()["chosen"]["code"], GERMAN)
+            self.assertEqual(outcome_of(host.process).json()["chosen"]["code"], GERMAN)
 
     def test_what_no_font_has_is_shown_by_the_part_that_can_be_read(self):
         fonts = self.file("fonts.conf", b"<fontconfig><dir>/usr/share/fonts/truetype/dejavu</dir></fontconfig>")
@@ -163,7 +160,7 @@ class Accessibility(HostTest):
         pop_up, = host.of_role(Atspi.Role.COMBO_BOX)
         self.assertEqual(pop_up.get_name(), "Japanese")
         host.press("OK")
-        self.assertEqual(host.finish().json()["chosen"]["code"], JAPANESE)
+        self.assertEqual(outcome_of(host.process).json()["chosen"]["code"], JAPANESE)
 
     def assert_alert(self, host, kind, text):
         self.assertEqual(host.dialog.get_role(), Atspi.Role.ALERT)
@@ -174,7 +171,7 @@ class Accessibility(HostTest):
         ok, = host.of_role(Atspi.Role.PUSH_BUTTON)
         self.assertTrue(has(ok, Atspi.StateType.IS_DEFAULT))
         host.press("OK")
-        alert, = host.finish().json()["alerts"]
+        alert, = outcome_of(host.process).json()["alerts"]
         self.assertEqual((alert["text"], alert["pressed"]), (text, 1))
 
     def test_an_alert_from_the_resources_says_its_text(self):

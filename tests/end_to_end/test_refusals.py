@@ -31,14 +31,6 @@ class OtherMessages(HostTest):
                 expected = record(message=message, flags=0x80000007, chosen=FRENCH, filler=0x5A)
                 self.assertEqual((self.folder / "after").read_bytes(), expected)
 
-    def test_they_are_told_in_words(self):
-        outcome = unattended("--message", "999")
-        self.assertEqual(outcome.output, (
-            "Before: message 999, current English (0), chosen English (0), flags 0x0\n"
-            f"Alert:  stop 5000, \"{ALERT_TEXT}\" [OK], button 1 was pressed\n"
-            "After:  message 999, current English (0), chosen English (0), flags 0x1\n"
-            "No language was written to the record: the external does not serve this message.\n"))
-
     def test_the_button_can_be_pressed(self):
         for answer in ("button:1", "ok"):
             with self.subTest(answer):
@@ -48,16 +40,6 @@ class OtherMessages(HostTest):
         outcome = unattended("--message", "999", "--json", answers=["button:2"])
         self.assert_answers(outcome, NOT_DONE, "the answer 'button:2' fits nothing that was shown")
         self.assertEqual(outcome.json()["flags"]["after"], 1)
-
-    def test_the_flag_that_was_set_before_is_not_newly_set(self):
-        self.assert_chose(unattended("--record", self.file("before", record(flags=1))))
-
-    def test_the_text_comes_from_the_resource_file(self):
-        resources = (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
-        other = self.file("other", resources.replace(b"The language selection", b"The <b>selection</b> &"))
-        outcome = unattended("--message", "999", "--resources", other, "--json")
-        self.assertEqual(outcome.json()["alerts"][0]["text"],
-                         ALERT_TEXT.replace("The language selection", "The <b>selection</b> &"))
 
     def test_without_the_alert_the_flag_is_set_all_the_same(self):
         resources = (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
@@ -88,65 +70,58 @@ class AdministratorCheck(HostTest):
         self.assert_chose(self.as_nobody(host))
 
 
-NO_EXECUTABLE = 'the bundle "Security.framework" has no executable that can be loaded: '
-NO_FILE = NO_EXECUTABLE + 'there is no file "Security" inside it'
-
-
 class BadFramework(HostTest):
     """The check without a framework to make it with: only the host says a word."""
 
+    def setUp(self):
+        super().setUp()
+        self.frameworks = self.folder / "bin/Frameworks"
+        self.code = self.frameworks / "Security.framework/Security"
+
     def host_with(self, change):
-        """A host whose frameworks folder was made so by `change`."""
+        """A host whose frameworks were changed so."""
         shutil.rmtree(self.folder / "bin", ignore_errors=True)
         host = self.copied_host()
-        change(shutil.copytree(SUPPORT / "Frameworks", self.folder / "bin/Frameworks"))
+        shutil.copytree(SUPPORT / "Frameworks", self.frameworks)
+        change()
         return host
 
-    def assert_stops(self, change, remark):
-        host = self.host_with(change)
-        outcome = unattended("--app", DEMO, "--require-admin", "--json", host=host)
-        self.assert_answers(outcome, NOTHING_CHOSEN, remark)
-        self.assertEqual(outcome.json()["alerts"], [])
-        self.assert_chose(unattended("--app", DEMO, host=host))  # without the flag nobody looks
+    def use(self, name):
+        """To be changed so: the framework's code is this library of the tests."""
+        return lambda: shutil.copy(BUILD / f"tests/end_to_end/libsecurity_{name}.so", self.code)
 
-    def test_no_frameworks_folder(self):
-        self.assert_stops(shutil.rmtree, f'there is no frameworks folder "{self.folder}/bin/Frameworks"')
-        self.assertFalse((self.folder / "bin/Frameworks").exists(), "it is never made")
+    def lead_out(self):
+        self.code.rename(self.folder / "Security")
+        self.code.symlink_to(self.folder / "Security")
 
-    def test_no_security_framework(self):
-        self.assert_stops(lambda folder: shutil.rmtree(folder / "Security.framework"),
-                          f'there is no bundle "{self.folder}/bin/Frameworks/Security.framework"')
+    def test_one_that_is_of_no_use(self):
+        bundle = 'the bundle "Security.framework" has no '
+        no_file = bundle + 'executable that can be loaded: there is no file "Security" inside it'
+        for change, remark in (
+            (self.use("without_create"), bundle + 'function "AuthorizationCreate"'),
+            (self.use("without_copy_rights"), bundle + 'function "AuthorizationCopyRights"'),
+            (lambda: self.code.write_bytes(b"\x7fELF or not"),
+             bundle + "executable that can be loaded: it is not an ELF file, or is cut short"),
+            (self.lead_out, no_file),
+            (lambda: self.code.unlink(), no_file),
+            (lambda: shutil.rmtree(self.code.parent), f'there is no bundle "{self.code.parent}"'),
+            (lambda: shutil.rmtree(self.frameworks), f'there is no frameworks folder "{self.frameworks}"'),
+        ):
+            with self.subTest(remark):
+                host = self.host_with(change)
+                outcome = unattended("--app", DEMO, "--require-admin", "--json", host=host)
+                self.assert_answers(outcome, NOTHING_CHOSEN, remark)
+                self.assertEqual(outcome.json()["alerts"], [])
+                self.assert_chose(unattended("--app", DEMO, host=host))  # without the flag nobody looks
+        self.assertFalse(self.frameworks.exists(), "it is never made")
 
-    def test_no_executable(self):
-        self.assert_stops(lambda folder: (folder / "Security.framework/Security").unlink(), NO_FILE)
-
-    def test_an_executable_that_is_none(self):
-        self.assert_stops(lambda folder: (folder / "Security.framework/Security").write_bytes(b"\x7fELF or not"),
-                          NO_EXECUTABLE + "it is not an ELF file, or is cut short")
-
-    def test_an_executable_without_one_of_the_functions(self):
-        for lacking, function in (("create", "AuthorizationCreate"), ("copy_rights", "AuthorizationCopyRights")):
-            with self.subTest(lacking):
-                code = BUILD / f"tests/end_to_end/libsecurity_without_{lacking}.so"
-                self.assert_stops(lambda folder: shutil.copy(code, folder / "Security.framework/Security"),
-                                  f'the bundle "Security.framework" has no function "{function}"')
-
-    def test_an_executable_with_both_passes(self):
-        # What the two others lack is all that stops them: they grant whatever they are asked for.
-        code = BUILD / "tests/end_to_end/libsecurity_with_both.so"
-        host = self.host_with(lambda folder: shutil.copy(code, folder / "Security.framework/Security"))
-        self.assert_chose(unattended("--app", DEMO, "--require-admin", host=host))
-
-    def test_an_executable_that_a_link_leads_to(self):
-        def lead_out(folder):
-            executable = folder / "Security.framework/Security"
-            executable.rename(self.folder / "Security")
-            executable.symlink_to(self.folder / "Security")
-        self.assert_stops(lead_out, NO_FILE)
+    def test_one_that_grants_everything_passes(self):
+        # What those without a function lack is all that stops them.
+        self.assert_chose(unattended("--app", DEMO, "--require-admin", host=self.host_with(self.use("with_both"))))
 
     def test_a_property_list_that_is_none(self):
         # Nothing in it is needed to find the executable, so the answer is as with a good one.
-        host = self.host_with(lambda folder: [each.write_bytes(b"<plist") for each in folder.rglob("Info.plist")])
+        host = self.host_with(lambda: next(self.frameworks.rglob("Info.plist")).write_bytes(b"<plist"))
         outcome = unattended("--app", DEMO, "--require-admin", host=host)
         refusal, *others = outcome.errors.splitlines(keepends=True)
         self.assertRegex(refusal, 'visex-host: the Info.plist of the bundle "Security.framework" was refused: .+')
@@ -155,7 +130,3 @@ class BadFramework(HostTest):
             self.assert_chose(outcome)
         else:
             self.assert_answers(outcome, NOTHING_CHOSEN, NOT_GRANTED)
-
-
-if __name__ == "__main__":
-    unittest.main()

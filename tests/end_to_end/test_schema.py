@@ -4,7 +4,6 @@ import copy
 import json
 import re
 import subprocess
-import unittest
 
 from visex import *
 
@@ -63,7 +62,3 @@ class Schema(HostTest):
             more = changed[f"{name} with more"] = copy.deepcopy(whole)
             find(more)["new"] = 1
         self.assertEqual(self.unfit(changed), list(changed))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -38,9 +38,6 @@ class Links(HostTest):
         self.lead_out(app / "Contents" / place)
         return unattended("--app", app, *arguments, **options)
 
-    def test_the_copy_works(self):
-        self.assert_chose(unattended("--app", self.demo_copy()))
-
     def test_the_nib(self):
         for place in ("Resources/LanguageSelector.nib", "Resources/LanguageSelector.nib/objects.xib"):
             with self.subTest(place):
@@ -189,13 +186,6 @@ class Files(HostTest):
             variables["SIGNAL_IN_RENAME"] = str(int(signal_in_rename))
         return unattended(*arguments, variables=variables)
 
-    def test_a_full_disk_is_said_before_anybody_is_asked(self):
-        for option, name in self.OPTIONS:
-            with self.subTest(option):
-                outcome = unattended(option, self.target, variables=WITHOUT_PROFILE, preexec_fn=limit_files(100))
-                self.assert_fails(outcome, NOT_DONE, f"cannot save the {name} in '{self.target}': File too large")
-                self.assertEqual(tree(self.folder), {self.target: b"what stood here before"})
-
     def test_a_disk_that_is_full_by_then_is_said_in_place_of_the_answer(self):
         start = self.file("start", record(tail=bytes(9000)))
         before = tree(self.folder)
@@ -268,21 +258,3 @@ class Files(HostTest):
             self.skipTest("nothing can be mounted here")
         self.assert_fails(outcome, NOT_DONE,
                           f"cannot save the record in '{self.target}': it is a mount point, which cannot be replaced")
-
-    def test_only_a_regular_file_is_replaced(self):
-        pipe = self.folder / "pipe"
-        os.mkfifo(pipe)
-        (self.folder / "link").symlink_to(pipe)
-        (self.folder / "folder").mkdir()
-        before = tree(self.folder)
-        for option, name in self.OPTIONS:
-            for target in ("pipe", "link", "folder"):
-                with self.subTest(option, target=target):
-                    outcome = unattended(option, self.folder / target)
-                    self.assertEqual(outcome.status, NOT_DONE)
-                    self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the {name} .*: it is not a regular file\n")
-                    self.assertEqual(tree(self.folder), before)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -55,6 +55,12 @@ class Outcome(typing.NamedTuple):
         return json.loads(self.output)
 
 
+def outcome_of(process):
+    """The Outcome of a host that ends by itself."""
+    output, errors = process.communicate(timeout=TIMEOUT)
+    return Outcome(process.returncode, (output or b"").decode(), (errors or b"").decode())
+
+
 def run(*arguments, host=HOST, through=(), variables=None, **options):
     """Runs the host to its end, by the command `through` if there is one, with neither a screen nor a terminal."""
     # A host that was copied does not know where the libraries are.
