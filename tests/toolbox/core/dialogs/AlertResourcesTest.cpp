@@ -70,65 +70,46 @@ TEST(AlertTemplateReader, IgnoresAPositionAtTheEnd)
     EXPECT_TRUE(readTemplate(alertTemplate(5000) + 'x').has_value());
 }
 
-struct BoundsCase {
-    const char* name;
-    Rect bounds;
-    bool isGood;
-};
-
-const BoundsCase BOUNDS_CASES[] = {
-    {"OnePixel", {0, 0, 1, 1}, true},
-    {"NoHeight", {5, 0, 5, 10}, false},
-    {"NoWidth", {0, 5, 10, 5}, false},
-    {"UpsideDown", {10, 0, 5, 10}, false},
-    {"RightToLeft", {0, 10, 10, 5}, false},
-    {"AsLargeAsCanBe", {-32768, -32768, 32767, 32767}, true},
-    {"AsSmallAsCanBe", {32767, 32767, -32768, -32768}, false},
-};
-
-class AlertTemplateBounds : public testing::TestWithParam<BoundsCase> { };
-
-TEST_P(AlertTemplateBounds, EncloseSomething)
+TEST(AlertTemplateReader, WantsBoundsThatEncloseSomething)
 {
-    EXPECT_EQ(readTemplate(alertTemplate(5000, 0x5555, GetParam().bounds)).has_value(), GetParam().isGood);
+    const auto isRead = [](const Rect& bounds) {
+        return readTemplate(alertTemplate(5000, 0x5555, bounds)).has_value();
+    };
+    EXPECT_TRUE(isRead({0, 0, 1, 1}));
+    EXPECT_FALSE(isRead({5, 0, 5, 10})) << "no height";
+    EXPECT_FALSE(isRead({0, 5, 10, 5})) << "no width";
+    EXPECT_FALSE(isRead({10, 0, 5, 10})) << "upside down";
+    EXPECT_FALSE(isRead({0, 10, 10, 5})) << "right to left";
+    EXPECT_TRUE(isRead({-32768, -32768, 32767, 32767}));
+    EXPECT_FALSE(isRead({32767, 32767, -32768, -32768}));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, AlertTemplateBounds, testing::ValuesIn(BOUNDS_CASES), [](const auto& row) { return row.param.name; });
-
-struct StageCase {
-    const char* name;
-    UInt16 stages;
-    int occurrence;
-    bool drawsBox;
-    SInt16 defaultItem;
-};
-
-const StageCase STAGE_CASES[] = {
-    {"FirstIsLowest", 0x0004, 1, true, 1},
-    {"FirstIsNoOther", 0xFFF0, 1, false, 1},
-    {"Second", 0x00C0, 2, true, 2},
-    {"Third", 0x0800, 3, false, 2},
-    {"Fourth", 0x4000, 4, true, 1},
-    {"FourthServesTheFifth", 0xC000, 5, true, 2},
-    {"SoundAloneDrawsNothing", 0x3333, 1, false, 1},
-    {"UsualFirst", 0x5555, 1, true, 1},
-    {"UsualLast", 0x5555, 4, true, 1},
-};
-
-class AlertStages : public testing::TestWithParam<StageCase> { };
-
-TEST_P(AlertStages, AreFourBitsEach)
+TEST(AlertStages, AreFourBitsEach)
 {
-    AlertTemplate alert;
-    alert.stages = GetParam().stages;
-    const Toolbox::AlertStage stage = alert.stage(GetParam().occurrence);
-    EXPECT_EQ(stage.drawsBox, GetParam().drawsBox);
-    EXPECT_EQ(stage.defaultItem, GetParam().defaultItem);
+    const struct {
+        const char* name;
+        UInt16 stages;
+        int occurrence;
+        bool drawsBox;
+        SInt16 defaultItem;
+    } rows[] = {
+        {"the first is the lowest", 0x0004, 1, true, 1},
+        {"the first is no other", 0xFFF0, 1, false, 1},
+        {"second", 0x00C0, 2, true, 2},
+        {"third", 0x0800, 3, false, 2},
+        {"fourth", 0x4000, 4, true, 1},
+        {"the fourth serves the fifth", 0xC000, 5, true, 2},
+        {"sound alone draws nothing", 0x3333, 1, false, 1},
+        {"the usual first", 0x5555, 1, true, 1},
+        {"the usual last", 0x5555, 4, true, 1},
+    };
+    for (const auto& row : rows) {
+        AlertTemplate alert;
+        alert.stages = row.stages;
+        EXPECT_EQ(alert.stage(row.occurrence).drawsBox, row.drawsBox) << row.name;
+        EXPECT_EQ(alert.stage(row.occurrence).defaultItem, row.defaultItem) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, AlertStages, testing::ValuesIn(STAGE_CASES), [](const auto& row) { return row.param.name; });
 
 // ---- 'DITL'
 

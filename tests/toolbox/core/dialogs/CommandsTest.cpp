@@ -59,48 +59,40 @@ TEST_F(Commands, AreNotSentByAButtonThatHasNoneOrCannotBePressed)
 
 // ---- Choosing
 
-struct ChoiceCase {
-    const char* name;
-    SInt32 item;
-    OSStatus answer;
-    std::vector<MenuCommand> sent;
-    SInt32 value;  // 1 before
-};
-
-// clang-format off
-const ChoiceCase CHOICE_CASES[] = {
-    // name                          item answer              sent      value
-    {"WithACommand",                 2,   eventNotHandledErr, {'medi'}, 2},
-    {"TakenByAHandler",              2,   noErr,              {'medi'}, 1},
-    {"AnErrorDoesNotTakeIt",         2,   paramErr,           {'medi'}, 2},
-    {"WithoutACommandSendsZero",     1,   eventNotHandledErr, {0},      1},
-    {"DisabledIsNotChosen",          3,   eventNotHandledErr, {},       1},
-    {"SeparatorIsNotChosen",         4,   eventNotHandledErr, {},       1},
-    {"AfterTheLastIsNotChosen",      6,   eventNotHandledErr, {},       1},
-    {"ZeroIsNotChosen",              0,   eventNotHandledErr, {},       1},
-    {"NegativeIsNotChosen",          -1,  eventNotHandledErr, {},       1},
-    {"LastIsChosen",                 5,   eventNotHandledErr, {'last'}, 5},
-};
-// clang-format on
-
-class ChosenItem : public WindowTest, public testing::WithParamInterface<ChoiceCase> { };
-
-TEST_P(ChosenItem, SendsItsCommandAndIsSetUnlessThatWasTaken)
+TEST_F(Commands, OfAChosenItemAreSentAndItIsSetUnlessThatWasTaken)
 {
-    TestWindow made;
+    const struct {
+        const char* name;
+        SInt32 item;
+        OSStatus answer;
+        std::vector<MenuCommand> sent;
+        SInt32 value;  // 1 before
+    } rows[] = {
+        {"with a command", 2, eventNotHandledErr, {'medi'}, 2},
+        {"taken by a handler", 2, noErr, {'medi'}, 1},
+        {"an error does not take it", 2, paramErr, {'medi'}, 2},
+        {"without a command it sends zero", 1, eventNotHandledErr, {0}, 1},
+        {"disabled", 3, eventNotHandledErr, {}, 1},
+        {"separator", 4, eventNotHandledErr, {}, 1},
+        {"after the last", 6, eventNotHandledErr, {}, 1},
+        {"zero", 0, eventNotHandledErr, {}, 1},
+        {"negative", -1, eventNotHandledErr, {}, 1},
+        {"the last", 5, eventNotHandledErr, {'last'}, 5},
+    };
     auto items = threeItems();
     items.push_back({QString(), 0, true, true});
     items.push_back({QStringLiteral("Last"), 'last'});
-    Control& popUp = made.addPopUp(items);
-    CommandRecorder recorder(made.target(), GetParam().answer);
-    recorder.action = [&](const HICommand&) { EXPECT_EQ(popUp.value, 1) << "it changes when nobody took the command"; };
-    runWhile(made.ref, [&] { chooseMenuItem(popUp, GetParam().item); });
-    EXPECT_EQ(recorder.ids(), GetParam().sent);
-    EXPECT_EQ(popUp.value, GetParam().value);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        TestWindow made;
+        Control& popUp = made.addPopUp(items);
+        CommandRecorder recorder(made.target(), row.answer);
+        recorder.action = [&](const HICommand&) { EXPECT_EQ(popUp.value, 1) << "it changes when nobody took it"; };
+        runWhile(made.ref, [&] { chooseMenuItem(popUp, row.item); });
+        EXPECT_EQ(recorder.ids(), row.sent);
+        EXPECT_EQ(popUp.value, row.value);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ChosenItem, testing::ValuesIn(CHOICE_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(Commands, OfAnItemComeFromTheMenuWithTheItemsNumber)
 {
@@ -212,12 +204,11 @@ TEST_F(Commands, MayRunAnotherWindow)
     CommandRecorder innerRecorder(inner.target());
     innerRecorder.action = [&](const HICommand&) { QuitAppModalLoopForWindow(inner.ref); };
     outerRecorder.action = [&](const HICommand&) {
-        EXPECT_EQ(runWhile(inner.ref,
-                      [&] {
-                          pressControl(outerButton);  // nobody can reach it
-                          pressControl(innerButton);
-                      }),
-            noErr);
+        const OSStatus status = runWhile(inner.ref, [&] {
+            pressControl(outerButton);  // nobody can reach it
+            pressControl(innerButton);
+        });
+        EXPECT_EQ(status, noErr);
         QuitAppModalLoopForWindow(outer.ref);
     };
     EXPECT_EQ(runWhile(outer.ref, [&] { pressControl(outerButton); }), noErr);

@@ -22,6 +22,17 @@ Toolbox::EventParameter demo(std::size_t size)
     return parameter;
 }
 
+// Installs `handler` for commands.
+OSStatus install(const TestWindow& made, EventHandlerUPP handler, void* userData = nullptr)
+{
+    return InstallEventHandler(made.target(), handler, 1, COMMANDS, userData, nullptr);
+}
+
+OSStatus sendCommand(const TestWindow& made)
+{
+    return sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target);
+}
+
 class EventParameters : public WindowTest { };
 
 TEST_F(EventParameters, KnowTheClassAndKindOfTheirEvent)
@@ -31,37 +42,30 @@ TEST_F(EventParameters, KnowTheClassAndKindOfTheirEvent)
     EXPECT_EQ(GetEventKind(event.ref()), 3u);
 }
 
-struct SizeCase {
-    const char* name;
-    UInt32 asked;
-    std::vector<UInt8> got;  // of a buffer of six nines
-};
-
-const SizeCase SIZE_CASES[] = {
-    {"None", 0, {9, 9, 9, 9, 9, 9}},
-    {"One", 1, {1, 9, 9, 9, 9, 9}},
-    {"OneLess", 3, {1, 2, 3, 9, 9, 9}},
-    {"Exactly", 4, {1, 2, 3, 4, 9, 9}},
-    {"OneMore", 5, {1, 2, 3, 4, 9, 9}},
-    {"TwoMore", 6, {1, 2, 3, 4, 9, 9}},
-};
-
-class EventParameterSize : public WindowTest, public testing::WithParamInterface<SizeCase> { };
-
-TEST_P(EventParameterSize, CopiesNoMoreThanIsAskedForAndTellsTheFullSize)
+TEST_F(EventParameters, AreCopiedNoFurtherThanAskedForAndTellTheirFullSize)
 {
     const Event event('clss', 1, {demo(4)});
-    std::vector<UInt8> buffer(6, 9);
-    EventParamType type = 0;
-    UInt32 size = 0;
-    EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', &type, GetParam().asked, &size, buffer.data()), noErr);
-    EXPECT_EQ(buffer, GetParam().got);
-    EXPECT_EQ(type, EventParamType{'byts'});
-    EXPECT_EQ(size, 4u);
+    const struct {
+        UInt32 asked;
+        std::vector<UInt8> got;  // of a buffer of six nines
+    } rows[] = {
+        {0, {9, 9, 9, 9, 9, 9}},
+        {1, {1, 9, 9, 9, 9, 9}},
+        {3, {1, 2, 3, 9, 9, 9}},
+        {4, {1, 2, 3, 4, 9, 9}},
+        {5, {1, 2, 3, 4, 9, 9}},
+        {6, {1, 2, 3, 4, 9, 9}},
+    };
+    for (const auto& row : rows) {
+        std::vector<UInt8> buffer(6, 9);
+        EventParamType type = 0;
+        UInt32 size = 0;
+        EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', &type, row.asked, &size, buffer.data()), noErr);
+        EXPECT_EQ(buffer, row.got);
+        EXPECT_EQ(type, EventParamType{'byts'});
+        EXPECT_EQ(size, 4u);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, EventParameterSize, testing::ValuesIn(SIZE_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(EventParameters, AreAskedForByNameAndType)
 {
@@ -83,18 +87,6 @@ TEST_F(EventParameters, CanBeMeasuredWithoutABuffer)
     EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', nullptr, 1, &size, nullptr), paramErr);
 }
 
-TEST_F(EventParameters, OfAWrongEventGiveAnError)
-{
-    const EventRef dead = [] { return Event('clss', 1, {demo(4)}).ref(); }();
-    for (const EventRef wrong : {EventRef(), dead}) {
-        UInt8 byte = 9;
-        EXPECT_EQ(GetEventParameter(wrong, 'demo', 'byts', nullptr, 1, nullptr, &byte), paramErr);
-        EXPECT_EQ(byte, 9);
-        EXPECT_EQ(GetEventClass(wrong), 0u);
-        EXPECT_EQ(GetEventKind(wrong), 0u);
-    }
-}
-
 // ---- Commands as parameters
 
 // The answer of each size of buffer that a handler may have: the target's 14 bytes, and this machine's.
@@ -109,7 +101,7 @@ TEST_F(EventParameters, CarryACommandInItsFullSize)
     const auto handler = [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
         return GetEventParameter(event, kEventParamDirectObject, typeHICommand, nullptr, 14, &full, &head);
     };
-    ASSERT_EQ(InstallEventHandler(made.target(), NewEventHandlerUPP(handler), 1, COMMANDS, nullptr, nullptr), noErr);
+    ASSERT_EQ(install(made, NewEventHandlerUPP(handler)), noErr);
     runWhile(made.ref, [&] { Toolbox::pressControl(button); });
     EXPECT_EQ(full, sizeof(HICommand));
     EXPECT_EQ(head.attributes, UInt32{kHICommandFromControl});
@@ -132,25 +124,6 @@ TEST_F(EventParameters, TellTheTraceTheCommand)
     EXPECT_EQ(nameWith({}), "event#N");
 }
 
-TEST_F(EventParameters, AreGoneWhenTheEventWasSent)
-{
-    TestWindow made;
-    Toolbox::Control& button = made.addButton('ok  ');
-    static EventRef kept;
-    const auto handler = [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
-        kept = event;
-        return noErr;
-    };
-    ASSERT_EQ(InstallEventHandler(made.target(), handler, 1, COMMANDS, nullptr, nullptr), noErr);
-    runWhile(made.ref, [&] { Toolbox::pressControl(button); });
-    HICommand command{};
-    ASSERT_NE(kept, nullptr);
-    EXPECT_EQ(
-        GetEventParameter(kept, kEventParamDirectObject, typeHICommand, nullptr, sizeof command, nullptr, &command),
-        paramErr);
-    EXPECT_EQ(GetEventClass(kept), 0u);
-}
-
 // ---- Installing
 
 OSStatus ignore(EventHandlerCallRef, EventRef, void*)
@@ -165,43 +138,24 @@ OSStatus take(EventHandlerCallRef, EventRef, void*)
 
 class EventHandlers : public WindowTest { };
 
-TEST_F(EventHandlers, AreInstalledOnTheTargetOfAWindow)
-{
-    const TestWindow made;
-    EventHandlerRef installed = nullptr;
-    EXPECT_EQ(InstallEventHandler(made.target(), ignore, 1, COMMANDS, nullptr, &installed), noErr);
-    EXPECT_NE(installed, nullptr);
-    EXPECT_EQ(InstallEventHandler(made.target(), take, 1, COMMANDS, nullptr, nullptr), noErr);
-}
-
-TEST_F(EventHandlers, HaveNoTargetInAWrongWindow)
-{
-    const WindowRef dead = [] { return TestWindow().ref; }();
-    EXPECT_EQ(GetWindowEventTarget(nullptr), nullptr);
-    EXPECT_EQ(GetWindowEventTarget(dead), nullptr);
-}
-
 TEST_F(EventHandlers, AreRefusedWithWrongArguments)
 {
     const TestWindow made;
-    const EventTargetRef dead = [] { return TestWindow().target(); }();
     const struct {
         const char* name;
         EventTargetRef target;
         EventHandlerUPP handler;
         const EventTypeSpec* types;
     } rows[] = {
-        {"null target", nullptr, ignore, COMMANDS},
-        {"dead target", dead, ignore, COMMANDS},
-        {"window for a target", reinterpret_cast<EventTargetRef>(made.ref), ignore, COMMANDS},
+        {"dead target", [] { return TestWindow().target(); }(), ignore, COMMANDS},
         {"null procedure", made.target(), nullptr, COMMANDS},
         {"null list", made.target(), ignore, nullptr},
     };
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
         EventHandlerRef installed = reinterpret_cast<EventHandlerRef>(std::uintptr_t{1});
-        EXPECT_EQ(InstallEventHandler(row.target, row.handler, 1, row.types, nullptr, &installed), paramErr)
-            << row.name;
-        EXPECT_EQ(installed, nullptr) << row.name;
+        EXPECT_EQ(InstallEventHandler(row.target, row.handler, 1, row.types, nullptr, &installed), paramErr);
+        EXPECT_EQ(installed, nullptr);
     }
     EXPECT_TRUE(made.window().target.handlers.empty());
 }
@@ -213,8 +167,9 @@ TEST_F(EventHandlers, OfOneProcedureStandOnceForEachEventOfATarget)
     const EventTypeSpec two[] = {{'clss', 1}, {'clss', 2}};
     const EventTypeSpec nextTwo[] = {{'clss', 3}, {'clss', 2}};
     int data = 0;
-    ASSERT_EQ(InstallEventHandler(made.target(), ignore, 2, two, nullptr, nullptr), noErr);
     EventHandlerRef installed = nullptr;
+    ASSERT_EQ(InstallEventHandler(made.target(), ignore, 2, two, nullptr, &installed), noErr);
+    EXPECT_NE(installed, nullptr);
     EXPECT_EQ(InstallEventHandler(made.target(), ignore, 1, two, &data, &installed), eventHandlerAlreadyInstalledErr);
     EXPECT_EQ(
         InstallEventHandler(made.target(), ignore, 2, nextTwo, nullptr, nullptr), eventHandlerAlreadyInstalledErr);
@@ -228,7 +183,7 @@ TEST_F(EventHandlers, ForNoEventGetNone)
 {
     const TestWindow made;
     EXPECT_EQ(InstallEventHandler(made.target(), take, 0, COMMANDS, nullptr, nullptr), noErr);
-    EXPECT_EQ(sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target), eventNotHandledErr);
+    EXPECT_EQ(sendCommand(made), eventNotHandledErr);
 }
 
 TEST_F(EventHandlers, AreTheirOwnUniversalProcedurePointers)
@@ -236,9 +191,9 @@ TEST_F(EventHandlers, AreTheirOwnUniversalProcedurePointers)
     const EventHandlerUPP upp = NewEventHandlerUPP(take);
     EXPECT_EQ(upp, &take);
     const TestWindow made;
-    ASSERT_EQ(InstallEventHandler(made.target(), upp, 1, COMMANDS, nullptr, nullptr), noErr);
+    ASSERT_EQ(install(made, upp), noErr);
     DisposeEventHandlerUPP(upp);
-    EXPECT_EQ(sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target), noErr);
+    EXPECT_EQ(sendCommand(made), noErr);
 }
 
 // ---- Sending
@@ -253,69 +208,47 @@ template <int NUMBER> OSStatus numbered(EventHandlerCallRef, EventRef, void*)
     return answers[NUMBER];
 }
 
-struct ChainCase {
-    const char* name;
-    OSStatus answers[3];  // of the handlers in the order in which they were installed
-    std::vector<int> called;
-    OSStatus result;
-};
-
-// clang-format off
-const ChainCase CHAIN_CASES[] = {
-    // name                answers of 0, 1, 2                                         called     result
-    {"NobodyTakesIt",      {eventNotHandledErr, eventNotHandledErr, eventNotHandledErr}, {2, 1, 0}, eventNotHandledErr},
-    {"TheNewestTakesIt",   {noErr, noErr, noErr},                                        {2},       noErr},
-    {"TheMiddleTakesIt",   {noErr, noErr, eventNotHandledErr},                           {2, 1},    noErr},
-    {"TheOldestTakesIt",   {noErr, eventNotHandledErr, eventNotHandledErr},              {2, 1, 0}, noErr},
-    {"AnErrorEndsItToo",   {noErr, paramErr, eventNotHandledErr},                        {2, 1},    paramErr},
-    {"APositiveOneAsWell", {noErr, 7, eventNotHandledErr},                               {2, 1},    7},
-};
-// clang-format on
-
-class EventChain : public WindowTest, public testing::WithParamInterface<ChainCase> { };
-
-TEST_P(EventChain, GoesFromTheNewestToTheOldest)
+TEST_F(EventHandlers, AreAskedFromTheNewestToTheOldestUntilOneTakesTheEvent)
 {
-    called.clear();
-    std::copy(std::begin(GetParam().answers), std::end(GetParam().answers), answers);
+    const OSStatus no = eventNotHandledErr;
+    const struct {
+        const char* name;
+        OSStatus answers[3];  // of the handlers in the order in which they were installed
+        std::vector<int> called;
+        OSStatus result;
+    } rows[] = {
+        {"nobody", {no, no, no}, {2, 1, 0}, no},
+        {"the newest", {noErr, noErr, noErr}, {2}, noErr},
+        {"the middle", {noErr, noErr, no}, {2, 1}, noErr},
+        {"the oldest", {noErr, no, no}, {2, 1, 0}, noErr},
+        {"an error ends it too", {noErr, paramErr, no}, {2, 1}, paramErr},
+        {"a positive one as well", {noErr, 7, no}, {2, 1}, 7},
+    };
     const TestWindow made;
     for (const EventHandlerProcPtr procedure : {numbered<0>, numbered<1>, numbered<2>})
-        ASSERT_EQ(InstallEventHandler(made.target(), procedure, 1, COMMANDS, nullptr, nullptr), noErr);
-    EXPECT_EQ(sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target), GetParam().result);
-    EXPECT_EQ(called, GetParam().called);
+        ASSERT_EQ(install(made, procedure), noErr);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        called.clear();
+        std::copy(std::begin(row.answers), std::end(row.answers), answers);
+        EXPECT_EQ(sendCommand(made), row.result);
+        EXPECT_EQ(called, row.called);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, EventChain, testing::ValuesIn(CHAIN_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(EventHandlers, GetTheEventsThatTheyWereInstalledForAlone)
 {
-    called.clear();
-    answers[0] = noErr;
     const TestWindow made;
     const EventTypeSpec types[] = {{'clss', 1}, {'ssal', 2}};
-    ASSERT_EQ(InstallEventHandler(made.target(), numbered<0>, 2, types, nullptr, nullptr), noErr);
-    const struct {
-        UInt32 eventClass, kind;
-        OSStatus result;
-    } rows[] = {{'clss', 1, noErr}, {'ssal', 2, noErr}, {'clss', 2, eventNotHandledErr},
-        {'ssal', 1, eventNotHandledErr}, {'othr', 1, eventNotHandledErr}};
-    for (const auto& row : rows)
-        EXPECT_EQ(sendEvent(Event(row.eventClass, row.kind, {}), made.window().target), row.result);
-    EXPECT_EQ(called.size(), 2u);
-}
-
-TEST_F(EventHandlers, GetTheirUserData)
-{
-    const TestWindow made;
-    int data = 0;
-    const auto count = [](EventHandlerCallRef, EventRef, void* userData) -> OSStatus {
-        ++*static_cast<int*>(userData);
-        return noErr;
+    ASSERT_EQ(InstallEventHandler(made.target(), take, 2, types, nullptr, nullptr), noErr);
+    const auto send = [&](UInt32 eventClass, UInt32 kind) {
+        return sendEvent(Event(eventClass, kind, {}), made.window().target);
     };
-    ASSERT_EQ(InstallEventHandler(made.target(), count, 1, COMMANDS, &data, nullptr), noErr);
-    sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target);
-    EXPECT_EQ(data, 1);
+    EXPECT_EQ(send('clss', 1), noErr);
+    EXPECT_EQ(send('ssal', 2), noErr);
+    EXPECT_EQ(send('clss', 2), eventNotHandledErr);
+    EXPECT_EQ(send('ssal', 1), eventNotHandledErr);
+    EXPECT_EQ(send('othr', 1), eventNotHandledErr);
 }
 
 TEST_F(EventHandlers, CallTheToolboxAsIfFromOutside)
@@ -325,7 +258,7 @@ TEST_F(EventHandlers, CallTheToolboxAsIfFromOutside)
     const auto askForTheKind = [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
         return static_cast<OSStatus>(GetEventKind(event));
     };
-    ASSERT_EQ(InstallEventHandler(made.target(), askForTheKind, 1, COMMANDS, nullptr, nullptr), noErr);
+    ASSERT_EQ(install(made, askForTheKind), noErr);
     std::vector<std::string> calls;
     runWhile(made.ref, [&] {
         Toolbox::SetTrace([&calls](const std::string& line) { calls.push_back(line.substr(0, line.find('('))); });
@@ -347,12 +280,11 @@ TEST_F(EventHandlers, MayInstallOthersWhichDoNotGetThePresentEvent)
         InstallEventHandler(target, numbered<1>, 1, COMMANDS, nullptr, nullptr);
         return eventNotHandledErr;
     };
-    ASSERT_EQ(InstallEventHandler(made.target(), numbered<0>, 1, COMMANDS, nullptr, nullptr), noErr);
-    ASSERT_EQ(InstallEventHandler(made.target(), installMore, 1, COMMANDS, made.target(), nullptr), noErr);
-    const Event event(kEventClassCommand, kEventCommandProcess, {});
-    sendEvent(event, made.window().target);
+    ASSERT_EQ(install(made, numbered<0>), noErr);
+    ASSERT_EQ(install(made, installMore, made.target()), noErr);
+    sendCommand(made);
     EXPECT_EQ(called, std::vector<int>{0});
-    sendEvent(event, made.window().target);
+    sendCommand(made);
     EXPECT_EQ(called, (std::vector<int>{0, 1, 0}));
 }
 
@@ -365,9 +297,9 @@ TEST_F(EventHandlers, MayDisposeOfTheWindowWhoseOtherHandlersAreThenLeftOut)
         DisposeWindow(static_cast<WindowRef>(userData));
         return eventNotHandledErr;
     };
-    ASSERT_EQ(InstallEventHandler(made.target(), numbered<0>, 1, COMMANDS, nullptr, nullptr), noErr);
-    ASSERT_EQ(InstallEventHandler(made.target(), dispose, 1, COMMANDS, made.ref, nullptr), noErr);
-    EXPECT_EQ(sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target), eventNotHandledErr);
+    ASSERT_EQ(install(made, numbered<0>), noErr);
+    ASSERT_EQ(install(made, dispose, made.ref), noErr);
+    EXPECT_EQ(sendCommand(made), eventNotHandledErr);
     EXPECT_TRUE(called.empty());
 }
 

@@ -67,6 +67,7 @@ protected:
     }
 
     std::vector<Toolbox::Alert>& shown() { return m_record.shown; }
+    const Toolbox::Alert& lastShown() { return m_record.shown.at(m_record.shown.size() - 1); }
     void answerWith(SInt16 button) { m_record.answer = button; }
 
 private:

@@ -13,6 +13,10 @@ namespace {
 const ConstStringPtr SYSTEM_WORD = reinterpret_cast<ConstStringPtr>(kAlertDefaultOKText);
 const CFStringRef SYSTEM_STRING = reinterpret_cast<CFStringRef>(kAlertDefaultOKText);
 const CFStringRef DEAD_STRING = reinterpret_cast<CFStringRef>(0x1234);
+// Here, since the first use of a constant makes an object that stays.
+const CFStringRef JA = CFSTR("Ja");
+const CFStringRef TWO_LINES = CFSTR("a\rb");
+
 constexpr SInt16 UNTOUCHED = 77;
 
 // A Pascal string of the bytes of `text`.
@@ -27,23 +31,6 @@ public:
 
 private:
     const std::string m_bytes;
-};
-
-// A Core Foundation string of UTF-8 text, owned.
-class String {
-public:
-    explicit String(const char* text)
-        : m_string(CFStringCreateWithCString(nullptr, text, kCFStringEncodingUTF8))
-    {
-    }
-    ~String() { CFRelease(m_string); }
-    String(const String&) = delete;
-    String& operator=(const String&) = delete;
-
-    operator CFStringRef() const { return m_string; }
-
-private:
-    const CFStringRef m_string;
 };
 
 AlertStdAlertParamRec okParameters()
@@ -76,123 +63,100 @@ Titles titlesOf(const Toolbox::Alert& alert)
 
 // ---- StandardAlert
 
-class StandardAlertCall : public AlertTest { };
+class StandardAlertCall : public AlertTest {
+protected:
+    // Shows an alert and returns what the display got.
+    const Toolbox::Alert& show(ConstStringPtr text = nullptr, ConstStringPtr explanation = nullptr,
+        const AlertStdAlertParamRec* its = nullptr, AlertType type = kAlertNoteAlert)
+    {
+        hit = UNTOUCHED;
+        EXPECT_EQ(StandardAlert(type, text, explanation, its, &hit), noErr);
+        return lastShown();
+    }
+
+    AlertStdAlertParamRec parameters = okParameters();
+    SInt16 hit = UNTOUCHED;
+};
 
 TEST_F(StandardAlertCall, HasOneOKButtonWithoutParameters)
 {
-    SInt16 hit = UNTOUCHED;
-    EXPECT_EQ(StandardAlert(kAlertNoteAlert, PascalString("Text"), PascalString("More"), nullptr, &hit), noErr);
+    const Toolbox::Alert& alert = show(PascalString("Text"), PascalString("More"));
     EXPECT_EQ(hit, kAlertStdAlertOKButton);
-    ASSERT_EQ(shown().size(), 1u);
-    EXPECT_EQ(shown()[0].type, kAlertNoteAlert);
-    EXPECT_EQ(shown()[0].text, QStringLiteral("Text"));
-    EXPECT_EQ(shown()[0].explanation, QStringLiteral("More"));
-    EXPECT_EQ(titlesOf(shown()[0]), (Titles{{1, "OK"}}));
-    EXPECT_EQ(shown()[0].defaultButton, 1);
-    EXPECT_EQ(shown()[0].cancelButton, 0);
-    EXPECT_FALSE(shown()[0].layout.has_value());
+    EXPECT_EQ(shown().size(), 1u);
+    EXPECT_EQ(alert.type, kAlertNoteAlert);
+    EXPECT_EQ(alert.text, QStringLiteral("Text"));
+    EXPECT_EQ(alert.explanation, QStringLiteral("More"));
+    EXPECT_EQ(titlesOf(alert), (Titles{{1, "OK"}}));
+    EXPECT_EQ(alert.defaultButton, 1);
+    EXPECT_EQ(alert.cancelButton, 0);
+    EXPECT_FALSE(alert.layout.has_value());
 }
 
 TEST_F(StandardAlertCall, HasTheSystemsWordsWhereTheyAreAskedFor)
 {
-    AlertStdAlertParamRec parameters = okParameters();
     parameters.cancelText = SYSTEM_WORD;
     parameters.otherText = SYSTEM_WORD;
     parameters.helpButton = true;
-    SInt16 hit = 0;
-    EXPECT_EQ(StandardAlert(kAlertStopAlert, nullptr, nullptr, &parameters, &hit), noErr);
-    EXPECT_EQ(titlesOf(shown().at(0)), (Titles{{1, "OK"}, {2, "Cancel"}, {3, "Don't Save"}, {4, "Help"}}));
+    EXPECT_EQ(titlesOf(show(nullptr, nullptr, &parameters)),
+        (Titles{{1, "OK"}, {2, "Cancel"}, {3, "Don't Save"}, {4, "Help"}}));
 }
 
 TEST_F(StandardAlertCall, HasTheGivenTitlesAndNoButtonWhereNoneIsGiven)
 {
     const PascalString yes("Yes");
     const PascalString other("Some\xC9");  // an ellipsis in Mac OS Roman
-    AlertStdAlertParamRec parameters = okParameters();
     parameters.defaultText = yes;
     parameters.otherText = other;
-    SInt16 hit = 0;
-    EXPECT_EQ(StandardAlert(kAlertCautionAlert, nullptr, nullptr, &parameters, &hit), noErr);
-    EXPECT_EQ(titlesOf(shown().at(0)), (Titles{{1, "Yes"}, {3, "Some\u2026"}}));
+    EXPECT_EQ(titlesOf(show(nullptr, nullptr, &parameters)), (Titles{{1, "Yes"}, {3, "Some\u2026"}}));
 }
 
 TEST_F(StandardAlertCall, ShowsNothingForNullTexts)
 {
-    SInt16 hit = 0;
-    EXPECT_EQ(StandardAlert(kAlertNoteAlert, nullptr, nullptr, nullptr, &hit), noErr);
-    EXPECT_TRUE(shown().at(0).text.isEmpty());
-    EXPECT_TRUE(shown().at(0).explanation.isEmpty());
+    EXPECT_TRUE(show().text.isEmpty());
+    EXPECT_TRUE(lastShown().explanation.isEmpty());
 }
 
 TEST_F(StandardAlertCall, ReadsTextsOfEveryLength)
 {
     for (const std::size_t length : {0u, 1u, 254u, 255u}) {
-        SInt16 hit = 0;
         const std::string text(length, 'x');
-        EXPECT_EQ(StandardAlert(kAlertNoteAlert, PascalString(text), nullptr, nullptr, &hit), noErr);
-        EXPECT_EQ(shown().back().text.toStdString(), text);
+        EXPECT_EQ(show(PascalString(text)).text.toStdString(), text);
     }
 }
 
 TEST_F(StandardAlertCall, EndsLinesWithLineFeeds)
 {
-    SInt16 hit = 0;
-    EXPECT_EQ(StandardAlert(kAlertNoteAlert, PascalString("a\rb\nc\r\nd"), PascalString("\r"), nullptr, &hit), noErr);
-    EXPECT_EQ(shown().at(0).text, QStringLiteral("a\nb\nc\nd"));
-    EXPECT_EQ(shown().at(0).explanation, QStringLiteral("\n"));
+    EXPECT_EQ(show(PascalString("a\rb\nc\r\nd"), PascalString("\r")).text, QStringLiteral("a\nb\nc\nd"));
+    EXPECT_EQ(lastShown().explanation, QStringLiteral("\n"));
 }
 
 TEST_F(StandardAlertCall, ReportsTheSlotThatWasPressed)
 {
-    AlertStdAlertParamRec parameters = okParameters();
     parameters.cancelText = SYSTEM_WORD;
     for (const SInt16 slot : {SInt16{1}, SInt16{2}}) {
-        SInt16 hit = UNTOUCHED;
         answerWith(slot);
-        EXPECT_EQ(StandardAlert(kAlertNoteAlert, nullptr, nullptr, &parameters, &hit), noErr);
+        show(nullptr, nullptr, &parameters);
         EXPECT_EQ(hit, slot);
     }
 }
 
-struct KeyCase {
-    const char* name;
-    SInt16 wanted;
-    SInt16 expected;
-};
-
-// The buttons there are OK and Cancel.
-const KeyCase KEY_CASES[] = {
-    {"None", 0, 0},
-    {"OK", 1, 1},
-    {"Cancel", 2, 2},
-    {"OneThatIsNotThere", 3, 0},
-    {"OneThatNoAlertHas", 5, 0},
-    {"Negative", -1, 0},
-};
-
-class StandardAlertKeys : public AlertTest, public testing::WithParamInterface<KeyCase> { };
-
-TEST_P(StandardAlertKeys, ArePressedByReturnAndEscape)
+TEST_F(StandardAlertCall, IsAnsweredByReturnAndEscapeWithTheButtonsNamedIfTheyAreThere)
 {
-    AlertStdAlertParamRec parameters = okParameters();
-    parameters.cancelText = SYSTEM_WORD;
-    parameters.defaultButton = GetParam().wanted;
-    parameters.cancelButton = GetParam().wanted;
-    SInt16 hit = 0;
-    EXPECT_EQ(StandardAlert(kAlertNoteAlert, nullptr, nullptr, &parameters, &hit), noErr);
-    EXPECT_EQ(shown().at(0).defaultButton, GetParam().expected);
-    EXPECT_EQ(shown().at(0).cancelButton, GetParam().expected);
+    parameters.cancelText = SYSTEM_WORD;  // the buttons there are OK and Cancel
+    for (const auto& [wanted, expected] : {std::pair<SInt16, SInt16>{0, 0}, {1, 1}, {2, 2}, {3, 0}, {5, 0}, {-1, 0}}) {
+        parameters.defaultButton = wanted;
+        parameters.cancelButton = wanted;
+        const Toolbox::Alert& alert = show(nullptr, nullptr, &parameters);
+        EXPECT_EQ(alert.defaultButton, expected) << wanted;
+        EXPECT_EQ(alert.cancelButton, expected) << wanted;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StandardAlertKeys, testing::ValuesIn(KEY_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(StandardAlertCall, IsTracedWithItsTextsAndItem)
 {
-    SInt16 hit = UNTOUCHED;
     std::string line;
     Toolbox::SetTrace([&line](const std::string& each) { line = each; });
-    StandardAlert(kAlertNoteAlert, PascalString("A \"text\"\r"), nullptr, nullptr, &hit);
+    show(PascalString("A \"text\"\r"));
     Toolbox::SetTrace(nullptr);
     EXPECT_EQ(line.find(R"(StandardAlert(1, "A \"text\"\u000d", null, null, 0x)"), 0u) << line;
     EXPECT_EQ(line.substr(line.find(" = ")), " = 0 -> 1");
@@ -207,7 +171,6 @@ TEST_F(StandardAlertCall, RefusesANullResult)
 TEST_F(StandardAlertCall, RefusesAnAlertThatNothingCouldEnd)
 {
     const AlertStdAlertParamRec noButtons{};
-    SInt16 hit = UNTOUCHED;
     EXPECT_EQ(StandardAlert(kAlertNoteAlert, PascalString("Text"), nullptr, &noButtons, &hit), paramErr);
     EXPECT_EQ(hit, UNTOUCHED);
     EXPECT_TRUE(shown().empty());
@@ -219,12 +182,10 @@ TEST_F(StandardAlertCall, IsReported)
         AlertType type;
         const char* kind;
     } const kinds[] = {{0, "stop"}, {1, "note"}, {2, "caution"}, {3, "plain"}, {4, "plain"}, {-1, "plain"}};
+    parameters.otherText = SYSTEM_WORD;
+    answerWith(3);
     for (const auto& [type, kind] : kinds) {
-        AlertStdAlertParamRec parameters = okParameters();
-        parameters.otherText = SYSTEM_WORD;
-        answerWith(3);
-        SInt16 hit = 0;
-        EXPECT_EQ(StandardAlert(type, PascalString("caf\x8E"), PascalString("More"), &parameters, &hit), noErr);
+        show(PascalString("caf\x8E"), PascalString("More"), &parameters, type);
         const std::vector<Toolbox::ShownAlert> alerts = Toolbox::TakeReport().alerts;
         ASSERT_EQ(alerts.size(), 1u);
         const Toolbox::ShownAlert& noted = alerts[0];
@@ -242,26 +203,34 @@ TEST_F(StandardAlertCall, IsReported)
 class CreatedAlert : public AlertTest {
 protected:
     static std::size_t waiting() { return liveObjects()["alert"]; }
+
+    // The alert of these, which can be made.
+    static DialogRef create(CFStringRef text = nullptr, CFStringRef explanation = nullptr,
+        const AlertStdCFStringAlertParamRec* parameters = nullptr)
+    {
+        DialogRef alert = nullptr;
+        EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, text, explanation, parameters, &alert), noErr);
+        return alert;
+    }
+
+    DialogItemIndex hit = UNTOUCHED;
 };
 
 TEST_F(CreatedAlert, IsShownWhenItIsRun)
 {
-    const String text("W\u00fcnsche");
-    const String explanation("a\rb");
-    const String title("Ja");
     AlertStdCFStringAlertParamRec parameters = okStringParameters();
-    parameters.defaultText = title;
+    parameters.defaultText = JA;
     parameters.cancelText = SYSTEM_STRING;
     parameters.otherText = SYSTEM_STRING;
     parameters.helpButton = true;
     parameters.cancelButton = kAlertStdAlertCancelButton;
-    DialogRef alert = nullptr;
-    EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, text, explanation, &parameters, &alert), noErr);
+    const CFStringRef text = CFStringCreateWithCString(nullptr, "W\u00fcnsche", kCFStringEncodingUTF8);
+    const DialogRef alert = create(text, TWO_LINES, &parameters);
+    CFRelease(text);  // the alert has its own
     ASSERT_NE(alert, nullptr);
     EXPECT_TRUE(shown().empty());
 
     answerWith(2);
-    DialogItemIndex hit = UNTOUCHED;
     EXPECT_EQ(RunStandardAlert(alert, nullptr, &hit), noErr);
     EXPECT_EQ(hit, 2);
     ASSERT_EQ(shown().size(), 1u);
@@ -275,32 +244,15 @@ TEST_F(CreatedAlert, IsShownWhenItIsRun)
 
 TEST_F(CreatedAlert, HasOneOKButtonAndNoTextsWhereNothingIsGiven)
 {
-    DialogRef alert = nullptr;
-    DialogItemIndex hit = 0;
-    EXPECT_EQ(CreateStandardAlert(kAlertPlainAlert, nullptr, nullptr, nullptr, &alert), noErr);
-    EXPECT_EQ(RunStandardAlert(alert, nullptr, &hit), noErr);
-    EXPECT_EQ(titlesOf(shown().at(0)), (Titles{{1, "OK"}}));
-    EXPECT_TRUE(shown()[0].text.isEmpty());
-    EXPECT_EQ(shown()[0].defaultButton, 1);
-}
-
-TEST_F(CreatedAlert, KeepsItsTextsWhenTheCallerReleasesThem)
-{
-    DialogRef alert = nullptr;
-    {
-        const String text("Text");
-        EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, text, nullptr, nullptr, &alert), noErr);
-    }
-    DialogItemIndex hit = 0;
-    EXPECT_EQ(RunStandardAlert(alert, nullptr, &hit), noErr);
-    EXPECT_EQ(shown().at(0).text, QStringLiteral("Text"));
+    EXPECT_EQ(RunStandardAlert(create(), nullptr, &hit), noErr);
+    EXPECT_EQ(titlesOf(lastShown()), (Titles{{1, "OK"}}));
+    EXPECT_TRUE(lastShown().text.isEmpty());
+    EXPECT_EQ(lastShown().defaultButton, 1);
 }
 
 TEST_F(CreatedAlert, IsGoneOnceItWasRun)
 {
-    DialogRef alert = nullptr;
-    DialogItemIndex hit = 0;
-    EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, nullptr, &alert), noErr);
+    const DialogRef alert = create();
     EXPECT_EQ(waiting(), 1u);
     EXPECT_EQ(RunStandardAlert(alert, nullptr, &hit), noErr);
     EXPECT_EQ(waiting(), 0u);
@@ -312,62 +264,33 @@ TEST_F(CreatedAlert, IsGoneOnceItWasRun)
 
 TEST_F(CreatedAlert, WaitsOnAfterANullResult)
 {
-    DialogRef alert = nullptr;
-    DialogItemIndex hit = 0;
-    EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, nullptr, &alert), noErr);
+    const DialogRef alert = create();
     EXPECT_EQ(RunStandardAlert(alert, nullptr, nullptr), paramErr);
     EXPECT_TRUE(shown().empty());
     EXPECT_EQ(RunStandardAlert(alert, nullptr, &hit), noErr);
 }
 
-TEST_F(CreatedAlert, IsNotRunByAWrongReference)
+TEST_F(CreatedAlert, IsNotMadeOfWrongParametersOrWithoutAPlaceForIt)
 {
-    DialogItemIndex hit = UNTOUCHED;
-    EXPECT_EQ(RunStandardAlert(nullptr, nullptr, &hit), paramErr);
-    EXPECT_EQ(RunStandardAlert(reinterpret_cast<DialogRef>(0x1234), nullptr, &hit), paramErr);
-    EXPECT_EQ(hit, UNTOUCHED);
-    EXPECT_TRUE(shown().empty());
-}
-
-struct RefusedCase {
-    const char* name;
-    void (*spoil)(AlertStdCFStringAlertParamRec&);
-};
-
-const RefusedCase REFUSED_CASES[] = {
-    {"VersionBefore", [](AlertStdCFStringAlertParamRec& record) { record.version = 0; }},
-    {"VersionAfter", [](AlertStdCFStringAlertParamRec& record) { record.version = 2; }},
-    {"DeadDefaultText", [](AlertStdCFStringAlertParamRec& record) { record.defaultText = DEAD_STRING; }},
-    {"DeadCancelText", [](AlertStdCFStringAlertParamRec& record) { record.cancelText = DEAD_STRING; }},
-    {"DeadOtherText", [](AlertStdCFStringAlertParamRec& record) { record.otherText = DEAD_STRING; }},
-    {"NoButton", [](AlertStdCFStringAlertParamRec& record) { record.defaultText = nullptr; }},
-};
-
-class RefusedAlert : public CreatedAlert, public testing::WithParamInterface<RefusedCase> { };
-
-TEST_P(RefusedAlert, IsNotMade)
-{
-    AlertStdCFStringAlertParamRec parameters = okStringParameters();
-    GetParam().spoil(parameters);
-    DialogRef alert = reinterpret_cast<DialogRef>(0x1234);
-    EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, &parameters, &alert), paramErr);
-    EXPECT_EQ(alert, nullptr);
-    EXPECT_EQ(waiting(), 0u);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, RefusedAlert, testing::ValuesIn(REFUSED_CASES), [](const auto& row) { return row.param.name; });
-
-TEST_F(CreatedAlert, IsNotMadeOfDeadTexts)
-{
-    DialogRef alert = nullptr;
-    EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, DEAD_STRING, nullptr, nullptr, &alert), paramErr);
-    EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, DEAD_STRING, nullptr, &alert), paramErr);
-    EXPECT_EQ(alert, nullptr);
-}
-
-TEST_F(CreatedAlert, IsNotMadeWithoutAPlaceForIt)
-{
+    const struct {
+        const char* name;
+        void (*spoil)(AlertStdCFStringAlertParamRec&);
+    } rows[] = {
+        {"version before", [](AlertStdCFStringAlertParamRec& record) { record.version = 0; }},
+        {"version after", [](AlertStdCFStringAlertParamRec& record) { record.version = 2; }},
+        {"dead default text", [](AlertStdCFStringAlertParamRec& record) { record.defaultText = DEAD_STRING; }},
+        {"dead cancel text", [](AlertStdCFStringAlertParamRec& record) { record.cancelText = DEAD_STRING; }},
+        {"dead other text", [](AlertStdCFStringAlertParamRec& record) { record.otherText = DEAD_STRING; }},
+        {"no button", [](AlertStdCFStringAlertParamRec& record) { record.defaultText = nullptr; }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        AlertStdCFStringAlertParamRec parameters = okStringParameters();
+        row.spoil(parameters);
+        DialogRef alert = reinterpret_cast<DialogRef>(0x1234);
+        EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, &parameters, &alert), paramErr);
+        EXPECT_EQ(alert, nullptr);
+    }
     EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, nullptr, nullptr), paramErr);
     EXPECT_EQ(waiting(), 0u);
 }

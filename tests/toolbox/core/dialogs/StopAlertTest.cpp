@@ -41,7 +41,6 @@ protected:
         open({{'ALRT', 5000, alert}, {'DITL', 6000, items}});
     }
 
-private:
     void closeAll()
     {
         for (const SInt16 refNum : m_open)
@@ -49,6 +48,7 @@ private:
         m_open.clear();
     }
 
+private:
     const TemporaryFolder m_folder;
     std::vector<SInt16> m_open;
 };
@@ -149,7 +149,7 @@ TEST_F(StopAlertCall, GoesThroughItsStagesAndStaysAtTheLast)
     std::vector<SInt16> defaults;
     for (int occurrence = 0; occurrence < 6; ++occurrence) {
         EXPECT_EQ(StopAlert(5000, nullptr), 1);
-        defaults.push_back(shown().back().defaultButton);
+        defaults.push_back(lastShown().defaultButton);
     }
     EXPECT_EQ(defaults, (std::vector<SInt16>{1, 2, 1, 2, 2, 2}));
 }
@@ -172,36 +172,30 @@ TEST_F(StopAlertCall, BeginsAtTheFirstStageAfterAnotherAlert)
     constexpr SInt16 IDS[] = {5000, 5000, 5001, 5000, 5000};
     for (const SInt16 id : IDS) {
         EXPECT_EQ(StopAlert(id, nullptr), 1);
-        defaults.push_back(shown().back().defaultButton);
+        defaults.push_back(lastShown().defaultButton);
     }
     EXPECT_EQ(defaults, (std::vector<SInt16>{1, 2, 1, 1, 2}));
 }
 
-struct DefaultCase {
-    const char* name;
-    std::string items;
-    SInt16 defaultButton;  // where the stage names item 2
-};
-
-const DefaultCase DEFAULT_CASES[] = {
-    {"AButton", OK_AND_CANCEL, 2},
-    {"ADisabledButton", itemList({dialogItem(BUTTON, "OK"), dialogItem(BUTTON | DISABLED, "Cancel")}), 0},
-    {"AText", itemList({dialogItem(BUTTON, "OK"), dialogItem(STATIC_TEXT, "Text")}), 0},
-    {"NotThere", itemList({dialogItem(BUTTON, "OK")}), 0},
-};
-
-class StopAlertDefault : public StopAlertCall, public testing::WithParamInterface<DefaultCase> { };
-
-TEST_P(StopAlertDefault, IsTheStagesItemIfThatIsAButton)
+TEST_F(StopAlertCall, IsAnsweredByReturnAndEscapeWithItsSecondItemIfThatIsAButton)
 {
-    openAlert(alertTemplate(6000, 0xCCCC), GetParam().items);
-    EXPECT_EQ(StopAlert(5000, nullptr), 1);
-    EXPECT_EQ(shown().at(0).defaultButton, GetParam().defaultButton);
-    EXPECT_EQ(shown().at(0).cancelButton, GetParam().defaultButton) << "Escape follows the same rule for item 2";
+    const struct {
+        const char* name;
+        std::string items;
+        SInt16 button;
+    } rows[] = {
+        {"a button", OK_AND_CANCEL, 2},
+        {"a disabled button", itemList({dialogItem(BUTTON, "OK"), dialogItem(BUTTON | DISABLED, "Cancel")}), 0},
+        {"a text", itemList({dialogItem(BUTTON, "OK"), dialogItem(STATIC_TEXT, "Text")}), 0},
+        {"not there", itemList({dialogItem(BUTTON, "OK")}), 0},
+    };
+    for (const auto& row : rows) {
+        openAlert(alertTemplate(6000, 0xCCCC), row.items);  // every stage names it
+        EXPECT_EQ(StopAlert(5000, nullptr), 1);
+        EXPECT_EQ(lastShown().defaultButton, row.button) << row.name;
+        EXPECT_EQ(lastShown().cancelButton, row.button) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StopAlertDefault, testing::ValuesIn(DEFAULT_CASES), [](const auto& row) { return row.param.name; });
 
 // ---- What is missing or corrupt
 
@@ -209,13 +203,11 @@ constexpr const char* NO_ALERT = "the resources have no 'ALRT' 5000, or a damage
 constexpr const char* NO_ITEMS = "the resources have no 'DITL' 6000, or a damaged one";
 constexpr const char* NO_END = "it has no button that ends it";
 
-struct MissingCase {
+const struct {
     const char* name;
     const char* reason;
     std::vector<TestResource> resources;
-};
-
-const MissingCase MISSING_CASES[] = {
+} MISSING_CASES[] = {
     {"NoAlert", NO_ALERT, {{'DITL', 6000, OK_AND_CANCEL}}},
     {"AnotherAlert", NO_ALERT, {{'ALRT', 5001, alertTemplate(6000)}, {'DITL', 6000, OK_AND_CANCEL}}},
     {"NoItems", NO_ITEMS, {{'ALRT', 5000, alertTemplate(6000)}}},
@@ -231,27 +223,21 @@ const MissingCase MISSING_CASES[] = {
         {{'ALRT', 5000, alertTemplate(6000)}, {'DITL', 6000, itemList({dialogItem(BUTTON | DISABLED, "OK")})}}},
 };
 
-class StopAlertWithout : public StopAlertCall, public testing::WithParamInterface<MissingCase> { };
-
-TEST_P(StopAlertWithout, ShowsNothing)
+TEST_F(StopAlertCall, ShowsNothingWithoutWhatItNeeds)
 {
-    open(GetParam().resources);
-    const auto before = liveObjects();
-    EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX);
-    EXPECT_TRUE(shown().empty());
-    EXPECT_EQ(liveObjects(), before);
-    const Toolbox::CallReport report = Toolbox::TakeReport();
-    EXPECT_TRUE(report.alerts.empty());
-    EXPECT_EQ(
-        report.remarks, std::vector<std::string>{std::string("the alert 5000 was not shown: ") + GetParam().reason});
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StopAlertWithout, testing::ValuesIn(MISSING_CASES), [](const auto& row) { return row.param.name; });
-
-TEST_F(StopAlertCall, ShowsNothingWithoutAnOpenFile)
-{
-    EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX);
+    for (const auto& row : MISSING_CASES) {
+        SCOPED_TRACE(row.name);
+        closeAll();
+        open(row.resources);
+        const auto before = liveObjects();
+        EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX);
+        EXPECT_EQ(liveObjects(), before);
+        const Toolbox::CallReport report = Toolbox::TakeReport();
+        EXPECT_TRUE(report.alerts.empty());
+        EXPECT_EQ(report.remarks, std::vector<std::string>{std::string("the alert 5000 was not shown: ") + row.reason});
+    }
+    closeAll();
+    EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX) << "no file is open";
     EXPECT_TRUE(shown().empty());
 }
 

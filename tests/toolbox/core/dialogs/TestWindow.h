@@ -166,4 +166,10 @@ inline OSStatus runWhile(WindowRef window, std::function<void()> person)
     return RunAppModalLoopForWindow(window);
 }
 
+/// Runs `window` for a person who does nothing but end it.
+inline OSStatus runAndQuit(WindowRef window)
+{
+    return runWhile(window, [window] { QuitAppModalLoopForWindow(window); });
+}
+
 #endif

@@ -1,7 +1,5 @@
 #include "tests/toolbox/core/dialogs/TestWindow.h"
 
-#include <cstdint>
-
 namespace {
 
 using Toolbox::ButtonRole;
@@ -28,19 +26,6 @@ TEST_F(WindowManager, DisposesOfControlsAndHandlersWithTheWindow)
         (std::map<std::string, std::size_t>{{"window", 1}, {"control", 2}, {"event target", 1}, {"event handler", 1}}));
     DisposeWindow(made.ref);
     EXPECT_TRUE(liveWindowObjects().empty());
-}
-
-TEST_F(WindowManager, LeavesWrongReferencesAlone)
-{
-    const WindowRef wrong[] = {
-        nullptr, reinterpret_cast<WindowRef>(std::uintptr_t{7}), [] { return TestWindow().ref; }()};
-    const TestWindow bystander;
-    for (const WindowRef each : wrong) {
-        ShowWindow(each);
-        HideWindow(each);
-        DisposeWindow(each);
-    }
-    EXPECT_TRUE(bystander.window().visible);
 }
 
 TEST_F(WindowManager, ListsControlsInTheOrderOfTheNib)
@@ -81,7 +66,7 @@ TEST_F(WindowManager, RemarksOnAWindowThatWasShownOutsideAModalLoop)
     const std::vector<std::string> unseen{"the window \"Palette\" was never seen: it was shown outside a modal loop"};
     EXPECT_EQ(remarksOn([](WindowRef) {}), unseen);
     EXPECT_EQ(remarksOn([](WindowRef window) { HideWindow(window); }), unseen);
-    EXPECT_EQ(remarksOn([](WindowRef window) { runWhile(window, [&] { QuitAppModalLoopForWindow(window); }); }), seen);
+    EXPECT_EQ(remarksOn([](WindowRef window) { runAndQuit(window); }), seen);
     EXPECT_EQ(Toolbox::TakeReport().remarks, seen);
 }
 
