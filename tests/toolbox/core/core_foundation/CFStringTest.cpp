@@ -12,14 +12,6 @@ constexpr CFStringEncoding MAC_ROMAN = kCFStringEncodingMacRoman;
 constexpr CFStringEncoding ASCII = kCFStringEncodingASCII;
 constexpr CFStringEncoding UTF8 = kCFStringEncodingUTF8;
 
-std::string repeated(std::size_t count, const std::string& text)
-{
-    std::string all;
-    for (std::size_t time = 0; time < count; ++time)
-        all += text;
-    return all;
-}
-
 // The bytes that a Pascal string counts.
 std::string bytesOf(ConstStringPtr pascalString)
 {
@@ -56,20 +48,16 @@ const DecodingCase DECODING_CASES[] = {
 };
 // clang-format on
 
-class CFStringDecoding : public CoreFoundationTest, public testing::WithParamInterface<DecodingCase> { };
-
-TEST_P(CFStringDecoding, GivesTheText)
+TEST_F(CFString, IsTheTextOfValidBytes)
 {
-    const auto& [name, bytes, encoding, text] = GetParam();
-    const CFStringRef string = CFStringCreateWithCString(nullptr, bytes.c_str(), encoding);
-    EXPECT_EQ(string == nullptr, text == nullptr);
-    EXPECT_EQ(textOf(string).isNull(), text == nullptr) << "the empty text is not null";
-    EXPECT_EQ(textOf(string), QStringView(text).toString());
-    CFRelease(string);
+    for (const auto& [name, bytes, encoding, text] : DECODING_CASES) {
+        SCOPED_TRACE(name);
+        const Owned string = CFStringCreateWithCString(nullptr, bytes.c_str(), encoding);
+        EXPECT_EQ(string == nullptr, text == nullptr);
+        EXPECT_EQ(textOf(string).isNull(), text == nullptr) << "the empty text is not null";
+        EXPECT_EQ(textOf(string), QStringView(text).toString());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, CFStringDecoding, testing::ValuesIn(DECODING_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(CFString, ANullTextIsNoString)
 {
@@ -81,23 +69,21 @@ TEST_F(CFString, EveryMacRomanByteIsOneCharacterAndComesBack)
     std::string all;
     for (int byte = 1; byte < 256; ++byte)
         all += static_cast<char>(byte);
-    const CFStringRef string = CFStringCreateWithCString(nullptr, all.c_str(), MAC_ROMAN);
+    const Owned string = CFStringCreateWithCString(nullptr, all.c_str(), MAC_ROMAN);
     EXPECT_EQ(textOf(string).size(), 255);
     const ConstStringPtr pascalString = CFStringGetPascalStringPtr(string, MAC_ROMAN);
     ASSERT_NE(pascalString, nullptr);
     EXPECT_EQ(bytesOf(pascalString), all);
-    CFRelease(string);
 }
 
 TEST_F(CFString, CharactersAreTakenAsTheyAre)
 {
     const UniChar units[] = {'a', 0, 0xD800, 0xFFFF, 0xDC00};
-    const CFStringRef string = CFStringCreateWithCharacters(nullptr, units, 5);
+    const Owned string = CFStringCreateWithCharacters(nullptr, units, 5);
     const QString text = textOf(string);
     ASSERT_EQ(text.size(), 5);
     for (int unit = 0; unit < 5; ++unit)
         EXPECT_EQ(text[unit].unicode(), units[unit]);
-    CFRelease(string);
 }
 
 TEST_F(CFString, NoCharactersAreTheEmptyStringWhateverThePointer)
@@ -122,15 +108,12 @@ TEST_F(CFString, CharactersOfAWrongCountAreNoString)
 TEST_F(CFString, IsEqualToAnotherOfTheSameTextHoweverMade)
 {
     const UniChar units[] = {'a', 0xC4};
-    const CFStringRef unicode = CFStringCreateWithCharacters(nullptr, units, 2);
-    const CFStringRef macRoman = CFStringCreateWithCString(nullptr, "a\x80", MAC_ROMAN);
-    const CFStringRef other = CFStringCreateWithCString(nullptr, "a", MAC_ROMAN);
+    const Owned unicode = CFStringCreateWithCharacters(nullptr, units, 2);
+    const Owned macRoman = CFStringCreateWithCString(nullptr, "a\x80", MAC_ROMAN);
+    const Owned other = CFStringCreateWithCString(nullptr, "a", MAC_ROMAN);
     EXPECT_NE(unicode, macRoman);
     EXPECT_TRUE(CFEqual(unicode, macRoman));
     EXPECT_FALSE(CFEqual(unicode, other));
-    CFRelease(unicode);
-    CFRelease(macRoman);
-    CFRelease(other);
 }
 
 TEST_F(CFString, TheTextOfAWrongReferenceIsNull)
@@ -138,9 +121,8 @@ TEST_F(CFString, TheTextOfAWrongReferenceIsNull)
     for (const CFTypeRef wrong : WRONG_REFERENCES)
         EXPECT_TRUE(textOf(static_cast<CFStringRef>(wrong)).isNull());
     EXPECT_TRUE(textOf(deadString()).isNull());
-    const CFUUIDRef uuid = CFUUIDCreateFromUUIDBytes(nullptr, CFUUIDBytes{});
-    EXPECT_TRUE(textOf(reinterpret_cast<CFStringRef>(uuid)).isNull());
-    CFRelease(uuid);
+    const Owned uuid = CFUUIDCreateFromUUIDBytes(nullptr, CFUUIDBytes{});
+    EXPECT_TRUE(textOf(reinterpret_cast<CFStringRef>(CFUUIDRef(uuid))).isNull());
 }
 
 // What a string was made of decides whether it has a Pascal form, and in which encodings.
@@ -163,88 +145,66 @@ const PascalCase PASCAL_CASES[] = {
     {"ASCIIInUTF8",        "a",                   UTF8,      true,            true},
     {"MacRoman",           "a\x80",               MAC_ROMAN, true,            false},
     {"MacRomanTextInUTF8", "a\xC3\x84",           UTF8,      false,           false},
-    {"Bytes254",           repeated(254, "a"),    MAC_ROMAN, true,            true},
-    {"Bytes255",           repeated(255, "a"),    MAC_ROMAN, true,            true},
-    {"Bytes256",           repeated(256, "a"),    MAC_ROMAN, false,           false},
-    {"HighBytes255",       repeated(255, "\xFF"), MAC_ROMAN, true,            false},
-    {"HighBytes256",       repeated(256, "\xFF"), MAC_ROMAN, false,           false},
-    {"ASCIIBytes255",      repeated(255, "a"),    ASCII,     true,            true},
-    {"ASCIIBytes256",      repeated(256, "a"),    ASCII,     false,           false},
+    {"Bytes254",           std::string(254, 'a'),    MAC_ROMAN, true,            true},
+    {"Bytes255",           std::string(255, 'a'),    MAC_ROMAN, true,            true},
+    {"Bytes256",           std::string(256, 'a'),    MAC_ROMAN, false,           false},
+    {"HighBytes255",       std::string(255, '\xFF'), MAC_ROMAN, true,            false},
+    {"HighBytes256",       std::string(256, '\xFF'), MAC_ROMAN, false,           false},
+    {"ASCIIBytes255",      std::string(255, 'a'),    ASCII,     true,            true},
+    {"ASCIIBytes256",      std::string(256, 'a'),    ASCII,     false,           false},
 };
 // clang-format on
 
-class CFStringPascal : public CoreFoundationTest, public testing::WithParamInterface<PascalCase> { };
-
-TEST_P(CFStringPascal, IsTheStringsOwnBytesInAnEncodingThatItHas)
+TEST_F(CFString, HasItsOwnBytesAsPascalStringInAnEncodingThatItHas)
 {
-    const auto& [name, bytes, madeFrom, inMacRoman, inASCII] = GetParam();
-    const CFStringRef string = CFStringCreateWithCString(nullptr, bytes.c_str(), madeFrom);
-    const ConstStringPtr macRoman = CFStringGetPascalStringPtr(string, MAC_ROMAN);
-    const ConstStringPtr ascii = CFStringGetPascalStringPtr(string, ASCII);
-    EXPECT_EQ(macRoman != nullptr, inMacRoman);
-    EXPECT_EQ(ascii != nullptr, inASCII);
-    EXPECT_EQ(macRoman == nullptr ? bytes : bytesOf(macRoman), bytes);
-    EXPECT_EQ(ascii == nullptr ? bytes : bytesOf(ascii), bytes);
-    EXPECT_EQ(CFStringGetPascalStringPtr(string, UTF8), nullptr);
-    EXPECT_EQ(CFStringGetPascalStringPtr(string, 0xFFFFFFFF), nullptr);
-    CFRelease(string);
+    for (const auto& [name, bytes, madeFrom, inMacRoman, inASCII] : PASCAL_CASES) {
+        SCOPED_TRACE(name);
+        const Owned string = CFStringCreateWithCString(nullptr, bytes.c_str(), madeFrom);
+        const ConstStringPtr macRoman = CFStringGetPascalStringPtr(string, MAC_ROMAN);
+        const ConstStringPtr ascii = CFStringGetPascalStringPtr(string, ASCII);
+        EXPECT_EQ(macRoman != nullptr, inMacRoman);
+        EXPECT_EQ(ascii != nullptr, inASCII);
+        EXPECT_EQ(macRoman == nullptr ? bytes : bytesOf(macRoman), bytes);
+        EXPECT_EQ(ascii == nullptr ? bytes : bytesOf(ascii), bytes);
+        EXPECT_EQ(CFStringGetPascalStringPtr(string, UTF8), nullptr);
+        EXPECT_EQ(CFStringGetPascalStringPtr(string, 0xFFFFFFFF), nullptr);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, CFStringPascal, testing::ValuesIn(PASCAL_CASES), [](const auto& row) { return row.param.name; });
-
-struct UnicodePascalCase {
-    const char* name;
-    std::vector<UniChar> units;
-    bool hasForm;
-};
-
-// clang-format off
-const UnicodePascalCase UNICODE_PASCAL_CASES[] = {
-    {"Empty",                 {},                             true},
-    {"ASCII",                 {'a', 0x7F},                    true},
-    {"ZeroIsACharacter",      {'a', 0, 'b'},                  true},
-    {"FirstPastASCII",        {'a', 0x80},                    false},
-    {"MacRomanCharacter",     {0xC4},                         false},
-    {"LowByteLooksLikeASCII", {0x0141},                       false},
-    {"Units255",              std::vector<UniChar>(255, 'a'), true},
-    {"Units256",              std::vector<UniChar>(256, 'a'), false},
-};
-// clang-format on
-
-class CFStringUnicodePascal : public CoreFoundationTest, public testing::WithParamInterface<UnicodePascalCase> { };
-
-TEST_P(CFStringUnicodePascal, IsThereWhenAllIsASCII)
+TEST_F(CFString, OfCharactersHasAPascalStringWhenAllIsASCII)
 {
-    const std::vector<UniChar>& units = GetParam().units;
-    const CFStringRef string = CFStringCreateWithCharacters(nullptr, units.data(), static_cast<CFIndex>(units.size()));
-    const ConstStringPtr pascalString = CFStringGetPascalStringPtr(string, MAC_ROMAN);
-    ASSERT_EQ(pascalString != nullptr, GetParam().hasForm);
-    const std::string text(units.begin(), units.end());
-    EXPECT_EQ(pascalString == nullptr ? text : bytesOf(pascalString), text);
-    EXPECT_EQ(CFStringGetPascalStringPtr(string, ASCII), pascalString);
-    CFRelease(string);
+    const struct {
+        const char* name;
+        std::vector<UniChar> units;
+        bool hasForm;
+    } rows[] = {
+        {"empty", {}, true},
+        {"ASCII", {'a', 0x7F}, true},
+        {"zero is a character", {'a', 0, 'b'}, true},
+        {"the first past ASCII", {'a', 0x80}, false},
+        {"a character of Mac OS Roman", {0xC4}, false},
+        {"the low byte looks like ASCII", {0x0141}, false},
+        {"255 characters", std::vector<UniChar>(255, 'a'), true},
+        {"256 characters", std::vector<UniChar>(256, 'a'), false},
+    };
+    for (const auto& [name, units, hasForm] : rows) {
+        SCOPED_TRACE(name);
+        const Owned string = CFStringCreateWithCharacters(nullptr, units.data(), static_cast<CFIndex>(units.size()));
+        const ConstStringPtr pascalString = CFStringGetPascalStringPtr(string, MAC_ROMAN);
+        ASSERT_EQ(pascalString != nullptr, hasForm);
+        const std::string text(units.begin(), units.end());
+        EXPECT_EQ(pascalString == nullptr ? text : bytesOf(pascalString), text);
+        EXPECT_EQ(CFStringGetPascalStringPtr(string, ASCII), pascalString);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, CFStringUnicodePascal, testing::ValuesIn(UNICODE_PASCAL_CASES),
-    [](const auto& row) { return row.param.name; });
 
 TEST_F(CFString, ThePascalStringStaysWhereItIsWhileTheStringLives)
 {
-    const CFStringRef string = CFStringCreateWithCString(nullptr, "text", MAC_ROMAN);
+    const Owned string = CFStringCreateWithCString(nullptr, "text", MAC_ROMAN);
     const ConstStringPtr first = CFStringGetPascalStringPtr(string, MAC_ROMAN);
-    const CFStringRef other = CFStringCreateWithCString(nullptr, "other", MAC_ROMAN);
+    const Owned other = CFStringCreateWithCString(nullptr, "other", MAC_ROMAN);
     EXPECT_EQ(CFStringGetPascalStringPtr(string, MAC_ROMAN), first);
     EXPECT_EQ(bytesOf(first), "text");
-    CFRelease(string);
-    CFRelease(other);
-}
-
-TEST_F(CFString, AWrongReferenceHasNoPascalString)
-{
-    for (const CFTypeRef wrong : WRONG_REFERENCES)
-        EXPECT_EQ(CFStringGetPascalStringPtr(static_cast<CFStringRef>(wrong), MAC_ROMAN), nullptr);
-    EXPECT_EQ(CFStringGetPascalStringPtr(deadString(), MAC_ROMAN), nullptr);
 }
 
 TEST_F(CFString, AConstantIsOneObjectForEqualTexts)
@@ -272,10 +232,9 @@ TEST_F(CFString, AConstantNeverEndsAndIsNoLeak)
 
 TEST_F(CFString, AConstantIsEqualToAStringOfItsTextButNotTheSame)
 {
-    const CFStringRef string = CFStringCreateWithCString(nullptr, "constant", ASCII);
+    const Owned string = CFStringCreateWithCString(nullptr, "constant", ASCII);
     EXPECT_NE(string, CFSTR("constant"));
     EXPECT_TRUE(CFEqual(string, CFSTR("constant")));
-    CFRelease(string);
 }
 
 TEST_F(CFString, OnlyASCIIIsAConstant)

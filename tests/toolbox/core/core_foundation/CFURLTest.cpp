@@ -39,21 +39,17 @@ TEST_F(CFURL, HasThePathThatItWasMadeOf)
         {"/a/../b/.", "/a/../b/."},
         {"/with blank/\xC3\xA4%20", "/with blank/\xC3\xA4%20"},
     };
-    for (const auto& [given, path] : PATHS) {
-        const CFURLRef url = makeURL(given);
-        EXPECT_EQ(pathOf(url), path) << given;
-        CFRelease(url);
-    }
+    for (const auto& [given, path] : PATHS)
+        EXPECT_EQ(pathOf(Owned(makeURL(given))), path) << given;
 }
 
 TEST_F(CFURL, TakesARelativePathFromTheWorkingDirectoryOfThatMoment)
 {
     const fs::path before = fs::current_path();
     fs::current_path(m_folder.path());
-    const CFURLRef url = makeURL("a/b");
+    const Owned url = makeURL("a/b");
     fs::current_path(before);
     EXPECT_EQ(pathOf(url), m_folder / "a/b");
-    CFRelease(url);
 }
 
 TEST_F(CFURL, IsNotMadeOfARelativePathWhenThereIsNoWorkingDirectory)
@@ -63,10 +59,9 @@ TEST_F(CFURL, IsNotMadeOfARelativePathWhenThereIsNoWorkingDirectory)
     fs::current_path(m_folder / "gone");
     fs::remove(m_folder / "gone");
     EXPECT_EQ(makeURL("a"), nullptr);
-    const CFURLRef absolute = makeURL("/a");
+    const Owned absolute = makeURL("/a");
     EXPECT_EQ(pathOf(absolute), "/a");
     fs::current_path(before);
-    CFRelease(absolute);
 }
 
 TEST_F(CFURL, IsNotMadeOfWrongArguments)
@@ -80,10 +75,9 @@ TEST_F(CFURL, IsNotMadeOfWrongArguments)
 
 TEST_F(CFURL, TakesOnlyTheBytesThatAreCounted)
 {
-    const CFURLRef url =
+    const Owned url =
         CFURLCreateFromFileSystemRepresentation(nullptr, reinterpret_cast<const UInt8*>("/abc"), 3, false);
     EXPECT_EQ(pathOf(url), "/ab");
-    CFRelease(url);
 }
 
 struct ComponentCase {
@@ -111,68 +105,45 @@ const ComponentCase COMPONENT_CASES[] = {
 };
 // clang-format on
 
-class CFURLComponent : public CoreFoundationTest, public testing::WithParamInterface<ComponentCase> { };
-
-TEST_P(CFURLComponent, IsAddedWithASlashWhereOneIsNeeded)
+TEST_F(CFURL, TakesAComponentWithASlashWhereOneIsNeeded)
 {
-    const auto& [name, base, component, path] = GetParam();
-    const CFURLRef url = makeURL(base, true);
-    const CFStringRef string = CFStringCreateWithCString(nullptr, component, kCFStringEncodingUTF8);
-    const CFURLRef longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, string, false);
-    EXPECT_EQ(pathOf(longer), path);
-    CFRelease(longer);
-    CFRelease(string);
-    CFRelease(url);
+    for (const auto& [name, base, component, path] : COMPONENT_CASES) {
+        const Owned url = makeURL(base, true);
+        const Owned string = makeString(component);
+        const Owned longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, string, false);
+        EXPECT_EQ(pathOf(longer), path) << name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, CFURLComponent, testing::ValuesIn(COMPONENT_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(CFURL, TakesAComponentThatIsNotASCII)
 {
-    const CFURLRef url = makeURL("/a");
-    const CFStringRef component = CFStringCreateWithCString(nullptr, "\x80", kCFStringEncodingMacRoman);
-    const CFURLRef longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, component, false);
+    const Owned url = makeURL("/a");
+    const Owned component = CFStringCreateWithCString(nullptr, "\x80", kCFStringEncodingMacRoman);
+    const Owned longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, component, false);
     EXPECT_EQ(pathOf(longer), "/a/\xC3\x84");
-    CFRelease(longer);
-    CFRelease(component);
-    CFRelease(url);
 }
 
 TEST_F(CFURL, TakesNoComponentThatIsNoFileName)
 {
-    const CFURLRef url = makeURL("/a");
+    const Owned url = makeURL("/a");
     const UniChar withZero[] = {'b', 0, 'c'};
     const UniChar halfAPair[] = {'b', 0xD800};
-    const CFStringRef zero = CFStringCreateWithCharacters(nullptr, withZero, 3);
-    const CFStringRef half = CFStringCreateWithCharacters(nullptr, halfAPair, 2);
+    const Owned zero = CFStringCreateWithCharacters(nullptr, withZero, 3);
+    const Owned half = CFStringCreateWithCharacters(nullptr, halfAPair, 2);
     EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, url, zero, false), nullptr);
     EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, url, half, false), nullptr);
-    CFRelease(zero);
-    CFRelease(half);
-    CFRelease(url);
 }
 
-TEST_F(CFURL, TakesNoWrongReferences)
+TEST_F(CFURL, NeedsAPlaceForWhatItGives)
 {
-    const CFURLRef url = makeURL("/a");
-    FSRef file;
-    UInt8 path[8];
-    for (const CFTypeRef wrong : WRONG_REFERENCES) {
-        const auto wrongURL = static_cast<CFURLRef>(wrong);
-        EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, wrongURL, CFSTR("a"), false), nullptr);
-        EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, url, static_cast<CFStringRef>(wrong), false), nullptr);
-        EXPECT_FALSE(CFURLGetFSRef(wrongURL, &file));
-        EXPECT_FALSE(CFURLGetFileSystemRepresentation(wrongURL, true, path, sizeof path));
-    }
+    const Owned url = makeURL("/a");
     EXPECT_FALSE(CFURLGetFSRef(url, nullptr));
     EXPECT_FALSE(CFURLGetFileSystemRepresentation(url, true, nullptr, 8));
-    CFRelease(url);
 }
 
 TEST_F(CFURL, GivesItsPathOnlyIntoABufferThatHoldsAllOfIt)
 {
-    const CFURLRef url = makeURL("/abc");
+    const Owned url = makeURL("/abc");
     for (CFIndex size = -1; size < 5; ++size) {
         UInt8 path[8] = "xxxxxxx";
         EXPECT_FALSE(CFURLGetFileSystemRepresentation(url, true, path, size)) << size;
@@ -182,20 +153,17 @@ TEST_F(CFURL, GivesItsPathOnlyIntoABufferThatHoldsAllOfIt)
     EXPECT_TRUE(CFURLGetFileSystemRepresentation(url, false, path, 5));
     EXPECT_STREQ(reinterpret_cast<char*>(path), "/abc");
     EXPECT_EQ(path[5], 'x');
-    CFRelease(url);
 }
 
 TEST_F(CFURL, IsEqualToAnotherOfTheSamePathAndKind)
 {
-    const CFURLRef url = makeURL("/a");
-    const CFURLRef same = makeURL("/a/");
-    const CFURLRef folder = makeURL("/a", true);
-    const CFURLRef other = makeURL("/b");
+    const Owned url = makeURL("/a");
+    const Owned same = makeURL("/a/");
+    const Owned folder = makeURL("/a", true);
+    const Owned other = makeURL("/b");
     EXPECT_TRUE(CFEqual(url, same));
     EXPECT_FALSE(CFEqual(url, folder));
     EXPECT_FALSE(CFEqual(url, other));
-    for (const CFURLRef made : {url, same, folder, other})
-        CFRelease(made);
 }
 
 TEST_F(CFURL, ComesFromAReferenceToAFileAndGoesBackToOne)
@@ -203,26 +171,22 @@ TEST_F(CFURL, ComesFromAReferenceToAFileAndGoesBackToOne)
     std::ofstream(m_folder / "file") << "content";
     FSRef reference;
     ASSERT_EQ(Toolbox::makeFileReference(m_folder / "file", &reference), noErr);
-    const CFURLRef url = CFURLCreateFromFSRef(kCFAllocatorSystemDefault, &reference);
-    const CFURLRef expected = makeURL(m_folder / "file", false);
+    const Owned url = CFURLCreateFromFSRef(kCFAllocatorSystemDefault, &reference);
+    const Owned expected = makeURL(m_folder / "file", false);
     EXPECT_TRUE(CFEqual(url, expected));
 
     FSRef again;
     ASSERT_TRUE(CFURLGetFSRef(url, &again));
     EXPECT_EQ(Toolbox::pathOf(&again), (m_folder / "file").string());
-    CFRelease(url);
-    CFRelease(expected);
 }
 
 TEST_F(CFURL, OfAReferenceToAFolderIsAFolders)
 {
     FSRef reference;
     ASSERT_EQ(Toolbox::makeFileReference(m_folder.path(), &reference), noErr);
-    const CFURLRef url = CFURLCreateFromFSRef(nullptr, &reference);
-    const CFURLRef expected = makeURL(m_folder.path(), true);
+    const Owned url = CFURLCreateFromFSRef(nullptr, &reference);
+    const Owned expected = makeURL(m_folder.path(), true);
     EXPECT_TRUE(CFEqual(url, expected));
-    CFRelease(url);
-    CFRelease(expected);
 }
 
 TEST_F(CFURL, IsNotMadeOfAWrongReference)
@@ -236,10 +200,9 @@ TEST_F(CFURL, IsNotMadeOfAWrongReference)
 
 TEST_F(CFURL, GivesNoReferenceWhereNothingIs)
 {
-    const CFURLRef url = makeURL(m_folder / "missing");
+    const Owned url = makeURL(m_folder / "missing");
     FSRef file;
     EXPECT_FALSE(CFURLGetFSRef(url, &file));
-    CFRelease(url);
 }
 
 }  // namespace

@@ -39,16 +39,14 @@ TEST_F(CFUUID, EqualBytesAreOneObjectWithAnOwnerForEachCreation)
 
 TEST_F(CFUUID, EveryByteCounts)
 {
-    const CFUUIDRef uuid = create(bytesFrom(20));
+    const Owned uuid = create(bytesFrom(20));
     for (std::size_t index = 0; index < 16; ++index) {
         CFUUIDBytes bytes = bytesFrom(20);
         (&bytes.byte0)[index] ^= 0x80;
-        const CFUUIDRef other = create(bytes);
+        const Owned other = create(bytes);
         EXPECT_NE(other, uuid) << "byte " << index;
         EXPECT_FALSE(CFEqual(other, uuid)) << "byte " << index;
-        CFRelease(other);
     }
-    CFRelease(uuid);
 }
 
 TEST_F(CFUUID, AConstantIsTheObjectThatIsCreatedOfItsBytes)
@@ -88,10 +86,9 @@ TEST_F(CFUUID, BytesOfAnEndedOneMakeANewOne)
 {
     const CFUUIDRef ended = create(bytesFrom(60));
     CFRelease(ended);
-    const CFUUIDRef made = create(bytesFrom(60));
+    const Owned made = create(bytesFrom(60));
     EXPECT_NE(made, ended);
     EXPECT_TRUE(CFEqual(made, made));
-    CFRelease(made);
 }
 
 }  // namespace

@@ -22,6 +22,29 @@ inline std::size_t liveConstants()
     return Toolbox::CountLiveObjects()["Core Foundation constant"];
 }
 
+/// A reference that is released where its scope ends.
+template <typename Ref> class Owned {
+public:
+    Owned(Ref reference)
+        : m_reference(reference)
+    {
+    }
+    ~Owned() { CFRelease(m_reference); }
+    Owned(const Owned&) = delete;
+    Owned& operator=(const Owned&) = delete;
+
+    operator Ref() const { return m_reference; }
+
+private:
+    const Ref m_reference;
+};
+
+/// A string of ASCII, the caller's.
+inline CFStringRef makeString(const char* text)
+{
+    return CFStringCreateWithCString(nullptr, text, kCFStringEncodingASCII);
+}
+
 /// A test that leaves as many Core Foundation objects as it found.
 class CoreFoundationTest : public testing::Test {
 protected:
@@ -46,9 +69,7 @@ inline const CFTypeRef WRONG_REFERENCES[] = {
 /// A reference to an object that is gone.
 inline CFStringRef deadString()
 {
-    const CFStringRef string = CFStringCreateWithCString(nullptr, "dead", kCFStringEncodingASCII);
-    CFRelease(string);
-    return string;
+    return Owned(makeString("dead"));
 }
 
 #endif
