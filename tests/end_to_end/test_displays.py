@@ -258,6 +258,16 @@ class WithoutAScreen(HostTest):
         self.assertEqual(outcome.status, CHOSE)
         self.assertIn("no screen here and no terminal", outcome.errors)
 
+    @unittest.skipUnless(subprocess.run(["unshare", "--mount", "true"], stderr=subprocess.DEVNULL).returncode == 0,
+                         "only the superuser can hide Qt's plug-ins")
+    def test_a_missing_plug_in_for_wayland_is_said_with_its_package(self):
+        hidden = next(pathlib.Path("/usr/lib").glob("*/qt6/plugins/platforms"))
+        outcome = run("--display", "window", variables={"WAYLAND_DISPLAY": "wayland-4711"},
+                      through=["unshare", "--mount", "sh", "-c", 'mount -t tmpfs none "$1" && shift && exec "$@"',
+                               "sh", hidden])
+        self.assert_fails(outcome, NOT_DONE, "cannot open a window: no screen answers at WAYLAND_DISPLAY=wayland-4711; "
+                                             "for Wayland, Qt needs the package qt6-wayland")
+
     def test_a_picture_needs_none(self):
         pictures = {}
         for code in NAMES:
