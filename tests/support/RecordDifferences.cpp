@@ -1,12 +1,9 @@
 #include "tests/support/RecordDifferences.h"
 
-#include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
-
 #include <algorithm>
 
 namespace {
 
-constexpr std::size_t LONGEST_RUN = 16;
 constexpr int MOST_LINES = 16;
 
 struct Field {
@@ -22,26 +19,19 @@ const Field FIELDS[] = {
     {"currentLanguage", offsetof(ExternParmBlock, currentLanguage), sizeof(ExternParmBlock)},
 };
 
-// The field in which `position` is; null among the installer's own bytes and behind the record.
-const Field* fieldAt(std::size_t position)
+// The field in which `position` is, or the one byte: among the installer's own bytes and behind the record.
+Field placeOf(std::size_t position)
 {
     for (const Field& field : FIELDS) {
         if (position >= field.begin && position < field.end)
-            return &field;
+            return field;
     }
-    return nullptr;
+    return {"byte", position, position + 1};
 }
 
-// What differs from `position` on: a field as a whole, or neighbouring bytes that belong to none.
-Field differenceAt(std::size_t position, std::string_view actual, std::string_view expected)
+std::string_view bytesOf(const ExternParmBlock& record)
 {
-    if (const Field* const field = fieldAt(position))
-        return *field;
-    const std::size_t last = std::min({actual.size(), expected.size(), position + LONGEST_RUN});
-    std::size_t end = position;
-    while (end < last && actual[end] != expected[end] && fieldAt(end) == nullptr)
-        ++end;
-    return {"bytes", position, end};
+    return std::string_view(reinterpret_cast<const char*>(&record), sizeof record);
 }
 
 std::string inHex(std::string_view bytes)
@@ -81,9 +71,14 @@ std::string recordDifferences(std::string_view actual, std::string_view expected
         }
         if (lines++ == MOST_LINES)
             return text + "and more\n";
-        const Field place = differenceAt(position, actual, expected);
+        const Field place = placeOf(position);
         text += line(place, actual, expected);
         position = place.end;
     }
     return text;
+}
+
+std::string recordDifferences(const ExternParmBlock& actual, const ExternParmBlock& expected)
+{
+    return recordDifferences(bytesOf(actual), bytesOf(expected));
 }

@@ -16,11 +16,7 @@ using ToolboxDouble::Log;
 
 // ---- The main entry
 
-class Entry : public ToolboxTest {
-protected:
-    // Whether what has been called since Reset includes `function`.
-    static bool called(const std::string& function) { return logged(function + "("); }
-};
+class Entry : public ToolboxTest { };
 
 TEST_F(Entry, NullRecordIsIgnored)
 {
@@ -31,21 +27,19 @@ TEST_F(Entry, NullRecordIsIgnored)
 
 TEST_F(Entry, MessageOtherThan1000IsAnsweredWithAlert5000AndAFlag)
 {
-    ExternParmBlock record = recordWith(1000, 11);
-    record.resultFlags = 0xA5A5A5A4;
-    RecordBytes expected = bytesOf(record);
-    expected[11] = 0xA5;
+    ExternParmBlock record = recordWith(0, 11);
     for (int message = -0x8000; message <= 0x7FFF; ++message) {
         if (message == 1000)
             continue;
         ToolboxDouble::Reset();
-        ExternParmBlock called = record;
-        called.message = static_cast<SInt16>(message);
-        XCodMain(&called);
+        record.message = static_cast<SInt16>(message);
+        record.resultFlags = 0xA5A5A5A4;
+        ExternParmBlock expected = record;
+        expected.resultFlags = 0xA5A5A5A5;
+        XCodMain(&record);
         ASSERT_EQ(Log(), "StopAlert(5000, null) = 1\n") << "message " << message;
-        called.message = 1000;
-        ASSERT_TRUE(bytesOf(called) == expected) << "message " << message << ":\n"
-                                                 << recordDifferences(bytesOf(called), expected);
+        ASSERT_TRUE(bytesOf(record) == bytesOf(expected)) << "message " << message << ":\n"
+                                                          << recordDifferences(record, expected);
     }
 }
 
@@ -81,13 +75,12 @@ TEST_F(Entry, Message1000RunsTheGateAndThenTheDialog)
 {
     ToolboxDouble::InModalLoop({ToolboxDouble::Command(kHICommandOK)});
     ExternParmBlock record = recordWith(1000, 11);
-    RecordBytes expected = bytesOf(record);
-    expected[582] = 0;
-    expected[583] = 11;
+    ExternParmBlock expected = record;
+    expected.chosenLanguage = 11;
 
     XCodMain(&record);
     EXPECT_EQ(Log().find("GetResource('CALL', 1000) = null\nCreateNibReference(\"LanguageSelector\")"), 0u) << Log();
-    EXPECT_EQ(recordDifferences(bytesOf(record), expected), "");
+    EXPECT_EQ(recordDifferences(record, expected), "");
     EXPECT_EQ(LeftBehind(), "");
 }
 
@@ -112,28 +105,27 @@ TEST_F(Entry, GateThatStopsEndsTheCallWithoutAWord)
     ToolboxDouble::ProvideResource('CALL', 1000, flagSet);
     ToolboxDouble::FailCall("CFBundleLoadExecutable");
     ExternParmBlock record = recordWith(1000, 11);
-    const RecordBytes before = bytesOf(record);
+    const ExternParmBlock before = record;
 
     XCodMain(&record);
-    EXPECT_TRUE(called("CFBundleLoadExecutable"));
-    EXPECT_FALSE(called("CreateNibReference"));
-    EXPECT_FALSE(called("StandardAlert"));
-    EXPECT_FALSE(called("StopAlert"));
-    EXPECT_EQ(recordDifferences(bytesOf(record), before), "");
+    EXPECT_TRUE(logged("CFBundleLoadExecutable("));
+    EXPECT_FALSE(logged("CreateNibReference("));
+    EXPECT_FALSE(logged("StandardAlert("));
+    EXPECT_FALSE(logged("StopAlert("));
+    EXPECT_EQ(recordDifferences(record, before), "");
 }
 
 TEST_F(Entry, LanguageSelectorRunsTheDialogAloneWhateverTheMessage)
 {
     ToolboxDouble::InModalLoop({ToolboxDouble::Command(kHICommandOK)});
     ExternParmBlock record = recordWith(999, 6);
-    RecordBytes expected = bytesOf(record);
-    expected[582] = 0;
-    expected[583] = 6;
+    ExternParmBlock expected = record;
+    expected.chosenLanguage = 6;
 
     LanguageSelector(&record);
-    EXPECT_FALSE(called("GetResource"));
-    EXPECT_FALSE(called("StopAlert"));
-    EXPECT_EQ(recordDifferences(bytesOf(record), expected), "");
+    EXPECT_FALSE(logged("GetResource("));
+    EXPECT_FALSE(logged("StopAlert("));
+    EXPECT_EQ(recordDifferences(record, expected), "");
 }
 
 // ---- The factory and its instances

@@ -142,7 +142,7 @@ TEST_P(PlatformFailure, ShowsChangesAndLeavesWhatItShould)
         const Outcome outcome = perform(failure.scenario);
         EXPECT_NE(Log().find(std::string(failure.function) + "("), std::string::npos) << "nothing failed:\n" << Log();
         EXPECT_EQ(seen(), failure.seen) << Log();
-        EXPECT_EQ(recordDifferences(bytesOf(outcome.record), bytesOf(expected)), "");
+        EXPECT_EQ(recordDifferences(outcome.record, expected), "");
         EXPECT_EQ(LeftBehind(), failure.leftBehind);
         EXPECT_EQ(outcome.queried, std::string(failure.name) == "QueriedUUID" ? E_NOINTERFACE : S_OK);
         // What failed has put a wrong reference where the right one was to be.
