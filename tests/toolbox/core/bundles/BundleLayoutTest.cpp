@@ -52,36 +52,27 @@ const InsideCase INSIDE_CASES[] = {
 };
 // clang-format on
 
-class FindInside : public BundleTest, public testing::WithParamInterface<InsideCase> {
-protected:
-    void SetUp() override
-    {
-        writeFile(in("root/file"));
-        writeFile(in("root/..file"));
-        writeFile(in("root/folder/file"));
-        writeFile(in("outside/file"));
-        writeFile(in("root beside/file"));
-        fs::create_symlink("file", in("root/link inside"));
-        fs::create_symlink(in("root/file"), in("root/absolute link inside"));
-        fs::create_symlink("folder", in("root/linked folder inside"));
-        fs::create_symlink(".", in("root/link to the top"));
-        fs::create_symlink("../outside/file", in("root/link outside"));
-        fs::create_symlink(in("outside/file"), in("root/absolute link outside"));
-        fs::create_symlink("../outside", in("root/linked folder outside"));
-        fs::create_symlink("../root beside", in("root/link beside"));
-        fs::create_symlink("nothing", in("root/link to nothing"));
-        fs::create_symlink("link to itself", in("root/link to itself"));
-    }
-};
-
-TEST_P(FindInside, GivesTheRealPathOfWhatIsInTheFolder)
+TEST_F(BundleLayout, FindsTheRealPathOfWhatIsInAFolder)
 {
-    const fs::path found = findInside(in("root"), GetParam().relative);
-    EXPECT_EQ(found, GetParam().found == nullptr ? fs::path() : in("root") / GetParam().found);
+    writeFile(in("root/file"));
+    writeFile(in("root/..file"));
+    writeFile(in("root/folder/file"));
+    writeFile(in("outside/file"));
+    writeFile(in("root beside/file"));
+    fs::create_symlink("file", in("root/link inside"));
+    fs::create_symlink(in("root/file"), in("root/absolute link inside"));
+    fs::create_symlink("folder", in("root/linked folder inside"));
+    fs::create_symlink(".", in("root/link to the top"));
+    fs::create_symlink("../outside/file", in("root/link outside"));
+    fs::create_symlink(in("outside/file"), in("root/absolute link outside"));
+    fs::create_symlink("../outside", in("root/linked folder outside"));
+    fs::create_symlink("../root beside", in("root/link beside"));
+    fs::create_symlink("nothing", in("root/link to nothing"));
+    fs::create_symlink("link to itself", in("root/link to itself"));
+    for (const InsideCase& row : INSIDE_CASES)
+        EXPECT_EQ(findInside(in("root"), row.relative), row.found == nullptr ? fs::path() : in("root") / row.found)
+            << row.name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FindInside, testing::ValuesIn(INSIDE_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(BundleLayout, TheRootFolderHoldsEverything)
 {
@@ -120,22 +111,20 @@ const LayoutCase LAYOUT_CASES[] = {
 };
 // clang-format on
 
-class LayoutOf : public BundleTest, public testing::WithParamInterface<LayoutCase> { };
-
-TEST_P(LayoutOf, GoesByTheFoldersThatAreThere)
+TEST_F(BundleLayout, GoesByTheFoldersThatAreThere)
 {
-    const auto& [name, bundle, folders, expected] = GetParam();
-    fs::create_directories(in(bundle));
-    for (const std::string& folder : folders)
-        fs::create_directories(in(bundle) / folder);
-    const Toolbox::BundleLayout& layout = layoutOf(in(bundle));
-    EXPECT_STREQ(layout.info, expected.info);
-    EXPECT_STREQ(layout.resources, expected.resources);
-    EXPECT_STREQ(layout.builtInPlugIns, expected.builtInPlugIns);
+    for (const LayoutCase& row : LAYOUT_CASES) {
+        SCOPED_TRACE(row.name);
+        const fs::path bundle = in(row.name) / row.bundle;
+        fs::create_directories(bundle);
+        for (const std::string& folder : row.folders)
+            fs::create_directories(bundle / folder);
+        const Toolbox::BundleLayout& layout = layoutOf(bundle);
+        EXPECT_STREQ(layout.info, row.layout.info);
+        EXPECT_STREQ(layout.resources, row.layout.resources);
+        EXPECT_STREQ(layout.builtInPlugIns, row.layout.builtInPlugIns);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, LayoutOf, testing::ValuesIn(LAYOUT_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(BundleLayout, AFileOrALinkThatLeadsOutIsNoContentsFolder)
 {

@@ -56,10 +56,7 @@ inline CFURLRef createFolderURL(const fs::path& path)
 /// The bundle in `folder`, the caller's.
 inline CFBundleRef createBundle(const fs::path& folder)
 {
-    const CFURLRef url = createFolderURL(folder);
-    const CFBundleRef bundle = CFBundleCreate(nullptr, url);
-    CFRelease(url);
-    return bundle;
+    return CFBundleCreate(nullptr, Owned(createFolderURL(folder)));
 }
 
 /// The path of `url`, which is released; empty for null.

@@ -53,53 +53,42 @@ const ExecutableCase EXECUTABLE_CASES[] = {
 };
 // clang-format on
 
-class CFBundleExecutableNamed : public BundleTest, public testing::WithParamInterface<ExecutableCase> { };
-
-TEST_P(CFBundleExecutableNamed, IsLoadedIfItIsTheBundles)
+TEST_F(CFBundleExecutable, IsLoadedIfItIsTheBundles)
 {
-    const ExecutableCase& row = GetParam();
-    fs::create_directories(in("test.bundle/Contents"));
-    if (!row.info.empty())
-        writeFile(in("test.bundle/Contents/Info.plist"), propertyList(row.info));
-    copyPlugIn(in("test.bundle") / row.executable);
-
-    const CFBundleRef bundle = createBundle(in("test.bundle"));
-    EXPECT_EQ(CFBundleLoadExecutable(bundle), row.loads);
-    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")) != nullptr, row.loads);
-    CFRelease(bundle);
+    for (const ExecutableCase& row : EXECUTABLE_CASES) {
+        SCOPED_TRACE(row.name);
+        const fs::path folder = in(row.name) / "test.bundle";
+        fs::create_directories(folder / "Contents");
+        if (!row.info.empty())
+            writeFile(folder / "Contents/Info.plist", propertyList(row.info));
+        copyPlugIn(folder / row.executable);
+        const Owned bundle = createBundle(folder);
+        EXPECT_EQ(CFBundleLoadExecutable(bundle), row.loads);
+        EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")) != nullptr, row.loads);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, CFBundleExecutableNamed, testing::ValuesIn(EXECUTABLE_CASES),
-    [](const auto& row) { return row.param.name; });
 
 TEST_F(CFBundleExecutable, DoesNotLoadAnAbsolutePath)
 {
-    copyPlugIn(in("outside"));
-    makeBundle(in("a.bundle"), stringEntry("CFBundleExecutable", in("outside")));
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
-    EXPECT_FALSE(CFBundleLoadExecutable(bundle));
-    CFRelease(bundle);
-
-    const fs::path own = in("b.bundle/Contents/Linux/code");
-    makeBundle(in("b.bundle"), stringEntry("CFBundleExecutable", own));
-    copyPlugIn(own);
-    const CFBundleRef other = createBundle(in("b.bundle"));
-    EXPECT_FALSE(CFBundleLoadExecutable(other));
-    CFRelease(other);
+    const fs::path outside = in("outside");
+    const fs::path inside = in("a.bundle/Contents/Linux/code");
+    for (const fs::path& path : {outside, inside}) {
+        makeBundle(in("a.bundle"), named(path));
+        copyPlugIn(path);
+        EXPECT_FALSE(CFBundleLoadExecutable(Owned(createBundle(in("a.bundle"))))) << path;
+    }
 }
 
 TEST_F(CFBundleExecutable, DoesNotLoadThroughALinkThatLeadsOut)
 {
     copyPlugIn(in("outside/code"));
-    makeBundle(in("file.bundle"), stringEntry("CFBundleExecutable", "code"));
+    makeBundle(in("file.bundle"), named("code"));
     fs::create_symlink("../../../outside/code", in("file.bundle/Contents/Linux/code"));
-    makeBundle(in("folder.bundle"), stringEntry("CFBundleExecutable", "code"));
+    makeBundle(in("folder.bundle"), named("code"));
     fs::remove(in("folder.bundle/Contents/Linux"));
     fs::create_symlink("../../outside", in("folder.bundle/Contents/Linux"));
     for (const char* const name : {"file.bundle", "folder.bundle"}) {
-        const CFBundleRef bundle = createBundle(in(name));
-        EXPECT_FALSE(CFBundleLoadExecutable(bundle)) << name;
-        CFRelease(bundle);
+        EXPECT_FALSE(CFBundleLoadExecutable(Owned(createBundle(in(name))))) << name;
     }
 }
 
@@ -109,20 +98,18 @@ TEST_F(CFBundleExecutable, LoadsThroughALinkWithin)
     copyPlugIn(framework / "Versions/A/Code");
     fs::create_directory_symlink("A", framework / "Versions/Current");
     fs::create_symlink("Versions/Current/Code", framework / "Code");
-    const CFBundleRef bundle = createBundle(framework);
+    const Owned bundle = createBundle(framework);
     EXPECT_TRUE(CFBundleLoadExecutable(bundle));
-    CFRelease(bundle);
 }
 
 TEST_F(CFBundleExecutable, LoadsOnce)
 {
     makePlugIn(in("a.bundle"), "");
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const Owned bundle = createBundle(in("a.bundle"));
     EXPECT_TRUE(CFBundleLoadExecutable(bundle));
     fs::remove_all(in("a.bundle"));
     EXPECT_TRUE(CFBundleLoadExecutable(bundle)) << "it is loaded already";
     EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")), nullptr);
-    CFRelease(bundle);
 }
 
 TEST_F(CFBundleExecutable, WhatWasLoadedStaysWhenTheBundleEnds)
@@ -135,56 +122,50 @@ TEST_F(CFBundleExecutable, WhatWasLoadedStaysWhenTheBundleEnds)
     CFRelease(bundle);
     EXPECT_EQ(factory(kCFAllocatorSystemDefault, nullptr), kCFAllocatorSystemDefault);
 
-    const CFBundleRef again = createBundle(in("a.bundle"));
+    const Owned again = createBundle(in("a.bundle"));
     EXPECT_EQ(CFBundleGetFunctionPointerForName(again, CFSTR("factoryOfAllocators")), reinterpret_cast<void*>(factory));
-    CFRelease(again);
 }
 
 TEST_F(CFBundleExecutable, GivesOnlyTheNamesThatItsOwnCodeExports)
 {
     makePlugIn(in("a.bundle"), "");
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const Owned bundle = createBundle(in("a.bundle"));
     EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")), nullptr);
     EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, CFSTR("secondFactory")), nullptr);
     EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("noFactory")), nullptr);
     EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("")), nullptr);
     EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("CFRelease")), nullptr) << "it only uses that one";
     EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("malloc")), nullptr);
-    CFRelease(bundle);
+    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, deadString()), nullptr);
 }
 
 TEST_F(CFBundleExecutable, KeepsTheNamesOfItsCodeToItself)
 {
     makePlugIn(in("a.bundle"), "");
     makePlugIn(in("b.bundle"), "");
-    const CFBundleRef a = createBundle(in("a.bundle"));
-    const CFBundleRef b = createBundle(in("b.bundle"));
+    const Owned a = createBundle(in("a.bundle"));
+    const Owned b = createBundle(in("b.bundle"));
     void* const ofA = CFBundleGetFunctionPointerForName(a, CFSTR("firstFactory"));
     void* const ofB = CFBundleGetFunctionPointerForName(b, CFSTR("firstFactory"));
     EXPECT_NE(ofA, nullptr);
     EXPECT_NE(ofB, nullptr);
     EXPECT_NE(ofA, ofB);
-    CFRelease(a);
-    CFRelease(b);
 }
 
 TEST_F(CFBundleExecutable, TakesNoNameThatIsNone)
 {
     makePlugIn(in("a.bundle"), "");
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const Owned bundle = createBundle(in("a.bundle"));
     const UniChar units[] = {'f', 'i', 'r', 's', 't', 'F', 'a', 'c', 't', 'o', 'r', 'y', 0, 'x'};
-    const CFStringRef withZero = CFStringCreateWithCharacters(nullptr, units, 14);
-    const CFStringRef cutBefore = CFStringCreateWithCharacters(nullptr, units, 12);
+    const Owned withZero = CFStringCreateWithCharacters(nullptr, units, 14);
+    const Owned cutBefore = CFStringCreateWithCharacters(nullptr, units, 12);
     EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, withZero), nullptr);
     EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, cutBefore), nullptr);
-    CFRelease(withZero);
-    CFRelease(cutBefore);
-    CFRelease(bundle);
 }
 
 TEST_F(CFBundleExecutable, RefusesCodeThatIsNone)
 {
-    const std::string whole = contentsOf(PLUG_IN_FILE);
+    const std::string whole = contents(PLUG_IN_FILE);
     const struct {
         const char* name;
         std::string content;
@@ -198,21 +179,19 @@ TEST_F(CFBundleExecutable, RefusesCodeThatIsNone)
     for (const auto& [name, content] : FILES) {
         const fs::path folder = in(name);
         writeFile(folder / name, content);
-        const CFBundleRef bundle = createBundle(folder);
+        const Owned bundle = createBundle(folder);
         EXPECT_FALSE(CFBundleLoadExecutable(bundle)) << name;
         EXPECT_FALSE(CFBundleLoadExecutable(bundle)) << name << ", the second time";
-        CFRelease(bundle);
     }
 }
 
 TEST_F(CFBundleExecutable, LoadsLaterWhatWasNotThereBefore)
 {
     makeBundle(in("a.bundle"), "");
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const Owned bundle = createBundle(in("a.bundle"));
     EXPECT_FALSE(CFBundleLoadExecutable(bundle));
     copyPlugIn(in("a.bundle/Contents/Linux/a"));
     EXPECT_TRUE(CFBundleLoadExecutable(bundle));
-    CFRelease(bundle);
 }
 
 }  // namespace

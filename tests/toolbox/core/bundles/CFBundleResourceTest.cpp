@@ -58,26 +58,20 @@ const ResourceCase RESOURCE_CASES[] = {
 };
 // clang-format on
 
-class CFBundleResourceNamed : public BundleTest, public testing::WithParamInterface<ResourceCase> { };
-
-TEST_P(CFBundleResourceNamed, IsFoundInTheOrderOfLanguages)
+TEST_F(CFBundleResource, IsFoundInTheOrderOfLanguages)
 {
-    const ResourceCase& row = GetParam();
-    const fs::path resources = in("a.bundle/Contents/Resources");
-    makeBundle(in("a.bundle"), stringEntry("CFBundleDevelopmentRegion", "English"));
-    fs::create_directories(resources);
-    for (const std::string& file : row.files)
-        writeFile(resources / file);
-
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
-    const fs::path found =
-        findObject<Bundle>(bundle)->findResource(row.resource, row.type, row.subfolder, {"de-AT", "fr"});
-    EXPECT_EQ(found, row.found == nullptr ? fs::path() : resources / row.found);
-    CFRelease(bundle);
+    for (const ResourceCase& row : RESOURCE_CASES) {
+        const fs::path resources = in(row.name) / "Contents/Resources";
+        makeBundle(in(row.name), stringEntry("CFBundleDevelopmentRegion", "English"));
+        fs::create_directories(resources);
+        for (const std::string& file : row.files)
+            writeFile(resources / file);
+        const Owned bundle = createBundle(in(row.name));
+        const fs::path found =
+            findObject<Bundle>(bundle)->findResource(row.resource, row.type, row.subfolder, {"de-AT", "fr"});
+        EXPECT_EQ(found, row.found == nullptr ? fs::path() : resources / row.found) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, CFBundleResourceNamed, testing::ValuesIn(RESOURCE_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(CFBundleResource, FindsNoResourceThroughALinkThatLeadsOut)
 {
@@ -87,13 +81,12 @@ TEST_F(CFBundleResource, FindsNoResourceThroughALinkThatLeadsOut)
     fs::create_symlink("../../../outside/a.txt", resources / "a.txt");
     fs::create_symlink("../../../outside", resources / "s");
     fs::create_symlink("../../../outside", resources / "de.lproj");
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const Owned bundle = createBundle(in("a.bundle"));
     const Bundle& object = *findObject<Bundle>(bundle);
     EXPECT_EQ(object.findResource("a", "txt", "", {"de"}), fs::path());
     EXPECT_EQ(object.findResource("a", "txt", "s", {"de"}), fs::path());
     writeFile(resources / "fr.lproj/a.txt");
     EXPECT_EQ(object.findResource("a", "txt", "", {"de", "fr"}), resources / "fr.lproj/a.txt");
-    CFRelease(bundle);
 }
 
 TEST_F(CFBundleResource, ADevelopmentRegionThatLeadsOutFindsNothing)
@@ -102,9 +95,8 @@ TEST_F(CFBundleResource, ADevelopmentRegionThatLeadsOutFindsNothing)
     writeFile(in("a.bundle/Contents/Resources/b.txt"));
     for (const std::string& region : {std::string("../../../outside"), in("outside").string()}) {
         writeFile(in("a.bundle/Contents/Info.plist"), propertyList(stringEntry("CFBundleDevelopmentRegion", region)));
-        const CFBundleRef bundle = createBundle(in("a.bundle"));
+        const Owned bundle = createBundle(in("a.bundle"));
         EXPECT_EQ(findObject<Bundle>(bundle)->findResource("a", "txt", "", {}), fs::path()) << region;
-        CFRelease(bundle);
     }
 }
 
@@ -113,28 +105,24 @@ TEST_F(CFBundleResource, TheURLOfAResourceSaysWhatItIs)
     const fs::path resources = in("a.bundle/Contents/Resources");
     writeFile(resources / "a.txt");
     writeFile(resources / "s/a.nib/objects.xib");
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
+    const Owned bundle = createBundle(in("a.bundle"));
     const CFURLRef file = CFBundleCopyResourceURL(bundle, CFSTR("a"), CFSTR("txt"), nullptr);
-    const CFURLRef folder = CFBundleCopyResourceURL(bundle, CFSTR("a"), CFSTR("nib"), CFSTR("s"));
-    const CFURLRef whole = CFBundleCopyResourceURL(bundle, CFSTR("a.txt"), nullptr, nullptr);
-    const CFURLRef expectedFolder = createFolderURL(resources / "s/a.nib");
+    const Owned folder = CFBundleCopyResourceURL(bundle, CFSTR("a"), CFSTR("nib"), CFSTR("s"));
+    const Owned whole = CFBundleCopyResourceURL(bundle, CFSTR("a.txt"), nullptr, nullptr);
+    const Owned expectedFolder = createFolderURL(resources / "s/a.nib");
     EXPECT_TRUE(CFEqual(folder, expectedFolder));
     EXPECT_TRUE(CFEqual(file, whole));
     EXPECT_EQ(takePath(file), resources / "a.txt");
     EXPECT_EQ(CFBundleCopyResourceURL(bundle, CFSTR("b"), CFSTR("txt"), nullptr), nullptr);
-    for (const CFURLRef made : {folder, whole, expectedFolder})
-        CFRelease(made);
-    CFRelease(bundle);
 }
 
 TEST_F(CFBundleResource, ResourcesOfAFlatBundleLieAtItsTop)
 {
     writeFile(in("flat/a.txt"));
     writeFile(in("flat/fr.lproj/b.txt"));
-    const CFBundleRef bundle = createBundle(in("flat"));
+    const Owned bundle = createBundle(in("flat"));
     EXPECT_EQ(findObject<Bundle>(bundle)->findResource("a", "txt", "", {"fr"}), in("flat/a.txt"));
     EXPECT_EQ(findObject<Bundle>(bundle)->findResource("b", "txt", "", {"fr"}), in("flat/fr.lproj/b.txt"));
-    CFRelease(bundle);
 }
 
 }  // namespace

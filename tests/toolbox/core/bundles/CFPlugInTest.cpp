@@ -44,9 +44,15 @@ std::string textOf(CFUUIDRef id)
     return digits;
 }
 
-std::string dictionaryEntry(const std::string& key, const std::string& entries)
+// Entries for the factories, and for the types.
+std::string factories(const std::string& entries)
 {
-    return "<key>" + key + "</key><dict>" + entries + "</dict>";
+    return "<key>CFPlugInFactories</key><dict>" + entries + "</dict>";
+}
+
+std::string types(const std::string& entries)
+{
+    return "<key>CFPlugInTypes</key><dict>" + entries + "</dict>";
 }
 
 // An entry for `type` whose value is an array of `factories`.
@@ -61,29 +67,24 @@ std::string typeEntry(const std::string& type, const std::vector<std::string>& f
 // Registers the factory `id`, whose function is `function`, for the type.
 std::string plugInEntries(const std::string& id, const std::string& function)
 {
-    return dictionaryEntry("CFPlugInFactories", stringEntry(id, function))
-        + dictionaryEntry("CFPlugInTypes", typeEntry(TYPE, {id}));
+    return factories(stringEntry(id, function)) + types(typeEntry(TYPE, {id}));
 }
 
 // The factories for `type` in `plugIn`, by their texts; "null" alone for null.
 std::vector<std::string> factoriesOf(const std::string& type, CFPlugInRef plugIn)
 {
-    const CFArrayRef array = CFPlugInFindFactoriesForPlugInTypeInPlugIn(uuid(type), plugIn);
+    const Owned array = CFPlugInFindFactoriesForPlugInTypeInPlugIn(uuid(type), plugIn);
     if (array == nullptr)
         return {"null"};
     std::vector<std::string> factories;
     for (CFIndex index = 0; index < CFArrayGetCount(array); ++index)
         factories.push_back(textOf(static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(array, index))));
-    CFRelease(array);
     return factories;
 }
 
 CFPlugInRef createPlugIn(const fs::path& folder)
 {
-    const CFURLRef url = createFolderURL(folder);
-    const CFPlugInRef plugIn = CFPlugInCreate(nullptr, url);
-    CFRelease(url);
-    return plugIn;
+    return CFPlugInCreate(nullptr, Owned(createFolderURL(folder)));
 }
 
 // The datum `name` of the plug-in's code.
@@ -92,25 +93,30 @@ template <typename Datum> Datum* datumOf(CFPlugInRef plugIn, CFStringRef name)
     return static_cast<Datum*>(CFBundleGetFunctionPointerForName(plugIn, name));
 }
 
-using CFPlugIn = BundleTest;
 using Texts = std::vector<std::string>;
+
+class CFPlugIn : public BundleTest {
+protected:
+    // The plug-in of the bundle `name`, made without code and with these entries; the caller's.
+    CFPlugInRef withoutCode(const std::string& entries, const std::string& name = "a.bundle") const
+    {
+        makeBundle(in(name), entries);
+        return createPlugIn(in(name));
+    }
+
+    // The same with the plug-in's code.
+    CFPlugInRef withCode(const std::string& entries, const std::string& name = "a.bundle") const
+    {
+        makePlugIn(in(name), entries);
+        return createPlugIn(in(name));
+    }
+};
 
 struct RegistrationCase {
     const char* name;
     std::string entries;
     Texts factories;  // of the type
 };
-
-// Entries for the factories, and for the types.
-std::string factories(const std::string& entries)
-{
-    return dictionaryEntry("CFPlugInFactories", entries);
-}
-
-std::string types(const std::string& entries)
-{
-    return dictionaryEntry("CFPlugInTypes", entries);
-}
 
 std::string valueEntry(const std::string& key, const std::string& value)
 {
@@ -165,23 +171,18 @@ const RegistrationCase REGISTRATION_CASES[] = {
 };
 // clang-format on
 
-class CFPlugInRegistration : public BundleTest, public testing::WithParamInterface<RegistrationCase> { };
-
-TEST_P(CFPlugInRegistration, GoesByTheInfo)
+TEST_F(CFPlugIn, RegistersWhatItsInfoSays)
 {
-    makeBundle(in("test.bundle"), GetParam().entries);
-    const CFPlugInRef plugIn = createPlugIn(in("test.bundle"));
-    ASSERT_NE(plugIn, nullptr);
-    EXPECT_EQ(factoriesOf(TYPE, plugIn), GetParam().factories);
-    CFRelease(plugIn);
-    fs::create_directories(in("other"));
-    const CFPlugInRef other = createPlugIn(in("other"));
-    EXPECT_EQ(factoriesOf(TYPE, other), Texts{"null"}) << "nothing is left in the register";
-    CFRelease(other);
+    for (const RegistrationCase& row : REGISTRATION_CASES) {
+        SCOPED_TRACE(row.name);
+        {
+            const Owned plugIn = withoutCode(row.entries, row.name);
+            EXPECT_EQ(factoriesOf(TYPE, plugIn), row.factories);
+        }
+        EXPECT_EQ(factoriesOf(TYPE, Owned(withoutCode("", "other"))), Texts{"null"})
+            << "nothing is left in the register";
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, CFPlugInRegistration, testing::ValuesIn(REGISTRATION_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(CFPlugIn, IsTheBundleOfItsFolder)
 {
@@ -193,51 +194,34 @@ TEST_F(CFPlugIn, IsTheBundleOfItsFolder)
     EXPECT_EQ(createPlugIn(in("missing.bundle")), nullptr);
 }
 
-TEST_F(CFPlugIn, RegistersItsFactoriesWithoutLoadingItsCode)
-{
-    makeBundle(in("a.bundle"), plugInEntries(FIRST, "f"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
-    EXPECT_EQ(factoriesOf(TYPE, plugIn), Texts{FIRST});
-    EXPECT_FALSE(CFBundleLoadExecutable(plugIn)) << "there is none";
-    CFRelease(plugIn);
-}
-
 TEST_F(CFPlugIn, KeepsItsFactoriesUntilItsLastOwnerReleasesIt)
 {
-    makeBundle(in("a.bundle"), plugInEntries(FIRST, "f"));
-    makeBundle(in("b.bundle"), "");
-    const CFPlugInRef other = createPlugIn(in("b.bundle"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    const Owned other = withoutCode("", "b.bundle");
+    const CFPlugInRef plugIn = withoutCode(plugInEntries(FIRST, "f"));
     EXPECT_EQ(createPlugIn(in("a.bundle")), plugIn);
     CFRelease(plugIn);
     EXPECT_EQ(factoriesOf(TYPE, plugIn), Texts{FIRST});
     EXPECT_EQ(factoriesOf(TYPE, other), Texts{}) << "another has one";
     CFRelease(plugIn);
     EXPECT_EQ(factoriesOf(TYPE, other), Texts{"null"}) << "nobody has one";
-    CFRelease(other);
 }
 
 TEST_F(CFPlugIn, FindsEachPlugInsOwnFactories)
 {
-    makeBundle(in("a.bundle"), plugInEntries(FIRST, "f"));
-    makeBundle(in("b.bundle"), plugInEntries(SECOND, "f"));
-    const CFPlugInRef a = createPlugIn(in("a.bundle"));
-    const CFPlugInRef b = createPlugIn(in("b.bundle"));
+    const CFPlugInRef a = withoutCode(plugInEntries(FIRST, "f"));
+    const Owned b = withoutCode(plugInEntries(SECOND, "f"), "b.bundle");
     EXPECT_EQ(factoriesOf(TYPE, a), Texts{FIRST});
     EXPECT_EQ(factoriesOf(TYPE, b), Texts{SECOND});
     CFRelease(a);
     EXPECT_EQ(factoriesOf(TYPE, b), Texts{SECOND});
-    CFRelease(b);
 }
 
 TEST_F(CFPlugIn, DoesNotGetAFactoryThatAnotherHas)
 {
-    makePlugIn(in("a.bundle"), plugInEntries(FIRST, "firstFactory"));
-    makePlugIn(in("b.bundle"),
-        dictionaryEntry("CFPlugInFactories", stringEntry(FIRST, "secondFactory") + stringEntry(SECOND, "secondFactory"))
-            + dictionaryEntry("CFPlugInTypes", typeEntry(TYPE, {FIRST, SECOND}) + typeEntry(OTHER_TYPE, {FIRST})));
-    const CFPlugInRef a = createPlugIn(in("a.bundle"));
-    const CFPlugInRef b = createPlugIn(in("b.bundle"));
+    const Owned a = withCode(plugInEntries(FIRST, "firstFactory"));
+    const CFPlugInRef b = withCode(factories(stringEntry(FIRST, "secondFactory") + stringEntry(SECOND, "secondFactory"))
+            + types(typeEntry(TYPE, {FIRST, SECOND}) + typeEntry(OTHER_TYPE, {FIRST})),
+        "b.bundle");
     EXPECT_EQ(factoriesOf(TYPE, a), Texts{FIRST});
     EXPECT_EQ(factoriesOf(TYPE, b), Texts{SECOND});
     EXPECT_EQ(factoriesOf(OTHER_TYPE, a), Texts{"null"}) << "nor does the other's factory get its types";
@@ -247,46 +231,38 @@ TEST_F(CFPlugIn, DoesNotGetAFactoryThatAnotherHas)
 
     CFRelease(b);
     EXPECT_EQ(factoriesOf(TYPE, a), Texts{FIRST}) << "the refused one took nothing with it";
-    CFRelease(a);
 }
 
 TEST_F(CFPlugIn, TheArrayOfFactoriesIsTheCallers)
 {
-    makeBundle(in("a.bundle"), plugInEntries(FIRST, "f"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    const Owned plugIn = withoutCode(plugInEntries(FIRST, "f"));
     const std::size_t before = liveObjects();
     const CFArrayRef array = CFPlugInFindFactoriesForPlugInTypeInPlugIn(uuid(TYPE), plugIn);
     EXPECT_EQ(CFArrayGetCount(array), 1);
     EXPECT_GT(liveObjects(), before);
     CFRelease(array);
     EXPECT_EQ(liveObjects(), before);
-    CFRelease(plugIn);
 }
 
 TEST_F(CFPlugIn, MakesTheInstanceThatItsFactoryReturns)
 {
-    makePlugIn(in("a.bundle"), plugInEntries(FIRST, "firstFactory"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    const Owned plugIn = withCode(plugInEntries(FIRST, "firstFactory"));
     const void* const instance = CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE));
     ASSERT_NE(instance, nullptr);
     EXPECT_EQ(instance, datumOf<int>(plugIn, CFSTR("instanceOfFirst")));
     EXPECT_EQ(*datumOf<CFUUIDRef>(plugIn, CFSTR("typeAskedFor")), uuid(TYPE)) << "the type, not the factory's id";
-    CFRelease(plugIn);
 }
 
 TEST_F(CFPlugIn, HandsTheAllocatorOn)
 {
-    makePlugIn(in("a.bundle"), plugInEntries(FIRST, "factoryOfAllocators"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    const Owned plugIn = withCode(plugInEntries(FIRST, "factoryOfAllocators"));
     EXPECT_EQ(CFPlugInInstanceCreate(kCFAllocatorSystemDefault, uuid(FIRST), uuid(TYPE)), kCFAllocatorSystemDefault);
     EXPECT_EQ(CFPlugInInstanceCreate(kCFAllocatorDefault, uuid(FIRST), uuid(TYPE)), nullptr);
-    CFRelease(plugIn);
 }
 
 TEST_F(CFPlugIn, MakesNoInstanceWithoutAFactoryForTheType)
 {
-    makePlugIn(in("a.bundle"), plugInEntries(FIRST, "firstFactory"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    const CFPlugInRef plugIn = withCode(plugInEntries(FIRST, "firstFactory"));
     EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(SECOND), uuid(TYPE)), nullptr) << "unknown factory";
     EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(OTHER_TYPE)), nullptr) << "not for this type";
     EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(TYPE), uuid(FIRST)), nullptr) << "the wrong way round";
@@ -294,71 +270,35 @@ TEST_F(CFPlugIn, MakesNoInstanceWithoutAFactoryForTheType)
     EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE)), nullptr) << "no longer registered";
 }
 
-TEST_F(CFPlugIn, MakesNoInstanceWithoutTheFunction)
+TEST_F(CFPlugIn, MakesNoInstanceWithoutAFunctionThatGivesOne)
 {
-    for (const char* const function : {"noFactory", "", "malloc", "CFRelease"}) {
-        makePlugIn(in("a.bundle"), plugInEntries(FIRST, function));
-        const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    for (const char* const function : {"noFactory", "", "malloc", "CFRelease", "refusingFactory"}) {
+        const Owned plugIn = withCode(plugInEntries(FIRST, function));
         EXPECT_EQ(factoriesOf(TYPE, plugIn), Texts{FIRST}) << function;
         EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE)), nullptr) << function;
-        CFRelease(plugIn);
     }
-}
-
-TEST_F(CFPlugIn, MakesNoInstanceWhenTheFactoryRefuses)
-{
-    makePlugIn(in("a.bundle"), plugInEntries(FIRST, "refusingFactory"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
-    EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE)), nullptr);
-    CFRelease(plugIn);
 }
 
 TEST_F(CFPlugIn, MakesNoInstanceWithoutCode)
 {
-    makeBundle(in("a.bundle"), plugInEntries(FIRST, "firstFactory"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    const Owned plugIn = withoutCode(plugInEntries(FIRST, "firstFactory"));
     EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE)), nullptr);
-    CFRelease(plugIn);
-}
-
-TEST_F(CFPlugIn, TakesNoWrongReferences)
-{
-    makePlugIn(in("a.bundle"), plugInEntries(FIRST, "firstFactory"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
-    const CFUUIDRef dead = CFUUIDCreateFromUUIDBytes(nullptr, CFUUIDBytes{});
-    CFRelease(dead);
-    std::vector<CFTypeRef> references = {dead, CFSTR("a string")};
-    references.insert(references.end(), std::begin(WRONG_REFERENCES), std::end(WRONG_REFERENCES));
-    for (const CFTypeRef reference : references) {
-        const auto wrongID = static_cast<CFUUIDRef>(reference);
-        const auto wrongPlugIn = static_cast<CFPlugInRef>(const_cast<void*>(reference));
-        EXPECT_EQ(CFPlugInCreate(nullptr, static_cast<CFURLRef>(reference)), nullptr);
-        EXPECT_EQ(CFPlugInFindFactoriesForPlugInTypeInPlugIn(wrongID, plugIn), nullptr);
-        EXPECT_EQ(CFPlugInFindFactoriesForPlugInTypeInPlugIn(uuid(TYPE), wrongPlugIn), nullptr);
-        EXPECT_EQ(CFPlugInInstanceCreate(nullptr, wrongID, uuid(TYPE)), nullptr);
-        EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(FIRST), wrongID), nullptr);
-        CFPlugInRemoveInstanceForFactory(wrongID);
-    }
-    CFRelease(plugIn);
 }
 
 TEST_F(CFPlugIn, RemovingAnInstanceThatWasNotCountedHasNoEffect)
 {
-    makePlugIn(in("a.bundle"), plugInEntries(FIRST, "firstFactory"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    const Owned plugIn = withCode(plugInEntries(FIRST, "firstFactory"));
     const std::size_t before = liveObjects();
     for (const std::string& id : {FIRST, FIRST, SECOND})
         CFPlugInRemoveInstanceForFactory(uuid(id));
     EXPECT_EQ(liveObjects(), before);
     EXPECT_EQ(factoriesOf(TYPE, plugIn), Texts{FIRST});
     EXPECT_NE(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE)), nullptr);
-    CFRelease(plugIn);
 }
 
 TEST_F(CFPlugIn, ThePlugInsCallsAreTraced)
 {
-    makePlugIn(in("a.bundle"), plugInEntries(FIRST, "callingFactory"));
-    const CFPlugInRef plugIn = createPlugIn(in("a.bundle"));
+    const Owned plugIn = withCode(plugInEntries(FIRST, "callingFactory"));
     const CFUUIDRef factory = uuid(FIRST);
     const CFUUIDRef type = uuid(TYPE);
     Texts lines;
@@ -366,7 +306,6 @@ TEST_F(CFPlugIn, ThePlugInsCallsAreTraced)
     CFPlugInInstanceCreate(nullptr, factory, type);
     Toolbox::SetTrace(nullptr);
     EXPECT_EQ(lines, Texts({"CFPlugInInstanceCreate", "CFEqual", "CFPlugInInstanceCreate"}));
-    CFRelease(plugIn);
 }
 
 }  // namespace

@@ -24,12 +24,19 @@ protected:
     }
 };
 
+// The header of the plug-in with these bytes.
+FileHeader headerOf(const std::string& content)
+{
+    FileHeader header;
+    std::memcpy(&header, content.data(), sizeof header);
+    return header;
+}
+
 // The plug-in, with its header changed by `change`.
 template <typename Change> std::string withHeader(Change change)
 {
-    std::string content = contentsOf(PLUG_IN_FILE);
-    FileHeader header;
-    std::memcpy(&header, content.data(), sizeof header);
+    std::string content = contents(PLUG_IN_FILE);
+    FileHeader header = headerOf(content);
     change(header);
     std::memcpy(content.data(), &header, sizeof header);
     return content;
@@ -38,9 +45,8 @@ template <typename Change> std::string withHeader(Change change)
 // Where the last of what is mapped of the plug-in ends.
 std::size_t endOfSegments()
 {
-    const std::string content = contentsOf(PLUG_IN_FILE);
-    FileHeader header;
-    std::memcpy(&header, content.data(), sizeof header);
+    const std::string content = contents(PLUG_IN_FILE);
+    const FileHeader header = headerOf(content);
     std::size_t end = 0;
     for (std::size_t index = 0; index < header.e_phnum; ++index) {
         Segment segment;
@@ -53,7 +59,7 @@ std::size_t endOfSegments()
 
 TEST_F(ELFFile, IsWholeUpToTheEndOfItsSegments)
 {
-    const std::string content = contentsOf(PLUG_IN_FILE);
+    const std::string content = contents(PLUG_IN_FILE);
     const std::size_t end = endOfSegments();
     ASSERT_LT(end, content.size()) << "what follows is for the debugger and is not mapped";
     EXPECT_TRUE(isWhole(content));
@@ -77,9 +83,8 @@ TEST_F(ELFFile, WithAnImpossibleHeaderIsNotWhole)
 // The plug-in with one of its segments, which `isWanted` picks by its place and content, changed by `change`.
 template <typename IsWanted, typename Change> std::string withSegment(IsWanted isWanted, Change change)
 {
-    std::string content = contentsOf(PLUG_IN_FILE);
-    FileHeader header;
-    std::memcpy(&header, content.data(), sizeof header);
+    std::string content = contents(PLUG_IN_FILE);
+    const FileHeader header = headerOf(content);
     for (int index = 0; index < header.e_phnum; ++index) {
         char* const place = content.data() + header.e_phoff + static_cast<std::size_t>(index) * sizeof(Segment);
         Segment segment;
@@ -127,7 +132,7 @@ TEST_F(ELFFile, WithAMappedSegmentThatIsNotThereIsNotWhole)
 
 TEST_F(ELFFile, MayHaveAnEmptySegmentAtItsEndAndNotBehind)
 {
-    const std::size_t size = contentsOf(PLUG_IN_FILE).size();
+    const std::size_t size = contents(PLUG_IN_FILE).size();
     for (const std::size_t past : {std::size_t(0), std::size_t(1)}) {
         const std::string content = withSegment(isMapped, [&](Segment& segment) {
             segment.p_offset = size + past;
@@ -139,9 +144,8 @@ TEST_F(ELFFile, MayHaveAnEmptySegmentAtItsEndAndNotBehind)
 
 TEST_F(ELFFile, HasNoSegmentsBehindItsTable)
 {
-    std::string content = contentsOf(PLUG_IN_FILE);
-    FileHeader header;
-    std::memcpy(&header, content.data(), sizeof header);
+    std::string content = contents(PLUG_IN_FILE);
+    const FileHeader header = headerOf(content);
     Segment segment = {};
     segment.p_type = PT_LOAD;
     leadPastTheEnd(segment);

@@ -34,15 +34,11 @@ const FoldersCase FOLDERS_CASES[] = {
 };
 // clang-format on
 
-class LanguageFolders : public testing::TestWithParam<FoldersCase> { };
-
-TEST_P(LanguageFolders, BearEachNameOfTheLanguages)
+TEST(LanguageFolders, BearEachNameOfTheLanguages)
 {
-    EXPECT_EQ(languageFolders(GetParam().languages), GetParam().folders);
+    for (const FoldersCase& row : FOLDERS_CASES)
+        EXPECT_EQ(languageFolders(row.languages), row.folders) << row.name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, LanguageFolders, testing::ValuesIn(FOLDERS_CASES), [](const auto& row) { return row.param.name; });
 
 TEST(LanguageFolders, MayHaveTheLongNamesOfOldBundles)
 {
@@ -78,27 +74,23 @@ const EnvironmentCase ENVIRONMENTS[] = {
 };
 // clang-format on
 
-class UserLanguages : public testing::TestWithParam<EnvironmentCase> {
-protected:
-    static void set(const char* variable, const char* value)
-    {
-        if (value == nullptr)
-            unsetenv(variable);
-        else
-            setenv(variable, value, 1);
-    }
-};
-
-TEST_P(UserLanguages, AreTheListsUnlessTheLocaleIsC)
+void set(const char* variable, const char* value)
 {
-    set("LC_ALL", GetParam().all);
-    set("LC_MESSAGES", GetParam().messages);
-    set("LANG", GetParam().lang);
-    set("LANGUAGE", GetParam().list);
-    EXPECT_EQ(Toolbox::UserLanguages(), GetParam().languages);
+    if (value == nullptr)
+        unsetenv(variable);
+    else
+        setenv(variable, value, 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, UserLanguages, testing::ValuesIn(ENVIRONMENTS), [](const auto& row) { return row.param.name; });
+TEST(UserLanguages, AreTheListsUnlessTheLocaleIsC)
+{
+    for (const EnvironmentCase& row : ENVIRONMENTS) {
+        set("LC_ALL", row.all);
+        set("LC_MESSAGES", row.messages);
+        set("LANG", row.lang);
+        set("LANGUAGE", row.list);
+        EXPECT_EQ(Toolbox::UserLanguages(), row.languages) << row.name;
+    }
+}
 
 }  // namespace

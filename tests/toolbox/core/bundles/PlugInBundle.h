@@ -5,17 +5,8 @@
 
 #include "tests/toolbox/core/bundles/BundleTest.h"
 
-#include <iterator>
-
 /// The module of plug_in.cpp.
 constexpr const char* PLUG_IN_FILE = TEST_PLUG_IN;
-
-/// The bytes of `file`.
-inline std::string contentsOf(const fs::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(stream), {});
-}
 
 /// Copies the plug-in's code to `file`. One that is there already may be loaded: it is replaced, never written over.
 inline void copyPlugIn(const fs::path& file)
