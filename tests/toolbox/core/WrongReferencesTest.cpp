@@ -1,6 +1,7 @@
 // Every public function that takes a reference, with references that are null, dead, foreign or of another kind: it
 // answers as its header says, and nothing changes.
 
+#include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/base/resources/ResourceFork.h"
 #include "tests/toolbox/core/dialogs/TestWindow.h"
@@ -45,15 +46,12 @@ struct Reference {
     const void* value;
 };
 
-template <typename Ref> Ref as(const void* reference)
-{
-    return reinterpret_cast<Ref>(const_cast<void*>(reference));
-}
+// A reference as each function takes it.
+struct Any {
+    template <typename T> operator T*() const { return static_cast<T*>(const_cast<void*>(value)); }
 
-template <typename Ref> const void* valueOf(Ref reference)
-{
-    return reinterpret_cast<const void*>(reference);
-}
+    const void* value;
+};
 
 // ---- One object of each kind
 
@@ -82,24 +80,18 @@ public:
         m_folder.write("Resources/Sample.nib/objects.xib", nibOf(""));
         m_folder.write("Resources/Info.plist", INFO);
         becomeMainBundle();
-        const Bytes fork = makeFork({{'DATA', 1, std::string(402, '\0')}}).bytes();
-        const CFURLRef file = url(m_folder.write("resources", fork));
+        const CFURLRef file = url(m_folder.write("resources", makeFork({{'DATA', 1, std::string(402, '\0')}}).bytes()));
         FSRef reference;
         EXPECT_TRUE(CFURLGetFSRef(file, &reference));
         EXPECT_EQ(FSOpenResourceFile(&reference, 0, nullptr, fsRdPerm, &m_file), noErr);
         CFRelease(file);
 
-        popUp = window.addPopUp({{}, {}, {}}).ref();
         CFUUIDBytes salted = FACTORY_ID;
         salted.byte0 = salt;
         uuid = CFUUIDCreateFromUUIDBytes(nullptr, salted);
-        type = CFUUIDCreateFromUUIDBytes(nullptr, TYPE_ID);
-        factory = CFUUIDCreateFromUUIDBytes(nullptr, FACTORY_ID);
-        string = CFStringCreateWithCString(nullptr, "text", kCFStringEncodingMacRoman);
         folder = url(m_folder.path());
         bundle = CFBundleCreate(nullptr, folder);
         array = CFPlugInFindFactoriesForPlugInTypeInPlugIn(type, bundle);
-        pointer = NewPtr(8);
         resource = GetResource('DATA', 1);
         EXPECT_EQ(CreateNibReference(CFSTR("Sample"), &nib), noErr);
         EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, string, nullptr, nullptr, &alert), noErr);
@@ -129,35 +121,35 @@ public:
     std::vector<Reference> references(const std::string& state) const
     {
         return {
-            {state + " window", WINDOW, valueOf(window.ref)},
-            {state + " control", CONTROL, valueOf(popUp)},
-            {state + " target", TARGET, valueOf(window.target())},
-            {state + " nib", NIB, valueOf(nib)},
-            {state + " alert", ALERT, valueOf(alert)},
-            {state + " string", STRING, valueOf(string)},
-            {state + " url", URL, valueOf(folder)},
-            {state + " uuid", UUID, valueOf(uuid)},
-            {state + " array", ARRAY, valueOf(array)},
-            {state + " bundle", BUNDLE, valueOf(bundle)},
-            {state + " pointer", POINTER, valueOf(pointer)},
-            {state + " resource", RESOURCE, valueOf(resource)},
-            {state + " converter to UTF-16", TO_UNICODE, valueOf(toUnicode)},
-            {state + " converter to text", TO_TEXT, valueOf(toText)},
+            {state + " window", WINDOW, window.ref},
+            {state + " control", CONTROL, popUp},
+            {state + " target", TARGET, window.target()},
+            {state + " nib", NIB, nib},
+            {state + " alert", ALERT, alert},
+            {state + " string", STRING, string},
+            {state + " url", URL, folder},
+            {state + " uuid", UUID, uuid},
+            {state + " array", ARRAY, array},
+            {state + " bundle", BUNDLE, bundle},
+            {state + " pointer", POINTER, pointer},
+            {state + " resource", RESOURCE, resource},
+            {state + " converter to UTF-16", TO_UNICODE, toUnicode},
+            {state + " converter to text", TO_TEXT, toText},
         };
     }
 
     TestWindow window;
-    ControlRef popUp = nullptr;
+    const ControlRef popUp = window.addPopUp({{}, {}, {}}).ref();
+    const CFStringRef string = CFStringCreateWithCString(nullptr, "text", kCFStringEncodingMacRoman);
+    const CFUUIDRef type = CFUUIDCreateFromUUIDBytes(nullptr, TYPE_ID);
+    const CFUUIDRef factory = CFUUIDCreateFromUUIDBytes(nullptr, FACTORY_ID);
+    const Ptr pointer = NewPtr(8);
     IBNibRef nib = nullptr;
     DialogRef alert = nullptr;
-    CFStringRef string = nullptr;
     CFURLRef folder = nullptr;
     CFUUIDRef uuid = nullptr;
-    CFUUIDRef type = nullptr;
-    CFUUIDRef factory = nullptr;
     CFArrayRef array = nullptr;
     CFBundleRef bundle = nullptr;
-    Ptr pointer = nullptr;
     Handle resource = nullptr;
     TextToUnicodeInfo toUnicode = nullptr;
     UnicodeToTextInfo toText = nullptr;
@@ -180,16 +172,16 @@ const Objects* live = nullptr;  // those of the running test
 struct Function {
     const char* name;  // and the parameter's, where there are several
     unsigned takes;    // the kinds that are right there
-    long (*call)(const void* reference);
-    long result;
-    long resultForNull;
+    std::function<long(Any)> call;
+    long result = 0;
+    std::optional<long> resultForNull = {};  // where it is another
 };
 
-// 1 for an object, which is released, 0 for null.
-long made(CFTypeRef object)
+// Whether there was an object, which is released.
+bool made(CFTypeRef object)
 {
     CFRelease(object);
-    return object != nullptr ? 1 : 0;
+    return object != nullptr;
 }
 
 // An out-parameter that a failure has cleared is 0.
@@ -198,28 +190,23 @@ template <typename Ref> long orOutParameter(OSStatus status, const Ref& outParam
     return outParameter == nullptr ? status : 1;
 }
 
-long controlIn(const void* reference)
+long controlIn(WindowRef window)
 {
     const ControlID id = {0, 0};
     ControlRef control = live->popUp;
-    return orOutParameter(GetControlByID(as<WindowRef>(reference), &id, &control), control);
+    return orOutParameter(GetControlByID(window, &id, &control), control);
 }
 
-long installOn(const void* reference)
-{
-    return InstallEventHandler(as<EventTargetRef>(reference), keepEvent, 1, COMMANDS, nullptr, nullptr);
-}
-
-long parameterOf(const void* reference)
+long parameterOf(EventRef event)
 {
     HICommand command = {};
-    return GetEventParameter(as<EventRef>(reference), '----', 'hcmd', nullptr, sizeof command, nullptr, &command);
+    return GetEventParameter(event, '----', 'hcmd', nullptr, sizeof command, nullptr, &command);
 }
 
-long nibNamed(const void* reference)
+long nibNamed(CFStringRef name)
 {
     IBNibRef nib = live->nib;
-    return orOutParameter(CreateNibReference(as<CFStringRef>(reference), &nib), nib);
+    return orOutParameter(CreateNibReference(name, &nib), nib);
 }
 
 long windowFrom(IBNibRef nib, CFStringRef name)
@@ -228,10 +215,10 @@ long windowFrom(IBNibRef nib, CFStringRef name)
     return orOutParameter(CreateWindowFromNib(nib, name, &window), window);
 }
 
-long runAlert(const void* reference)
+long runAlert(DialogRef alert)
 {
     SInt16 itemHit = 0;
-    return RunStandardAlert(as<DialogRef>(reference), nullptr, &itemHit);
+    return RunStandardAlert(alert, nullptr, &itemHit);
 }
 
 long alertOf(CFStringRef error, CFStringRef explanation, CFStringRef button)
@@ -242,10 +229,9 @@ long alertOf(CFStringRef error, CFStringRef explanation, CFStringRef button)
     parameters.defaultButton = kAlertStdAlertOKButton;
     DialogRef alert = live->alert;
     const OSStatus status = CreateStandardAlert(kAlertNoteAlert, error, explanation, &parameters, &alert);
-    const DialogRef made = alert;
     if (status == noErr)
-        runAlert(made);
-    return orOutParameter(status, made);
+        runAlert(alert);
+    return orOutParameter(status, alert);
 }
 
 FSRef fileReferenceOf(const void* reference)
@@ -262,135 +248,134 @@ long resourceFileAt(const void* reference)
     return FSOpenResourceFile(&file, 0, nullptr, fsRdPerm, &number);
 }
 
-long urlAt(const void* reference)
+bool urlAt(const void* reference)
 {
     const FSRef file = fileReferenceOf(reference);
     return made(CFURLCreateFromFSRef(nullptr, &file));
 }
 
-long folderAt(CFAllocatorRef allocator)
+bool folderAt(CFAllocatorRef allocator)
 {
     FSRef file;
     CFURLGetFSRef(live->folder, &file);
     return made(CFURLCreateFromFSRef(allocator, &file));
 }
 
-long fileReferenceFrom(const void* reference)
+bool fileReferenceFrom(CFURLRef url)
 {
     FSRef file;
-    return CFURLGetFSRef(as<CFURLRef>(reference), &file);
+    return CFURLGetFSRef(url, &file);
 }
 
-long pathFrom(const void* reference)
+bool pathFrom(CFURLRef url)
 {
     UInt8 path[1024];
-    return CFURLGetFileSystemRepresentation(as<CFURLRef>(reference), true, path, sizeof path);
+    return CFURLGetFileSystemRepresentation(url, true, path, sizeof path);
 }
 
-long toUnicodeWith(const void* reference)
+long toUnicodeWith(TextToUnicodeInfo converter)
 {
     ByteCount read = 0;
     ByteCount written = 0;
     UniChar units[4];
-    return ConvertFromTextToUnicode(as<TextToUnicodeInfo>(reference), 1, "a", 0, 0, nullptr, nullptr, nullptr,
-        sizeof units, &read, &written, units);
-}
-
-long toTextWith(const void* reference)
-{
-    const UniChar unit = 'a';
-    ByteCount read = 0;
-    ByteCount written = 0;
-    char text[4];
-    return ConvertFromUnicodeToText(as<UnicodeToTextInfo>(reference), sizeof unit, &unit, 0, 0, nullptr, nullptr,
-        nullptr, sizeof text, &read, &written, text);
+    return ConvertFromTextToUnicode(
+        converter, 1, "a", 0, 0, nullptr, nullptr, nullptr, sizeof units, &read, &written, units);
 }
 
 const UniChar UNIT = 'a';
 const UInt8 PATH[] = "/";
 
+long toTextWith(UnicodeToTextInfo converter)
+{
+    ByteCount read = 0;
+    ByteCount written = 0;
+    char text[4];
+    return ConvertFromUnicodeToText(
+        converter, sizeof UNIT, &UNIT, 0, 0, nullptr, nullptr, nullptr, sizeof text, &read, &written, text);
+}
+
 // clang-format off
 const Function FUNCTIONS[] = {
     // Windows, controls, events, nibs.
-    {"ShowWindow",                    WINDOW, [](const void* r) { ShowWindow(as<WindowRef>(r)); return 0L; }, 0, 0},
-    {"HideWindow",                    WINDOW, [](const void* r) { HideWindow(as<WindowRef>(r)); return 0L; }, 0, 0},
-    {"DisposeWindow",                 WINDOW, [](const void* r) { DisposeWindow(as<WindowRef>(r)); return 0L; }, 0, 0},
-    {"GetControlByID",                WINDOW, controlIn, errInvalidWindowRef, errInvalidWindowRef},
-    {"GetWindowEventTarget",          WINDOW, [](const void* r) { return long(GetWindowEventTarget(as<WindowRef>(r)) != nullptr); }, 0, 0},
-    {"RunAppModalLoopForWindow",      WINDOW, [](const void* r) { return long(RunAppModalLoopForWindow(as<WindowRef>(r))); }, errInvalidWindowRef, errInvalidWindowRef},
-    {"QuitAppModalLoopForWindow",     WINDOW, [](const void* r) { return long(QuitAppModalLoopForWindow(as<WindowRef>(r))); }, errInvalidWindowRef, errInvalidWindowRef},
-    {"GetControl32BitValue",          CONTROL, [](const void* r) { return long(GetControl32BitValue(as<ControlRef>(r))); }, 0, 0},
-    {"SetControl32BitValue",          CONTROL, [](const void* r) { SetControl32BitValue(as<ControlRef>(r), 3); return 0L; }, 0, 0},
-    {"InstallEventHandler",           TARGET, installOn, paramErr, paramErr},
-    {"GetEventClass",                 EVENT, [](const void* r) { return long(GetEventClass(as<EventRef>(r))); }, 0, 0},
-    {"GetEventKind",                  EVENT, [](const void* r) { return long(GetEventKind(as<EventRef>(r))); }, 0, 0},
-    {"GetEventParameter",             EVENT, parameterOf, paramErr, paramErr},
-    {"CreateNibReference",            STRING, nibNamed, paramErr, paramErr},
-    {"CreateWindowFromNib_nib",       NIB, [](const void* r) { return windowFrom(as<IBNibRef>(r), CFSTR("Window")); }, paramErr, paramErr},
-    {"CreateWindowFromNib_name",      STRING, [](const void* r) { return windowFrom(live->nib, as<CFStringRef>(r)); }, paramErr, paramErr},
-    {"DisposeNibReference",           NIB, [](const void* r) { DisposeNibReference(as<IBNibRef>(r)); return 0L; }, 0, 0},
+    {"ShowWindow", WINDOW, [](Any r) { ShowWindow(r); return 0; }},
+    {"HideWindow", WINDOW, [](Any r) { HideWindow(r); return 0; }},
+    {"DisposeWindow", WINDOW, [](Any r) { DisposeWindow(r); return 0; }},
+    {"GetControlByID", WINDOW, controlIn, errInvalidWindowRef},
+    {"GetWindowEventTarget", WINDOW, [](Any r) { return GetWindowEventTarget(r) != nullptr; }},
+    {"RunAppModalLoopForWindow", WINDOW, [](Any r) { return RunAppModalLoopForWindow(r); }, errInvalidWindowRef},
+    {"QuitAppModalLoopForWindow", WINDOW, [](Any r) { return QuitAppModalLoopForWindow(r); }, errInvalidWindowRef},
+    {"GetControl32BitValue", CONTROL, [](Any r) { return GetControl32BitValue(r); }},
+    {"SetControl32BitValue", CONTROL, [](Any r) { SetControl32BitValue(r, 3); return 0; }},
+    {"InstallEventHandler", TARGET, [](Any r) { return InstallEventHandler(r, keepEvent, 1, COMMANDS, nullptr, nullptr); }, paramErr},
+    {"GetEventClass", EVENT, [](Any r) { return GetEventClass(r); }},
+    {"GetEventKind", EVENT, [](Any r) { return GetEventKind(r); }},
+    {"GetEventParameter", EVENT, parameterOf, paramErr},
+    {"CreateNibReference", STRING, nibNamed, paramErr},
+    {"CreateWindowFromNib_nib", NIB, [](Any r) { return windowFrom(r, CFSTR("Window")); }, paramErr},
+    {"CreateWindowFromNib_name", STRING, [](Any r) { return windowFrom(live->nib, r); }, paramErr},
+    {"DisposeNibReference", NIB, [](Any r) { DisposeNibReference(r); return 0; }},
 
     // Alerts. Null is a text, or a button, that is not there: without the one button nothing would end the alert.
-    {"CreateStandardAlert_error",     STRING, [](const void* r) { return alertOf(as<CFStringRef>(r), nullptr, live->string); }, paramErr, 1},
-    {"CreateStandardAlert_explanation", STRING, [](const void* r) { return alertOf(nullptr, as<CFStringRef>(r), live->string); }, paramErr, 1},
-    {"CreateStandardAlert_button",    STRING, [](const void* r) { return alertOf(live->string, nullptr, as<CFStringRef>(r)); }, paramErr, paramErr},
-    {"RunStandardAlert",              ALERT, runAlert, paramErr, paramErr},
+    {"CreateStandardAlert_error", STRING, [](Any r) { return alertOf(r, nullptr, live->string); }, paramErr, 1},
+    {"CreateStandardAlert_explanation", STRING, [](Any r) { return alertOf(nullptr, r, live->string); }, paramErr, 1},
+    {"CreateStandardAlert_button", STRING, [](Any r) { return alertOf(live->string, nullptr, r); }, paramErr},
+    {"RunStandardAlert", ALERT, runAlert, paramErr},
 
     // Core Foundation.
-    {"CFRelease",                     ANY_OBJECT, [](const void* r) { CFRelease(r); return 0L; }, 0, 0},
-    {"CFEqual_first",                 STRING, [](const void* r) { return long(CFEqual(r, live->string)); }, 0, 0},
-    {"CFEqual_second",                STRING, [](const void* r) { return long(CFEqual(live->string, r)); }, 0, 0},
-    {"CFEqual_both",                  ANY_OBJECT, [](const void* r) { return long(CFEqual(r, r)); }, 0, 0},
-    {"CFArrayGetCount",               ARRAY, [](const void* r) { return long(CFArrayGetCount(as<CFArrayRef>(r))); }, 0, 0},
-    {"CFArrayGetValueAtIndex",        ARRAY, [](const void* r) { return long(CFArrayGetValueAtIndex(as<CFArrayRef>(r), 0) != nullptr); }, 0, 0},
-    {"CFStringGetPascalStringPtr",    STRING, [](const void* r) { return long(CFStringGetPascalStringPtr(as<CFStringRef>(r), kCFStringEncodingMacRoman) != nullptr); }, 0, 0},
-    {"CFURLGetFSRef",                 URL, fileReferenceFrom, 0, 0},
-    {"CFURLGetFileSystemRepresentation", URL, pathFrom, 0, 0},
-    {"CFURLCreateCopyAppendingPathComponent_url",  URL, [](const void* r) { return made(CFURLCreateCopyAppendingPathComponent(nullptr, as<CFURLRef>(r), live->string, false)); }, 0, 0},
-    {"CFURLCreateCopyAppendingPathComponent_name", STRING, [](const void* r) { return made(CFURLCreateCopyAppendingPathComponent(nullptr, live->folder, as<CFStringRef>(r), false)); }, 0, 0},
-    {"CFURLCreateFromFSRef_file",     NO_KIND, urlAt, 0, 0},
+    {"CFRelease", ANY_OBJECT, [](Any r) { CFRelease(r); return 0; }},
+    {"CFEqual_first", STRING, [](Any r) { return CFEqual(r, live->string); }},
+    {"CFEqual_second", STRING, [](Any r) { return CFEqual(live->string, r); }},
+    {"CFEqual_both", ANY_OBJECT, [](Any r) { return CFEqual(r, r); }},
+    {"CFArrayGetCount", ARRAY, [](Any r) { return CFArrayGetCount(r); }},
+    {"CFArrayGetValueAtIndex", ARRAY, [](Any r) { return CFArrayGetValueAtIndex(r, 0) != nullptr; }},
+    {"CFStringGetPascalStringPtr", STRING, [](Any r) { return CFStringGetPascalStringPtr(r, kCFStringEncodingMacRoman) != nullptr; }},
+    {"CFURLGetFSRef", URL, fileReferenceFrom},
+    {"CFURLGetFileSystemRepresentation", URL, pathFrom},
+    {"CFURLCreateCopyAppendingPathComponent_url", URL, [](Any r) { return made(CFURLCreateCopyAppendingPathComponent(nullptr, r, live->string, false)); }},
+    {"CFURLCreateCopyAppendingPathComponent_name", STRING, [](Any r) { return made(CFURLCreateCopyAppendingPathComponent(nullptr, live->folder, r, false)); }},
+    {"CFURLCreateFromFSRef_file", NO_KIND, urlAt},
 
     // Allocators.
-    {"CFStringCreateWithCString",     ALLOCATOR, [](const void* r) { return made(CFStringCreateWithCString(as<CFAllocatorRef>(r), "a", kCFStringEncodingMacRoman)); }, 1, 1},
-    {"CFStringCreateWithCharacters",  ALLOCATOR, [](const void* r) { return made(CFStringCreateWithCharacters(as<CFAllocatorRef>(r), &UNIT, 1)); }, 1, 1},
-    {"CFUUIDCreateFromUUIDBytes",     ALLOCATOR, [](const void* r) { return made(CFUUIDCreateFromUUIDBytes(as<CFAllocatorRef>(r), FACTORY_ID)); }, 1, 1},
-    {"CFUUIDGetConstantUUIDWithBytes", ALLOCATOR, [](const void* r) { return long(CFUUIDGetConstantUUIDWithBytes(as<CFAllocatorRef>(r), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0) != nullptr); }, 1, 1},
-    {"CFURLCreateFromFSRef_allocator", ALLOCATOR, [](const void* r) { return folderAt(as<CFAllocatorRef>(r)); }, 1, 1},
-    {"CFURLCreateFromFileSystemRepresentation", ALLOCATOR, [](const void* r) { return made(CFURLCreateFromFileSystemRepresentation(as<CFAllocatorRef>(r), PATH, 1, true)); }, 1, 1},
-    {"CFURLCreateCopyAppendingPathComponent_allocator", ALLOCATOR, [](const void* r) { return made(CFURLCreateCopyAppendingPathComponent(as<CFAllocatorRef>(r), live->folder, live->string, false)); }, 1, 1},
-    {"CFBundleCreate_allocator",      ALLOCATOR, [](const void* r) { return made(CFBundleCreate(as<CFAllocatorRef>(r), live->folder)); }, 1, 1},
-    {"CFPlugInCreate_allocator",      ALLOCATOR, [](const void* r) { return made(CFPlugInCreate(as<CFAllocatorRef>(r), live->folder)); }, 1, 1},
+    {"CFStringCreateWithCString", ALLOCATOR, [](Any r) { return made(CFStringCreateWithCString(r, "a", kCFStringEncodingMacRoman)); }, 1},
+    {"CFStringCreateWithCharacters", ALLOCATOR, [](Any r) { return made(CFStringCreateWithCharacters(r, &UNIT, 1)); }, 1},
+    {"CFUUIDCreateFromUUIDBytes", ALLOCATOR, [](Any r) { return made(CFUUIDCreateFromUUIDBytes(r, FACTORY_ID)); }, 1},
+    {"CFUUIDGetConstantUUIDWithBytes", ALLOCATOR, [](Any r) { return CFUUIDGetConstantUUIDWithBytes(r, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0) != nullptr; }, 1},
+    {"CFURLCreateFromFSRef_allocator", ALLOCATOR, [](Any r) { return folderAt(r); }, 1},
+    {"CFURLCreateFromFileSystemRepresentation", ALLOCATOR, [](Any r) { return made(CFURLCreateFromFileSystemRepresentation(r, PATH, 1, true)); }, 1},
+    {"CFURLCreateCopyAppendingPathComponent_allocator", ALLOCATOR, [](Any r) { return made(CFURLCreateCopyAppendingPathComponent(r, live->folder, live->string, false)); }, 1},
+    {"CFBundleCreate_allocator", ALLOCATOR, [](Any r) { return made(CFBundleCreate(r, live->folder)); }, 1},
+    {"CFPlugInCreate_allocator", ALLOCATOR, [](Any r) { return made(CFPlugInCreate(r, live->folder)); }, 1},
 
     // Bundles and plug-ins. The sample bundle has no executable, so that nothing is ever loaded from it.
-    {"CFBundleCreate",                URL, [](const void* r) { return made(CFBundleCreate(nullptr, as<CFURLRef>(r))); }, 0, 0},
-    {"CFBundleLoadExecutable",        BUNDLE, [](const void* r) { return long(CFBundleLoadExecutable(as<CFBundleRef>(r))); }, 0, 0},
-    {"CFBundleGetFunctionPointerForName_bundle", BUNDLE, [](const void* r) { return long(CFBundleGetFunctionPointerForName(as<CFBundleRef>(r), live->string) != nullptr); }, 0, 0},
-    {"CFBundleGetFunctionPointerForName_name",   STRING, [](const void* r) { return long(CFBundleGetFunctionPointerForName(live->bundle, as<CFStringRef>(r)) != nullptr); }, 0, 0},
-    {"CFBundleCopyResourceURL_bundle", BUNDLE, [](const void* r) { return made(CFBundleCopyResourceURL(as<CFBundleRef>(r), CFSTR("Info"), CFSTR("plist"), nullptr)); }, 0, 0},
-    {"CFBundleCopyResourceURL_name",  STRING, [](const void* r) { return made(CFBundleCopyResourceURL(live->bundle, as<CFStringRef>(r), CFSTR("plist"), nullptr)); }, 0, 0},
-    {"CFBundleCopyResourceURL_type",  STRING, [](const void* r) { return made(CFBundleCopyResourceURL(live->bundle, CFSTR("Info.plist"), as<CFStringRef>(r), nullptr)); }, 0, 1},
-    {"CFBundleCopyResourceURL_folder", STRING, [](const void* r) { return made(CFBundleCopyResourceURL(live->bundle, CFSTR("Info"), CFSTR("plist"), as<CFStringRef>(r))); }, 0, 1},
-    {"CFBundleCopyBuiltInPlugInsURL", BUNDLE, [](const void* r) { return made(CFBundleCopyBuiltInPlugInsURL(as<CFBundleRef>(r))); }, 0, 0},
-    {"CFPlugInCreate",                URL, [](const void* r) { return made(CFPlugInCreate(nullptr, as<CFURLRef>(r))); }, 0, 0},
-    {"CFPlugInFindFactoriesForPlugInTypeInPlugIn_type",   UUID, [](const void* r) { return made(CFPlugInFindFactoriesForPlugInTypeInPlugIn(as<CFUUIDRef>(r), live->bundle)); }, 0, 0},
-    {"CFPlugInFindFactoriesForPlugInTypeInPlugIn_plugIn", BUNDLE, [](const void* r) { return made(CFPlugInFindFactoriesForPlugInTypeInPlugIn(live->type, as<CFPlugInRef>(r))); }, 0, 0},
-    {"CFPlugInInstanceCreate_allocator", ALLOCATOR, [](const void* r) { return long(CFPlugInInstanceCreate(as<CFAllocatorRef>(r), live->factory, live->type) != nullptr); }, 0, 0},
-    {"CFPlugInInstanceCreate_factory", UUID, [](const void* r) { return long(CFPlugInInstanceCreate(nullptr, as<CFUUIDRef>(r), live->type) != nullptr); }, 0, 0},
-    {"CFPlugInInstanceCreate_type",   UUID, [](const void* r) { return long(CFPlugInInstanceCreate(nullptr, live->factory, as<CFUUIDRef>(r)) != nullptr); }, 0, 0},
-    {"CFPlugInRemoveInstanceForFactory", UUID, [](const void* r) { CFPlugInRemoveInstanceForFactory(as<CFUUIDRef>(r)); return 0L; }, 0, 0},
+    {"CFBundleCreate", URL, [](Any r) { return made(CFBundleCreate(nullptr, r)); }},
+    {"CFBundleLoadExecutable", BUNDLE, [](Any r) { return CFBundleLoadExecutable(r); }},
+    {"CFBundleGetFunctionPointerForName_bundle", BUNDLE, [](Any r) { return CFBundleGetFunctionPointerForName(r, live->string) != nullptr; }},
+    {"CFBundleGetFunctionPointerForName_name", STRING, [](Any r) { return CFBundleGetFunctionPointerForName(live->bundle, r) != nullptr; }},
+    {"CFBundleCopyResourceURL_bundle", BUNDLE, [](Any r) { return made(CFBundleCopyResourceURL(r, CFSTR("Info"), CFSTR("plist"), nullptr)); }},
+    {"CFBundleCopyResourceURL_name", STRING, [](Any r) { return made(CFBundleCopyResourceURL(live->bundle, r, CFSTR("plist"), nullptr)); }},
+    {"CFBundleCopyResourceURL_type", STRING, [](Any r) { return made(CFBundleCopyResourceURL(live->bundle, CFSTR("Info.plist"), r, nullptr)); }, 0, 1},
+    {"CFBundleCopyResourceURL_folder", STRING, [](Any r) { return made(CFBundleCopyResourceURL(live->bundle, CFSTR("Info"), CFSTR("plist"), r)); }, 0, 1},
+    {"CFBundleCopyBuiltInPlugInsURL", BUNDLE, [](Any r) { return made(CFBundleCopyBuiltInPlugInsURL(r)); }},
+    {"CFPlugInCreate", URL, [](Any r) { return made(CFPlugInCreate(nullptr, r)); }},
+    {"CFPlugInFindFactoriesForPlugInTypeInPlugIn_type", UUID, [](Any r) { return made(CFPlugInFindFactoriesForPlugInTypeInPlugIn(r, live->bundle)); }},
+    {"CFPlugInFindFactoriesForPlugInTypeInPlugIn_plugIn", BUNDLE, [](Any r) { return made(CFPlugInFindFactoriesForPlugInTypeInPlugIn(live->type, r)); }},
+    {"CFPlugInInstanceCreate_allocator", ALLOCATOR, [](Any r) { return CFPlugInInstanceCreate(r, live->factory, live->type) != nullptr; }},
+    {"CFPlugInInstanceCreate_factory", UUID, [](Any r) { return CFPlugInInstanceCreate(nullptr, r, live->type) != nullptr; }},
+    {"CFPlugInInstanceCreate_type", UUID, [](Any r) { return CFPlugInInstanceCreate(nullptr, live->factory, r) != nullptr; }},
+    {"CFPlugInRemoveInstanceForFactory", UUID, [](Any r) { CFPlugInRemoveInstanceForFactory(r); return 0; }},
 
     // Memory and resources.
-    {"DisposePtr",                    POINTER, [](const void* r) { DisposePtr(as<Ptr>(r)); return 0L; }, 0, 0},
-    {"GetHandleSize",                 RESOURCE, [](const void* r) { return long(GetHandleSize(as<Handle>(r))); }, 0, 0},
-    {"HLock",                         RESOURCE, [](const void* r) { HLock(as<Handle>(r)); return 0L; }, 0, 0},
-    {"HUnlock",                       RESOURCE, [](const void* r) { HUnlock(as<Handle>(r)); return 0L; }, 0, 0},
-    {"ReleaseResource",               RESOURCE, [](const void* r) { ReleaseResource(as<Handle>(r)); return 0L; }, 0, 0},
-    {"ChangedResource",               RESOURCE, [](const void* r) { ChangedResource(as<Handle>(r)); return 0L; }, 0, 0},
-    {"FSOpenResourceFile",            NO_KIND, resourceFileAt, errFSBadFSRef, errFSBadFSRef},
+    {"DisposePtr", POINTER, [](Any r) { DisposePtr(r); return 0; }},
+    {"GetHandleSize", RESOURCE, [](Any r) { return GetHandleSize(r); }},
+    {"HLock", RESOURCE, [](Any r) { HLock(r); return 0; }},
+    {"HUnlock", RESOURCE, [](Any r) { HUnlock(r); return 0; }},
+    {"ReleaseResource", RESOURCE, [](Any r) { ReleaseResource(r); return 0; }},
+    {"ChangedResource", RESOURCE, [](Any r) { ChangedResource(r); return 0; }},
+    {"FSOpenResourceFile", NO_KIND, resourceFileAt, errFSBadFSRef},
 
     // Text encodings.
-    {"ConvertFromTextToUnicode",      TO_UNICODE, toUnicodeWith, kTECCorruptConverterErr, paramErr},
-    {"ConvertFromUnicodeToText",      TO_TEXT, toTextWith, kTECCorruptConverterErr, paramErr},
+    {"ConvertFromTextToUnicode", TO_UNICODE, toUnicodeWith, kTECCorruptConverterErr, paramErr},
+    {"ConvertFromUnicodeToText", TO_TEXT, toTextWith, kTECCorruptConverterErr, paramErr},
 };
 // clang-format on
 
@@ -425,12 +410,11 @@ private:
         m_live->becomeMainBundle();  // or the dead one's folder would be kept
         runWhile(dead.window.ref, [&dead] { Toolbox::sendWindowCommand(dead.window.window(), kHICommandOK); });
         EXPECT_NE(event, nullptr);
-        const std::vector<Reference> references = dead.references("dead");
-        for (Reference each : references) {
+        for (Reference each : dead.references("dead")) {
             each.kind = each.kind & (TO_UNICODE | TO_TEXT);  // converters do not die
             m_wrong.push_back(each);
         }
-        m_wrong.push_back({"dead event", NO_KIND, valueOf(event)});
+        m_wrong.push_back({"dead event", NO_KIND, event});
     }
 
     void addForeign()
@@ -439,7 +423,7 @@ private:
         for (const std::uintptr_t address : {std::uintptr_t(1), std::uintptr_t(8), ~std::uintptr_t(15)})
             m_wrong.push_back({"address " + std::to_string(address), NO_KIND, reinterpret_cast<const void*>(address)});
         m_wrong.push_back({"a variable", NO_KIND, &variable});
-        m_wrong.push_back({"a function", NO_KIND, valueOf(&keepEvent)});
+        m_wrong.push_back({"a function", NO_KIND, reinterpret_cast<const void*>(&keepEvent)});
         m_wrong.push_back({"an object of the test", NO_KIND, this});
     }
 
@@ -459,19 +443,18 @@ TEST_P(WrongReferences, AreRefusedAndChangeNothing)
 {
     const Function& function = GetParam();
     const std::map<std::string, std::size_t> before = mortalObjects();
-    EXPECT_EQ(function.call(nullptr), function.resultForNull) << "null";
+    EXPECT_EQ(function.call({nullptr}), function.resultForNull.value_or(function.result)) << "null";
     EXPECT_EQ(mortalObjects(), before) << "null";
     for (const Reference& each : wrong()) {
         if ((each.kind & function.takes) != 0)
             continue;
-        EXPECT_EQ(function.call(each.value), function.result) << each.name;
+        EXPECT_EQ(function.call({each.value}), function.result) << each.name;
         EXPECT_EQ(mortalObjects(), before) << each.name;
     }
     EXPECT_TRUE(live->window.window().visible);
     EXPECT_EQ(GetControl32BitValue(live->popUp), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Functions, WrongReferences, testing::ValuesIn(FUNCTIONS), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Functions, WrongReferences, testing::ValuesIn(FUNCTIONS), RowName());
 
 }  // namespace
