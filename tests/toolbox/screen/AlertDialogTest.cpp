@@ -26,16 +26,6 @@ Alert cancelIsDefault()
     return alert;
 }
 
-Alert oneButton()
-{
-    Alert alert;
-    alert.type = kAlertNoteAlert;
-    alert.text = QStringLiteral("Done.");
-    alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
-    alert.defaultButton = 1;
-    return alert;
-}
-
 // ---- What is done in it
 
 struct SessionCase {
@@ -240,26 +230,15 @@ TEST_F(AlertOnScreen, HasItsItemsWhereItsResourcesSay)
 
 struct UnusableCase {
     const char* name;
-    void (*spoil)(Alert&);
+    Rect button;
+    Rect alert;
 };
 
 const UnusableCase UNUSABLE_CASES[] = {
-    {"ButtonOutside",
-        [](Alert& alert) {
-            alert.buttons[0].bounds = {400, 230, 420, 300};
-        }},
-    {"ButtonHalfOutside",
-        [](Alert& alert) {
-            alert.buttons[0].bounds = {90, 300, 110, 370};
-        }},
-    {"ButtonWithoutSize",
-        [](Alert& alert) {
-            alert.buttons[0].bounds = {90, 230, 90, 230};
-        }},
-    {"AlertLargerThanTheScreen",
-        [](Alert& alert) {
-            alert.layout->bounds = {-32768, -32768, 32767, 32767};
-        }},
+    {"ButtonOutside", {400, 230, 420, 300}, {40, 40, 160, 360}},
+    {"ButtonHalfOutside", {90, 300, 110, 370}, {40, 40, 160, 360}},
+    {"ButtonWithoutSize", {90, 230, 90, 230}, {40, 40, 160, 360}},
+    {"AlertLargerThanTheScreen", {90, 230, 110, 300}, {-32768, -32768, 32767, 32767}},
 };
 
 class UnusableLayout : public AlertOnScreen, public testing::WithParamInterface<UnusableCase> { };
@@ -267,7 +246,8 @@ class UnusableLayout : public AlertOnScreen, public testing::WithParamInterface<
 TEST_P(UnusableLayout, GivesWayToThatOfStandardAlerts)
 {
     Alert alert = fromResources();
-    GetParam().spoil(alert);
+    alert.buttons[0].bounds = GetParam().button;
+    alert.layout->bounds = GetParam().alert;
     lookAt(alert, [](QDialog& shown) {
         const QRect ok = buttonPlace(shown, "OK");
         const QRect cancel = buttonPlace(shown, "Cancel");

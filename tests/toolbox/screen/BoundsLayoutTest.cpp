@@ -109,8 +109,7 @@ protected:
 
 TEST_P(EverySize, LeavesAWindowWhole)
 {
-    Dialog dialog;
-    lookAt(dialog, [](QDialog& shown) { look(shown, "window"); });
+    lookAt([](QDialog& shown) { look(shown, "window"); });
 }
 
 TEST_P(EverySize, LeavesAStandardAlertWhole)

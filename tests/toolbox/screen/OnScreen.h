@@ -30,6 +30,13 @@ inline std::string runWith(Dialog& dialog, const std::vector<Person::Act>& acts)
     return dialog.run();
 }
 
+/// The same with a dialog of its own.
+inline std::string runWith(const std::vector<Person::Act>& acts)
+{
+    Dialog dialog;
+    return runWith(dialog, acts);
+}
+
 /// The same of an alert; gives the number of the button that was pressed.
 inline SInt16 runWith(const Toolbox::Alert& alert, const std::vector<Person::Act>& acts)
 {
@@ -41,6 +48,13 @@ inline SInt16 runWith(const Toolbox::Alert& alert, const std::vector<Person::Act
 inline void lookAt(Dialog& dialog, const Person::Act& look)
 {
     EXPECT_EQ(runWith(dialog, {look, press(Qt::Key_Escape)}), "ended: cancel");
+}
+
+/// The same with a dialog of its own.
+inline void lookAt(const Person::Act& look)
+{
+    Dialog dialog;
+    lookAt(dialog, look);
 }
 
 /// Looks at `alert`, and presses its default button.
@@ -59,6 +73,17 @@ inline QRect placeOf(const QWidget& widget)
 inline QRect buttonPlace(const QDialog& shown, const char* title)
 {
     return placeOf(titled<QPushButton>(shown, title));
+}
+
+/// A note with a text and one button.
+inline Toolbox::Alert oneButton()
+{
+    Toolbox::Alert alert;
+    alert.type = kAlertNoteAlert;
+    alert.text = QStringLiteral("Done.");
+    alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
+    alert.defaultButton = 1;
+    return alert;
 }
 
 /// An alert with the four buttons that a standard one can have.
