@@ -27,7 +27,7 @@ inline String stringOf(const Bytes& bytes)
     if (!bytes)
         return String();
     String text("");
-    for (unsigned i = 0; i < bytes->size(); ++i)
+    for (unsigned i = static_cast<unsigned>(bytes->size()); i-- > 0;)  // the last one makes room for all
         text[i] = (*bytes)[i];
     return text;
 }

@@ -7,27 +7,31 @@ using namespace std::string_view_literals;
 
 namespace {
 
+// Arg on either side, of a text and of what the model makes a text of.
+const auto arg = [](const String& text, const auto&... arguments) { return text.Arg(arguments...); };
+template <typename Form> auto argModel(Form form)
+{
+    return [form](const reference::Text& text, const auto& argument, const auto&...) {
+        return reference::arg(text, form(argument));
+    };
+}
+
 void checkArg(const Twin& text, const Twin& argument)
 {
-    ASSERT_TRUE(agrees(text.string.Arg(argument.string), reference::arg(text.text, argument.text), {text, argument}))
-        << call(text, "Arg", argument);
     const char* const pointer = argument.string.IsNull() ? nullptr : argument.string.Latin1();
-    ASSERT_TRUE(
-        agrees(text.string.Arg(pointer), reference::arg(text.text, reference::fromCString(pointer)), {text, argument}))
-        << call(text, "Arg", pointer) << " of a C string";
+    expectSame("Arg", arg, reference::arg, text, argument);
+    expectSame("Arg", arg, argModel([](const char* a) { return reference::fromCString(a); }), text, pointer);
 }
 
 void checkArgOfCharacter(const Twin& text)
 {
+    const auto model = argModel([](char c) { return reference::newText(std::string(1, c)); });
     for (const char c : "a%1\xE9\0"sv) {
-        const reference::Text expected = reference::arg(text.text, reference::newText(std::string(1, c)));
-        ASSERT_TRUE(agrees(text.string.Arg(c), expected, {text})) << call(text, "Arg", c);
-        ASSERT_TRUE(agrees(text.string.Arg(Char(c)), expected, {text})) << call(text, "Arg", c) << " of a Char";
+        expectSame("Arg", arg, model, text, c);
+        expectSame("Arg", arg, model, text, Char(c));
     }
-    for (const bool b : {false, true}) {
-        const reference::Text expected = reference::arg(text.text, reference::newText(b ? "true" : "false"));
-        ASSERT_TRUE(agrees(text.string.Arg(b), expected, {text})) << call(text, "Arg", b);
-    }
+    for (const bool b : {false, true})
+        expectSame("Arg", arg, argModel([](bool a) { return reference::newText(a ? "true" : "false"); }), text, b);
 }
 
 const TextOperation TEXT_OPERATIONS[] = {
@@ -45,17 +49,14 @@ INSTANTIATE_TEST_SUITE_P(Arguments, PairProperty, testing::ValuesIn(PAIR_OPERATI
 void checkIntegers(const Twin& text, std::uint64_t bits, unsigned base)
 {
     forEachInteger(bits, base, reference::argument, [&](auto n, const std::string& digits) {
-        ASSERT_TRUE(agrees(text.string.Arg(n, base), reference::arg(text.text, reference::newText(digits)), {text}))
-            << call(text, "Arg", n, base) << " of " << 8 * sizeof n << " bits";
+        expectSame("Arg", arg, argModel([&](auto) { return reference::newText(digits); }), text, n, base);
     });
 }
 
 void checkFloatingPoint(const Twin& text, double value, unsigned precision, char format)
 {
     forEachFloat(value, precision, format, [&](auto n, const std::string& digits) {
-        const reference::Text expected = reference::arg(text.text, reference::newText(digits));
-        ASSERT_TRUE(agrees(text.string.Arg(n, precision, format), expected, {text}))
-            << call(text, "Arg", n, precision, format) << " of " << 8 * sizeof n << " bits";
+        expectSame("Arg", arg, argModel([&](auto) { return reference::newText(digits); }), text, n, precision, format);
     });
 }
 

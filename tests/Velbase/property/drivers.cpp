@@ -70,14 +70,23 @@ std::vector<Twin> shortTexts(std::string_view letters, unsigned maxLength)
     return texts;
 }
 
-std::vector<unsigned> positions(unsigned length)
+std::vector<unsigned> positions(const Twin& text)
 {
+    const unsigned length = reference::length(text.text);
     std::vector<unsigned> all;
     for (unsigned position = 0; position <= length + 1; ++position) {
         if (length <= 10 || position <= 2 || position + 2 >= length)
             all.push_back(position);
     }
     all.insert(all.end(), {0x7FFFFFFF, 0x80000000, 0xFFFFFFFE, 0xFFFFFFFF});
+    return all;
+}
+
+std::vector<checked_uint> optionalPositions(const Twin& text)
+{
+    std::vector<checked_uint> all = {checked_uint()};
+    for (const unsigned position : positions(text))
+        all.push_back(position);
     return all;
 }
 

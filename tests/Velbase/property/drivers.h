@@ -48,8 +48,11 @@ private:
 /// A null string and every text of at most `maxLength` of `letters`, the shortest first.
 std::vector<Twin> shortTexts(std::string_view letters, unsigned maxLength);
 
-/// Every position in a text of `length` bytes, or those at both ends of a longer one; both that follow; the extremes.
-std::vector<unsigned> positions(unsigned length);
+/// Every position in `text`, or those at both ends of a long one; both that follow; the extremes.
+std::vector<unsigned> positions(const Twin& text);
+
+/// The same after none.
+std::vector<checked_uint> optionalPositions(const Twin& text);
 
 /// An operation on a text alone.
 struct TextOperation {

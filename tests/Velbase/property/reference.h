@@ -7,7 +7,10 @@
 #ifndef TESTS_VELBASE_PROPERTY_REFERENCE_H
 #define TESTS_VELBASE_PROPERTY_REFERENCE_H
 
+#include <algorithm>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,104 +26,497 @@ typedef std::optional<std::uint32_t> Position;
 // ---- Texts
 
 /// `bytes` in a new buffer.
-Text newText(const std::string& bytes);
+inline Text newText(const std::string& bytes)
+{
+    return std::make_shared<std::string>(bytes);
+}
 
 /// The bytes of `text`, none for a null one.
-std::string bytes(const Text& text);
+inline std::string bytes(const Text& text)
+{
+    return text == nullptr ? std::string() : *text;
+}
 
 /// The bytes of `text` up to its first zero byte.
-std::string cString(const Text& text);
+inline std::string cString(const Text& text)
+{
+    return bytes(text).c_str();
+}
 
 /// The bytes up to the zero byte, at most `maxLength` of them; null for a null pointer.
-Text fromCString(const char* text, std::uint32_t maxLength = 0xFFFFFFFF);
+inline Text fromCString(const char* text, std::uint32_t maxLength = 0xFFFFFFFF)
+{
+    if (text == nullptr)
+        return nullptr;
+    std::string taken;
+    while (taken.size() < maxLength && text[taken.size()] != '\0')
+        taken += text[taken.size()];
+    return newText(taken);
+}
 
-std::uint32_t length(const Text& text);
+inline std::uint32_t length(const Text& text)
+{
+    return static_cast<std::uint32_t>(bytes(text).size());
+}
 
 /// The byte at `index`, 0 past the end.
-char at(const Text& text, std::uint32_t index);
+inline char at(const Text& text, std::uint32_t index)
+{
+    return index < length(text) ? (*text)[index] : '\0';
+}
 
 // ---- Characters
 
-bool isSpace(char c);
-bool isDigit(char c);
-char toLower(char c);
-char toUpper(char c);
+inline int unsignedByte(char c)
+{
+    return static_cast<unsigned char>(c);
+}
+
+inline bool isSpace(char c)
+{
+    const int code = unsignedByte(c);
+    return (code >= 0x09 && code <= 0x0D) || code == 0x20 || code == 0xA0;
+}
+
+inline bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+inline char lowerOf(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
+}
+
+inline char upperOf(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 0x20) : c;
+}
+
+inline std::string mapped(std::string text, char (*map)(char))
+{
+    std::transform(text.begin(), text.end(), text.begin(), map);
+    return text;
+}
+
+// ---- Pieces
+
+inline Text left(const Text& text, std::uint32_t count)
+{
+    if (text == nullptr)
+        return nullptr;
+    return newText(text->substr(0, count));
+}
+
+inline Text right(const Text& text, std::uint32_t count)
+{
+    if (text == nullptr)
+        return nullptr;
+    return newText(text->substr(length(text) - std::min(count, length(text))));
+}
+
+inline Text mid(const Text& text, std::uint32_t start, const Position& count = Position())
+{
+    if (start >= length(text))
+        return nullptr;
+    return newText(text->substr(start, count.value_or(length(text))));
+}
+
+// ---- Changes: what the text becomes. The same pointer when it keeps its buffer.
+
+inline Text append(const Text& text, const Text& tail)
+{
+    if (length(tail) == 0)
+        return text;
+    if (length(text) == 0)
+        return tail;
+    return newText(*text + *tail);
+}
+
+inline Text insert(const Text& text, std::uint32_t position, const Text& inserted)
+{
+    return append(append(left(text, position), inserted), mid(text, position));
+}
+
+inline Text remove(const Text& text, std::uint32_t start, const Position& count)
+{
+    const std::uint32_t removed = count.value_or(length(text));
+    if (start >= length(text) || removed == 0)
+        return text;
+    const std::uint32_t end = start + removed;
+    if (end < length(text))
+        return append(left(text, start), right(text, length(text) - end));
+    return left(text, start);
+}
+
+inline Text truncate(const Text& text, std::uint32_t newLength)
+{
+    return newLength >= length(text) ? text : left(text, newLength);
+}
+
+inline Text detachAndExtend(const Text& text, std::uint32_t index)
+{
+    std::string extended = bytes(text);
+    if (index >= extended.size())
+        extended.resize(index + std::size_t(1), '\0');
+    return newText(extended);
+}
+
+/// In place if `text` is the only pointer to its buffer and has such a position.
+inline Text write(const Text& text, std::uint32_t index, char c)
+{
+    const bool inPlace = text.use_count() == 1 && index < length(text);
+    const Text written = inPlace ? text : detachAndExtend(text, index);
+    (*written)[index] = c;
+    return written;
+}
 
 // ---- Comparison and search
 
 /// Less than, equal to or greater than 0, as the C strings `a` and `b` compare with their bytes read as unsigned.
-int compare(const std::string& a, const std::string& b);
+inline int compare(const std::string& a, const std::string& b)
+{
+    std::size_t i = 0;
+    while (a.c_str()[i] != '\0' && a.c_str()[i] == b.c_str()[i])
+        ++i;
+    return unsignedByte(a.c_str()[i]) - unsignedByte(b.c_str()[i]);
+}
 
-Position find(const Text& text, char c, std::uint32_t from, bool caseSensitive);
-Position find(const Text& text, const std::string& needle, std::uint32_t from, bool caseSensitive);
-Position findRev(const Text& text, char c, const Position& from, bool caseSensitive);
-bool beginsWith(const Text& text, const Text& other, bool caseSensitive);
-bool endsWith(const Text& text, const Text& other, bool caseSensitive);
+inline Position find(const Text& text, char c, std::uint32_t from, bool caseSensitive)
+{
+    for (std::uint32_t i = from; i < length(text); ++i) {
+        if (caseSensitive ? (*text)[i] == c : lowerOf((*text)[i]) == lowerOf(c))
+            return i;
+    }
+    return std::nullopt;
+}
 
-// ---- Pieces
+inline Position find(const Text& text, const std::string& needle, std::uint32_t from, bool caseSensitive)
+{
+    if (from >= length(text))
+        return std::nullopt;
+    // The lowered copy ends at the text's first zero byte; from there on there is nothing to find but an empty needle.
+    const std::string searched = caseSensitive ? *text : mapped(cString(text), lowerOf);
+    const std::string rest = from < searched.size() ? searched.substr(from).c_str() : std::string();
+    const std::string sought = caseSensitive ? needle.c_str() : mapped(needle.c_str(), lowerOf);
+    const std::size_t hit = rest.find(sought);
+    if (hit == std::string::npos)
+        return std::nullopt;
+    return static_cast<std::uint32_t>(from + hit);
+}
 
-Text left(const Text& text, std::uint32_t count);
-Text right(const Text& text, std::uint32_t count);
-Text mid(const Text& text, std::uint32_t start, const Position& count = Position());
-
-// ---- Changes: what the text becomes. The same pointer when it keeps its buffer.
-
-Text append(const Text& text, const Text& tail);
-Text insert(const Text& text, std::uint32_t position, const Text& inserted);
-Text remove(const Text& text, std::uint32_t start, const Position& count);
-Text truncate(const Text& text, std::uint32_t length);
-Text detachAndExtend(const Text& text, std::uint32_t index);
-
-/// In place if `text` is the only pointer to its buffer and has such a position.
-Text write(const Text& text, std::uint32_t index, char c);
+inline Position findRev(const Text& text, char c, const Position& from, bool caseSensitive)
+{
+    if (length(text) == 0)
+        return std::nullopt;
+    const std::uint32_t start = from.value_or(length(text) - 1);
+    if (start >= length(text))
+        return std::nullopt;
+    for (std::uint32_t i = start + 1; i-- > 0;) {
+        if (caseSensitive ? (*text)[i] == c : lowerOf((*text)[i]) == lowerOf(c))
+            return i;
+    }
+    return std::nullopt;
+}
 
 // ---- Changed copies
 
-Text replace(const Text& text, const Text& pattern, const Text& replacement);
-Text replaceChar(const Text& text, char from, char to);
-Text toUpper(const Text& text);
-Text toLower(const Text& text);
-Text stripWhiteSpace(const Text& text);
-Text simplifyWhiteSpace(const Text& text);
+inline Text replace(const Text& text, const Text& pattern, const Text& replacement)
+{
+    if (text == nullptr)
+        return nullptr;
+    if (text->empty())
+        return newText("");
+    if (length(pattern) == 0)
+        return text;
+    Text result;
+    std::uint32_t i = 0;
+    while (i < length(text)) {
+        // For a pattern longer than the text and one more, this bound wraps and every position is tried.
+        const bool tried = i < length(text) - length(pattern) + 1;
+        if (tried && compare(bytes(mid(text, i, length(pattern))), bytes(pattern)) == 0) {
+            result = append(result, replacement);
+            i += length(pattern);
+        } else {
+            result = append(result, newText(std::string(1, (*text)[i])));
+            ++i;
+        }
+    }
+    return result;
+}
+
+inline Text replaceChar(const Text& text, char from, char to)
+{
+    std::string result = cString(text);
+    for (char& c : result)
+        c = c == from ? to : c;
+    return newText(result);
+}
+
+inline Text toUpper(const Text& text)
+{
+    return length(text) == 0 ? text : newText(mapped(cString(text), upperOf));
+}
+
+inline Text toLower(const Text& text)
+{
+    return text == nullptr ? nullptr : newText(mapped(cString(text), lowerOf));
+}
+
+inline Text stripWhiteSpace(const Text& text)
+{
+    if (length(text) == 0 || (!isSpace(text->front()) && !isSpace(text->back())))
+        return text;
+    std::string stripped = *text;
+    while (!stripped.empty() && isSpace(stripped.front()))
+        stripped.erase(0, 1);
+    while (!stripped.empty() && isSpace(stripped.back()))
+        stripped.pop_back();
+    return newText(stripped);
+}
+
+inline Text simplifyWhiteSpace(const Text& text)
+{
+    if (length(text) == 0)
+        return text;
+    std::string simplified;
+    bool spaceIsDue = false;
+    for (const char c : *text) {
+        if (isSpace(c)) {
+            spaceIsDue = !simplified.empty();
+            continue;
+        }
+        if (spaceIsDue)
+            simplified += ' ';
+        spaceIsDue = false;
+        simplified += c;
+    }
+    return newText(simplified);
+}
+
+// ---- What a text begins and ends with
+
+inline bool isPiece(const Text& piece, const Text& other, bool caseSensitive)
+{
+    if (caseSensitive)
+        return compare(bytes(piece), bytes(other)) == 0;
+    return compare(bytes(toLower(piece)), bytes(toLower(other))) == 0;
+}
+
+inline bool beginsWith(const Text& text, const Text& other, bool caseSensitive)
+{
+    return length(text) >= length(other) && isPiece(left(text, length(other)), other, caseSensitive);
+}
+
+inline bool endsWith(const Text& text, const Text& other, bool caseSensitive)
+{
+    return length(text) >= length(other) && isPiece(right(text, length(other)), other, caseSensitive);
+}
 
 // ---- Lists
 
-std::vector<Text> split(const Text& text, char separator);
-Text join(const Text& separator, const std::vector<Text>& parts);
+inline std::vector<Text> split(const Text& text, char separator)
+{
+    std::vector<std::uint32_t> separators;
+    for (Position p = find(text, separator, 0, true); p; p = find(text, separator, *p + 1, true))
+        separators.push_back(*p);
+    if (separators.empty())
+        return {text};
+    std::vector<Text> fields = {left(text, separators.front())};
+    for (std::size_t i = 0; i + 1 < separators.size(); ++i)
+        fields.push_back(mid(text, separators[i] + 1, separators[i + 1] - separators[i] - 1));
+    fields.push_back(mid(text, separators.back() + 1));
+    return fields;
+}
+
+inline Text join(const Text& separator, const std::vector<Text>& parts)
+{
+    Text result;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        result = append(result, parts[i]);
+        if (i + 1 < parts.size())
+            result = append(result, separator);
+    }
+    return result;
+}
 
 // ---- Numbers from text
 
-bool checkCharInBase(char c, std::uint32_t base);
+/// The low 8 bits, read as a signed number.
+inline int signedByte(std::uint32_t word)
+{
+    return static_cast<signed char>(word);
+}
+
+inline bool checkCharInBase(char c, std::uint32_t base)
+{
+    if (base <= 10)
+        return isDigit(c) && static_cast<std::uint32_t>(c - '0') < base;
+    if (isDigit(c))
+        return true;
+    const int code = signedByte(static_cast<std::uint32_t>(unsignedByte(c)));
+    const int lowerLimit = signedByte(base + 87);
+    const int upperLimit = signedByte(base + 55);
+    if (code >= 0x61)
+        return code < lowerLimit || code < upperLimit;
+    return code >= 0x41 && code < upperLimit;
+}
+
+/// The value of a character that checkCharInBase accepts.
+inline std::uint32_t digitValue(char c)
+{
+    const int code = signedByte(static_cast<std::uint32_t>(unsignedByte(c)));
+    if (isDigit(c))
+        return static_cast<std::uint32_t>(code - 48);
+    return static_cast<std::uint32_t>(code >= 97 && code <= 122 ? code - 87 : code - 55);
+}
+
+inline std::uint64_t largest(unsigned bits)
+{
+    return bits == 64 ? UINT64_MAX : (UINT64_C(1) << bits) - 1;
+}
+
+/// The digits from `position` on, which is moved behind them; no value when they are too many for `bits` bits.
+inline std::optional<std::uint64_t> scan(
+    const std::string& text, std::size_t& position, std::uint32_t base, unsigned bits)
+{
+    const std::uint64_t limit = largest(bits) / base;
+    const std::uint64_t last = largest(bits) % base;
+    std::uint64_t accumulator = 0;
+    while (position < text.size() && checkCharInBase(text[position], base)) {
+        const std::uint32_t digit = digitValue(text[position]);
+        if (accumulator > limit || (accumulator == limit && digit > last))
+            return std::nullopt;
+        // In bases above 36 a digit can be larger than the base, and the sum too large for the type: it wraps.
+        accumulator = (accumulator * base + digit) & largest(bits);
+        ++position;
+    }
+    return accumulator;
+}
+
+inline void skipSpace(const std::string& text, std::size_t& position)
+{
+    while (position < text.size() && isSpace(text[position]))
+        ++position;
+}
+
+/// White space, one of `signs`, digits, white space; the sign that was there in `*sign`.
+inline std::optional<std::uint64_t> parse(
+    const Text& text, std::uint32_t base, unsigned bits, const std::string& signs, char* sign)
+{
+    const std::string all = bytes(text);
+    std::size_t position = 0;
+    skipSpace(all, position);
+    *sign = '+';
+    if (position < all.size() && signs.find(all[position]) != std::string::npos)
+        *sign = all[position++];
+    if (position == all.size() || !checkCharInBase(all[position], base))
+        return std::nullopt;
+    const std::optional<std::uint64_t> magnitude = scan(all, position, base, bits);
+    skipSpace(all, position);
+    return position == all.size() ? magnitude : std::nullopt;
+}
 
 /// The number that the whole text is, for an unsigned type of 16, 32 or 64 bits; no value if it is none.
-std::optional<std::uint64_t> parseUnsigned(const Text& text, std::uint32_t base, unsigned bits);
+inline std::optional<std::uint64_t> parseUnsigned(const Text& text, std::uint32_t base, unsigned bits)
+{
+    char sign;
+    return parse(text, base, bits, "+", &sign);
+}
 
 /// The same for a signed type.
-std::optional<std::int64_t> parseSigned(const Text& text, std::uint32_t base, unsigned bits);
+inline std::optional<std::int64_t> parseSigned(const Text& text, std::uint32_t base, unsigned bits)
+{
+    char sign;
+    const std::optional<std::uint64_t> magnitude = parse(text, base, bits, "+-", &sign);
+    // The largest magnitude that each sign allows is made in 32 bits, whatever the type's width.
+    const std::uint64_t positiveLimit = bits == 16 ? 32767 : bits == 32 ? 2147483647 : 4294967295;
+    const std::uint64_t negativeLimit = bits == 16 ? 4294934528 : bits == 32 ? 2147483648 : 0;
+    if (!magnitude || *magnitude > (sign == '-' ? negativeLimit : positiveLimit))
+        return std::nullopt;
+    // The 32 bits, or the 16 that are kept of them, of the number or its negative, read as signed.
+    const std::uint64_t modulus = bits == 16 ? UINT64_C(1) << 16 : UINT64_C(1) << 32;
+    const std::uint64_t kept = (sign == '-' ? modulus - *magnitude : *magnitude) % modulus;
+    return static_cast<std::int64_t>(kept) - static_cast<std::int64_t>(kept < modulus / 2 ? 0 : modulus);
+}
 
 /// The same for a double, in a locale whose decimal point is ".".
-std::optional<double> parseDouble(const Text& text);
+inline std::optional<double> parseDouble(const Text& text)
+{
+    const std::string number = cString(replaceChar(stripWhiteSpace(text), ',', '.'));
+    char* end = nullptr;
+    const double value = std::strtod(number.c_str(), &end);
+    if (length(text) == 0 || end - number.c_str() != static_cast<std::ptrdiff_t>(length(text)))
+        return std::nullopt;
+    return value;
+}
 
 // ---- Text from numbers
 
 /// The digits of `n` in `base`, which counts as 10 outside 2 to 36.
-std::string formatUnsigned(std::uint64_t n, std::uint32_t base);
+inline std::string formatUnsigned(std::uint64_t n, std::uint32_t base)
+{
+    const std::uint32_t used = base < 2 || base > 36 ? 10 : base;
+    std::string digits;
+    do {
+        digits.insert(digits.begin(), "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"[n % used]);
+        n /= used;
+    } while (n != 0);
+    return digits;
+}
 
 /// "-" if `n` is negative and the digits of its magnitude.
-std::string formatSigned(std::int64_t n, std::uint32_t base);
+inline std::string formatSigned(std::int64_t n, std::uint32_t base)
+{
+    const std::uint64_t sameBits = static_cast<std::uint64_t>(n);
+    return n < 0 ? "-" + formatUnsigned(0 - sameBits, base) : formatUnsigned(sameBits, base);
+}
 
 /// Base 16, or decimal in every other base.
-std::string formatUnsigned64(std::uint64_t n, std::uint32_t base);
-std::string formatSigned64(std::int64_t n, std::uint32_t base);
+inline std::string formatUnsigned64(std::uint64_t n, std::uint32_t base)
+{
+    return formatUnsigned(n, base == 16 ? 16 : 10);
+}
 
-std::string formatFloat(double value, const Position& precision, char format);
+inline std::string formatSigned64(std::int64_t n, std::uint32_t base)
+{
+    return base == 16 ? formatUnsigned(static_cast<std::uint64_t>(n), 16) : formatSigned(n, 10);
+}
+
+inline std::string formatFloat(double value, const Position& precision, char format)
+{
+    const char conversion = std::string("fFeEgG").find(format) == std::string::npos ? 'f' : format;
+    std::string whole = "%";
+    if (precision)
+        whole += "." + std::to_string(std::min<std::uint32_t>(*precision, 99));
+    whole += conversion;
+    char text[1024];
+    std::snprintf(text, sizeof text, whole.c_str(), value);
+    return text;
+}
 
 // ---- Templates
 
-Text arg(const Text& text, const Text& a);
+inline Text arg(const Text& text, const Text& a)
+{
+    for (char number = '0'; number <= '9'; ++number) {
+        const std::size_t place = bytes(text).find(std::string("%") + number);
+        if (place == std::string::npos)
+            continue;
+        const std::uint32_t p = static_cast<std::uint32_t>(place);
+        return append(append(left(text, p), a), mid(text, p + 2));
+    }
+    return append(text, a);
+}
 
 /// What is filled in for an integer of at most 32 bits, or a long: as formatSigned, but for base 16.
-std::string argument(std::int64_t n, std::uint32_t base);
+inline std::string argument(std::int64_t n, std::uint32_t base)
+{
+    if (base != 16)
+        return formatSigned(n, base);
+    const bool fits32Bits = n >= INT32_MIN && n <= INT32_MAX;
+    return formatUnsigned(fits32Bits ? static_cast<std::uint32_t>(n) : static_cast<std::uint64_t>(n), 16);
+}
 
 }  // namespace reference
 
