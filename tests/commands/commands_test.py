@@ -306,11 +306,6 @@ class Test(CommandTest):
         self.assertIn("There is no lane 'relase'. The lanes are: release", result.stderr)
         self.assertEqual(self.logged(), [])
 
-    def test_it_tells_its_usage_and_does_nothing(self):
-        result = self.call(self.checkout / "test", "--help")
-        self.assertEqual((result.returncode, result.stderr), (0, ""))
-        self.assertIn("The lanes are: release", result.stdout)
-        self.assertEqual(self.logged(), [])
 
 
 class CheckText(unittest.TestCase):
@@ -398,7 +393,3 @@ class Usage(unittest.TestCase):
         result = self.call("scripts/try-packages", "none")
         self.assertEqual((result.returncode, result.stdout), (1, ""))
         self.assertEqual(result.stderr, "Not as it should be: this takes no arguments\n")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -9,7 +9,6 @@
 #include <Carbon/CarbonEvents.h>
 #include <Toolbox/CallReport.h>
 #include <Toolbox/Displays.h>
-#include <Toolbox/LiveObjects.h>
 #include <Toolbox/Trace.h>
 
 #include <gtest/gtest.h>
@@ -17,7 +16,6 @@
 #include <filesystem>
 #include <functional>
 #include <iterator>
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -98,34 +96,6 @@ TEST_F(Faults, LoadingTheExternalLeavesNoFileOpen)
     EXPECT_EQ(openFiles(), before);
 }
 
-// ---- The nib, between two calls
-
-TEST_F(Faults, NibThatGoesWhenItWasFoundIsDrawnAllTheSame)
-{
-    after("CreateNibReference", [this] { fs::remove_all(nib); });
-    EXPECT_EQ(call(CHOOSE_GERMAN), GERMAN);
-    EXPECT_FALSE(fs::exists(nib));
-    EXPECT_EQ(lastAlert(), "");
-
-    EXPECT_EQ(call(CHOOSE_GERMAN), UNTOUCHED) << "it is looked for at every call";
-    EXPECT_EQ(lastAlert(), "Can't find Nib Reference");
-}
-
-TEST_F(Faults, NibThatIsSpoiledWhenItWasFoundIsDrawnAsItWas)
-{
-    after("CreateNibReference", [this] { folder.write((nib / "objects.xib").string(), "<object"); });
-    EXPECT_EQ(call(CHOOSE_GERMAN), GERMAN);
-    EXPECT_EQ(call(CHOOSE_GERMAN), UNTOUCHED);
-    EXPECT_EQ(lastAlert(), "Can't create windows from Nib");
-}
-
-TEST_F(Faults, NibThatGoesBeforeItIsLookedForIsMissed)
-{
-    after("GetResource", [this] { fs::remove_all(nib); });
-    EXPECT_EQ(call(CHOOSE_GERMAN), UNTOUCHED);
-    EXPECT_EQ(lastAlert(), "Can't find Nib Reference");
-}
-
 TEST_F(Faults, ApplicationThatGoesWhenTheWindowIsMadeIsNoLongerNeeded)
 {
     after("CreateWindowFromNib", [this] { fs::remove_all(app); });
@@ -133,14 +103,6 @@ TEST_F(Faults, ApplicationThatGoesWhenTheWindowIsMadeIsNoLongerNeeded)
 }
 
 // ---- What a failed modal loop leaves behind
-
-// What is alive, without the constants, which come into being once and stay.
-std::map<std::string, std::size_t> mortalObjects()
-{
-    std::map<std::string, std::size_t> alive = Toolbox::CountLiveObjects();
-    alive.erase("Core Foundation constant");
-    return alive;
-}
 
 class FailedModalLoop : public Faults {
 protected:
@@ -177,29 +139,6 @@ TEST_F(FailedModalLoop, LeavesAHandlerThatNobodyCallsAgain)
         EXPECT_EQ(handlerCalls({{Answer::Kind::Command, kHICommandCancel}}), 1);
         EXPECT_EQ(call(CHOOSE_GERMAN), GERMAN);
     }
-}
-
-TEST_F(FailedModalLoop, LeavesTheWindowWithItsHandlerEachTimeAndNothingElse)
-{
-    call(CHOOSE_GERMAN);
-    const std::map<std::string, std::size_t> before = mortalObjects();
-    failOnce();
-    const std::map<std::string, std::size_t> once = mortalObjects();
-    failOnce();
-    const std::map<std::string, std::size_t> twice = mortalObjects();
-
-    std::map<std::string, std::size_t> left;
-    for (const auto& [kind, count] : once) {
-        const std::size_t more = count - (before.count(kind) == 0 ? 0 : before.at(kind));
-        if (more != 0)
-            left[kind] = more;
-        EXPECT_EQ(twice.at(kind), count + more) << kind;
-    }
-    EXPECT_EQ(left.count("nib"), 0u);
-    EXPECT_EQ(left.count("Core Foundation object"), 0u);
-    EXPECT_EQ(left["window"], 1u);
-    EXPECT_EQ(left["event handler"], 1u);
-    EXPECT_EQ(twice.size(), once.size());
 }
 
 }  // namespace

@@ -108,24 +108,6 @@ class Code(HostTest):
         homes = (str(BUILD) + "/", "/lib/", "/lib64/", "/usr/lib/", "/usr/local/lib/")
         self.assertEqual([path for path in loaded if not path.startswith((*homes, str(HOST)))], [])
 
-    def test_the_nib_and_the_resources_are_the_applications(self):
-        app = self.demo_copy()
-        nib = app / "Contents/Resources/LanguageSelector.nib"
-        resources = app / "Contents/Resources/DemoInstaller.rsrc"
-        decoys = self.folder / "decoys"
-        for place in ("", "Resources", "Contents/Resources", "English.lproj"):
-            (decoys / place).mkdir(parents=True, exist_ok=True)
-            shutil.copytree(nib, decoys / place / nib.name)
-            shutil.copy(resources, decoys / place)
-        shutil.rmtree(nib)
-        resources.unlink()
-        variables = {name: str(decoys) for name in ("HOME", "PWD", "PATH", "CFProcessPath", "XDG_DATA_HOME")}
-        outcome = unattended("--app", app, "--json", cwd=decoys, variables=variables)
-        self.assertIn("Can't find Nib Reference", outcome.json()["alerts"][0]["text"])
-        outcome = unattended("--app", app, "--require-admin", cwd=decoys, variables=variables)
-        self.assertEqual(outcome.status, NOT_DONE)
-        self.assertIn("the application has no resource file", outcome.errors)
-
 
 class Traces(HostTest):
     """Nothing is left anywhere but the files that options name."""

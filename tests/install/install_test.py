@@ -205,7 +205,3 @@ class Projects(HostTest):
 
     def test_the_library_alone_brings_no_conversions(self):
         self.assertNotIn("unicode", self.output_of("pkg-config", "--libs", "velbase"))
-
-
-if __name__ == "__main__":
-    unittest.main()
