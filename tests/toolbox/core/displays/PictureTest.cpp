@@ -29,11 +29,6 @@ protected:
     }
 
     QImage load(const std::string& name) const { return QImage(QString::fromStdString((m_folder / name).string())); }
-    std::size_t files() const
-    {
-        const std::filesystem::directory_iterator all(m_folder.path());
-        return static_cast<std::size_t>(std::distance(begin(all), end(all)));
-    }
 
     const TemporaryFolder m_folder;
 };
@@ -46,7 +41,7 @@ TEST_F(Picture, IsSavedWithoutAScreen)
     const QImage picture = load("a.png");
     EXPECT_EQ(picture.width(), 340);
     EXPECT_GE(picture.height(), 124);
-    EXPECT_EQ(files(), 1u);
+    EXPECT_EQ(m_folder.entries(), 1u);
     EXPECT_EQ(QCoreApplication::instance(), nullptr);
 }
 
@@ -71,7 +66,7 @@ TEST_F(Picture, IsOfTheNextWindowOnly)
     Dialog().run();
     std::filesystem::remove(m_folder / "a.png");
     Dialog().run();
-    EXPECT_EQ(files(), 0u);
+    EXPECT_EQ(m_folder.entries(), 0u);
 }
 
 TEST_F(Picture, IsSavedWhileAskingOnTheTerminal)
@@ -149,7 +144,7 @@ TEST_F(Picture, SaysWhyItCannotBeWritten)
     EXPECT_EQ(pictureProblem(), "nothing was shown") << "the problem was that of the picture before";
     Dialog().run();
     EXPECT_EQ(pictureProblem(), "");
-    EXPECT_EQ(files(), 1u);
+    EXPECT_EQ(m_folder.entries(), 1u);
 }
 
 TEST_F(Picture, ReplacesAFileWholeOrNotAtAll)
@@ -164,7 +159,7 @@ TEST_F(Picture, ReplacesAFileWholeOrNotAtAll)
     Toolbox::SavePicture(m_folder / "folder.png");
     Dialog().run();
     EXPECT_NE(pictureProblem(), "");
-    EXPECT_EQ(files(), 2u) << "nothing half written lies about";
+    EXPECT_EQ(m_folder.entries(), 2u) << "nothing half written lies about";
 }
 
 TEST_F(Picture, ReplacesNothingButRegularFiles)
@@ -178,7 +173,7 @@ TEST_F(Picture, ReplacesNothingButRegularFiles)
         EXPECT_EQ(pictureProblem(), "it is not a regular file");
     }
     EXPECT_TRUE(std::filesystem::is_fifo(pipe));
-    EXPECT_EQ(files(), 2u);
+    EXPECT_EQ(m_folder.entries(), 2u);
 }
 
 TEST_F(Picture, MayBeOfAWindowThatHoldsNothing)
@@ -187,7 +182,7 @@ TEST_F(Picture, MayBeOfAWindowThatHoldsNothing)
     Toolbox::SavePicture(m_folder / "a.png");
     RunAppModalLoopForWindow(made.ref);
     EXPECT_EQ(pictureProblem(), "there is nothing to draw");
-    EXPECT_EQ(files(), 0u);
+    EXPECT_EQ(m_folder.entries(), 0u);
 }
 
 }  // namespace

@@ -16,7 +16,8 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <filesystem>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -55,25 +56,24 @@ const NamedCase NAMED_CASES[] = {
     {"DeadWaylandDisplay", nullptr, nullptr, "wayland-4711", false},
 };
 
-class NamedScreen : public Screen, public testing::WithParamInterface<NamedCase> { };
-
-TEST_P(NamedScreen, AnswersOrDoesNot)
+TEST_F(Screen, AnswersIfTheOneThatIsNamedDoes)
 {
     const auto set = [](const char* variable, const char* value) {
-        if (value != nullptr)
+        if (value == nullptr)
+            unsetenv(variable);
+        else
             setenv(variable, value, 1);
     };
-    set("QT_QPA_PLATFORM", GetParam().platform);
-    set("DISPLAY", GetParam().display);
-    set("WAYLAND_DISPLAY", GetParam().wayland);
-    testing::internal::CaptureStderr();
-    const bool answers = Toolbox::ScreenAnswers();
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    EXPECT_EQ(answers, GetParam().answers);
+    for (const NamedCase& row : NAMED_CASES) {
+        set("QT_QPA_PLATFORM", row.platform);
+        set("DISPLAY", row.display);
+        set("WAYLAND_DISPLAY", row.wayland);
+        testing::internal::CaptureStderr();
+        const bool answers = Toolbox::ScreenAnswers();
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << row.name;
+        EXPECT_EQ(answers, row.answers) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NamedScreen, testing::ValuesIn(NAMED_CASES), [](const auto& row) { return row.param.name; });
 
 TEST_F(Screen, ThatHangsDoesNotAnswerAndIsNotWaitedForLong)
 {
@@ -211,21 +211,20 @@ std::vector<unsigned char> authorityRecord()
     return record;
 }
 
-class RealScreen : public WindowTest {
+class RealScreen : public Screen {
 protected:
-    RealScreen()
+    void SetUp() override
     {
-        for (const char* const variable : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "XAUTHORITY"})
-            unsetenv(variable);
+        if (!m_server->runs())
+            GTEST_SKIP() << "Xvfb is not here";
+        setenv("DISPLAY", m_server->display().c_str(), 1);
     }
+
+    std::optional<XServer> m_server{std::in_place};
 };
 
 TEST_F(RealScreen, AnswersAndShowsWindows)
 {
-    const XServer server;
-    if (!server.runs())
-        GTEST_SKIP() << "Xvfb is not here";
-    setenv("DISPLAY", server.display().c_str(), 1);
     EXPECT_TRUE(Toolbox::ScreenAnswers());
 
     const TemporaryFolder folder;
@@ -241,10 +240,6 @@ TEST_F(RealScreen, AnswersAndShowsWindows)
 
 TEST_F(RealScreen, AnswersBesideADeadWaylandDisplay)
 {
-    const XServer server;
-    if (!server.runs())
-        GTEST_SKIP() << "Xvfb is not here";
-    setenv("DISPLAY", server.display().c_str(), 1);
     setenv("WAYLAND_DISPLAY", "wayland-4711", 1);
     EXPECT_TRUE(Toolbox::ScreenAnswers());
 }
@@ -252,24 +247,16 @@ TEST_F(RealScreen, AnswersBesideADeadWaylandDisplay)
 TEST_F(RealScreen, DoesNotAnswerWhomItRefuses)
 {
     const TemporaryFolder folder;
-    const XServer server({"-auth", folder.write("cookies", authorityRecord())});
-    if (!server.runs())
-        GTEST_SKIP() << "Xvfb is not here";
-    setenv("DISPLAY", server.display().c_str(), 1);
+    const XServer refusing({"-auth", folder.write("cookies", authorityRecord())});
+    ASSERT_TRUE(refusing.runs());
+    setenv("DISPLAY", refusing.display().c_str(), 1);
     setenv("XAUTHORITY", "/dev/null", 1);
     EXPECT_FALSE(Toolbox::ScreenAnswers());
 }
 
 TEST_F(RealScreen, DoesNotAnswerOnceItHasGone)
 {
-    std::string display;
-    {
-        const XServer server;
-        if (!server.runs())
-            GTEST_SKIP() << "Xvfb is not here";
-        display = server.display();
-    }
-    setenv("DISPLAY", display.c_str(), 1);
+    m_server.reset();
     EXPECT_FALSE(Toolbox::ScreenAnswers());
 }
 

@@ -1,4 +1,7 @@
+#include "tests/support/RowName.h"
 #include "tests/toolbox/core/dialogs/TestWindow.h"
+
+#include <set>
 
 namespace {
 
@@ -41,8 +44,14 @@ protected:
         , recorder(made.target(), eventNotHandledErr)
     {
         disabledPopUp.enabled = false;
-        recorder.action = [this](const HICommand& sent) {
-            if (sent.commandID == kHICommandOK || sent.commandID == kHICommandCancel)
+        endAt({kHICommandOK, kHICommandCancel});
+    }
+
+    // Lets these commands end the window, and no other.
+    void endAt(const std::set<MenuCommand>& commands)
+    {
+        recorder.action = [this, commands](const HICommand& sent) {
+            if (commands.count(sent.commandID) != 0)
                 QuitAppModalLoopForWindow(made.ref);
         };
     }
@@ -109,8 +118,7 @@ TEST_P(UnattendedAnswers, AreGivenInOrderUntilTheWindowEnds)
     EXPECT_EQ(currentReport().displayProblem, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, UnattendedAnswers, testing::ValuesIn(WINDOW_CASES), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cases, UnattendedAnswers, testing::ValuesIn(WINDOW_CASES), RowName());
 
 TEST_F(UnattendedWindow, GoesOnToTheNextWindowWithTheAnswersThatAreLeft)
 {
@@ -173,10 +181,7 @@ TEST_F(UnattendedWindow, PressesTheDefaultAndCancelButtonsForOKAndCancelWhatever
 {
     ok.command = 'inst';
     cancel.command = 'stop';
-    recorder.action = [this](const HICommand& sent) {
-        if (sent.commandID == 'stop')
-            QuitAppModalLoopForWindow(made.ref);
-    };
+    endAt({'stop'});
     EXPECT_EQ(run({command(kHICommandOK), command(kHICommandCancel)}), noErr);
     EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{'inst', 'stop'}));
     EXPECT_FALSE(currentReport().answerWasUnfit);
@@ -193,20 +198,16 @@ TEST_F(UnattendedWindow, ConfirmsByTheDefaultButtonRatherThanTheCommand)
 {
     ok.role = ButtonRole::Plain;
     more.role = ButtonRole::Default;
-    recorder.action = [this](const HICommand&) { QuitAppModalLoopForWindow(made.ref); };
+    endAt({'more'});
     EXPECT_EQ(run({}), noErr);
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'more'});
 }
 
 TEST_F(UnattendedWindow, CancelsByTheWindowsOwnCommandWhereThereIsNoCancelButton)
 {
-    const struct {
-        ButtonRole role;
-        bool enabled;
-    } rows[] = {{ButtonRole::Plain, true}, {ButtonRole::Cancel, false}};
-    for (const auto& row : rows) {
-        cancel.role = row.role;
-        cancel.enabled = row.enabled;
+    for (const bool enabled : {true, false}) {
+        cancel.role = enabled ? ButtonRole::Plain : ButtonRole::Cancel;
+        cancel.enabled = enabled;
         recorder.commands.clear();
         EXPECT_EQ(run({item(9)}), noErr);
         ASSERT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
@@ -240,13 +241,6 @@ TEST_F(UnattendedWindow, FailsRatherThanConfirmsWhenCancellingDoesNotEndIt)
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
     EXPECT_EQ(currentReport().displayProblem, "an answer fits nothing in the window, and cancelling does not end it");
     EXPECT_TRUE(currentReport().answerWasUnfit);
-}
-
-TEST_F(UnattendedWindow, WithoutAnyControlFails)
-{
-    const TestWindow empty;
-    UseUnattendedDisplay({});
-    EXPECT_EQ(RunAppModalLoopForWindow(empty.ref), eventInternalErr);
 }
 
 TEST_F(UnattendedWindow, SendsNothingMoreOnceItFailed)
@@ -300,7 +294,9 @@ TEST_F(UnattendedWindow, CountsTheAnswersThatItTakes)
     EXPECT_EQ(currentReport().answersTaken, 2u);
 }
 
-TEST(UnattendedAlert, SaysWhetherTheAnswersRanOut)
+class UnattendedAlert : public WindowTest { };
+
+TEST_F(UnattendedAlert, SaysWhetherTheAnswersRanOut)
 {
     TakeReport();
     UseUnattendedDisplay({button(1)});
@@ -348,23 +344,21 @@ const AlertCase ALERT_CASES[] = {
 };
 // clang-format on
 
-class UnattendedAlert : public WindowTest, public testing::WithParamInterface<AlertCase> { };
-
-TEST_P(UnattendedAlert, IsAnsweredByWhatIsMeantForIt)
+TEST_F(UnattendedAlert, IsAnsweredByWhatIsMeantForIt)
 {
-    Alert alert;
-    for (SInt16 number = 1; number <= GetParam().buttons; ++number)
-        alert.buttons.push_back({number, QStringLiteral("Button"), number != GetParam().disabled, {}});
-    alert.defaultButton = GetParam().defaultButton;
-    alert.cancelButton = GetParam().cancelButton;
-
-    UseUnattendedDisplay(GetParam().answers);
-    EXPECT_EQ(Toolbox::currentDisplay()->runAlert(alert), GetParam().pressed);
-    EXPECT_EQ(currentReport().answerWasUnfit, GetParam().unfit);
+    for (const AlertCase& row : ALERT_CASES) {
+        SCOPED_TRACE(row.name);
+        Alert alert;
+        for (SInt16 number = 1; number <= row.buttons; ++number)
+            alert.buttons.push_back({number, QStringLiteral("Button"), number != row.disabled, {}});
+        alert.defaultButton = row.defaultButton;
+        alert.cancelButton = row.cancelButton;
+        TakeReport();
+        UseUnattendedDisplay(row.answers);
+        EXPECT_EQ(Toolbox::currentDisplay()->runAlert(alert), row.pressed);
+        EXPECT_EQ(currentReport().answerWasUnfit, row.unfit);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, UnattendedAlert, testing::ValuesIn(ALERT_CASES), [](const auto& row) { return row.param.name; });
 
 Alert twoButtons()
 {

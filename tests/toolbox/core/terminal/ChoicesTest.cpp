@@ -1,7 +1,5 @@
 #include "toolbox/core/terminal/Choices.h"
 
-#include "tests/support/RowName.h"
-
 #include <gtest/gtest.h>
 
 namespace {
@@ -70,19 +68,18 @@ const FindCase FIND_CASES[] = {
 };
 // clang-format on
 
-class FindChoice : public testing::TestWithParam<FindCase> { };
-
-TEST_P(FindChoice, TakesTheSurestReading)
+TEST(FindChoice, TakesTheSurestReading)
 {
-    QString problem;
-    const auto found = languages().find(QString::fromUtf8(GetParam().typed), &problem);
-    EXPECT_EQ(found ? static_cast<int>(*found) : -1, GetParam().found);
-    const std::string expected = GetParam().problem;
     const std::string inShort = " Choices: " + languages().inShort().toStdString() + ".";
-    EXPECT_EQ(problem.toStdString(), expected + (expected.empty() ? "" : inShort));
+    for (const FindCase& row : FIND_CASES) {
+        SCOPED_TRACE(row.name);
+        QString problem;
+        const auto found = languages().find(QString::fromUtf8(row.typed), &problem);
+        EXPECT_EQ(found ? static_cast<int>(*found) : -1, row.found);
+        const std::string expected = row.problem;
+        EXPECT_EQ(problem.toStdString(), expected + (expected.empty() ? "" : inShort));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, FindChoice, testing::ValuesIn(FIND_CASES), RowName());
 
 TEST(FindChoice, TakesAPartHoweverItIsSetApart)
 {
@@ -139,21 +136,20 @@ const NameCase NAME_CASES[] = {
 };
 // clang-format on
 
-class ReadableName : public testing::TestWithParam<NameCase> { };
-
-TEST_P(ReadableName, IsThePartThatCanBeRead)
+TEST(ReadableName, IsThePartThatCanBeRead)
 {
-    const QString whole = QString::fromUtf8(GetParam().whole);
-    EXPECT_EQ(Toolbox::readableName(whole, [](const QString& text) { return text; }), whole) << "all can be shown";
+    const auto asItIs = [](const QString& text) { return text; };
     const auto inASCII = [](QString text) {
         for (QChar& each : text)
             each = each.unicode() < 0x80 ? each : QChar(u'?');
         return text;
     };
-    EXPECT_EQ(Toolbox::readableName(whole, inASCII).toStdString(), GetParam().inASCII);
+    for (const NameCase& row : NAME_CASES) {
+        const QString whole = QString::fromUtf8(row.whole);
+        EXPECT_EQ(Toolbox::readableName(whole, asItIs), whole) << row.name;
+        EXPECT_EQ(Toolbox::readableName(whole, inASCII).toStdString(), row.inASCII) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, ReadableName, testing::ValuesIn(NAME_CASES), RowName());
 
 TEST(Requests, StandForThemselvesInAnyCase)
 {

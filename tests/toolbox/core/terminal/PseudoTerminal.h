@@ -26,6 +26,21 @@ public:
     /// Types `keys`; "\n" is Return, "\x04" the end of input.
     void type(const std::string& keys);
 
+    /// Types `keys`, and waits as readUntil does.
+    std::string readAfter(const std::string& keys, const std::string& end)
+    {
+        type(keys);
+        return readUntil(end);
+    }
+
+    /// Waits for `question`, types `keys`, and returns what the process then reports.
+    std::optional<std::string> reportAfter(const std::string& question, const std::string& keys)
+    {
+        readUntil(question);
+        type(keys);
+        return report();
+    }
+
     /// Lets the terminal go away.
     void hangUp();
 

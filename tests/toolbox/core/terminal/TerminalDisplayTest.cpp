@@ -1,4 +1,3 @@
-#include "tests/support/RowName.h"
 #include "tests/toolbox/core/displays/Dialog.h"
 #include "tests/toolbox/core/terminal/PseudoTerminal.h"
 
@@ -48,8 +47,7 @@ TEST(TerminalWindow, StaysReadableInASCII)
     PseudoTerminal terminal("C", runChanged(leaveAsItIs));
     const std::string shown = terminal.readUntil(QUESTION);
     EXPECT_NE(shown.find("  2  Medium - chosen\n"), std::string::npos) << shown;
-    terminal.type("medium\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "medium\nMedium is chosen.\n" + QUESTION);
+    EXPECT_EQ(terminal.readAfter("medium\n", QUESTION), "medium\nMedium is chosen.\n" + QUESTION);
     terminal.type("\n");
     EXPECT_EQ(terminal.report(), "ended: item 2 ok");
 }
@@ -80,28 +78,21 @@ const SessionCase SESSION_CASES[] = {
     {"HalfALineThenEndOfInput", "3\x04\x04", "ended: cancel"},
 };
 
-class TerminalSession : public testing::TestWithParam<SessionCase> { };
-
-TEST_P(TerminalSession, BecomesCommands)
+TEST(TerminalWindow, TakesWhatIsTypedForCommands)
 {
-    PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
-    terminal.readUntil(QUESTION);
-    terminal.type(GetParam().keys);
-    EXPECT_EQ(terminal.report(), GetParam().report);
+    for (const SessionCase& row : SESSION_CASES) {
+        PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
+        EXPECT_EQ(terminal.reportAfter(QUESTION, row.keys), row.report) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, TerminalSession, testing::ValuesIn(SESSION_CASES), RowName());
 
 TEST(TerminalWindow, SaysWhatWasChosenAndWhatWasNotUnderstood)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
     terminal.readUntil(QUESTION);
-    terminal.type("9\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "9\nThere is no \"9\" here. " + SHORT + QUESTION);
-    terminal.type("\x1B[31m\n");
-    EXPECT_NE(terminal.readUntil(QUESTION).find("\nThere is no \"\\x1b[31m\" here. "), std::string::npos);
-    terminal.type("la\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "la\nLarge is chosen.\n" + QUESTION);
+    EXPECT_EQ(terminal.readAfter("9\n", QUESTION), "9\nThere is no \"9\" here. " + SHORT + QUESTION);
+    EXPECT_NE(terminal.readAfter("\x1B[31m\n", QUESTION).find("\nThere is no \"\\x1b[31m\" here. "), std::string::npos);
+    EXPECT_EQ(terminal.readAfter("la\n", QUESTION), "la\nLarge is chosen.\n" + QUESTION);
     terminal.type("\n");
     EXPECT_EQ(terminal.report(), "ended: item 3 ok");
 }
@@ -110,16 +101,14 @@ TEST(TerminalWindow, ShowsTheChoicesAgainWhenAsked)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
     const std::string first = terminal.readUntil(QUESTION);
-    terminal.type("?\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "?\n" + first);
+    EXPECT_EQ(terminal.readAfter("?\n", QUESTION), "?\n" + first);
 }
 
 TEST(TerminalWindow, DoesNotSayThatItChoseWhatAHandlerTook)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.recorder.answer = noErr; }));
     terminal.readUntil(QUESTION);
-    terminal.type("3\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "3\n" + QUESTION);
+    EXPECT_EQ(terminal.readAfter("3\n", QUESTION), "3\n" + QUESTION);
     terminal.type("\n");
     EXPECT_EQ(terminal.report(), "ended: item 3 ok");
 }
@@ -140,9 +129,7 @@ TEST(TerminalWindow, IsCancelledWithoutATerminal)
 TEST(TerminalWindow, FailsWhenInputEndsAndCancellingDoesNotEndIt)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.recorder.action = {}; }));
-    terminal.readUntil(QUESTION);
-    terminal.type("ok\ncancel\n\x04");
-    EXPECT_EQ(terminal.report(),
+    EXPECT_EQ(terminal.reportAfter(QUESTION, "ok\ncancel\n\x04"),
         "the terminal gives no more input, and cancelling the window does not end it: ok cancel cancel");
 }
 
@@ -180,24 +167,19 @@ const WindowCase WINDOW_CASES[] = {
         QUESTION, "1\nok\n", "ended: item 3 ok"},
 };
 
-class ChangedWindow : public testing::TestWithParam<WindowCase> { };
-
-TEST_P(ChangedWindow, IsAskedAboutAsItIs)
+TEST(TerminalWindow, IsAskedAboutAsItIs)
 {
-    PseudoTerminal terminal("C.UTF-8", runChanged(GetParam().change));
-    terminal.readUntil("\n\n" + GetParam().question);
-    terminal.type(GetParam().keys);
-    EXPECT_EQ(terminal.report(), GetParam().report);
+    for (const WindowCase& row : WINDOW_CASES) {
+        PseudoTerminal terminal("C.UTF-8", runChanged(row.change));
+        EXPECT_EQ(terminal.reportAfter("\n\n" + row.question, row.keys), row.report) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, ChangedWindow, testing::ValuesIn(WINDOW_CASES), RowName());
 
 TEST(TerminalWindow, SaysThatReturnMeansNothingWithoutADefaultButton)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.ok.enabled = false; }));
     terminal.readUntil("Number or name, or Cancel: ");
-    terminal.type("\n");
-    EXPECT_EQ(terminal.readUntil("Number or name, or Cancel: "),
+    EXPECT_EQ(terminal.readAfter("\n", "Number or name, or Cancel: "),
         "\nReturn alone means nothing here.\nNumber or name, or Cancel: ");
 }
 
@@ -250,10 +232,8 @@ TEST(TerminalWindow, MayRunAnotherInside)
         };
     }));
     terminal.readUntil(QUESTION);
-    terminal.type("3\n");
-    EXPECT_NE(terminal.readUntil(QUESTION).find("\nInner\n"), std::string::npos);
-    terminal.type("\n");
-    EXPECT_EQ(terminal.readUntil(QUESTION), "\nLarge is chosen.\n" + QUESTION);
+    EXPECT_NE(terminal.readAfter("3\n", QUESTION).find("\nInner\n"), std::string::npos);
+    EXPECT_EQ(terminal.readAfter("\n", QUESTION), "\nLarge is chosen.\n" + QUESTION);
     terminal.type("\n");
     EXPECT_EQ(terminal.report(), "ended: item 3 ok");
 }
@@ -357,17 +337,14 @@ const AlertCase ALERT_CASES[] = {
     {"ReturnWithoutADefault", withoutKeys, "\n3\n", "3"},
 };
 
-class TerminalAlertSession : public testing::TestWithParam<AlertCase> { };
-
-TEST_P(TerminalAlertSession, TakesAButton)
+TEST(TerminalAlert, TakesAButton)
 {
-    PseudoTerminal terminal("C.UTF-8", runAlertOf(GetParam().make));
-    terminal.readUntil(GetParam().make == withoutKeys ? "Number or name: " : ALERT_QUESTION);
-    terminal.type(GetParam().keys);
-    EXPECT_EQ(terminal.report(), GetParam().report);
+    for (const AlertCase& row : ALERT_CASES) {
+        PseudoTerminal terminal("C.UTF-8", runAlertOf(row.make));
+        const std::string question = row.make == withoutKeys ? "Number or name: " : ALERT_QUESTION;
+        EXPECT_EQ(terminal.reportAfter(question, row.keys), row.report) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, TerminalAlertSession, testing::ValuesIn(ALERT_CASES), RowName());
 
 TEST(TerminalAlert, TakesTheCancelButtonWithoutATerminal)
 {

@@ -1,13 +1,12 @@
 #include "toolbox/core/terminal/TerminalEncoding.h"
 
-#include "tests/support/RowName.h"
-
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -55,25 +54,18 @@ const ShowableCase SHOWABLE_CASES[] = {
 };
 // clang-format on
 
-class ShowableText : public testing::TestWithParam<ShowableCase> { };
-
-TEST_P(ShowableText, KeepsWhatTheEncodingHas)
+TEST(ShowableText, KeepsWhatTheEncodingHasAndIsReadableInASCII)
 {
-    const auto encoding = encodingOf("C.UTF-8");
-    const QString showable = encoding->showable(QString::fromUtf8(GetParam().text));
-    EXPECT_EQ(showable.toStdString(), GetParam().inUTF8);
-    EXPECT_EQ(encoding->encode(showable).toStdString(), GetParam().inUTF8);
+    const auto inUTF8 = encodingOf("C.UTF-8");
+    const auto inASCII = encodingOf("C");
+    for (const ShowableCase& row : SHOWABLE_CASES) {
+        for (const auto& [encoding, expected] : {std::pair{&*inUTF8, row.inUTF8}, {&*inASCII, row.inASCII}}) {
+            const QString showable = encoding->showable(QString::fromUtf8(row.text));
+            EXPECT_EQ(showable.toStdString(), expected) << row.name;
+            EXPECT_EQ(encoding->encode(showable).toStdString(), expected) << row.name;
+        }
+    }
 }
-
-TEST_P(ShowableText, IsReadableInASCII)
-{
-    const auto encoding = encodingOf("C");
-    const QString showable = encoding->showable(QString::fromUtf8(GetParam().text));
-    EXPECT_EQ(showable.toStdString(), GetParam().inASCII);
-    EXPECT_EQ(encoding->encode(showable).toStdString(), GetParam().inASCII);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, ShowableText, testing::ValuesIn(SHOWABLE_CASES), RowName());
 
 // No character but the line feed may reach a terminal as a control character, in whatever encoding.
 TEST(ShowableText, HasNoControlCharacters)

@@ -1,6 +1,5 @@
 #include "toolbox/core/terminal/Terminal.h"
 
-#include "tests/support/RowName.h"
 #include "tests/toolbox/core/terminal/PseudoTerminal.h"
 
 #include <Toolbox/Displays.h>
@@ -95,14 +94,11 @@ const BreakCase BREAK_CASES[] = {
     {"WideCharacterThatFitsHalf", "x" + WIDE_FORTY, "x" + WIDE_FORTY.chopped(1) + "\n" + QChar(0x65E5)},
 };
 
-class BrokenLine : public testing::TestWithParam<BreakCase> { };
-
-TEST_P(BrokenLine, IsNoWiderThanTheTerminal)
+TEST(TerminalLines, AreBrokenWhereTheTerminalEnds)
 {
-    EXPECT_EQ(writtenLines(GetParam().line), GetParam().broken.toStdString() + "\n");
+    for (const BreakCase& row : BREAK_CASES)
+        EXPECT_EQ(writtenLines(row.line), row.broken.toStdString() + "\n") << row.name;
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, BrokenLine, testing::ValuesIn(BREAK_CASES), RowName());
 
 TEST(TerminalLines, AreAsWideAsTheTerminal)
 {
@@ -165,26 +161,23 @@ TEST(TerminalAnswer, IsNothingAtTheEndOfInput)
     EXPECT_EQ(answerTo("half\x04\x04"), "nothing");
 }
 
+std::string answersToTwo()
+{
+    const std::string first = describe(Terminal().ask(QStringLiteral("1? ")));
+    return first + describe(Terminal().ask(QStringLiteral("2? ")));
+}
+
 TEST(TerminalAnswer, LeavesTheNextLineForTheNextQuestion)
 {
-    PseudoTerminal terminal("C.UTF-8", [] {
-        const std::string first = describe(Terminal().ask(QStringLiteral("1? ")));
-        return first + describe(Terminal().ask(QStringLiteral("2? ")));
-    });
-    terminal.readUntil("1? ");
-    terminal.type("one\ntwo\n");
-    EXPECT_EQ(terminal.report(), "[one][two]");
+    PseudoTerminal terminal("C.UTF-8", answersToTwo);
+    EXPECT_EQ(terminal.reportAfter("1? ", "one\ntwo\n"), "[one][two]");
 }
 
 TEST(TerminalAnswer, MayFollowAnEndOfInput)
 {
-    PseudoTerminal terminal("C.UTF-8", [] {
-        const std::string first = describe(Terminal().ask(QStringLiteral("1? ")));
-        return first + describe(Terminal().ask(QStringLiteral("2? ")));
-    });
+    PseudoTerminal terminal("C.UTF-8", answersToTwo);
     terminal.readUntil("1? ");
-    terminal.type("\x04");
-    EXPECT_EQ(terminal.readUntil("2? "), "\n2? ") << "the line that nobody ended is ended";
+    EXPECT_EQ(terminal.readAfter("\x04", "2? "), "\n2? ") << "the line that nobody ended is ended";
     terminal.type("two\n");
     EXPECT_EQ(terminal.report(), "nothing[two]");
 }
