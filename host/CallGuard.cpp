@@ -31,7 +31,7 @@ constexpr Words WORDS[] = {
 constexpr Words WORDS_AT_THE_END = {"the external ", " after its call"};
 
 // All that is needed to say it without allocating anything: memory may have run out, or be in disorder. The text of an
-// exception alone is put together first; when that finds no memory, main catches it and says so.
+// exception alone is put together first; when that finds no memory, onTerminate() says so.
 const Words* words = nullptr;  // null: the process may end as it likes
 pid_t caller = 0;              // the process that is guarded; those that it starts may end as they like
 int expectedStatus = -1;       // the one status with which it may exit; -1 until everything is done
@@ -47,12 +47,17 @@ iovec part(const char* text)
     return {const_cast<char*>(text), std::strlen(text)};
 }
 
-[[noreturn]] void endSaying(const char* whatHappened)
+[[noreturn]] void endSaying(const char* whatHappened, const Words& around, ExitStatus status)
 {
     const iovec line[] = {
-        part("visex-host: "), part(words->before), part(whatHappened), part(words->after), part("\n")};
+        part("visex-host: "), part(around.before), part(whatHappened), part(around.after), part("\n")};
     [[maybe_unused]] const ssize_t written = writev(STDERR_FILENO, line, static_cast<int>(std::size(line)));
-    endProcess(static_cast<int>(ExitStatus::NotReturned));
+    endProcess(static_cast<int>(status));
+}
+
+[[noreturn]] void endSaying(const char* whatHappened)
+{
+    endSaying(whatHappened, *words, ExitStatus::NotReturned);
 }
 
 bool isGuarded()
@@ -77,6 +82,24 @@ void onAbort(int)
     if (isGuarded())
         endSaying("called abort, or threw where nothing may be thrown");
 }
+
+// For what is thrown where nothing may be thrown, which the host does only for want of memory.
+void onTerminate()
+{
+    if (words == nullptr)
+        endSaying("there is not enough memory", {"", ""}, ExitStatus::NotDone);
+    try {
+        if (std::current_exception() != nullptr)
+            throw;
+    } catch (const std::bad_alloc&) {
+        if (isGuarded())
+            endSaying("ran out of memory");
+    } catch (...) {
+    }
+    std::abort();
+}
+
+[[maybe_unused]] const std::terminate_handler BEFORE = std::set_terminate(onTerminate);
 
 void guardWith(const Words& said)
 {

@@ -1,5 +1,6 @@
 // Code of the external, run so that whatever ends it but a return is noticed and said: it may end the process or the
-// host's thread, throw, or abort; and Qt ends the process when the screen goes away.
+// host's thread, throw, or abort; and Qt ends the process when the screen goes away. Where memory runs out outside it,
+// and nothing may be thrown, the process ends with ExitStatus::NotDone and a line.
 
 #ifndef HOST_CALLGUARD_H
 #define HOST_CALLGUARD_H
