@@ -92,21 +92,34 @@ TEST(Char, HoldsItsByte)
     });
 }
 
-TEST(Char, IsNullIsTrueForTheZeroByteOnly)
-{
-    forEveryByte([](int byte, const Char& c) { EXPECT_EQ(c.IsNull(), byte == 0); });
-}
+struct Class {
+    const char* name;
+    bool (Char::*has)() const;
+    bool (*expected)(int byte, int kind);  // its category
+};
 
-TEST(Char, IsSpaceIsTrueForSevenBytes)
+// clang-format off
+const Class CLASSES[] = {
+    {"IsNull",         &Char::IsNull,         [](int byte, int) { return byte == 0; }},
+    {"IsSpace",        &Char::IsSpace,
+                       [](int byte, int) { return isBetween(byte, 9, 13) || byte == 0x20 || byte == 0xA0; }},
+    {"IsDigit",        &Char::IsDigit,        [](int byte, int) { return isBetween(byte, '0', '9'); }},
+    {"IsPrintable",    &Char::IsPrintable,    [](int, int kind) { return !isBetween(kind, 10, 14); }},
+    {"IsPunctuation",  &Char::IsPunctuation,  [](int, int kind) { return isBetween(kind, 20, 26); }},
+    {"IsLetter",       &Char::IsLetter,       [](int, int kind) { return isBetween(kind, 15, 19); }},
+    {"IsNumber",       &Char::IsNumber,       [](int, int kind) { return isBetween(kind, 4, 6); }},
+    {"IsAlphaNumeric", &Char::IsAlphaNumeric,
+                       [](int, int kind) { return isBetween(kind, 4, 6) || isBetween(kind, 15, 19); }},
+    {"IsSymbol",       &Char::IsSymbol,       [](int, int kind) { return isBetween(kind, 27, 30); }},
+};
+// clang-format on
+
+TEST(Char, ClassesAreThoseOfTheByteOrItsCategory)
 {
     forEveryByte([](int byte, const Char& c) {
-        EXPECT_EQ(c.IsSpace(), isBetween(byte, 0x09, 0x0D) || byte == 0x20 || byte == 0xA0);
+        for (const Class& each : CLASSES)
+            EXPECT_EQ((c.*each.has)(), each.expected(byte, expectedCategory(byte))) << each.name;
     });
-}
-
-TEST(Char, IsDigitIsTrueForTheTenDigitsOnly)
-{
-    forEveryByte([](int byte, const Char& c) { EXPECT_EQ(c.IsDigit(), isBetween(byte, '0', '9')); });
 }
 
 TEST(Char, GetDigitValueIsThatOfTheTenDigitsAndElseInvalid)
@@ -118,32 +131,13 @@ TEST(Char, GetDigitValueIsThatOfTheTenDigitsAndElseInvalid)
     });
 }
 
-TEST(Char, ToLowerMapsTheAsciiLettersOnly)
+TEST(Char, ToLowerAndToUpperMapTheAsciiLettersOnly)
 {
     forEveryByte([](int byte, const Char& c) {
-        const int expected = isBetween(byte, 'A', 'Z') ? byte + 0x20 : byte;
-        EXPECT_EQ(static_cast<char>(c.ToLower()), static_cast<char>(expected));
-    });
-}
-
-TEST(Char, ToUpperMapsTheAsciiLettersOnly)
-{
-    forEveryByte([](int byte, const Char& c) {
-        const int expected = isBetween(byte, 'a', 'z') ? byte - 0x20 : byte;
-        EXPECT_EQ(static_cast<char>(c.ToUpper()), static_cast<char>(expected));
-    });
-}
-
-TEST(Char, ClassesAreThoseOfTheCategory)
-{
-    forEveryByte([](int byte, const Char& c) {
-        const int category = expectedCategory(byte);
-        EXPECT_EQ(c.IsPrintable(), !isBetween(category, 10, 14));
-        EXPECT_EQ(c.IsPunctuation(), isBetween(category, 20, 26));
-        EXPECT_EQ(c.IsLetter(), isBetween(category, 15, 19));
-        EXPECT_EQ(c.IsNumber(), isBetween(category, 4, 6));
-        EXPECT_EQ(c.IsAlphaNumeric(), isBetween(category, 15, 19) || isBetween(category, 4, 6));
-        EXPECT_EQ(c.IsSymbol(), isBetween(category, 27, 30));
+        const int lower = isBetween(byte, 'A', 'Z') ? byte + 0x20 : byte;
+        const int upper = isBetween(byte, 'a', 'z') ? byte - 0x20 : byte;
+        EXPECT_EQ(static_cast<char>(c.ToLower()), static_cast<char>(lower));
+        EXPECT_EQ(static_cast<char>(c.ToUpper()), static_cast<char>(upper));
     });
 }
 

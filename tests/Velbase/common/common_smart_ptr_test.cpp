@@ -65,17 +65,6 @@ TEST_F(SharedPtr, OwnsThePointerWithACountOfOne)
     EXPECT_TRUE(owner.unique());
 }
 
-TEST_F(SharedPtr, IsTwoWordsTheObjectAndACountOf32Bits)
-{
-    Counted* const object = new Counted;
-    const Owner owner(object);
-    const Owner copy(owner);
-    EXPECT_EQ(wordOf(owner, 0), object);
-    std::int32_t count = 0;
-    std::memcpy(&count, wordOf(owner, 1), sizeof count);
-    EXPECT_EQ(count, 2);
-}
-
 TEST_F(SharedPtr, NullPointerHasACountToo)
 {
     const Owner owner;
@@ -99,47 +88,39 @@ TEST_F(SharedPtr, AllocatesItsCountAloneAndCopiesWithoutAllocating)
         0u);
 }
 
-TEST_F(SharedPtr, CopySharesBothFieldsAndCounts)
+TEST_F(SharedPtr, CopySharesTheObjectAndACountOf32Bits)
 {
-    const Owner owner(new Counted);
+    Owner owner(new Counted);
     {
         const Owner copy(owner);
-        EXPECT_EQ(copy.get(), owner.get());
-        EXPECT_EQ(wordOf(copy, 1), wordOf(owner, 1));
-        EXPECT_EQ(owner.use_count(), 2);
+        const Owner moved(static_cast<Owner&&>(owner));
+        for (const Owner& each : {copy, moved}) {
+            EXPECT_EQ(wordOf(each, 0), owner.get());
+            EXPECT_EQ(wordOf(each, 1), wordOf(owner, 1));
+        }
+        std::int32_t count = 0;
+        std::memcpy(&count, wordOf(owner, 1), sizeof count);
+        EXPECT_EQ(count, 3);
+        EXPECT_EQ(owner.use_count(), 3);
         EXPECT_FALSE(owner.unique());
     }
     EXPECT_EQ(owner.use_count(), 1);
     EXPECT_EQ(Counted::alive, 1);
 }
 
-TEST_F(SharedPtr, MovingFromOneCopiesIt)
-{
-    Owner owner(new Counted);
-    const Owner copy(static_cast<Owner&&>(owner));
-    EXPECT_EQ(owner.get(), copy.get());
-    EXPECT_EQ(owner.use_count(), 2);
-}
-
 TEST_F(SharedPtr, AssignmentGivesUpTheOldObjectAndSharesTheNew)
 {
     Owner owner(new Counted(1));
+    Owner last(owner);
     const Owner source(new Counted(2));
     owner = source;
+    EXPECT_EQ(last->number, 1) << "its other owners keep the old one";
+    EXPECT_EQ(last.use_count(), 1);
+    last = source;
     EXPECT_EQ(Counted::alive, 1);
     EXPECT_EQ(owner->number, 2);
     EXPECT_EQ(wordOf(owner, 1), wordOf(source, 1));
-    EXPECT_EQ(source.use_count(), 2);
-}
-
-TEST_F(SharedPtr, AssignmentLeavesTheOldObjectToItsOtherOwners)
-{
-    Owner owner(new Counted(1));
-    const Owner keeper(owner);
-    owner = Owner(new Counted(2));
-    EXPECT_EQ(keeper->number, 1);
-    EXPECT_EQ(keeper.use_count(), 1);
-    EXPECT_EQ(owner.use_count(), 1);
+    EXPECT_EQ(source.use_count(), 3);
 }
 
 TEST_F(SharedPtr, AssignmentBetweenSharersOrToItselfChangesNothing)
@@ -171,22 +152,15 @@ TEST_F(SharedPtr, AssignmentFromInsideTheOldObjectIsSafe)
     EXPECT_EQ(list->next.get(), nullptr);
 }
 
-TEST_F(SharedPtr, ResetWithTheSamePointerDoesNothing)
+TEST_F(SharedPtr, ResetWithThePointerThatItHoldsDoesNothing)
 {
-    Owner owner(new Counted);
-    const Owner copy(owner);
-    void* const count = wordOf(owner, 1);
-    EXPECT_EQ(allocations::countIn([&] { owner.reset(owner.get()); }), 0u);
-    EXPECT_EQ(wordOf(owner, 1), count);
-    EXPECT_EQ(owner.use_count(), 2);
-}
-
-TEST_F(SharedPtr, ResetOfNullToNullDoesNothing)
-{
-    Owner owner;
-    const Owner copy(owner);
-    owner.reset();
-    EXPECT_EQ(owner.use_count(), 2);
+    for (Counted* const object : {new Counted, static_cast<Counted*>(nullptr)}) {
+        Owner owner(object);
+        const Owner copy(owner);
+        EXPECT_EQ(allocations::countIn([&] { owner.reset(object); }), 0u);
+        EXPECT_EQ(wordOf(owner, 1), wordOf(copy, 1));
+        EXPECT_EQ(owner.use_count(), 2);
+    }
 }
 
 TEST_F(SharedPtr, ResetOfTheLastOwnerFreesTheObjectAndUsesTheCountAgain)
@@ -199,6 +173,10 @@ TEST_F(SharedPtr, ResetOfTheLastOwnerFreesTheObjectAndUsesTheCountAgain)
     EXPECT_EQ(owner.get(), object);
     EXPECT_EQ(wordOf(owner, 1), count);
     EXPECT_EQ(owner.use_count(), 1);
+    owner.reset();
+    EXPECT_EQ(owner.get(), nullptr);
+    EXPECT_EQ(owner.use_count(), 1);
+    EXPECT_EQ(Counted::alive, 0);
 }
 
 TEST_F(SharedPtr, ResetLeavesTheObjectAndTheCountToOtherOwners)
@@ -214,15 +192,6 @@ TEST_F(SharedPtr, ResetLeavesTheObjectAndTheCountToOtherOwners)
     EXPECT_EQ(owner->number, 2);
     EXPECT_EQ(owner.use_count(), 1);
     EXPECT_NE(wordOf(owner, 1), count);
-}
-
-TEST_F(SharedPtr, ResetToNothingGivesUpTheObject)
-{
-    Owner owner(new Counted);
-    owner.reset();
-    EXPECT_EQ(owner.get(), nullptr);
-    EXPECT_EQ(owner.use_count(), 1);
-    EXPECT_EQ(Counted::alive, 0);
 }
 
 TEST_F(SharedPtr, DisposeOfTheLastOwnerFreesTheObjectAndTheCount)
@@ -289,17 +258,12 @@ TEST_F(SharedPtr, FailedResetFreesThePointerAndChangesNothing)
     EXPECT_EQ(owner.use_count(), 2);
 }
 
-TEST_F(SharedPtr, CheckedDeleteFreesAnObjectAndIgnoresNull)
+TEST_F(SharedPtr, CheckedDeletesFreeWhatTheyAreGivenAndIgnoreNull)
 {
     checked_delete(new Counted);
-    EXPECT_EQ(Counted::alive, 0);
-    checked_delete(static_cast<Counted*>(nullptr));
-}
-
-TEST_F(SharedPtr, CheckedArrayDeleteFreesEveryElementAndIgnoresNull)
-{
     checked_array_delete(new Counted[3]);
     EXPECT_EQ(Counted::alive, 0);
+    checked_delete(static_cast<Counted*>(nullptr));
     checked_array_delete(static_cast<Counted*>(nullptr));
 }
 

@@ -102,19 +102,11 @@ TEST_F(StringInLocale, OfAPointOfTwoBytesOnlyTheFirstIsPut)
 {
     if (!enterPoint("<U066B>", "UTF-8"))
         GTEST_SKIP() << CANNOT;
-    EXPECT_EQ(contents(String::Number(1.5, 1)),
-        "1\xD9\xAB"
-        "5");
-    EXPECT_EQ(toDouble("1\xD9\xAB"
-                       "5"),
-        1.5);
+    EXPECT_EQ(contents(String::Number(1.5, 1)), "1\331\2535");
+    EXPECT_EQ(toDouble("1\331\2535"), 1.5);
     EXPECT_EQ(toDouble("15"), 15.0);
-    EXPECT_EQ(toDouble("1.\xAB"
-                       "5"),
-        1.5);
-    EXPECT_EQ(toDouble("1,\xAB"
-                       "5"),
-        1.5);
+    EXPECT_EQ(toDouble("1.\2535"), 1.5);
+    EXPECT_EQ(toDouble("1,\2535"), 1.5);
     EXPECT_EQ(toDouble("1.5"), std::nullopt);
     EXPECT_EQ(toDouble("1,5"), std::nullopt);
 }
@@ -218,23 +210,14 @@ void expectTheResultsOfTheCLibrary(char point)
     }
 }
 
-TEST_F(StringInLocale, DoublesAreThoseOfTheCLibraryWithAPoint)
+TEST_F(StringInLocale, DoublesAreThoseOfTheCLibraryWithAnyPoint)
 {
     expectTheResultsOfTheCLibrary('.');
-}
-
-TEST_F(StringInLocale, DoublesAreThoseOfTheCLibraryWithAComma)
-{
-    if (!enterPoint(","))
-        GTEST_SKIP() << CANNOT;
-    expectTheResultsOfTheCLibrary(',');
-}
-
-TEST_F(StringInLocale, DoublesAreThoseOfTheCLibraryWithASemicolon)
-{
-    if (!enterPoint(";"))
-        GTEST_SKIP() << CANNOT;
-    expectTheResultsOfTheCLibrary(';');
+    for (const char point : {',', ';'}) {
+        if (!enterPoint(std::string(1, point)))
+            GTEST_SKIP() << CANNOT;
+        expectTheResultsOfTheCLibrary(point);
+    }
 }
 
 TEST_F(StringInLocale, DoublesAreRoundedAsTheCLibraryRounds)

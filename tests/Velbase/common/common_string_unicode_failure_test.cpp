@@ -137,31 +137,6 @@ TEST_F(StringUnicodeCalls, FromUnicodeNeedsNoConverterForNullAndEmpty)
     EXPECT_TRUE(converter.created.empty());
 }
 
-TEST_F(StringUnicodeCalls, FromUnicodeIsNullWithoutAConverter)
-{
-    converter.createStatus = paramErr;
-    EXPECT_TRUE(String(m_units).IsNull());
-    EXPECT_TRUE(converter.sourceLengths.empty());
-}
-
-TEST_F(StringUnicodeCalls, FromUnicodeIsNullWhenTheConversionFails)
-{
-    converter.bytes = {'x', 'y', 'z'};
-    converter.written = 3;
-    for (const OSStatus status : {kTECUnmappableElementErr, kTECOutputBufferFullStatus}) {
-        converter.convertStatus = status;
-        EXPECT_TRUE(String(m_units).IsNull());
-    }
-}
-
-TEST_F(StringUnicodeCalls, FromUnicodeGivesUpATooLongTextBeforeConverting)
-{
-    const std::vector<unsigned short> endless(100000, 'x');
-    EXPECT_TRUE(String(endless.data()).IsNull());
-    EXPECT_EQ(converter.created.size(), 1u);
-    EXPECT_TRUE(converter.sourceLengths.empty());
-}
-
 TEST_F(StringUnicodeCalls, FromUnicodeEndsAtTheFirstZeroByteThatComesOut)
 {
     converter.bytes = {'x', 0, 'z'};
@@ -217,64 +192,56 @@ TEST_F(StringUnicodeCalls, ToUnicodeIsNullIfMoreWasWrittenThanThereIsRoom)
     EXPECT_EQ(String("abc").Unicode().get(), nullptr);
 }
 
-TEST_F(StringUnicodeCalls, ToUnicodeIsNullWithoutAConverter)
+TEST_F(StringUnicodeCalls, AreNullWithoutAConverter)
 {
     converter.createStatus = paramErr;
+    EXPECT_TRUE(String(m_units).IsNull());
     EXPECT_EQ(String("abc").Unicode().get(), nullptr);
     EXPECT_TRUE(converter.sourceLengths.empty());
 }
 
-TEST_F(StringUnicodeCalls, ToUnicodeIsNullWhenTheConversionFails)
+TEST_F(StringUnicodeCalls, AreNullWhenTheConversionFails)
 {
-    converter.written = 6;
-    converter.convertStatus = kTECOutputBufferFullStatus;
-    EXPECT_EQ(String("abc").Unicode().get(), nullptr);
+    for (const OSStatus status : {kTECUnmappableElementErr, kTECOutputBufferFullStatus}) {
+        converter.convertStatus = status;
+        EXPECT_TRUE(String(m_units).IsNull());
+        EXPECT_EQ(String("abc").Unicode().get(), nullptr);
+    }
 }
 
-TEST_F(StringUnicodeCalls, ToUnicodeGivesUpATooLongTextBeforeConverting)
+TEST_F(StringUnicodeCalls, GiveUpATooLongTextBeforeConverting)
 {
+    EXPECT_TRUE(String(std::vector<unsigned short>(100000, 'x').data()).IsNull());
     EXPECT_EQ(String(std::string(100000, 'x').c_str()).Unicode().get(), nullptr);
     EXPECT_TRUE(converter.sourceLengths.empty());
 }
 
-// Room for what the double notes, so that only the library's own allocations are refused.
-void reserveNotes()
+// Refuses each allocation of `action` in turn. The double has room for its notes, so that only the library's own are
+// refused.
+template <typename Action> void refuseEach(OSStatus createStatus, Action action)
 {
-    converter = ConverterDouble();
-    converter.bytes = {'x', 'y', 'z'};
-    converter.written = 3;
-    converter.created.reserve(1);
-    converter.sourceLengths.reserve(1);
-    converter.bufferSizes.reserve(1);
+    int refused = -1;
+    do {
+        ++refused;
+        converter = ConverterDouble();
+        converter.createStatus = createStatus;
+        converter.bytes = {'x', 'y', 'z'};
+        converter.written = 3;
+        converter.created.reserve(1);
+        converter.sourceLengths.reserve(1);
+        converter.bufferSizes.reserve(1);
+    } while (allocations::refusing(refused, action));
+    EXPECT_GT(refused, 0);
 }
 
-TEST_F(StringUnicodeCalls, FromUnicodeThrowsWithoutALeakWhicheverAllocationFails)
+TEST_F(StringUnicodeCalls, ThrowWithoutALeakWhicheverAllocationFails)
 {
     const unsigned short empty[1] = {0};
-    for (const unsigned short* const text : {m_units + 0, empty + 0}) {
-        int refused = 0;
-        for (;; ++refused) {
-            reserveNotes();
-            if (!allocations::refusing(refused, [&] { const String made(text); }))
-                break;
-        }
-        EXPECT_GT(refused, 0);
-    }
-}
-
-TEST_F(StringUnicodeCalls, ToUnicodeThrowsWithoutALeakWhicheverAllocationFails)
-{
     const String text("abc");
-    for (const OSStatus status : {noErr, paramErr}) {
-        int refused = 0;
-        for (;; ++refused) {
-            reserveNotes();
-            converter.createStatus = status;
-            if (!allocations::refusing(refused, [&] { text.Unicode(); }))
-                break;
-        }
-        EXPECT_GT(refused, 0);
-    }
+    refuseEach(noErr, [&] { const String made(m_units); });
+    refuseEach(noErr, [&] { const String made(empty); });
+    refuseEach(noErr, [&] { text.Unicode(); });
+    refuseEach(paramErr, [&] { text.Unicode(); });
 }
 
 }  // namespace

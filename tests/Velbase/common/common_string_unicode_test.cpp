@@ -59,29 +59,6 @@ TEST_P(StringUnicode, TextIsMacOSRoman)
 
 INSTANTIATE_TEST_SUITE_P(Cases, StringUnicode, testing::ValuesIn(UNICODE_CASES), RowName());
 
-TEST(StringFromUnicode, NullPointerGivesANullString)
-{
-    EXPECT_TRUE(String(static_cast<const unsigned short*>(nullptr)).IsNull());
-}
-
-TEST(StringFromUnicode, CharacterThatMacOSRomanLacksGivesANullString)
-{
-    EXPECT_TRUE(String(unitsOf(u"a\u0416b").data()).IsNull());
-    EXPECT_TRUE(String(unitsOf(u"\U0001F600").data()).IsNull());
-}
-
-TEST(StringFromUnicode, NothingIsReadBehindTheFirstHundredThousandUnits)
-{
-    const std::vector<unsigned short> unterminated(100000, 'x');
-    EXPECT_TRUE(String(unterminated.data()).IsNull());
-}
-
-TEST(StringToUnicode, NullStringGivesTheTerminatorAlone)
-{
-    EXPECT_TRUE(textOf(String().Unicode()) == u""sv);
-    EXPECT_TRUE(textOf(String("").Unicode()) == u""sv);
-}
-
 TEST(StringToUnicode, ArrayIsSharedByItsCopiesAndOutlivesTheString)
 {
     shared_array<unsigned short> copy;

@@ -138,16 +138,4 @@ TEST(ParsingProperty, AgreesOnRandomFloatingPoint)
     }
 }
 
-TEST(ParsingProperty, AgreesOnWrittenDoubles)
-{
-    Random random(46);
-    for (int round = 0; round < 5000 && !HasFailure(); ++round) {
-        const double value = randomDouble(random);
-        std::string bytes = reference::formatFloat(value, randomPrecision(random), random.of("fFeEgG"sv));
-        if (random.once(3))
-            bytes.insert(random.below(static_cast<std::uint32_t>(bytes.size() + 1)), 1, random.of(",. e-\xA0"sv));
-        checkDouble(twinOf(bytes));
-    }
-}
-
 }  // namespace
