@@ -1,7 +1,5 @@
 #include "host/Report.h"
 
-#include "tests/support/RowName.h"
-
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -41,19 +39,6 @@ struct StatusCase {
     ExitStatus status;
 };
 
-class StatusOf : public testing::TestWithParam<StatusCase> { };
-
-TEST_P(StatusOf, FollowsFromTheReport)
-{
-    Report report = GetParam().chosen ? chosenReport(11) : plainReport();
-    report.flagsBefore = GetParam().flagsBefore;
-    report.flagsAfter = GetParam().flagsAfter;
-    if (GetParam().alert)
-        report.toolbox.alerts.push_back(ERROR_BOX);
-    report.toolbox.answerWasUnfit = GetParam().unfit;
-    EXPECT_EQ(statusOf(report), GetParam().status);
-}
-
 // clang-format off
 const StatusCase STATUS_CASES[] = {
     // name                    chosen before after  alert  unfit
@@ -73,7 +58,19 @@ const StatusCase STATUS_CASES[] = {
     {"UnfitAnswerAndAlert",    false, 0, 1,          true,  true,  ExitStatus::NotDone},
 };
 // clang-format on
-INSTANTIATE_TEST_SUITE_P(Cases, StatusOf, testing::ValuesIn(STATUS_CASES), RowName());
+
+TEST(StatusOf, FollowsFromTheReport)
+{
+    for (const StatusCase& row : STATUS_CASES) {
+        Report report = row.chosen ? chosenReport(11) : plainReport();
+        report.flagsBefore = row.flagsBefore;
+        report.flagsAfter = row.flagsAfter;
+        if (row.alert)
+            report.toolbox.alerts.push_back(ERROR_BOX);
+        report.toolbox.answerWasUnfit = row.unfit;
+        EXPECT_EQ(statusOf(report), row.status) << row.name;
+    }
+}
 
 TEST(InWords, TellsOfAChosenLanguage)
 {

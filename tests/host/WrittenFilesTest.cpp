@@ -29,6 +29,17 @@ std::string complaintsOf(const std::function<void()>& write)
     return testing::internal::GetCapturedStderr();
 }
 
+// Ends the process after a look at `file`, which says what is wrong with it.
+[[noreturn]] void checkAndExit(const fs::path& file)
+{
+    try {
+        checkWritable("record", file);
+    } catch (const Problem& problem) {
+        complain(problem.what());
+    }
+    _exit(0);
+}
+
 TEST(WrittenFile, HasTheModeOfANewFileOrOfTheOldOne)
 {
     const TemporaryFolder folder;
@@ -110,12 +121,7 @@ TEST(CheckWritable, FindsOutWhatWouldNotBeStored)
         signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{500, 500};  // room for the message, too little for a record
         setrlimit(RLIMIT_FSIZE, &limit);
-        try {
-            checkWritable("record", file);
-        } catch (const Problem& problem) {
-            complain(problem.what());
-        }
-        _exit(0);
+        checkAndExit(file);
     };
     EXPECT_EXIT(
         checkOnAFullDisk(), testing::ExitedWithCode(0), "cannot save the record in '.*/file': File too large\n");
@@ -134,12 +140,7 @@ TEST(CheckWritable, KnowsFoldersInWhichOnlyOwnersReplaceFiles)
     const auto checkAs = [&](uid_t user) {
         if (setresuid(user, user, user) != 0)
             _exit(1);
-        try {
-            checkWritable("record", file);
-        } catch (const Problem& problem) {
-            complain(problem.what());
-        }
-        _exit(0);
+        checkAndExit(file);
     };
     EXPECT_EXIT(checkAs(54321), testing::ExitedWithCode(0), ": its folder lets only the file's owner replace it\n$");
     ASSERT_EQ(chown(file.c_str(), 54321, 54321), 0);

@@ -145,41 +145,30 @@ TEST_F(AlertOnScreen, HasTheIconOfItsType)
     }
 }
 
-struct LongCase {
-    const char* name;
-    QString text;
-};
-
-const LongCase LONG_CASES[] = {
-    {"OneLongWord", QString(254, QLatin1Char('W'))},
-    {"ManyWords", QStringLiteral("word ").repeated(60)},
-    {"SeveralLines", QStringLiteral("line\n").repeated(10)},
-    {"Japanese", QStringLiteral("日本語").repeated(60)},
-};
-
-class LongAlert : public AlertOnScreen, public testing::WithParamInterface<LongCase> { };
-
-TEST_P(LongAlert, CutsNothingOff)
+TEST_F(AlertOnScreen, CutsNothingOff)
 {
-    Alert alert = oneButton();
-    alert.text = GetParam().text;
-    alert.explanation = GetParam().text;
-    lookAt(alert, [](QDialog& shown) {
-        int texts = 0;
-        for (const QLabel* const each : shown.findChildren<QLabel*>()) {
-            if (each->text().isEmpty())
-                continue;
-            ++texts;
-            EXPECT_GE(each->height(), each->heightForWidth(each->width()));
-            EXPECT_GE(each->heightForWidth(each->width()), 2 * each->fontMetrics().height()) << "it has several lines";
-            EXPECT_TRUE(shown.rect().contains(placeOf(*each)));
-        }
-        EXPECT_EQ(texts, 2);
-        EXPECT_LT(shown.width(), 600);
-    });
+    const QString texts[] = {QString(254, QLatin1Char('W')), QStringLiteral("word ").repeated(60),
+        QStringLiteral("line\n").repeated(10), QStringLiteral("日本語").repeated(60)};
+    for (const QString& text : texts) {
+        Alert alert = oneButton();
+        alert.text = text;
+        alert.explanation = text;
+        lookAt(alert, [](QDialog& shown) {
+            int shownTexts = 0;
+            for (const QLabel* const each : shown.findChildren<QLabel*>()) {
+                if (each->text().isEmpty())
+                    continue;
+                ++shownTexts;
+                SCOPED_TRACE(each->text().left(9).toStdString());
+                EXPECT_GE(each->height(), each->heightForWidth(each->width()));
+                EXPECT_GE(each->heightForWidth(each->width()), 2 * each->fontMetrics().height()) << "several lines";
+                EXPECT_TRUE(shown.rect().contains(placeOf(*each)));
+            }
+            EXPECT_EQ(shownTexts, 2);
+            EXPECT_LT(shown.width(), 600);
+        });
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, LongAlert, testing::ValuesIn(LONG_CASES), RowName());
 
 TEST_F(AlertOnScreen, ScrollsATextThatIsHigherThanTheScreen)
 {
@@ -241,23 +230,22 @@ const UnusableCase UNUSABLE_CASES[] = {
     {"AlertLargerThanTheScreen", {90, 230, 110, 300}, {-32768, -32768, 32767, 32767}},
 };
 
-class UnusableLayout : public AlertOnScreen, public testing::WithParamInterface<UnusableCase> { };
-
-TEST_P(UnusableLayout, GivesWayToThatOfStandardAlerts)
+TEST_F(AlertOnScreen, GivesAnUnusableLayoutUpForThatOfStandardAlerts)
 {
-    Alert alert = fromResources();
-    alert.buttons[0].bounds = GetParam().button;
-    alert.layout->bounds = GetParam().alert;
-    lookAt(alert, [](QDialog& shown) {
-        const QRect ok = buttonPlace(shown, "OK");
-        const QRect cancel = buttonPlace(shown, "Cancel");
-        EXPECT_TRUE(shown.rect().contains(ok));
-        EXPECT_LT(cancel.right(), ok.left());
-        EXPECT_EQ(cancel.center().y(), ok.center().y());
-        titled<QLabel>(shown, "This external cannot do what the installer asks of it.");
-    });
+    for (const UnusableCase& row : UNUSABLE_CASES) {
+        SCOPED_TRACE(row.name);
+        Alert alert = fromResources();
+        alert.buttons[0].bounds = row.button;
+        alert.layout->bounds = row.alert;
+        lookAt(alert, [](QDialog& shown) {
+            const QRect ok = buttonPlace(shown, "OK");
+            const QRect cancel = buttonPlace(shown, "Cancel");
+            EXPECT_TRUE(shown.rect().contains(ok));
+            EXPECT_LT(cancel.right(), ok.left());
+            EXPECT_EQ(cancel.center().y(), ok.center().y());
+            titled<QLabel>(shown, "This external cannot do what the installer asks of it.");
+        });
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, UnusableLayout, testing::ValuesIn(UNUSABLE_CASES), RowName());
 
 }  // namespace

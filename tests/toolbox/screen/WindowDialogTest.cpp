@@ -155,34 +155,33 @@ struct LostFocusCase {
     const char* report;
 };
 
-class LostFocus : public WindowOnScreen, public testing::WithParamInterface<LostFocusCase> { };
-
-TEST_P(LostFocus, LeavesReturnToTheDefaultButton)
-{
-    Dialog dialog;
-    Control& apply = dialog.add(ControlKind::Button, "Apply", {84, 20, 104, 90});  // before Cancel
-    apply.command = 'aply';
-    dialog.popUp.enabled = GetParam().hasPopUp;
-    dialog.ok.enabled = GetParam().hasDefault;
-    const auto endTheUsualWay = dialog.recorder.action;
-    dialog.recorder.action = [&](const HICommand& command) {
-        if (command.commandID == 'aply')
-            apply.*GetParam().change = !(apply.*GetParam().change);
-        endTheUsualWay(command);
-    };
-    std::vector<Person::Act> acts = {click("Apply"), press(Qt::Key_Return)};
-    if (!GetParam().hasDefault)
-        acts.push_back(click("Cancel"));
-    EXPECT_EQ(runWith(dialog, acts), GetParam().report);
-}
-
 const LostFocusCase LOST_FOCUS_CASES[] = {
     {"OfADisabledButton", &Control::enabled, true, true, "ended: other ok"},
     {"OfAHiddenButton", &Control::hidden, true, true, "ended: other ok"},
     {"WithoutAPopUp", &Control::enabled, false, true, "ended: other ok"},
     {"WithoutADefaultButton", &Control::enabled, false, false, "ended: other cancel"},  // by the click, the last act
 };
-INSTANTIATE_TEST_SUITE_P(Cases, LostFocus, testing::ValuesIn(LOST_FOCUS_CASES), RowName());
+
+TEST_F(WindowOnScreen, LeavesReturnToTheDefaultButtonWhenTheFocusIsLost)
+{
+    for (const LostFocusCase& row : LOST_FOCUS_CASES) {
+        Dialog dialog;
+        Control& apply = dialog.add(ControlKind::Button, "Apply", {84, 20, 104, 90});  // before Cancel
+        apply.command = 'aply';
+        dialog.popUp.enabled = row.hasPopUp;
+        dialog.ok.enabled = row.hasDefault;
+        const auto endTheUsualWay = dialog.recorder.action;
+        dialog.recorder.action = [&](const HICommand& command) {
+            if (command.commandID == 'aply')
+                apply.*row.change = !(apply.*row.change);
+            endTheUsualWay(command);
+        };
+        std::vector<Person::Act> acts = {click("Apply"), press(Qt::Key_Return)};
+        if (!row.hasDefault)
+            acts.push_back(click("Cancel"));
+        EXPECT_EQ(runWith(dialog, acts), row.report) << row.name;
+    }
+}
 
 TEST_F(WindowOnScreen, StaysOpenUntilItsLoopIsToldToEnd)
 {
