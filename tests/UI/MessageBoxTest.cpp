@@ -1,7 +1,7 @@
 #include "UI/MessageBox.h"
 
-#include "tests/Velbase/common/allocations.h"
 #include "tests/double/ToolboxTest.h"
+#include "tests/support/Allocations.h"
 
 #include <initializer_list>
 #include <string>

@@ -3,8 +3,8 @@
 
 #include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
-#include "tests/Velbase/common/allocations.h"
 #include "tests/double/ToolboxTest.h"
+#include "tests/support/Allocations.h"
 
 #include <new>
 #include <string>

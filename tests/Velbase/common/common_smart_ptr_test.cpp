@@ -1,5 +1,5 @@
 #include "Velbase/common/common_smart_ptr.h"
-#include "allocations.h"
+#include "tests/support/Allocations.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // What the operations allocate, and what they leave behind when they cannot.
 
 #include "Velbase/common/common_string.h"
-#include "allocations.h"
 #include "string_contents.h"
+#include "tests/support/Allocations.h"
 #include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>

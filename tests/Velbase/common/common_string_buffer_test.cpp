@@ -1,6 +1,6 @@
 #include "Velbase/common/common_string_buffer.h"
-#include "allocations.h"
 #include "string_contents.h"
+#include "tests/support/Allocations.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 // called.
 
 #include "Velbase/common/common_string.h"
-#include "allocations.h"
 #include "string_contents.h"
+#include "tests/support/Allocations.h"
 
 #include <Carbon/Carbon.h>
 

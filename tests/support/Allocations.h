@@ -1,8 +1,8 @@
-// Counts what operator new hands out, and refuses it where a test wants that. A program that links allocations.cpp has
+// Counts what operator new hands out, and refuses it where a test wants that. A program that links Allocations.cpp has
 // its global operator new and delete from there.
 
-#ifndef TESTS_VELBASE_COMMON_ALLOCATIONS_H
-#define TESTS_VELBASE_COMMON_ALLOCATIONS_H
+#ifndef TESTS_SUPPORT_ALLOCATIONS_H
+#define TESTS_SUPPORT_ALLOCATIONS_H
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "allocations.h"
+#include "tests/support/Allocations.h"
 
 #include <cstdlib>
 
