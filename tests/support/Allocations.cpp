@@ -1,15 +1,17 @@
 #include "tests/support/Allocations.h"
 
+#include <atomic>
 #include <cstdlib>
 
 namespace {
 
 const std::size_t MAX_RECORDED = 4096;
 
-long liveBlocks = 0;
+std::atomic<long> liveBlocks{0};  // threads of a test may count too, while none is recorded
 bool isRecording = false;
 bool (*isExempt)() = nullptr;
 int refusedNumber = -1;
+allocations::Refused refusedThen = allocations::ONE;
 int asked = 0;
 bool hasRefused = false;
 std::size_t recorded = 0;
@@ -20,7 +22,7 @@ std::size_t sizes[MAX_RECORDED];
 void* operator new(std::size_t size)
 {
     if (isRecording && (isExempt == nullptr || !isExempt())) {
-        if (asked++ == refusedNumber) {
+        if (asked++ == refusedNumber || (hasRefused && refusedThen == allocations::ONE_AND_ALL_AFTER)) {
             hasRefused = true;
             throw std::bad_alloc();
         }
@@ -74,9 +76,10 @@ void exempt(bool (*condition)())
     isExempt = condition;
 }
 
-void start(int refused)
+void start(int refused, Refused refuse)
 {
     refusedNumber = refused;
+    refusedThen = refuse;
     asked = 0;
     hasRefused = false;
     recorded = 0;

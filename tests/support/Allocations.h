@@ -19,8 +19,9 @@ long live();
 void exempt(bool (*condition)());
 
 /// From now on the sizes of what is handed out are recorded, and the allocation number `refused`, counted from 0,
-/// fails. A negative number refuses none.
-void start(int refused);
+/// fails, with all after it or alone. A negative number refuses none.
+enum Refused { ONE, ONE_AND_ALL_AFTER };
+void start(int refused, Refused refuse = ONE);
 
 /// Ends that. The sizes in order; what was refused is not among them.
 std::vector<std::size_t> stop();
@@ -60,6 +61,21 @@ template <typename Action> bool refusing(int refused, Action action)
         EXPECT_EQ(live(), before) << "leaked after allocation " << refused << " failed";
     }
     return thrown;
+}
+
+/// Does `action` once for each of its allocations, which is refused with those after it, and at last with none refused.
+/// After each of them `check` is told whether one was.
+template <typename Action, typename Check> void refusingEach(Action action, Check check)
+{
+    bool refused = true;
+    for (int number = 0; refused; ++number) {
+        start(number, ONE_AND_ALL_AFTER);
+        action();
+        stop();
+        refused = wasRefused();
+        check(refused);
+        EXPECT_TRUE(refused || number > 0) << "nothing was allocated, so nothing was tested";
+    }
 }
 
 }  // namespace allocations

@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -191,15 +190,6 @@ TEST(InputFile, ReadsAnyPart)
     }
 }
 
-TEST(InputFile, IsARegularFile)
-{
-    const TemporaryFolder folder;
-    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
-    for (const std::filesystem::path& path : {folder.path(), folder / "pipe", std::filesystem::path("/dev/null")})
-        EXPECT_EQ(Toolbox::InputFile().open(path), ioErr) << path;
-    EXPECT_EQ(Toolbox::InputFile().open(folder / "missing"), fnfErr);
-}
-
 TEST(InputFile, IsClosedWhenItGoes)
 {
     const TemporaryFolder folder;
@@ -245,31 +235,15 @@ TEST_F(FindFolder, FindsTheFrameworksFolderUnderEitherDomainNumber)
     }
 }
 
-struct FindFolderCase {
-    const char* name;
-    SInt16 domain;
-    OSType type;
-    OSErr result;
-};
-
-const FindFolderCase FIND_FOLDER_CASES[] = {
-    {"OnSystemDisk", -32768, 'fram', nsvErr},
-    {"LocalDomain", -32765, 'fram', nsvErr},
-    {"UserDomain", -32763, 'fram', nsvErr},
-    {"Volume0", 0, 'fram', nsvErr},
-    {"Volume1", 1, 'fram', nsvErr},
-    {"Volume32767", 32767, 'fram', nsvErr},
-    {"Preferences", kSystemDomain, 'pref', invalidFolderTypeErr},
-    {"TypeInUpperCase", kSystemDomain, 'FRAM', invalidFolderTypeErr},
-    {"TypeZero", kOnAppropriateDisk, 0, invalidFolderTypeErr},
-    {"BothWrong", 0, 0, nsvErr},
-};
-
 TEST_F(FindFolder, RefusesOtherDomainsAndTypes)
 {
     Toolbox::SetFrameworksFolder(m_folder.path());
-    for (const FindFolderCase& row : FIND_FOLDER_CASES)
-        EXPECT_EQ(find(row.domain, row.type).first, row.result) << row.name;
+    for (const int domain : {-32768, -32765, -32763, 0, 1, 32767}) {
+        EXPECT_EQ(find(domain).first, nsvErr) << domain;
+        EXPECT_EQ(find(domain, 0).first, nsvErr) << domain;
+    }
+    for (const OSType type : {OSType('pref'), OSType('FRAM'), OSType(0)})
+        EXPECT_EQ(find(kSystemDomain, type).first, invalidFolderTypeErr) << type;
     EXPECT_EQ(FSFindFolder(kSystemDomain, kFrameworksFolderType, kCreateFolder, nullptr), paramErr);
 }
 

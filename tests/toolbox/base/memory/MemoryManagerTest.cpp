@@ -1,6 +1,6 @@
 #include "toolbox/base/memory/MemoryManager.h"
 
-#include "tests/toolbox/base/RefusingAllocations.h"
+#include "tests/support/Allocations.h"
 
 #include <Carbon/MacMemory.h>
 #include <Toolbox/LiveObjects.h>
@@ -72,7 +72,7 @@ TEST(NewPtr, IsNullAndKeepsNothingWhicheverAllocationFails)
 {
     const std::size_t before = alive("pointer");
     Ptr block = nullptr;
-    refuseEachAllocation([&] { block = NewPtr(8); },
+    allocations::refusingEach([&] { block = NewPtr(8); },
         [&](bool refused) {
             EXPECT_EQ(block == nullptr, refused);
             EXPECT_EQ(alive("pointer"), before + (refused ? 0 : 1));
@@ -125,7 +125,7 @@ TEST(Handle, IsNullAndKeepsNothingWhicheverAllocationFails)
 {
     const std::size_t before = alive("handle");
     Handle handle = nullptr;
-    refuseEachAllocation([&] { handle = makeHandle("abc", 3); },
+    allocations::refusingEach([&] { handle = makeHandle("abc", 3); },
         [&](bool refused) {
             EXPECT_EQ(handle == nullptr, refused);
             EXPECT_EQ(alive("handle"), before + (refused ? 0 : 1));

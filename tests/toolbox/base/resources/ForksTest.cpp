@@ -136,19 +136,6 @@ TEST_F(Forks, EntryMustLieInTheFile)
     }
 }
 
-TEST_F(Forks, SurviveRandomChangesOfAppleDouble)
-{
-    const Bytes good = makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, {RESOURCE_FORK_ENTRY, FORK}});
-    std::mt19937 random(2);
-    for (int round = 0; round < 200; ++round) {
-        Bytes file = good;
-        for (unsigned changes = 1 + random() % 4; changes > 0; --changes)
-            file[random() % 50] = static_cast<unsigned char>(random());
-        const OSErr result = readBeside(file);
-        EXPECT_TRUE(result == noErr || result == errFSForkNotFound || result == mapReadErr) << result;
-    }
-}
-
 TEST(AppleDouble, IsReadWithinItsBytes)
 {
     std::mt19937 random(3);

@@ -1,5 +1,5 @@
+#include "tests/support/Allocations.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/toolbox/base/RefusingAllocations.h"
 #include "tests/toolbox/base/resources/ResourceFork.h"
 #include "toolbox/base/files/FileReferences.h"
 
@@ -303,7 +303,7 @@ TEST_F(ResourceManager, OpensNothingWhicheverAllocationFails)
 {
     const FSRef file = write({{'CALL', 1, "one"}, {'ALRT', 1, "two"}});
     SInt16 refNum = 0;
-    refuseEachAllocation([&] { FSOpenResourceFile(&file, 0, nullptr, fsRdPerm, &refNum); },
+    allocations::refusingEach([&] { FSOpenResourceFile(&file, 0, nullptr, fsRdPerm, &refNum); },
         [&](bool refused) {
             EXPECT_EQ(refNum == kResFileNotOpened, refused);
             EXPECT_EQ(alive("resource file"), refused ? 0u : 1u);
@@ -315,7 +315,7 @@ TEST_F(ResourceManager, GetsNothingWhicheverAllocationFails)
 {
     open({{'CALL', 1, "one"}});
     Handle handle = nullptr;
-    refuseEachAllocation([&] { handle = GetResource('CALL', 1); },
+    allocations::refusingEach([&] { handle = GetResource('CALL', 1); },
         [&](bool refused) {
             EXPECT_EQ(handle == nullptr, refused);
             EXPECT_EQ(alive("handle"), refused ? 0u : 1u);

@@ -1,3 +1,5 @@
+// How the table of Mac OS Roman is used. MacRomanICUTest.cpp compares what is in it.
+
 #include "toolbox/base/text_encoding/MacRoman.h"
 
 #include <gtest/gtest.h>
@@ -34,41 +36,6 @@ TEST(MacRoman, IsAsciiBelow128)
         EXPECT_EQ(unicodeOf(byte), byte);
         EXPECT_EQ(byteOf(byte), int(byte));
     }
-}
-
-struct Character {
-    unsigned byte;
-    unsigned unit;
-};
-
-// The corners of the upper half, and where the tables of other makers or times differ.
-const Character CHARACTERS[] = {
-    {0x80, 0x00C4},                                  // A with diaeresis
-    {0x8F, 0x00E8}, {0x90, 0x00EA}, {0xA0, 0x2020},  // dagger
-    {0xAF, 0x00D8}, {0xB7, 0x2211},                  // n-ary sum
-    {0xBD, 0x03A9},                                  // Greek capital omega, not the ohm sign
-    {0xC6, 0x2206},                                  // increment, not Greek capital delta
-    {0xCA, 0x00A0},                                  // no-break space
-    {0xD7, 0x25CA},                                  // lozenge
-    {0xDB, 0x20AC},                                  // euro sign, before Mac OS 8.5 the currency sign
-    {0xDE, 0xFB01},                                  // ligature fi
-    {0xF0, 0xF8FF},                                  // Apple logo, in the private use area
-    {0xF5, 0x0131},                                  // dotless i
-    {0xFF, 0x02C7},                                  // caron
-};
-
-TEST(MacRoman, HasTheCharactersOfApplesTable)
-{
-    for (const Character& character : CHARACTERS) {
-        EXPECT_EQ(unicodeOf(character.byte), character.unit);
-        EXPECT_EQ(byteOf(character.unit), int(character.byte));
-    }
-}
-
-TEST(MacRoman, LacksTheLookAlikesOfItsCharacters)
-{
-    for (const unsigned unit : {0x2126u, 0x0394u, 0x2212u, 0x00A4u, 0xE01Eu, 0x03BCu, 0x2215u, 0x0301u, 0xFEFFu})
-        EXPECT_EQ(byteOf(unit), -1) << std::hex << unit;
 }
 
 // Every unit of UTF-16 against a search of the 256 characters.
