@@ -116,22 +116,17 @@ TEST_P(MessageBox, ShowsTheFirst254Characters)
     }
 }
 
-TEST_P(MessageBox, WithoutAPascalStringShowsNoText)
+TEST_P(MessageBox, WithoutAStringOrItsPascalFormShowsNoText)
 {
+    const std::string alert = std::string("StandardAlert(1, null, null, ") + GetParam().alert + ") = 0 -> 1\n";
     ToolboxDouble::FailCall("CFStringGetPascalStringPtr");
     EXPECT_TRUE(GetParam().show("The message"));
-    EXPECT_TRUE(logged(std::string("CFStringGetPascalStringPtr(string1, 0) = null\nStandardAlert(1, null, null, ")
-        + GetParam().alert + ") = 0 -> 1\nCFRelease(string1)\n"))
-        << Log();
-}
+    EXPECT_TRUE(logged("CFStringGetPascalStringPtr(string1, 0) = null\n" + alert + "CFRelease(string1)\n")) << Log();
 
-TEST_P(MessageBox, WithoutAStringShowsNoText)
-{
+    ToolboxDouble::ClearLog();
     ToolboxDouble::FailCall("CFStringCreateWithCString");
     EXPECT_TRUE(GetParam().show("The message"));
-    EXPECT_TRUE(logged(std::string("CFStringGetPascalStringPtr(null, 0) = null\nStandardAlert(1, null, null, ")
-        + GetParam().alert + ") = 0 -> 1\n"))
-        << Log();
+    EXPECT_TRUE(logged("CFStringGetPascalStringPtr(null, 0) = null\n" + alert)) << Log();
     EXPECT_FALSE(logged("CFRelease"));
 }
 
@@ -190,15 +185,13 @@ CFRelease(string1)
 
 const std::vector<unsigned short> JAPANESE = {0x65E5, 0x672C, 0x8A9E};
 
-TEST_F(MessageBoxText, InUTF16IsShownWithItsButton)
+TEST_F(MessageBoxText, InUTF16IsShownWithItsButtonWhateverElseTheCallerSays)
 {
     UI::MessageOK(nullptr, units("Title"), JAPANESE, units("Fertig"), false);
     EXPECT_EQ(Log(), UNICODE_BOX_LOG);
     EXPECT_EQ(LeftBehind(), "");
-}
 
-TEST_F(MessageBoxText, InUTF16IsAllThatTheCallerDecides)
-{
+    ToolboxDouble::Reset();
     char window;
     UI::MessageOK(reinterpret_cast<OpaqueWindowPtr*>(&window), units("Another title"), JAPANESE, units("Fertig"), true);
     EXPECT_EQ(Log(), UNICODE_BOX_LOG);

@@ -78,10 +78,10 @@ std::string hexadecimal(const void* bytes, Size count)
     return text;
 }
 
-void setLocked(Handle handle, bool locked)
+void setLocked(const Call& call, Handle handle, bool locked)
 {
     ResourceHandle* const found = find<ResourceHandle>(handle);
-    if (found != nullptr)
+    if (found != nullptr && !call.fails())
         found->locked = locked;
 }
 
@@ -107,18 +107,14 @@ void DisposePtr(Ptr block)
 
 void HLock(Handle handle)
 {
-    Call call("HLock", handle);
-    if (call.fails())
-        return;
-    setLocked(handle, true);
+    const Call call("HLock", handle);
+    setLocked(call, handle, true);
 }
 
 void HUnlock(Handle handle)
 {
-    Call call("HUnlock", handle);
-    if (call.fails())
-        return;
-    setLocked(handle, false);
+    const Call call("HUnlock", handle);
+    setLocked(call, handle, false);
 }
 
 void BlockMoveData(const void* source, void* destination, Size count)

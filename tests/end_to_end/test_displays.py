@@ -110,10 +110,10 @@ class Unattended(HostTest):
 
 
 @contextlib.contextmanager
-def start_on(server, *arguments, **variables):
-    """The host on the screen of this X server; it is ended at the latest when the block ends."""
-    with subprocess.Popen([HOST, *arguments], env=environment(DISPLAY=server.display, **variables),
-                          stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+def started(*arguments, **variables):
+    """The host with this environment; it is ended at the latest when the block ends."""
+    with subprocess.Popen([HOST, *arguments], env=environment(**variables), stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
         try:
             yield process
         finally:
@@ -128,7 +128,7 @@ class InAWindow(HostTest):
 
     def press(self, *keys, title=WINDOW_TITLE, arguments=(), **variables):
         """Runs the host, presses `keys` in the window of this title, and returns the Outcome."""
-        with start_on(self.server, *arguments, **variables) as process:
+        with started(*arguments, DISPLAY=self.server.display, **variables) as process:
             self.server.tool("windowfocus", "--sync", self.server.window(title), "key", *keys)
             return outcome_of(process)
 
@@ -172,20 +172,20 @@ class InAWindow(HostTest):
         self.assertEqual(outcome.json()["alerts"][0]["id"], 5000)
 
     def test_a_window_that_somebody_else_destroys_counts_as_cancelled(self):
-        with start_on(self.server) as process:
+        with started(DISPLAY=self.server.display) as process:
             self.server.tool("windowclose", self.server.window(WINDOW_TITLE))
             outcome = outcome_of(process)
         self.assertEqual((outcome.status, outcome.errors), (NOTHING_CHOSEN, ""))
 
     def test_so_does_an_alert(self):
-        with start_on(self.server, "--message", "999", "--json") as process:
+        with started("--message", "999", "--json", DISPLAY=self.server.display) as process:
             self.server.tool("windowclose", self.server.window("^Stop - Demo Installer$"))
             outcome = outcome_of(process)
         self.assertEqual((outcome.status, outcome.errors), (REFUSED, ""))
         self.assertEqual(outcome.json()["alerts"][0]["pressed"], 1)
 
     def test_the_window_belongs_to_the_host_and_its_application(self):
-        with start_on(self.server) as process:
+        with started(DISPLAY=self.server.display) as process:
             window = self.server.window(WINDOW_TITLE)
             for kind, name in (("--class", "^Demo Installer$"), ("--classname", "^visex-host$")):
                 self.assertEqual(self.server.tool("search", "--onlyvisible", kind, name), f"{window}\n")
@@ -199,7 +199,7 @@ class OnAScreenThatGoesAway(HostTest):
         """Runs the host until the window of this title is there, ends the X server, and returns the Outcome."""
         server = XServer()
         self.addCleanup(server.close)
-        with start_on(server, *arguments) as process:
+        with started(*arguments, DISPLAY=server.display) as process:
             server.window(title)
             server.break_down()
             return outcome_of(process)
@@ -227,13 +227,9 @@ class OnWayland(HostTest):
         self.addCleanup(compositor.terminate)
         self.assertTrue(appears(self.folder / "wayland-test"))
         picture = self.folder / "picture.png"
-        with subprocess.Popen([HOST, "--display", "window", "--picture", picture], env=environment(**variables),
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
-            try:
-                self.assertTrue(appears(picture), "the window was drawn")
-                self.assertIsNone(process.poll(), "it waits for somebody")
-            finally:
-                process.kill()
+        with started("--display", "window", "--picture", picture, **variables) as process:
+            self.assertTrue(appears(picture), "the window was drawn")
+            self.assertIsNone(process.poll(), "it waits for somebody")
 
 
 def appears(path):
