@@ -120,27 +120,7 @@ TEST(StringDetachAndExtend, GivesABufferOfItsOwnThatReachesTheIndex)
     }
 }
 
-TEST(StringDetachAndExtend, MakesANewBufferEvenForAStringThatHasOneAlone)
-{
-    String text("a text too long for any small buffer");
-    const char* const characters = text.Latin1();
-    text.detachAndExtend(1);
-    EXPECT_NE(text.Latin1(), characters);
-    EXPECT_EQ(contents(text), "a text too long for any small buffer");
-}
-
 // ---- Characters
-
-TEST(StringAt, GivesTheCharacterAndThePlainZeroPastTheEnd)
-{
-    const String text("a\xE9");
-    EXPECT_EQ(static_cast<char>(text.At(0)), 'a');
-    EXPECT_EQ(static_cast<char>(text.At(1)), '\xE9');
-    EXPECT_EQ(static_cast<char>(text[1]), '\xE9');
-    EXPECT_TRUE(text.At(2).IsNull());
-    EXPECT_TRUE(text[0xFFFFFFFF].IsNull());
-    EXPECT_TRUE(String().At(0).IsNull());
-}
 
 static_assert(std::is_same<decltype(std::declval<const String&>()[0]), Char>::value, "a constant string gives values");
 static_assert(std::is_same<decltype(std::declval<String&>()[0]), CharRef>::value, "another gives references");
@@ -202,18 +182,6 @@ TEST(CharRef, CopyStandsForTheSamePlace)
     copy = 'x';
     EXPECT_EQ(ref.ToChar(), 'x');
     EXPECT_EQ(contents(text), "axc");
-}
-
-TEST(CharRef, WritingAtOrPastTheEndExtendsTheTextWithZeroBytes)
-{
-    String text("abc");
-    text[3] = 'd';
-    EXPECT_EQ(contents(text), "abcd");
-    text[6] = 'g';
-    EXPECT_EQ(contents(text), "abcd\0\0g"sv);
-    String null;
-    null[1] = 'x';
-    EXPECT_EQ(contents(null), "\0x"sv);
 }
 
 TEST(CharRef, FollowsTheStringThroughAssignment)

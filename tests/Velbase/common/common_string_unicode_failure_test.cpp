@@ -30,14 +30,28 @@ struct ConverterDouble {
 
 ConverterDouble converter;
 
-OSStatus convert(ByteCount sourceLength, ByteCount bufferSize, ByteCount* read, ByteCount* written, void* buffer)
+// The conversion either way, which has to be a plain one: no flags and no offsets.
+template <typename Info>
+OSStatus convert(Info info, ByteCount sourceLength, OptionBits flags, ItemCount offsetCount, const ByteOffset offsets[],
+    const ItemCount* offsetsUsed, const ByteOffset resultOffsets[], ByteCount bufferSize, ByteCount* read,
+    ByteCount* written, void* buffer)
 {
+    EXPECT_EQ(reinterpret_cast<ConverterDouble*>(info), &converter);
+    EXPECT_TRUE(flags == 0 && offsetCount == 0);
+    EXPECT_TRUE(offsets == nullptr && offsetsUsed == nullptr && resultOffsets == nullptr);
     converter.sourceLengths.push_back(sourceLength);
     converter.bufferSizes.push_back(bufferSize);
     std::copy(converter.bytes.begin(), converter.bytes.end(), static_cast<unsigned char*>(buffer));
     *read = sourceLength;
     *written = converter.written;
     return converter.convertStatus;
+}
+
+template <typename Info> OSStatus create(TextEncoding encoding, Info* info)
+{
+    converter.created.push_back(encoding);
+    *info = reinterpret_cast<Info>(&converter);
+    return converter.createStatus;
 }
 
 }  // namespace
@@ -54,38 +68,28 @@ TextEncoding CreateTextEncoding(TextEncodingBase base, TextEncodingVariant varia
 
 OSStatus CreateTextToUnicodeInfoByEncoding(TextEncoding encoding, TextToUnicodeInfo* info)
 {
-    converter.created.push_back(encoding);
-    *info = reinterpret_cast<TextToUnicodeInfo>(&converter);
-    return converter.createStatus;
+    return create(encoding, info);
 }
 
 OSStatus CreateUnicodeToTextInfoByEncoding(TextEncoding encoding, UnicodeToTextInfo* info)
 {
-    converter.created.push_back(encoding);
-    *info = reinterpret_cast<UnicodeToTextInfo>(&converter);
-    return converter.createStatus;
+    return create(encoding, info);
 }
 
 OSStatus ConvertFromTextToUnicode(TextToUnicodeInfo info, ByteCount sourceLength, ConstLogicalAddress, OptionBits flags,
     ItemCount offsetCount, const ByteOffset offsets[], ItemCount* offsetsUsed, ByteOffset resultOffsets[],
     ByteCount bufferSize, ByteCount* read, ByteCount* written, UniChar unicode[])
 {
-    EXPECT_EQ(reinterpret_cast<ConverterDouble*>(info), &converter);
-    EXPECT_EQ(flags, 0u);
-    EXPECT_EQ(offsetCount, 0u);
-    EXPECT_TRUE(offsets == nullptr && offsetsUsed == nullptr && resultOffsets == nullptr);
-    return convert(sourceLength, bufferSize, read, written, unicode);
+    return convert(info, sourceLength, flags, offsetCount, offsets, offsetsUsed, resultOffsets, bufferSize, read,
+        written, unicode);
 }
 
 OSStatus ConvertFromUnicodeToText(UnicodeToTextInfo info, ByteCount unicodeLength, const UniChar[], OptionBits flags,
     ItemCount offsetCount, const ByteOffset offsets[], ItemCount* offsetsUsed, ByteOffset resultOffsets[],
     ByteCount bufferSize, ByteCount* read, ByteCount* written, LogicalAddress text)
 {
-    EXPECT_EQ(reinterpret_cast<ConverterDouble*>(info), &converter);
-    EXPECT_EQ(flags, 0u);
-    EXPECT_EQ(offsetCount, 0u);
-    EXPECT_TRUE(offsets == nullptr && offsetsUsed == nullptr && resultOffsets == nullptr);
-    return convert(unicodeLength, bufferSize, read, written, text);
+    return convert(
+        info, unicodeLength, flags, offsetCount, offsets, offsetsUsed, resultOffsets, bufferSize, read, written, text);
 }
 
 OSStatus DisposeTextToUnicodeInfo(TextToUnicodeInfo*)
