@@ -2,17 +2,15 @@
 
 #include "toolbox/base/Referenced.h"
 
-#include <Toolbox/Trace.h>
-
 #include <cstdio>
 #include <optional>
 #include <utility>
 
 namespace Toolbox {
 
-namespace {
-
 TraceSink traceSink;
+
+namespace {
 
 // The call that whatever happens now belongs to, or null. Each thread has its own: texts are converted in several.
 thread_local TracedCall* currentCall = nullptr;
@@ -47,21 +45,21 @@ bool TracedCall::begin()
     if (currentCall != nullptr)
         return false;
     currentCall = this;
-    return bool(traceSink);
+    return true;
 }
 
 TracedCall::~TracedCall()
 {
-    if (currentCall != this)
+    if (!m_reported)
         return;
     currentCall = nullptr;
-    if (m_reported && traceSink)
+    if (traceSink)
         traceSink(m_line);
 }
 
 void TracedCall::reportBegun()
 {
-    if (m_reported && !std::exchange(m_reportedBegun, true) && traceSink)
+    if (!std::exchange(m_reportedBegun, true) && traceSink)
         traceSink(m_line + " ...");
 }
 

@@ -9,6 +9,7 @@
 #define TOOLBOX_BASE_TRACEDCALL_H
 
 #include <Carbon/MacTypes.h>
+#include <Toolbox/Trace.h>
 
 #include <functional>
 #include <string>
@@ -16,6 +17,9 @@
 #include <vector>
 
 namespace Toolbox {
+
+/// Where calls are reported to; nothing when tracing is off.
+extern TraceSink traceSink;
 
 /// `number` in decimal, or as the four characters in quotes if it is a code such as 'CALL'.
 std::string describeNumber(long long number);
@@ -27,7 +31,7 @@ class TracedCall {
 public:
     template <typename... Arguments>
     explicit TracedCall(const char* function, const Arguments&... arguments)
-        : m_reported(begin())
+        : m_reported(traceSink && begin())
     {
         if (!m_reported)
             return;
