@@ -321,7 +321,7 @@ private:
     {
     }
 
-    // The text in lower case, up to its first zero byte, without a count.
+    // The text in lower case, without a count.
     static std::unique_ptr<Buffer> lowered(std::string_view text);
 
     // The whole text, zero bytes included; "" for a null string.

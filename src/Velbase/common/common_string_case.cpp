@@ -1,7 +1,6 @@
 // Upper and lower case.
 
 #include "Velbase/common/common_string.h"
-#include "Velbase/common/common_string_buffer.h"
 
 #include <algorithm>
 
@@ -9,7 +8,7 @@ String String::ToUpper() const
 {
     if (IsEmpty())
         return *this;
-    const std::string_view text = velbase_private::upToZero(view());
+    const std::string_view text = Latin1();
     auto buffer = Buffer::make(text.size());
     std::transform(text.begin(), text.end(), buffer->characters(), [](char c) { return Char(c).ToUpper(); });
     return String(std::move(buffer));
@@ -17,12 +16,11 @@ String String::ToUpper() const
 
 String String::ToLower() const
 {
-    return IsNull() ? String() : String(lowered(view()));
+    return IsNull() ? String() : String(lowered(Latin1()));
 }
 
 std::unique_ptr<String::Buffer> String::lowered(std::string_view text)
 {
-    text = velbase_private::upToZero(text);
     auto buffer = Buffer::make(text.size());
     std::transform(text.begin(), text.end(), buffer->characters(), [](char c) { return Char(c).ToLower(); });
     return buffer;

@@ -89,7 +89,7 @@ String String::Replace(const String& pattern, const String& replacement) const
 
 String String::ReplaceChar(const Char& from, const Char& to) const
 {
-    const std::string_view text = velbase_private::upToZero(view());
+    const std::string_view text = Latin1();
     auto buffer = Buffer::make(text.size());
     const char wanted = from;
     const char given = to;

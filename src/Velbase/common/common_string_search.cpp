@@ -99,7 +99,7 @@ checked_uint String::Find(const char* needle, unsigned from, bool caseSensitive)
         return findText(needle, Latin1() + from, from);
     }
     // The lowered copy ends at the first zero byte, which may be before `from`.
-    const auto text = lowered(view());
+    const auto text = lowered(Latin1());
     const char* const rest = from < text->length() ? text->characters() + from : "";
     return findText(lowered(needle == nullptr ? "" : needle)->characters(), rest, from);
 }

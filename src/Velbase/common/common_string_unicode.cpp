@@ -22,9 +22,9 @@ TextEncoding macRoman()
 unsigned countUnits(const unsigned short* text)
 {
     for (unsigned count = 0; count < TOO_LONG; count += 8) {
-        for (unsigned i = count; i < count + 8; ++i) {
-            if (text[i] == 0)
-                return i;
+        for (unsigned i = 0; i < 8; ++i) {
+            if (text[count + i] == 0)
+                return count + i;
         }
     }
     return TOO_LONG;
@@ -67,7 +67,7 @@ shared_array<unsigned short> String::Unicode() const
     TextToUnicodeInfo converter = nullptr;
     if (CreateTextToUnicodeInfoByEncoding(macRoman(), &converter) != noErr)
         return shared_array<unsigned short>();
-    const std::string_view source = velbase_private::upToZero(view());
+    const std::string_view source = Latin1();
     if (source.size() >= TOO_LONG)
         return shared_array<unsigned short>();
 
