@@ -133,18 +133,6 @@ TEST(Handle, IsNullAndKeepsNothingWhicheverAllocationFails)
     freeHandle(handle);
 }
 
-TEST(WrongHandle, HasTheSizeZeroAndCanBeLocked)
-{
-    Ptr foreignMaster = nullptr;
-    const Handle dead = makeHandle("abc", 3);
-    freeHandle(dead);
-    for (const Handle wrong : {Handle(nullptr), dead, &foreignMaster, reinterpret_cast<Handle>(std::uintptr_t(3))}) {
-        EXPECT_EQ(GetHandleSize(wrong), 0) << wrong;
-        HLock(wrong);
-        HUnlock(wrong);
-    }
-}
-
 TEST(HLock, LeavesTheBlockWhereItIs)
 {
     const Handle handle = makeHandle("abc", 3);

@@ -110,18 +110,6 @@ TEST_F(ResourceManager, GivesTheSameHandleUntilItIsReleased)
     EXPECT_EQ(dataOf(GetResource('CALL', 1)), "one") << "read anew";
 }
 
-TEST_F(ResourceManager, RefusesHandlesThatAreNoResources)
-{
-    open({{'CALL', 1, "one"}});
-    Ptr block = nullptr;
-    const Handle foreign = &block;
-    for (const auto call : {ReleaseResource, ChangedResource}) {
-        call(nullptr);
-        call(foreign);
-    }
-    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "one");
-}
-
 TEST_F(ResourceManager, KeepsAChangedResource)
 {
     open({{'CALL', 1, "below"}});

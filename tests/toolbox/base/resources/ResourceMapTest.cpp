@@ -275,21 +275,4 @@ TEST(ResourceMap, MayHaveNoMoreReferencesThanTheMapHasRoomFor)
     EXPECT_EQ(resultOf(fork.bytes()), mapReadErr);
 }
 
-// A map of less than a megabyte that would otherwise name billions of references.
-TEST(ResourceMap, IsRefusedWhenItsReferenceListsOverlap)
-{
-    constexpr unsigned TYPES = 4000;
-    constexpr unsigned REFERENCES = 60000;
-    TestFork fork;
-    addNumber(fork.data, 4, 0);
-    addNumber(fork.types, 2, TYPES - 1);
-    for (unsigned type = 0; type < TYPES; ++type) {
-        addNumber(fork.types, 4, type);
-        addNumber(fork.types, 2, REFERENCES - 1);
-        addNumber(fork.types, 2, 2 + 8 * TYPES);
-    }
-    fork.references.resize(REFERENCES * 12);
-    EXPECT_EQ(resultOf(fork.bytes()), mapReadErr);
-}
-
 }  // namespace
