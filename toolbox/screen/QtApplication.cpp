@@ -22,6 +22,17 @@ void sayOnlyTheWorst(QtMsgType type, const QMessageLogContext&, const QString& t
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
+void throwBadAlloc()
+{
+    throw std::bad_alloc();
+}
+
+// Ends the process at once, before anything is unwound, and whoever looks why finds the exception.
+void endForWantOfMemory() noexcept
+{
+    throwBadAlloc();
+}
+
 // Qt sets the process's locale to the user's, which would change how everybody else's numbers are read. While this
 // lives it may; then all is as before.
 class KeptLocale {
@@ -48,6 +59,16 @@ QuietQt::QuietQt()
 QuietQt::~QuietQt()
 {
     qInstallMessageHandler(m_handler);
+}
+
+UnwindingNothing::UnwindingNothing()
+    : m_handler(std::set_new_handler(endForWantOfMemory))
+{
+}
+
+UnwindingNothing::~UnwindingNothing()
+{
+    std::set_new_handler(m_handler);
 }
 
 QtApplication::QtApplication(const QByteArray& platform)

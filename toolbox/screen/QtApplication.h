@@ -7,6 +7,7 @@
 #include <QByteArray>
 
 #include <memory>
+#include <new>
 #include <optional>
 
 namespace Toolbox {
@@ -24,6 +25,19 @@ private:
     const QtMessageHandler m_handler;
 };
 
+/// While this lives, memory that runs out ends the process, by std::terminate with a std::bad_alloc: Qt does not
+/// survive being unwound.
+class UnwindingNothing {
+public:
+    UnwindingNothing();
+    ~UnwindingNothing();
+    UnwindingNothing(const UnwindingNothing&) = delete;
+    UnwindingNothing& operator=(const UnwindingNothing&) = delete;
+
+private:
+    const std::new_handler m_handler;
+};
+
 /// An application for as long as it lives: the process's own where it has one, else one on `platform`
 /// (ScreenLibrary.h), made here and ended here, so that nothing of it is left between two windows. It takes no
 /// arguments from the command line, and leaves the process's locale as it was.
@@ -32,6 +46,7 @@ public:
     explicit QtApplication(const QByteArray& platform);
 
 private:
+    const UnwindingNothing m_unwindingNothing;
     QByteArray m_platform;
     int m_argumentCount;
     char* m_arguments[4];  // Qt keeps pointers to these

@@ -12,6 +12,10 @@
 #include <QTextLayout>
 
 #include <clocale>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+#include <string>
 
 namespace {
 
@@ -634,14 +638,31 @@ TEST_F(WindowOnScreen, LeavesNoApplicationBehind)
     EXPECT_EQ(runWith({press(Qt::Key_Escape)}), "ended: cancel");
 }
 
+// In a process of its own, since Qt sets the locale once in a process.
 TEST_F(WindowOnScreen, LeavesTheLocaleOfTheProcessAlone)
 {
-    setenv("LC_ALL", "C.UTF-8", 1);
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    EXPECT_EQ(runWith({[&](QDialog&) { EXPECT_EQ(std::setlocale(LC_ALL, nullptr), before); }, press(Qt::Key_Return)}),
-        "ended: ok");
-    EXPECT_EQ(std::setlocale(LC_ALL, nullptr), before);
-    unsetenv("LC_ALL");
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto compare = [this] {
+        setenv("LC_ALL", "C.UTF-8", 1);
+        const std::string before = std::setlocale(LC_ALL, nullptr);
+        std::string during;
+        runWith({[&](QDialog&) { during = std::setlocale(LC_ALL, nullptr); }, press(Qt::Key_Return)});
+        std::exit(before == during && before == std::setlocale(LC_ALL, nullptr) ? 0 : 1);
+    };
+    EXPECT_EXIT(compare(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(WindowOnScreen, IsNotUnwoundWhenMemoryRunsOut)
+{
+    const auto runOut = [] {
+        try {
+            ::operator delete(::operator new(PTRDIFF_MAX));
+        } catch (const std::bad_alloc&) {
+        }
+    };
+    EXPECT_EQ(
+        runWith({[&](QDialog&) { EXPECT_DEATH(runOut(), "bad_alloc|allocat"); }, press(Qt::Key_Return)}), "ended: ok");
+    EXPECT_EQ(std::get_new_handler(), nullptr);
 }
 
 TEST_F(WindowOnScreen, SaysNothingOnTheStandardStreams)
