@@ -71,14 +71,14 @@ template <typename T> inline T scanUInt(const Char*& p, unsigned& remaining, uns
     const unsigned few = base <= 10 ? std::numeric_limits<T>::digits10
         : base <= 16                ? std::numeric_limits<T>::digits / 4
                                     : 0;
+    const T limit = static_cast<T>(std::numeric_limits<T>::max() / base);
+    const T last = static_cast<T>(std::numeric_limits<T>::max() % base);
     const Char* const end = p + remaining;
     const Char* next = p;
     T number = 0;
     ok = true;
     for (const Char* const sure = p + std::min(remaining, few); next != sure && checkCharInBase(*next, base); ++next)
         number = static_cast<T>(number * base + digitValue(*next, base));
-    const T limit = static_cast<T>(std::numeric_limits<T>::max() / base);
-    const T last = static_cast<T>(std::numeric_limits<T>::max() % base);
     for (; next != end && checkCharInBase(*next, base); ++next) {
         const unsigned digit = digitValue(*next, base);
         if (number >= limit && (number > limit || digit > last)) {
