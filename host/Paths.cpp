@@ -1,7 +1,6 @@
 #include "host/Paths.h"
 
 #include <link.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <system_error>
@@ -55,16 +54,13 @@ bool isOneOf(const fs::path& folder, const fs::path& file)
 
 bool isLoaded(const fs::path& file)
 {
-    struct stat facts;
-    if (stat(file.c_str(), &facts) != 0)
-        return false;
-    const auto isThatFile = [](dl_phdr_info* loaded, std::size_t, void* wanted) {
-        const auto* const sought = static_cast<const struct stat*>(wanted);
-        struct stat found;
+    const auto isThatFile = [](dl_phdr_info* loaded, std::size_t, void* sought) {
         const char* const name = *loaded->dlpi_name == '\0' ? "/proc/self/exe" : loaded->dlpi_name;
-        return stat(name, &found) == 0 && found.st_dev == sought->st_dev && found.st_ino == sought->st_ino ? 1 : 0;
+        std::error_code missing;
+        return fs::equivalent(name, *static_cast<const fs::path*>(sought), missing) ? 1 : 0;
     };
-    return dl_iterate_phdr(isThatFile, &facts) != 0;
+    fs::path sought = file;
+    return dl_iterate_phdr(isThatFile, &sought) != 0;
 }
 
 }  // namespace Host
