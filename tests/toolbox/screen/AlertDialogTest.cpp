@@ -118,6 +118,11 @@ TEST_F(AlertOnScreen, IsAnnouncedWithItsTexts)
         EXPECT_EQ(accessible->text(QAccessible::Description),
             QStringLiteral("Replace <b>everything</b> & more?\nReally?\nIt cannot be undone."));
     });
+    Alert withoutExplanation = fourButtons();
+    withoutExplanation.explanation.clear();
+    lookAt(withoutExplanation, [](QDialog& shown) {
+        EXPECT_EQ(shown.accessibleDescription(), QStringLiteral("Replace <b>everything</b> & more?\nReally?"));
+    });
 }
 
 TEST_F(AlertOnScreen, HasTheIconOfItsType)

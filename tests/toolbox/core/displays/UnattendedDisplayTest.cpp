@@ -1,6 +1,8 @@
 #include "tests/support/RowName.h"
 #include "tests/toolbox/core/dialogs/TestWindow.h"
 
+#include <Toolbox/CInterface.h>
+
 #include <set>
 
 namespace {
@@ -224,6 +226,18 @@ TEST_F(UnattendedWindow, FailsWhenConfirmingDoesNotEndIt)
     EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, 'more', kHICommandOK}));
     EXPECT_EQ(currentReport().displayProblem, "no answer is left, and confirming the window does not end it");
     EXPECT_FALSE(currentReport().answerWasUnfit);
+}
+
+TEST_F(UnattendedWindow, FailsInWordsForInstallersInC)
+{
+    recorder.action = nullptr;
+    EXPECT_EQ(run({}), eventInternalErr);
+    Toolbox::remark("a remark");
+    static std::vector<std::string> lines;
+    lines.clear();
+    ToolboxTellReport([](const char* line) { lines.push_back(line); });
+    EXPECT_EQ(
+        lines, (std::vector<std::string>{"a remark", "no answer is left, and confirming the window does not end it"}));
 }
 
 TEST_F(UnattendedWindow, FailsWhenThereIsNothingToConfirmItWith)
