@@ -12,15 +12,13 @@ using Toolbox::layoutOf;
 
 using BundleLayout = BundleTest;
 
-struct InsideCase {
+// In a folder with: file, folder/file, and the links that the names say.
+// clang-format off
+const struct {
     const char* name;
     const char* relative;
     const char* found;  // in the folder; null when it is not to be found
-};
-
-// In a folder with: file, folder/file, and the links that the names say.
-// clang-format off
-const InsideCase INSIDE_CASES[] = {
+} INSIDE_CASES[] = {
     // name                               relative                      found
     {"File",                              "file",                       "file"},
     {"Folder",                            "folder",                     "folder"},
@@ -69,7 +67,7 @@ TEST_F(BundleLayout, FindsTheRealPathOfWhatIsInAFolder)
     fs::create_symlink("../root beside", in("root/link beside"));
     fs::create_symlink("nothing", in("root/link to nothing"));
     fs::create_symlink("link to itself", in("root/link to itself"));
-    for (const InsideCase& row : INSIDE_CASES)
+    for (const auto& row : INSIDE_CASES)
         EXPECT_EQ(findInside(in("root"), row.relative), row.found == nullptr ? fs::path() : in("root") / row.found)
             << row.name;
 }
@@ -89,15 +87,13 @@ const Toolbox::BundleLayout IN_CONTENTS = {"Contents/Info.plist", "Contents/Reso
 const Toolbox::BundleLayout IN_RESOURCES = {"Resources/Info.plist", "Resources", "PlugIns"};
 const Toolbox::BundleLayout AT_THE_TOP = {"Info.plist", "", "PlugIns"};
 
-struct LayoutCase {
+// clang-format off
+const struct {
     const char* name;
     const char* bundle;
     std::vector<std::string> folders;
     Toolbox::BundleLayout layout;
-};
-
-// clang-format off
-const LayoutCase LAYOUT_CASES[] = {
+} LAYOUT_CASES[] = {
     // name                   bundle         folders                    layout
     {"Contents",              "a.bundle",    {"Contents"},              IN_CONTENTS},
     {"Both",                  "a.bundle",    {"Contents", "Resources"}, IN_CONTENTS},
@@ -113,7 +109,7 @@ const LayoutCase LAYOUT_CASES[] = {
 
 TEST_F(BundleLayout, GoesByTheFoldersThatAreThere)
 {
-    for (const LayoutCase& row : LAYOUT_CASES) {
+    for (const auto& row : LAYOUT_CASES) {
         SCOPED_TRACE(row.name);
         const fs::path bundle = in(row.name) / row.bundle;
         fs::create_directories(bundle);

@@ -9,18 +9,16 @@ using CFBundleResource = BundleTest;
 using Toolbox::Bundle;
 using Toolbox::findObject;
 
-struct ResourceCase {
+// In a bundle whose user knows German, as in Austria, and French, and whose development region is English.
+// clang-format off
+const struct {
     const char* name;
     std::vector<std::string> files;
     const char* resource;
     const char* type;
     const char* subfolder;
     const char* found;  // null when it is not
-};
-
-// In a bundle whose user knows German, as in Austria, and French, and whose development region is English.
-// clang-format off
-const ResourceCase RESOURCE_CASES[] = {
+} RESOURCE_CASES[] = {
     // name                files                                     resource    type     in      found
     {"Missing",            {},                                       "a",        "x",     "",     nullptr},
     {"WithoutALanguage",   {"a.x"},                                  "a",        "x",     "",     "a.x"},
@@ -60,7 +58,7 @@ const ResourceCase RESOURCE_CASES[] = {
 
 TEST_F(CFBundleResource, IsFoundInTheOrderOfLanguages)
 {
-    for (const ResourceCase& row : RESOURCE_CASES) {
+    for (const auto& row : RESOURCE_CASES) {
         const fs::path resources = in(row.name) / "Contents/Resources";
         makeBundle(in(row.name), stringEntry("CFBundleDevelopmentRegion", "English"));
         fs::create_directories(resources);
@@ -114,15 +112,6 @@ TEST_F(CFBundleResource, TheURLOfAResourceSaysWhatItIs)
     EXPECT_TRUE(CFEqual(file, whole));
     EXPECT_EQ(takePath(file), resources / "a.txt");
     EXPECT_EQ(CFBundleCopyResourceURL(bundle, CFSTR("b"), CFSTR("txt"), nullptr), nullptr);
-}
-
-TEST_F(CFBundleResource, ResourcesOfAFlatBundleLieAtItsTop)
-{
-    writeFile(in("flat/a.txt"));
-    writeFile(in("flat/fr.lproj/b.txt"));
-    const Owned bundle = createBundle(in("flat"));
-    EXPECT_EQ(findObject<Bundle>(bundle)->findResource("a", "txt", "", {"fr"}), in("flat/a.txt"));
-    EXPECT_EQ(findObject<Bundle>(bundle)->findResource("b", "txt", "", {"fr"}), in("flat/fr.lproj/b.txt"));
 }
 
 }  // namespace

@@ -95,20 +95,6 @@ TEST_F(CFBundle, ReadsNoInfoThatIsNoFileOfItsOwn)
     }
 }
 
-TEST_F(CFBundle, ReadsTheInfoOfItsLayout)
-{
-    const std::pair<const char*, const char*> PLACES[] = {
-        {"a.bundle", "Contents/Info.plist"},
-        {"b.bundle", "Resources/Info.plist"},
-        {"c.bundle", "Info.plist"},
-        {"d.framework", "Resources/Info.plist"},
-    };
-    for (const auto& [name, info] : PLACES) {
-        writeFile(in(name) / info, propertyList(stringEntry("k", "v")));
-        EXPECT_EQ(findObject<Bundle>(Owned(createBundle(in(name))))->info().value("k"), "v") << name;
-    }
-}
-
 TEST_F(CFBundle, ItsBuiltInPlugInsLieByItsLayout)
 {
     fs::create_directories(in("a.app/Contents"));

@@ -112,12 +112,6 @@ protected:
     }
 };
 
-struct RegistrationCase {
-    const char* name;
-    std::string entries;
-    Texts factories;  // of the type
-};
-
 std::string valueEntry(const std::string& key, const std::string& value)
 {
     return "<key>" + key + "</key>" + value;
@@ -131,7 +125,11 @@ const std::string MISPLACED = "1111111-12222-3333-4444-5555555555AA";
 const std::string MIXED = "<array><dict/><true/><string>" + FIRST + "</string></array>";
 
 // clang-format off
-const RegistrationCase REGISTRATION_CASES[] = {
+const struct {
+    const char* name;
+    std::string entries;
+    Texts factories;  // of the type
+} REGISTRATION_CASES[] = {
     // name                   Info.plist                                                               factories
     {"Nothing",               "",                                                                      {"null"}},
     {"OneFactory",            plugInEntries(FIRST, "f"),                                               {FIRST}},
@@ -173,7 +171,7 @@ const RegistrationCase REGISTRATION_CASES[] = {
 
 TEST_F(CFPlugIn, RegistersWhatItsInfoSays)
 {
-    for (const RegistrationCase& row : REGISTRATION_CASES) {
+    for (const auto& row : REGISTRATION_CASES) {
         SCOPED_TRACE(row.name);
         {
             const Owned plugIn = withoutCode(row.entries, row.name);

@@ -12,14 +12,12 @@ namespace {
 
 using Toolbox::languageFolders;
 
-struct FoldersCase {
+// clang-format off
+const struct {
     const char* name;
     QStringList languages;
     QStringList folders;
-};
-
-// clang-format off
-const FoldersCase FOLDERS_CASES[] = {
+} FOLDERS_CASES[] = {
     {"None",                 {},                     {}},
     {"Empty",                {""},                   {}},
     {"Code",                 {"cy"},                 {"cy.lproj"}},
@@ -36,7 +34,7 @@ const FoldersCase FOLDERS_CASES[] = {
 
 TEST(LanguageFolders, BearEachNameOfTheLanguages)
 {
-    for (const FoldersCase& row : FOLDERS_CASES)
+    for (const auto& row : FOLDERS_CASES)
         EXPECT_EQ(languageFolders(row.languages), row.folders) << row.name;
 }
 
@@ -49,17 +47,15 @@ TEST(LanguageFolders, MayHaveTheLongNamesOfOldBundles)
         EXPECT_EQ(languageFolders({codes[index]}), QStringList({codes[index] + ".lproj", names[index] + ".lproj"}));
 }
 
-struct EnvironmentCase {
+// clang-format off
+const struct {
     const char* name;
     const char* all;  // null: not in the environment
     const char* messages;
     const char* lang;
     const char* list;  // LANGUAGE
     std::vector<std::string> languages;
-};
-
-// clang-format off
-const EnvironmentCase ENVIRONMENTS[] = {
+} ENVIRONMENTS[] = {
     {"AllWins",                 "fr_FR",             "de_DE",   "it_IT",       nullptr,         {"fr-FR"}},
     {"MessagesBeforeLang",      nullptr,             "de_DE",   "it_IT",       nullptr,         {"de-DE"}},
     {"LangLast",                nullptr,             nullptr,   "it_IT.UTF-8", nullptr,         {"it-IT"}},
@@ -84,7 +80,7 @@ void set(const char* variable, const char* value)
 
 TEST(UserLanguages, AreTheListsUnlessTheLocaleIsC)
 {
-    for (const EnvironmentCase& row : ENVIRONMENTS) {
+    for (const auto& row : ENVIRONMENTS) {
         set("LC_ALL", row.all);
         set("LC_MESSAGES", row.messages);
         set("LANG", row.lang);

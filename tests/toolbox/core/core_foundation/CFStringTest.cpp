@@ -18,15 +18,13 @@ std::string bytesOf(ConstStringPtr pascalString)
     return std::string(reinterpret_cast<const char*>(pascalString + 1), pascalString[0]);
 }
 
-struct DecodingCase {
+// clang-format off
+const struct {
     const char* name;
     std::string bytes;
     CFStringEncoding encoding;
     const char16_t* text;  // null when the bytes are not valid
-};
-
-// clang-format off
-const DecodingCase DECODING_CASES[] = {
+} DECODING_CASES[] = {
     // name                    bytes                                       encoding    text
     {"ASCII",                  "Hello",                                    ASCII,      u"Hello"},
     {"LastOfASCII",            "\x7F",                                     ASCII,      u"\x7F"},
@@ -126,16 +124,14 @@ TEST_F(CFString, TheTextOfAWrongReferenceIsNull)
 }
 
 // What a string was made of decides whether it has a Pascal form, and in which encodings.
-struct PascalCase {
+// clang-format off
+const struct {
     const char* name;
     std::string bytes;
     CFStringEncoding madeFrom;
     bool inMacRoman;
     bool inASCII;
-};
-
-// clang-format off
-const PascalCase PASCAL_CASES[] = {
+} PASCAL_CASES[] = {
     // name                bytes                  made from  in Mac OS Roman  in ASCII
     {"Empty",              "",                    MAC_ROMAN, true,            true},
     {"EmptyASCII",         "",                    ASCII,     true,            true},

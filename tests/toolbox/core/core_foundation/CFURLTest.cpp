@@ -80,15 +80,13 @@ TEST_F(CFURL, TakesOnlyTheBytesThatAreCounted)
     EXPECT_EQ(pathOf(url), "/ab");
 }
 
-struct ComponentCase {
+// clang-format off
+const struct {
     const char* name;
     const char* base;
     const char* component;
     const char* path;
-};
-
-// clang-format off
-const ComponentCase COMPONENT_CASES[] = {
+} COMPONENT_CASES[] = {
     // name            base   component             path
     {"Name",           "/a",  "b",                  "/a/b"},
     {"AfterSlash",     "/a/", "b",                  "/a/b"},

@@ -7,12 +7,10 @@ namespace {
 
 using Toolbox::quoted;
 
-struct QuotedCase {
+const struct {
     const char16_t* text;
     const char* quoted;
-};
-
-const QuotedCase QUOTED_CASES[] = {
+} QUOTED_CASES[] = {
     {u"", "\"\""},
     {u"Language Selector", "\"Language Selector\""},
     {u"日本語 \u00e9", "\"日本語 é\""},
@@ -23,7 +21,7 @@ const QuotedCase QUOTED_CASES[] = {
 
 TEST(Quoted, IsOneLineOfPrintableText)
 {
-    for (const QuotedCase& row : QUOTED_CASES)
+    for (const auto& row : QUOTED_CASES)
         EXPECT_EQ(quoted(QString::fromUtf16(row.text)), row.quoted);
 }
 

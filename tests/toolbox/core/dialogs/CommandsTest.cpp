@@ -14,15 +14,17 @@ std::vector<Toolbox::MenuItem> threeItems()
     return {{QStringLiteral("Small")}, {QStringLiteral("Medium"), 'medi'}, {QStringLiteral("Large"), 0, false}};
 }
 
-class Commands : public WindowTest { };
+class Commands : public WindowTest {
+protected:
+    TestWindow made;
+    CommandRecorder recorder{made.target()};
+};
 
 // ---- Pressing
 
 TEST_F(Commands, OfAPressedButtonComeFromTheControl)
 {
-    TestWindow made;
     Control& button = made.addButton('butt');
-    const CommandRecorder recorder(made.target());
     runWhile(made.ref, [&] { pressControl(button); });
     ASSERT_EQ(recorder.ids(), std::vector<MenuCommand>{'butt'});
     EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromControl});
@@ -31,16 +33,13 @@ TEST_F(Commands, OfAPressedButtonComeFromTheControl)
 
 TEST_F(Commands, AreSentByAnyKindOfControlThatCarriesOne)
 {
-    TestWindow made;
     Control& other = made.add(ControlKind::Other, 'othr');
-    const CommandRecorder recorder(made.target());
     runWhile(made.ref, [&] { pressControl(other); });
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'othr'});
 }
 
 TEST_F(Commands, AreNotSentByAButtonThatHasNoneOrCannotBePressed)
 {
-    TestWindow made;
     Control& box = made.add(ControlKind::GroupBox);
     Control& without = made.addButton(0);
     Control& disabled = made.addButton('disa');
@@ -49,7 +48,6 @@ TEST_F(Commands, AreNotSentByAButtonThatHasNoneOrCannotBePressed)
     box.enabled = false;
     disabled.enabled = false;
     hidden.hidden = true;
-    const CommandRecorder recorder(made.target());
     runWhile(made.ref, [&] {
         for (Control* each : {&without, &disabled, &hidden, &inside})
             pressControl(*each);
@@ -82,12 +80,13 @@ TEST_F(Commands, OfAChosenItemAreSentAndItIsSetUnlessThatWasTaken)
     auto items = threeItems();
     items.push_back({QString(), 0, true, true});
     items.push_back({QStringLiteral("Last"), 'last'});
+    Control& popUp = made.addPopUp(items);
+    recorder.action = [&](const HICommand&) { EXPECT_EQ(popUp.value, 1) << "it changes when nobody took it"; };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        TestWindow made;
-        Control& popUp = made.addPopUp(items);
-        CommandRecorder recorder(made.target(), row.answer);
-        recorder.action = [&](const HICommand&) { EXPECT_EQ(popUp.value, 1) << "it changes when nobody took it"; };
+        popUp.setValue(1);
+        recorder.commands.clear();
+        recorder.answer = row.answer;
         runWhile(made.ref, [&] { chooseMenuItem(popUp, row.item); });
         EXPECT_EQ(recorder.ids(), row.sent);
         EXPECT_EQ(popUp.value, row.value);
@@ -96,9 +95,7 @@ TEST_F(Commands, OfAChosenItemAreSentAndItIsSetUnlessThatWasTaken)
 
 TEST_F(Commands, OfAnItemComeFromTheMenuWithTheItemsNumber)
 {
-    TestWindow made;
     Control& popUp = made.addPopUp(threeItems());
-    const CommandRecorder recorder(made.target());
     runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
     ASSERT_EQ(recorder.commands.size(), 1u);
     EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromMenu});
@@ -108,30 +105,26 @@ TEST_F(Commands, OfAnItemComeFromTheMenuWithTheItemsNumber)
 
 TEST_F(Commands, OfAPopUpItselfFollowTheItemsUnlessThatWasTaken)
 {
-    for (const OSStatus answer : {OSStatus{eventNotHandledErr}, OSStatus{noErr}}) {
-        TestWindow made;
-        Control& popUp = made.addPopUp(threeItems());
-        popUp.command = 'popu';
-        CommandRecorder recorder(made.target(), answer);
-        SInt32 seen = 0;
-        recorder.action = [&](const HICommand&) { seen = popUp.value; };
-        runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
-        if (answer == noErr) {
-            EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'medi'});
-            continue;
-        }
-        ASSERT_EQ(recorder.ids(), (std::vector<MenuCommand>{'medi', 'popu'}));
-        EXPECT_EQ(recorder.commands[1].attributes, UInt32{kHICommandFromControl});
-        EXPECT_EQ(seen, 2) << "the item is chosen by then";
-    }
+    Control& popUp = made.addPopUp(threeItems());
+    popUp.command = 'popu';
+    runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
+    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'medi'});
+
+    SInt32 seen = 0;
+    recorder.action = [&](const HICommand&) { seen = popUp.value; };
+    recorder.answer = eventNotHandledErr;
+    recorder.commands.clear();
+    runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
+    ASSERT_EQ(recorder.ids(), (std::vector<MenuCommand>{'medi', 'popu'}));
+    EXPECT_EQ(recorder.commands[1].attributes, UInt32{kHICommandFromControl});
+    EXPECT_EQ(seen, 2) << "the item is chosen by then";
 }
 
 TEST_F(Commands, AreNotSentByAPopUpThatCannotBeUsed)
 {
-    TestWindow made;
     Control& popUp = made.addPopUp(threeItems());
     popUp.enabled = false;
-    const CommandRecorder recorder(made.target(), eventNotHandledErr);
+    recorder.answer = eventNotHandledErr;
     runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
     EXPECT_TRUE(recorder.ids().empty());
     EXPECT_EQ(popUp.value, 1);
@@ -139,9 +132,8 @@ TEST_F(Commands, AreNotSentByAPopUpThatCannotBeUsed)
 
 TEST_F(Commands, MayDisposeOfThePopUpThatSentThem)
 {
-    TestWindow made;
     Control& popUp = made.addPopUp(threeItems());
-    CommandRecorder recorder(made.target(), eventNotHandledErr);
+    recorder.answer = eventNotHandledErr;
     recorder.action = [&](const HICommand&) { DisposeWindow(made.ref); };
     EXPECT_EQ(runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); }), noErr);
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'medi'});
@@ -151,8 +143,6 @@ TEST_F(Commands, MayDisposeOfThePopUpThatSentThem)
 
 TEST_F(Commands, OfTheWindowItselfSaySo)
 {
-    TestWindow made;
-    const CommandRecorder recorder(made.target());
     runWhile(made.ref, [&] { sendWindowCommand(made.window(), kHICommandCancel); });
     ASSERT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
     EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromWindow});
@@ -162,10 +152,8 @@ TEST_F(Commands, OfTheWindowItselfSaySo)
 
 TEST_F(Commands, ReachAWindowOnlyWhileItIsRun)
 {
-    TestWindow made;
     Control& button = made.addButton('butt');
     Control& popUp = made.addPopUp(threeItems());
-    const CommandRecorder recorder(made.target());
     const auto tryAll = [&] {
         pressControl(button);
         chooseMenuItem(popUp, 1);
@@ -186,9 +174,7 @@ TEST_F(Commands, ReachAWindowOnlyWhileItIsRun)
 
 TEST_F(Commands, DoNotReachAWindowWhoseLoopFailed)
 {
-    TestWindow made;
     Control& button = made.addButton('butt');
-    const CommandRecorder recorder(made.target());
     EXPECT_EQ(runWhile(made.ref, [] {}), eventInternalErr);
     pressControl(button);
     EXPECT_TRUE(recorder.ids().empty());

@@ -9,11 +9,13 @@ using Toolbox::Control;
 using Toolbox::ControlKind;
 using Toolbox::MenuItem;
 
-class ControlManager : public WindowTest { };
+class ControlManager : public WindowTest {
+protected:
+    TestWindow made;
+};
 
 TEST_F(ControlManager, FindsAControlBySignatureAndNumberAtAnyDepth)
 {
-    TestWindow made;
     Control& shallow = made.add(ControlKind::Other);
     shallow.id = {'demo', 2};
     Control* container = &made.root();
@@ -44,7 +46,6 @@ TEST_F(ControlManager, FindsAControlBySignatureAndNumberAtAnyDepth)
 
 TEST_F(ControlManager, FindsNothingWithoutAnIdentityOrAPlaceForIt)
 {
-    TestWindow made;
     const ControlID id = {};
     ControlRef found = made.root().ref();
     EXPECT_EQ(GetControlByID(made.ref, nullptr, &found), paramErr);
@@ -71,7 +72,6 @@ TEST_F(ControlManager, SetsTheNearerEndOfTheRange)
         {5, 1, 3, 5},  // upside down
         {LEAST, MOST, MOST, MOST},
     };
-    const TestWindow made;
     for (const auto& row : rows) {
         made.root().minimum = row.minimum;
         made.root().maximum = row.maximum;
@@ -93,7 +93,6 @@ TEST_F(ControlManager, ShowsAndOffersAControlByWhatItLiesInToo)
         {"in a disabled one", false, false, true, false, true, false},
         {"in a hidden one", true, true, true, false, false, false},
     };
-    TestWindow made;
     Control& outer = made.add(ControlKind::GroupBox);
     Control& between = made.addTo(outer, ControlKind::Other);
     Control& control = made.addTo(between, ControlKind::Button);
@@ -109,7 +108,6 @@ TEST_F(ControlManager, ShowsAndOffersAControlByWhatItLiesInToo)
 
 TEST_F(ControlManager, OffersTheItemsThatCanBeChosen)
 {
-    TestWindow made;
     const Control& popUp = made.addPopUp({
         {QStringLiteral("first")},
         {QString(), 0, true, true},  // a separator

@@ -22,18 +22,23 @@ Toolbox::EventParameter demo(std::size_t size)
     return parameter;
 }
 
-// Installs `handler` for commands.
-OSStatus install(const TestWindow& made, EventHandlerUPP handler, void* userData = nullptr)
-{
-    return InstallEventHandler(made.target(), handler, 1, COMMANDS, userData, nullptr);
-}
+class EventHandlers : public WindowTest {
+protected:
+    // Installs `handler` for commands.
+    OSStatus install(EventHandlerUPP handler, void* userData = nullptr) const
+    {
+        return InstallEventHandler(made.target(), handler, 1, COMMANDS, userData, nullptr);
+    }
 
-OSStatus sendCommand(const TestWindow& made)
-{
-    return sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target);
-}
+    OSStatus sendCommand() const
+    {
+        return sendEvent(Event(kEventClassCommand, kEventCommandProcess, {}), made.window().target);
+    }
 
-class EventParameters : public WindowTest { };
+    TestWindow made;
+};
+
+using EventParameters = EventHandlers;
 
 TEST_F(EventParameters, KnowTheClassAndKindOfTheirEvent)
 {
@@ -92,7 +97,6 @@ TEST_F(EventParameters, CanBeMeasuredWithoutABuffer)
 // The answer of each size of buffer that a handler may have: the target's 14 bytes, and this machine's.
 TEST_F(EventParameters, CarryACommandInItsFullSize)
 {
-    TestWindow made;
     Toolbox::Control& button = made.addButton('ok  ');
     static UInt32 full;
     static HICommand head;
@@ -101,7 +105,7 @@ TEST_F(EventParameters, CarryACommandInItsFullSize)
     const auto handler = [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
         return GetEventParameter(event, kEventParamDirectObject, typeHICommand, nullptr, 14, &full, &head);
     };
-    ASSERT_EQ(install(made, NewEventHandlerUPP(handler)), noErr);
+    ASSERT_EQ(install(NewEventHandlerUPP(handler)), noErr);
     runWhile(made.ref, [&] { Toolbox::pressControl(button); });
     EXPECT_EQ(full, sizeof(HICommand));
     EXPECT_EQ(head.attributes, UInt32{kHICommandFromControl});
@@ -136,11 +140,8 @@ OSStatus take(EventHandlerCallRef, EventRef, void*)
     return noErr;
 }
 
-class EventHandlers : public WindowTest { };
-
 TEST_F(EventHandlers, AreRefusedWithWrongArguments)
 {
-    const TestWindow made;
     const struct {
         const char* name;
         EventTargetRef target;
@@ -162,7 +163,6 @@ TEST_F(EventHandlers, AreRefusedWithWrongArguments)
 
 TEST_F(EventHandlers, OfOneProcedureStandOnceForEachEventOfATarget)
 {
-    const TestWindow made;
     const TestWindow other;
     const EventTypeSpec two[] = {{'clss', 1}, {'clss', 2}};
     const EventTypeSpec nextTwo[] = {{'clss', 3}, {'clss', 2}};
@@ -181,19 +181,17 @@ TEST_F(EventHandlers, OfOneProcedureStandOnceForEachEventOfATarget)
 
 TEST_F(EventHandlers, ForNoEventGetNone)
 {
-    const TestWindow made;
     EXPECT_EQ(InstallEventHandler(made.target(), take, 0, COMMANDS, nullptr, nullptr), noErr);
-    EXPECT_EQ(sendCommand(made), eventNotHandledErr);
+    EXPECT_EQ(sendCommand(), eventNotHandledErr);
 }
 
 TEST_F(EventHandlers, AreTheirOwnUniversalProcedurePointers)
 {
     const EventHandlerUPP upp = NewEventHandlerUPP(take);
     EXPECT_EQ(upp, &take);
-    const TestWindow made;
-    ASSERT_EQ(install(made, upp), noErr);
+    ASSERT_EQ(install(upp), noErr);
     DisposeEventHandlerUPP(upp);
-    EXPECT_EQ(sendCommand(made), noErr);
+    EXPECT_EQ(sendCommand(), noErr);
 }
 
 // ---- Sending
@@ -224,21 +222,19 @@ TEST_F(EventHandlers, AreAskedFromTheNewestToTheOldestUntilOneTakesTheEvent)
         {"an error ends it too", {noErr, paramErr, no}, {2, 1}, paramErr},
         {"a positive one as well", {noErr, 7, no}, {2, 1}, 7},
     };
-    const TestWindow made;
     for (const EventHandlerProcPtr procedure : {numbered<0>, numbered<1>, numbered<2>})
-        ASSERT_EQ(install(made, procedure), noErr);
+        ASSERT_EQ(install(procedure), noErr);
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         called.clear();
         std::copy(std::begin(row.answers), std::end(row.answers), answers);
-        EXPECT_EQ(sendCommand(made), row.result);
+        EXPECT_EQ(sendCommand(), row.result);
         EXPECT_EQ(called, row.called);
     }
 }
 
 TEST_F(EventHandlers, GetTheEventsThatTheyWereInstalledForAlone)
 {
-    const TestWindow made;
     const EventTypeSpec types[] = {{'clss', 1}, {'ssal', 2}};
     ASSERT_EQ(InstallEventHandler(made.target(), take, 2, types, nullptr, nullptr), noErr);
     const auto send = [&](UInt32 eventClass, UInt32 kind) {
@@ -253,12 +249,11 @@ TEST_F(EventHandlers, GetTheEventsThatTheyWereInstalledForAlone)
 
 TEST_F(EventHandlers, CallTheToolboxAsIfFromOutside)
 {
-    TestWindow made;
     Toolbox::Control& button = made.addButton('butt');
     const auto askForTheKind = [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
         return static_cast<OSStatus>(GetEventKind(event));
     };
-    ASSERT_EQ(install(made, askForTheKind), noErr);
+    ASSERT_EQ(install(askForTheKind), noErr);
     std::vector<std::string> calls;
     runWhile(made.ref, [&] {
         Toolbox::SetTrace([&calls](const std::string& line) { calls.push_back(line.substr(0, line.find('('))); });
@@ -274,17 +269,16 @@ TEST_F(EventHandlers, MayInstallOthersWhichDoNotGetThePresentEvent)
 {
     called.clear();
     answers[0] = answers[1] = eventNotHandledErr;
-    const TestWindow made;
     const auto installMore = [](EventHandlerCallRef, EventRef, void* userData) -> OSStatus {
         const EventTargetRef target = static_cast<EventTargetRef>(userData);
         InstallEventHandler(target, numbered<1>, 1, COMMANDS, nullptr, nullptr);
         return eventNotHandledErr;
     };
-    ASSERT_EQ(install(made, numbered<0>), noErr);
-    ASSERT_EQ(install(made, installMore, made.target()), noErr);
-    sendCommand(made);
+    ASSERT_EQ(install(numbered<0>), noErr);
+    ASSERT_EQ(install(installMore, made.target()), noErr);
+    sendCommand();
     EXPECT_EQ(called, std::vector<int>{0});
-    sendCommand(made);
+    sendCommand();
     EXPECT_EQ(called, (std::vector<int>{0, 1, 0}));
 }
 
@@ -292,14 +286,13 @@ TEST_F(EventHandlers, MayDisposeOfTheWindowWhoseOtherHandlersAreThenLeftOut)
 {
     called.clear();
     answers[0] = noErr;
-    const TestWindow made;
     const auto dispose = [](EventHandlerCallRef, EventRef, void* userData) -> OSStatus {
         DisposeWindow(static_cast<WindowRef>(userData));
         return eventNotHandledErr;
     };
-    ASSERT_EQ(install(made, numbered<0>), noErr);
-    ASSERT_EQ(install(made, dispose, made.ref), noErr);
-    EXPECT_EQ(sendCommand(made), eventNotHandledErr);
+    ASSERT_EQ(install(numbered<0>), noErr);
+    ASSERT_EQ(install(dispose, made.ref), noErr);
+    EXPECT_EQ(sendCommand(), eventNotHandledErr);
     EXPECT_TRUE(called.empty());
 }
 

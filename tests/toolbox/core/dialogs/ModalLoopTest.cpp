@@ -7,11 +7,14 @@
 
 namespace {
 
-class ModalLoop : public WindowTest { };
+class ModalLoop : public WindowTest {
+protected:
+    const TestWindow made;
+    const TestWindow inner;  // for a loop inside another
+};
 
 TEST_F(ModalLoop, RunsUntilItIsToldToEndHoweverOften)
 {
-    const TestWindow made;
     for (int time = 1; time <= 2; ++time) {
         bool ran = false;
         const OSStatus status = runWhile(made.ref, [&] {
@@ -30,7 +33,6 @@ TEST_F(ModalLoop, RunsUntilItIsToldToEndHoweverOften)
 
 TEST_F(ModalLoop, CannotBeQuitWhereThereIsNone)
 {
-    const TestWindow made;
     EXPECT_TRUE(Toolbox::modalLoopEnded(made.ref));
     EXPECT_TRUE(Toolbox::modalLoopEnded(nullptr));
     EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
@@ -43,31 +45,27 @@ TEST_F(ModalLoop, CannotBeQuitWhereThereIsNone)
 
 TEST_F(ModalLoop, IsNotRunTwiceForOneWindow)
 {
-    const TestWindow outer;
-    const TestWindow inner;
-    runWhile(outer.ref, [&] {
-        EXPECT_EQ(RunAppModalLoopForWindow(outer.ref), windowAppModalStateAlreadyExistsErr);
+    runWhile(made.ref, [&] {
+        EXPECT_EQ(RunAppModalLoopForWindow(made.ref), windowAppModalStateAlreadyExistsErr);
         runWhile(inner.ref, [&] {
-            EXPECT_EQ(RunAppModalLoopForWindow(outer.ref), windowAppModalStateAlreadyExistsErr);
+            EXPECT_EQ(RunAppModalLoopForWindow(made.ref), windowAppModalStateAlreadyExistsErr);
             QuitAppModalLoopForWindow(inner.ref);
         });
-        EXPECT_FALSE(Toolbox::modalLoopEnded(outer.ref));
-        QuitAppModalLoopForWindow(outer.ref);
+        EXPECT_FALSE(Toolbox::modalLoopEnded(made.ref));
+        QuitAppModalLoopForWindow(made.ref);
     });
 }
 
 TEST_F(ModalLoop, OfAnOuterWindowEndsWhenTheInnerOneHas)
 {
-    const TestWindow outer;
-    const TestWindow inner;
     OSStatus ofInner = paramErr;
-    const OSStatus ofOuter = runWhile(outer.ref, [&] {
+    const OSStatus ofOuter = runWhile(made.ref, [&] {
         ofInner = runWhile(inner.ref, [&] {
-            EXPECT_EQ(QuitAppModalLoopForWindow(outer.ref), noErr);
+            EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), noErr);
             EXPECT_FALSE(Toolbox::modalLoopEnded(inner.ref));
             EXPECT_EQ(QuitAppModalLoopForWindow(inner.ref), noErr);
         });
-        EXPECT_TRUE(Toolbox::modalLoopEnded(outer.ref));
+        EXPECT_TRUE(Toolbox::modalLoopEnded(made.ref));
     });
     EXPECT_EQ(ofInner, noErr);
     EXPECT_EQ(ofOuter, noErr);
@@ -75,7 +73,6 @@ TEST_F(ModalLoop, OfAnOuterWindowEndsWhenTheInnerOneHas)
 
 TEST_F(ModalLoop, EndsWithItsWindow)
 {
-    const TestWindow made;
     const OSStatus status = runWhile(made.ref, [&] {
         DisposeWindow(made.ref);
         EXPECT_TRUE(Toolbox::modalLoopEnded(made.ref));
@@ -86,12 +83,10 @@ TEST_F(ModalLoop, EndsWithItsWindow)
 
 TEST_F(ModalLoop, OfAnOuterWindowThatIsDisposedOfEndsWhenTheInnerOneHas)
 {
-    const TestWindow outer;
-    const TestWindow inner;
     OSStatus ofInner = paramErr;
-    const OSStatus ofOuter = runWhile(outer.ref, [&] {
+    const OSStatus ofOuter = runWhile(made.ref, [&] {
         ofInner = runWhile(inner.ref, [&] {
-            DisposeWindow(outer.ref);
+            DisposeWindow(made.ref);
             QuitAppModalLoopForWindow(inner.ref);
         });
     });
@@ -101,7 +96,6 @@ TEST_F(ModalLoop, OfAnOuterWindowThatIsDisposedOfEndsWhenTheInnerOneHas)
 
 TEST_F(ModalLoop, FailsWhenTheDisplayCannotGoOn)
 {
-    const TestWindow made;
     EXPECT_EQ(runWhile(made.ref, [] {}), eventInternalErr);
     EXPECT_EQ(Toolbox::TakeReport().displayProblem, "the person has left \u2026");
     EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
@@ -109,7 +103,6 @@ TEST_F(ModalLoop, FailsWhenTheDisplayCannotGoOn)
 
 TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
 {
-    const TestWindow made;
     HideWindow(made.ref);
     EXPECT_EQ(runWhile(made.ref, [&] { ADD_FAILURE() << "it was run"; }), eventInternalErr);
     const Toolbox::CallReport report = Toolbox::TakeReport();
@@ -119,7 +112,6 @@ TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
 
 TEST_F(ModalLoop, OfAWindowThatIsNotShownLeavesItSaidThatOneWas)
 {
-    const TestWindow made;
     runAndQuit(made.ref);
     HideWindow(made.ref);
     RunAppModalLoopForWindow(made.ref);
@@ -128,19 +120,16 @@ TEST_F(ModalLoop, OfAWindowThatIsNotShownLeavesItSaidThatOneWas)
 
 TEST_F(ModalLoop, ThatFailsInsideAnotherLeavesThatOneRunning)
 {
-    const TestWindow outer;
-    const TestWindow inner;
-    const OSStatus status = runWhile(outer.ref, [&] {
+    const OSStatus status = runWhile(made.ref, [&] {
         EXPECT_EQ(runWhile(inner.ref, [] {}), eventInternalErr);
-        EXPECT_TRUE(Toolbox::takesCommands(outer.ref));
-        QuitAppModalLoopForWindow(outer.ref);
+        EXPECT_TRUE(Toolbox::takesCommands(made.ref));
+        QuitAppModalLoopForWindow(made.ref);
     });
     EXPECT_EQ(status, noErr);
 }
 
 TEST_F(ModalLoop, LeavesTheStackWhenAnExceptionPasses)
 {
-    const TestWindow made;
     EXPECT_THROW(runWhile(made.ref, [] { throw std::bad_alloc(); }), std::bad_alloc);
     EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
 }
@@ -149,16 +138,16 @@ TEST_F(ModalLoop, LeavesTheStackWhenAnExceptionPasses)
 TEST_F(ModalLoop, EndsInSilenceWithTheProcess)
 {
     const auto leave = [] {
-        auto* const made = new TestWindow;
-        Toolbox::Control& button = made->addButton('butt');
+        auto* const left = new TestWindow;
+        Toolbox::Control& button = left->addButton('butt');
         static int calls = 0;
         const auto count = [](EventHandlerCallRef, EventRef, void*) -> OSStatus {
             if (++calls > 1)
                 _exit(1);
             std::exit(0);
         };
-        InstallEventHandler(made->target(), count, 1, COMMANDS, nullptr, nullptr);
-        runWhile(made->ref, [&button] { Toolbox::pressControl(button); });
+        InstallEventHandler(left->target(), count, 1, COMMANDS, nullptr, nullptr);
+        runWhile(left->ref, [&button] { Toolbox::pressControl(button); });
     };
     EXPECT_EXIT(leave(), testing::ExitedWithCode(0), "");
 }
@@ -167,22 +156,20 @@ TEST_F(ModalLoop, EndsInSilenceWithTheProcess)
 
 TEST_F(ModalLoop, OfTheInnermostWindowAloneTakesCommands)
 {
-    const TestWindow outer;
-    const TestWindow inner;
-    EXPECT_FALSE(Toolbox::takesCommands(outer.ref)) << "before its loop";
-    runWhile(outer.ref, [&] {
-        EXPECT_TRUE(Toolbox::takesCommands(outer.ref));
+    EXPECT_FALSE(Toolbox::takesCommands(made.ref)) << "before its loop";
+    runWhile(made.ref, [&] {
+        EXPECT_TRUE(Toolbox::takesCommands(made.ref));
         EXPECT_FALSE(Toolbox::takesCommands(inner.ref));
         runWhile(inner.ref, [&] {
-            EXPECT_FALSE(Toolbox::takesCommands(outer.ref));
+            EXPECT_FALSE(Toolbox::takesCommands(made.ref));
             EXPECT_TRUE(Toolbox::takesCommands(inner.ref));
             QuitAppModalLoopForWindow(inner.ref);
             EXPECT_FALSE(Toolbox::takesCommands(inner.ref)) << "told to end";
         });
-        EXPECT_TRUE(Toolbox::takesCommands(outer.ref));
-        QuitAppModalLoopForWindow(outer.ref);
+        EXPECT_TRUE(Toolbox::takesCommands(made.ref));
+        QuitAppModalLoopForWindow(made.ref);
     });
-    EXPECT_FALSE(Toolbox::takesCommands(outer.ref)) << "after its loop";
+    EXPECT_FALSE(Toolbox::takesCommands(made.ref)) << "after its loop";
     EXPECT_FALSE(Toolbox::takesCommands(nullptr));
 }
 

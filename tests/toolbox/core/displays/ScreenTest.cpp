@@ -33,15 +33,13 @@ protected:
     ~Screen() override { EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a process is left"; }
 };
 
-struct NamedCase {
+const struct {
     const char* name;
     const char* platform;
     const char* display;
     const char* wayland;
     bool answers;
-};
-
-const NamedCase NAMED_CASES[] = {
+} NAMED_CASES[] = {
     {"Nothing", nullptr, nullptr, nullptr, false},
     {"EmptyNames", "", "", "", false},
     {"Offscreen", "offscreen", nullptr, nullptr, true},
@@ -64,7 +62,7 @@ TEST_F(Screen, AnswersIfTheOneThatIsNamedDoes)
         else
             setenv(variable, value, 1);
     };
-    for (const NamedCase& row : NAMED_CASES) {
+    for (const auto& row : NAMED_CASES) {
         set("QT_QPA_PLATFORM", row.platform);
         set("DISPLAY", row.display);
         set("WAYLAND_DISPLAY", row.wayland);

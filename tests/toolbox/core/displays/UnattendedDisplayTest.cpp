@@ -327,7 +327,8 @@ TEST_F(UnattendedAlert, SaysWhetherTheAnswersRanOut)
 
 // ---- Alerts
 
-struct AlertCase {
+// clang-format off
+const struct {
     const char* name;
     SInt16 buttons;  // how many
     SInt16 defaultButton;
@@ -336,10 +337,7 @@ struct AlertCase {
     std::vector<Answer> answers;
     SInt16 pressed;
     bool unfit;
-};
-
-// clang-format off
-const AlertCase ALERT_CASES[] = {
+} ALERT_CASES[] = {
     // name                          buttons default cancel disabled answers                  pressed unfit
     {"NoneTakesTheDefault",             2,      2,      1,     0, {},                             2, false},
     {"NoneWithoutDefaultTakesFirst",    2,      0,      0,     0, {},                             1, false},
@@ -360,7 +358,7 @@ const AlertCase ALERT_CASES[] = {
 
 TEST_F(UnattendedAlert, IsAnsweredByWhatIsMeantForIt)
 {
-    for (const AlertCase& row : ALERT_CASES) {
+    for (const auto& row : ALERT_CASES) {
         SCOPED_TRACE(row.name);
         Alert alert;
         for (SInt16 number = 1; number <= row.buttons; ++number)

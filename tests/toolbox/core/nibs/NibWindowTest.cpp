@@ -186,14 +186,6 @@ TEST_F(NibWindow, KeepsBoundsInTheCoordinatesOfTheContentInNestedControlsToo)
     EXPECT_EQ(edges(onlyControl(window).children.at(0)->bounds), (std::vector<int>{1, 2, 3, 4}));
 }
 
-struct ClassCase {
-    const char* name;
-    const char* className;
-    std::string properties;
-    ControlKind kind;
-    SInt32 minimum, maximum, value;
-};
-
 const std::string TWO_ITEMS = menuOf("<object class='IBCarbonMenuItem'/><object class='IBCarbonMenuItem'/>");
 const std::string FIVE_RADIO_BUTTONS = "<array name='radioTitles'>"
                                        "<array><string>A</string><string>B</string></array>"
@@ -214,7 +206,13 @@ std::string range(int minimum, int maximum, int value)
 }
 
 // clang-format off
-const ClassCase CLASS_CASES[] = {
+const struct {
+    const char* name;
+    const char* className;
+    std::string properties;
+    ControlKind kind;
+    SInt32 minimum, maximum, value;
+} CLASS_CASES[] = {
     // name               class                    properties                               kind                  min max value
     {"Button",            "IBCarbonButton",        "",                                      ControlKind::Button,      0,   0, 0},
     {"PopUp",             "IBCarbonPopupButton",   TWO_ITEMS,                               ControlKind::PopupButton, 1,   2, 1},
@@ -256,7 +254,7 @@ const ClassCase CLASS_CASES[] = {
 
 TEST_F(NibWindow, GivesEachClassItsKindAndValues)
 {
-    for (const ClassCase& row : CLASS_CASES) {
+    for (const auto& row : CLASS_CASES) {
         SCOPED_TRACE(row.name);
         const auto window = windowWith(row.className, row.properties);
         const Control& control = onlyControl(window);

@@ -7,13 +7,6 @@ namespace {
 using Toolbox::Choices;
 using Toolbox::isReturnAlone;
 
-struct FindCase {
-    const char* name;
-    const char* typed;
-    int found;  // the index, or -1
-    const char* problem = "";
-};
-
 // 0 English, 1 Japanese, 2 German, 3 French, 4 a number as a name, 5 OK, 6 Cancel, 7 the button that Return presses.
 Choices languages()
 {
@@ -30,7 +23,12 @@ Choices languages()
 }
 
 // clang-format off
-const FindCase FIND_CASES[] = {
+const struct {
+    const char* name;
+    const char* typed;
+    int found;  // the index, or -1
+    const char* problem = "";
+} FIND_CASES[] = {
     {"Number",                        "3",                2},
     {"NumberOfTwoDigits",             "12",               4},
     {"NumberBeforeAName",             "1",                0},
@@ -71,7 +69,7 @@ const FindCase FIND_CASES[] = {
 TEST(FindChoice, TakesTheSurestReading)
 {
     const std::string inShort = " Choices: " + languages().inShort().toStdString() + ".";
-    for (const FindCase& row : FIND_CASES) {
+    for (const auto& row : FIND_CASES) {
         SCOPED_TRACE(row.name);
         QString problem;
         const auto found = languages().find(QString::fromUtf8(row.typed), &problem);
@@ -114,14 +112,12 @@ TEST(FindChoice, KnowsNamesakesByTheirNumbersOnly)
     EXPECT_EQ(choices.find(QStringLiteral("2"), &problem), std::optional<std::size_t>(1));
 }
 
-struct NameCase {
+// clang-format off
+const struct {
     const char* name;
     const char* whole;
     const char* inASCII;
-};
-
-// clang-format off
-const NameCase NAME_CASES[] = {
+} NAME_CASES[] = {
     {"Japanese",            "日本語 (Japanese)",        "Japanese"},
     {"JapaneseInBrackets",  "Japanese (日本語)",        "Japanese"},
     {"Accents",             "Français (French)",     "Fran?ais (French)"},
@@ -144,7 +140,7 @@ TEST(ReadableName, IsThePartThatCanBeRead)
             each = each.unicode() < 0x80 ? each : QChar(u'?');
         return text;
     };
-    for (const NameCase& row : NAME_CASES) {
+    for (const auto& row : NAME_CASES) {
         const QString whole = QString::fromUtf8(row.whole);
         EXPECT_EQ(Toolbox::readableName(whole, asItIs), whole) << row.name;
         EXPECT_EQ(Toolbox::readableName(whole, inASCII).toStdString(), row.inASCII) << row.name;

@@ -52,13 +52,11 @@ TEST(TerminalWindow, StaysReadableInASCII)
     EXPECT_EQ(terminal.report(), "ended: item 2 ok");
 }
 
-struct SessionCase {
+const struct {
     const char* name;
     const char* keys;
     const char* report;
-};
-
-const SessionCase SESSION_CASES[] = {
+} SESSION_CASES[] = {
     {"ReturnConfirms", "\n", "ended: ok"},
     {"BlanksConfirm", "  \n", "ended: ok"},
     {"Number", "3\n\n", "ended: item 3 ok"},
@@ -80,7 +78,7 @@ const SessionCase SESSION_CASES[] = {
 
 TEST(TerminalWindow, TakesWhatIsTypedForCommands)
 {
-    for (const SessionCase& row : SESSION_CASES) {
+    for (const auto& row : SESSION_CASES) {
         PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
         EXPECT_EQ(terminal.reportAfter(QUESTION, row.keys), row.report) << row.name;
     }
@@ -133,15 +131,13 @@ TEST(TerminalWindow, FailsWhenInputEndsAndCancellingDoesNotEndIt)
         "the terminal gives no more input, and cancelling the window does not end it: ok cancel cancel");
 }
 
-struct WindowCase {
+const struct {
     const char* name;
     Change change;
     std::string question;
     const char* keys;
     const char* report;
-};
-
-const WindowCase WINDOW_CASES[] = {
+} WINDOW_CASES[] = {
     {"WithoutACancelButton", [](Dialog& dialog) { dialog.cancel.hidden = true; },
         "Number or name, cancel, or Return for OK: ", "cancel\n", "ended: closed"},
     {"WithoutACancelButtonAtTheEndOfInput", [](Dialog& dialog) { dialog.cancel.enabled = false; },
@@ -169,7 +165,7 @@ const WindowCase WINDOW_CASES[] = {
 
 TEST(TerminalWindow, IsAskedAboutAsItIs)
 {
-    for (const WindowCase& row : WINDOW_CASES) {
+    for (const auto& row : WINDOW_CASES) {
         PseudoTerminal terminal("C.UTF-8", runChanged(row.change));
         EXPECT_EQ(terminal.reportAfter("\n\n" + row.question, row.keys), row.report) << row.name;
     }
@@ -315,14 +311,12 @@ TEST(TerminalAlert, SaysWhichKindItIs)
     }
 }
 
-struct AlertCase {
+const struct {
     const char* name;
     Alert (*make)();
     const char* keys;
     const char* report;
-};
-
-const AlertCase ALERT_CASES[] = {
+} ALERT_CASES[] = {
     {"Return", fourButtons, "\n", "1"},
     {"Number", fourButtons, "2\n", "2"},
     {"Name", fourButtons, "don't save\n", "3"},
@@ -339,7 +333,7 @@ const AlertCase ALERT_CASES[] = {
 
 TEST(TerminalAlert, TakesAButton)
 {
-    for (const AlertCase& row : ALERT_CASES) {
+    for (const auto& row : ALERT_CASES) {
         PseudoTerminal terminal("C.UTF-8", runAlertOf(row.make));
         const std::string question = row.make == withoutKeys ? "Number or name: " : ALERT_QUESTION;
         EXPECT_EQ(terminal.reportAfter(question, row.keys), row.report) << row.name;

@@ -21,15 +21,13 @@ std::unique_ptr<TerminalEncoding> encodingOf(const char* locale)
     return encoding;
 }
 
-struct ShowableCase {
+// clang-format off
+const struct {
     const char* name;
     const char* text;
     const char* inUTF8;
     const char* inASCII;
-};
-
-// clang-format off
-const ShowableCase SHOWABLE_CASES[] = {
+} SHOWABLE_CASES[] = {
     {"ASCII",             "Plain & <b>text</b>",    "Plain & <b>text</b>",    "Plain & <b>text</b>"},
     {"LineFeed",          "a\nb",                   "a\nb",                   "a\nb"},
     {"Escape",            "a\x1B[31mb",             "a\\x1b[31mb",            "a\\x1b[31mb"},
@@ -58,7 +56,7 @@ TEST(ShowableText, KeepsWhatTheEncodingHasAndIsReadableInASCII)
 {
     const auto inUTF8 = encodingOf("C.UTF-8");
     const auto inASCII = encodingOf("C");
-    for (const ShowableCase& row : SHOWABLE_CASES) {
+    for (const auto& row : SHOWABLE_CASES) {
         for (const auto& [encoding, expected] : {std::pair{&*inUTF8, row.inUTF8}, {&*inASCII, row.inASCII}}) {
             const QString showable = encoding->showable(QString::fromUtf8(row.text));
             EXPECT_EQ(showable.toStdString(), expected) << row.name;

@@ -72,17 +72,15 @@ TEST(TerminalLines, AreWrittenInTheLocalesEncoding)
     EXPECT_EQ(written("C", write), "??? (Japanese) e\n");
 }
 
-struct BreakCase {
-    const char* name;
-    QString line;
-    QString broken;
-};
-
 const QString FORTY(40, QLatin1Char('x'));
 const QString EIGHTY(80, QLatin1Char('x'));
 const QString WIDE_FORTY(40, QChar(0x65E5));
 
-const BreakCase BREAK_CASES[] = {
+const struct {
+    const char* name;
+    QString line;
+    QString broken;
+} BREAK_CASES[] = {
     {"JustFits", EIGHTY, EIGHTY},
     {"OneTooLong", EIGHTY + "y", EIGHTY + "\ny"},
     {"AtTheLastBlank", FORTY + " " + FORTY, FORTY + "\n" + FORTY},
@@ -96,7 +94,7 @@ const BreakCase BREAK_CASES[] = {
 
 TEST(TerminalLines, AreBrokenWhereTheTerminalEnds)
 {
-    for (const BreakCase& row : BREAK_CASES)
+    for (const auto& row : BREAK_CASES)
         EXPECT_EQ(writtenLines(row.line), row.broken.toStdString() + "\n") << row.name;
 }
 

@@ -69,6 +69,9 @@ const LimitCase LIMIT_CASES[] = {
     {"BehindAComment", "<!-- > --><a" + attributes(17) + "/>", "a tag with too many attributes"},
     {"DocumentTypeThatIsElsewhere", "<!DOCTYPE a PUBLIC \"-//D//EN\" 'http://127.0.0.1:1/x.dtd'><a/>", ""},
     {"DocumentTypeWithDeclarations", "<!DOCTYPE a [<!ELEMENT a ANY>]><a/>", "a document type with declarations"},
+    {"Entity", "<!DOCTYPE a [<!ENTITY e 'x'>]><a/>", "a document type with declarations"},
+    {"ExternalEntity", "<!DOCTYPE a [<!ENTITY e SYSTEM 'file:///a'>]><a/>", "a document type with declarations"},
+    {"ParameterEntity", "<!DOCTYPE a [<!ENTITY % p SYSTEM 'file:///a'> %p;]><a/>", "a document type with declarations"},
     {"DocumentTypeThatIsTooLong", "<!DOCTYPE a '" + LONG + "'>", "a tag that is too long"},
     {"ZeroByte", std::string("<a>\0</a>", 8), "a zero byte"},
 };
