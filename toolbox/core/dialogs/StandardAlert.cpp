@@ -130,6 +130,21 @@ auto described(ConstStringPtr text)
     return [text] { return text == nullptr ? "null" : quoted(fromPascalString(text)); };
 }
 
+// The buttons that a record asks for, by their titles.
+template <typename Record> auto described(const Record* parameters)
+{
+    return [parameters] {
+        if (parameters == nullptr)
+            return std::string("null");
+        Alert alert;
+        addButtons(alert, *parameters);
+        std::string titles;
+        for (const AlertButton& each : alert.buttons)
+            titles += (titles.empty() ? "" : ", ") + quoted(each.title);
+        return '{' + titles + '}';
+    };
+}
+
 }  // namespace
 
 }  // namespace Toolbox
@@ -139,14 +154,14 @@ using namespace Toolbox;
 OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param explanation,
     const AlertStdAlertParamRec* parameters, SInt16* itemHit)
 {
-    TracedCall call("StandardAlert", type, described(error), described(explanation), parameters, itemHit);
+    TracedCall call("StandardAlert", type, described(error), described(explanation), described(parameters), itemHit);
     return call.gives(standardAlert(type, error, explanation, parameters, itemHit));
 }
 
 OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,
     const AlertStdCFStringAlertParamRec* parameters, DialogRef* alert)
 {
-    TracedCall call("CreateStandardAlert", type, error, explanation, parameters, alert);
+    TracedCall call("CreateStandardAlert", type, error, explanation, described(parameters), alert);
     return call.gives(createStandardAlert(type, error, explanation, parameters, alert));
 }
 

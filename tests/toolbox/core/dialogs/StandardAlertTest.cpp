@@ -154,11 +154,14 @@ TEST_F(StandardAlertCall, IsAnsweredByReturnAndEscapeWithTheButtonsNamedIfTheyAr
 
 TEST_F(StandardAlertCall, IsTracedWithItsTextsAndItem)
 {
+    const PascalString yes("Yes");
+    parameters.defaultText = yes;
+    parameters.cancelText = SYSTEM_WORD;
     std::string line;
     Toolbox::SetTrace([&line](const std::string& each) { line = each; });
-    show(PascalString("A \"text\"\r"));
+    show(PascalString("A \"text\"\r"), nullptr, &parameters);
     Toolbox::SetTrace(nullptr);
-    EXPECT_EQ(line.find(R"(StandardAlert(1, "A \"text\"\u000d", null, null, 0x)"), 0u) << line;
+    EXPECT_EQ(line.find(R"(StandardAlert(1, "A \"text\"\u000d", null, {"Yes", "Cancel"}, 0x)"), 0u) << line;
     EXPECT_EQ(line.substr(line.find(" = ")), " = 0 -> 1");
 }
 
