@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ostream>
 
 namespace {
 
@@ -232,9 +231,4 @@ ExternParmBlock recordFor(Scenario scenario)
     record.chosenLanguage = UNTOUCHED;
     record.resultFlags = 0x80000000;
     return record;
-}
-
-void PrintTo(const Failure& failure, std::ostream* out)
-{
-    *out << failure.name;
 }

@@ -6,7 +6,6 @@
 
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
-#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -54,8 +53,5 @@ void prepare(const Failure& failure, long result);
 
 /// The record that the main entry is given in `scenario`.
 ExternParmBlock recordFor(Scenario scenario);
-
-/// Shows a row by its name.
-void PrintTo(const Failure& failure, std::ostream* out);
 
 #endif

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
-#include <ostream>
 #include <string>
 
 namespace {
@@ -34,12 +33,6 @@ struct LimitCase {
     std::string document;
     const char* problem;  // empty where there is none
 };
-
-// So that a failure does not print all of the document.
-void PrintTo(const LimitCase& row, std::ostream* out)
-{
-    *out << row.document.substr(0, 40);
-}
 
 // What has more bytes than a tag may, and is none.
 const std::string LONG = std::string(20000, 'x');
