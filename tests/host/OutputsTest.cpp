@@ -217,7 +217,10 @@ TEST_P(OutputFile, IsNeitherMadeNorChanged)
 
 INSTANTIATE_TEST_SUITE_P(Cases, OutputFile, testing::ValuesIn(FILE_CASES), RowName());
 
-using NamedOption = std::pair<const char*, std::optional<std::string> Options::*>;
+struct NamedOption {
+    const char* name;
+    std::optional<std::string> Options::*member;
+};
 
 const NamedOption OUTPUTS[] = {
     {"--write-record", &Options::writeRecord}, {"--picture", &Options::picture}, {"--trace-file", &Options::traceFile}};
@@ -231,19 +234,19 @@ TEST_P(OutputInABundle, IsRefused)
     fs::create_directories(folder / "bundle" / "Contents");
     const auto& [output, bundle] = GetParam();
     Options options;
-    options.*bundle.second = (folder / "bundle").string();
+    options.*bundle.member = (folder / "bundle").string();
     for (const char* const name : {"bundle/file", "bundle/Contents/file", "bundle/../bundle/file"}) {
-        options.*output.second = (folder / name).string();
+        options.*output.member = (folder / name).string();
         EXPECT_EQ(problemWith(options),
-            std::string(output.first) + " names a file inside " + bundle.first + ", '" + (folder / name).string()
+            std::string(output.name) + " names a file inside " + bundle.name + ", '" + (folder / name).string()
                 + "'; nothing is written there");
     }
     std::ofstream(folder / "bundle/Contents/data").put('x');
     fs::create_hard_link(folder / "bundle/Contents/data", folder / "data");
-    options.*output.second = (folder / "data").string();
+    options.*output.member = (folder / "data").string();
     EXPECT_NE(problemWith(options), "none") << "a file that is in the bundle under another name";
     for (const char* const name : {"file", "bundle.png", "bundle/../file"}) {
-        options.*output.second = (folder / name).string();
+        options.*output.member = (folder / name).string();
         EXPECT_EQ(problemWith(options), "none");
     }
 }
