@@ -144,7 +144,7 @@ const std::string NO_DISPLAY = "--display takes window, terminal or unattended, 
 const std::string NOT_UNATTENDED = "--answer is for the unattended display, and --display names another";
 
 const WrongCase WRONG_CASES[] = {
-    {"UnknownOption", {"--foo"}, "there is no option '--foo'"},
+    {"UnknownOption", {"--force"}, "there is no option '--force'"},
     {"UnknownShortOption", {"-x"}, "there is no option '-x'"},
     {"BeginningOfAnOption", {"--mess", "1"}, "there is no option '--mess' (did you mean --message?)"},
     {"OptionMisspelt", {"--jsno"}, "there is no option '--jsno' (did you mean --json?)"},

@@ -46,7 +46,7 @@ TEST(WrittenFile, HasTheModeOfANewFileOrOfTheOldOne)
     const fs::path file = folder / "file";
     const mode_t mask = umask(027);
     EXPECT_EQ(complaintsOf([&] { writeFile("record", file, {1}); }), "");
-    umask(mask);
+    EXPECT_EQ(umask(mask), mode_t{027});
     EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
     fs::permissions(file, fs::perms(0604));
     EXPECT_EQ(complaintsOf([&] { writeFile("record", file, {1}); }), "");
