@@ -5,6 +5,7 @@
 #include "host/WrittenFiles.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace Host {
 
@@ -52,6 +53,18 @@ void checkThatFilesDiffer(const Options& options)
     }
 }
 
+// A file that the answer or the errors go to would be replaced, and they with it.
+void checkThatStreamsStay(const std::string& option, const std::string& file)
+{
+    std::error_code isNone;
+    if (!fs::is_regular_file(file, isNone))
+        return;
+    for (const auto& [stream, name] : {std::pair("/dev/stdout", "output"), std::pair("/dev/stderr", "error")})
+        if (fs::equivalent(file, stream, isNone))
+            throw Problem(ExitStatus::NotDone,
+                option + " names the file that standard " + name + " goes to, '" + file + "'; give each its own");
+}
+
 // What is read, loaded or called must not be spoiled by the call. The host's own folder has the demo application in it.
 void checkThatNothingIsSpoiled(const Options& options)
 {
@@ -59,6 +72,7 @@ void checkThatNothingIsSpoiled(const Options& options)
         const auto& file = options.*written.name;
         if (!file)
             continue;
+        checkThatStreamsStay(written.option, *file);
         const auto refuse = [&](const std::string& where) {
             throw Problem(ExitStatus::NotDone,
                 std::string(written.option) + " names a file inside " + where + ", '" + *file

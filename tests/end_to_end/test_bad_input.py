@@ -51,6 +51,15 @@ class StandardStreams(HostTest):
                     self.assert_fails(self.choose_german(*options, stdout=gone, stderr=errors), NOT_DONE)
             self.assert_fails(run("--help", stdout=gone), NOT_DONE, broken)
 
+    def test_files_that_the_streams_go_to_are_not_replaced(self):
+        for option in ("--write-record", "--picture", "--trace-file"):
+            for stream, name in (("stdout", "output"), ("stderr", "error")):
+                with self.subTest(option, stream=stream), open(self.after, "w") as file:
+                    outcome = unattended(option, self.after, **{stream: file})
+                    said = (NOT_DONE, f"visex-host: {option} names the file that standard {name} goes to, "
+                                      f"'{self.after}'; give each its own\n")
+                    self.assertEqual((outcome.status, outcome.errors or self.after.read_text()), said)
+
     def test_errors_that_nobody_takes_change_nothing(self):
         with pipe_without_reader() as gone, open("/dev/full", "w") as full:
             for options in ([], ["--trace"], ["--answer", "german", "--answer", "ok"]):

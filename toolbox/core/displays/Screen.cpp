@@ -125,8 +125,10 @@ std::optional<QByteArray> answeringPlatform(QString* problem)
 
 bool ScreenAnswers()
 {
+    const QByteArray named = qgetenv("QT_QPA_PLATFORM");
+    const bool isSeen = !named.startsWith("offscreen") && !named.startsWith("minimal");
     QString problem;
-    return answeringPlatform(&problem).has_value();
+    return isSeen && answeringPlatform(&problem).has_value();
 }
 
 bool UseScreenDisplay(std::string* problem)

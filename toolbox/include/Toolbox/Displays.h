@@ -21,8 +21,9 @@ struct Answer {
 };
 
 /// Whether there is a screen that answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X display.
-/// It is tried in a process of its own, so that nothing that is wrong with it ends this one, and for two seconds at
-/// most. A display that hangs, or that refuses this user, does not answer.
+/// A platform that nobody sees, as build servers name one, is none: its windows would wait for ever. A screen is tried
+/// in a process of its own, so that nothing that is wrong with it ends this one, and for two seconds at most. A display
+/// that hangs, or that refuses this user, does not answer.
 bool ScreenAnswers();
 
 /// Whether there is a terminal to ask on: the process has one, whatever its standard streams are, and is not in the

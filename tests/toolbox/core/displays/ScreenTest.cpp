@@ -42,9 +42,9 @@ const struct {
 } NAMED_CASES[] = {
     {"Nothing", nullptr, nullptr, nullptr, false},
     {"EmptyNames", "", "", "", false},
-    {"Offscreen", "offscreen", nullptr, nullptr, true},
-    {"Minimal", "minimal", nullptr, nullptr, true},
-    {"OffscreenBesideADeadDisplay", "offscreen", ":4711", nullptr, true},
+    {"Offscreen", "offscreen", nullptr, nullptr, false},
+    {"OffscreenOfASize", "offscreen:configfile=none", nullptr, nullptr, false},
+    {"Minimal", "minimal", nullptr, nullptr, false},
     {"PlatformThatIsNotThere", "nonsense", nullptr, nullptr, false},
     {"TheSecondOfTwoPlatforms", "nonsense;offscreen", nullptr, nullptr, true},
     {"XWithoutADisplay", "xcb", nullptr, nullptr, false},
