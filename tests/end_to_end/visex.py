@@ -112,7 +112,7 @@ class HostTest(unittest.TestCase):
         shutil.copytree(BUILD / "bin", self.folder / "bin")
         libraries = self.folder / "toolbox"
         libraries.mkdir()
-        for library in BUILD.glob("toolbox/**/*.so"):
+        for library in BUILD.glob("toolbox/*.so"):
             shutil.copy(library, libraries)
         return self.folder / "bin/visex-host"
 
