@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QListView>
 #include <QStandardItemModel>
@@ -98,10 +99,14 @@ bool PopUpButton::typeAhead(const QKeyEvent& event)
 {
     if (!hasALetter(event) || isCommand(event))
         return false;
-    // By the time at which the key was pressed, not by that at which a busy machine comes to see it.
-    const bool isNew = event.timestamp() > m_lastTyped + static_cast<quint64>(QApplication::keyboardInputInterval());
+    // By the time at which the key was pressed, not by that at which a busy machine comes to see it; but a key that
+    // assistive technology was told of first has lost its time.
+    const quint64 now =
+        event.timestamp() != 0 ? event.timestamp() : static_cast<quint64>(QDeadlineTimer::current().deadline());
+    const bool isNew =
+        now < m_lastTyped || now - m_lastTyped > static_cast<quint64>(QApplication::keyboardInputInterval());
     m_typed = isNew ? event.text() : m_typed + event.text();
-    m_lastTyped = event.timestamp();
+    m_lastTyped = now;
 
     std::vector<int> rows = rowsBeginningLike(m_typed);
     const bool goesOn = isOneLetterOnly(m_typed) && (m_typed.size() == 1 || rows.empty());

@@ -37,7 +37,7 @@ private:
 
     Choices m_names;
     QString m_typed;
-    quint64 m_lastTyped = 0;  // in milliseconds, by the clock of the screen
+    quint64 m_lastTyped = 0;  // in milliseconds
 };
 
 }  // namespace Toolbox
