@@ -199,7 +199,7 @@ const Option OPTIONS[] = {
     {"--record", "FILE", "Record to start from [zeros]", takePath<&Options::record>},
     {"--write-record", "FILE", "Where to store the record after the call", takePath<&Options::writeRecord>},
     {"--picture", "FILE", "Save the dialog or alert as a picture (PNG)", takePicture},
-    {"--trace-file", "FILE", "Write its toolbox calls into a file", takePath<&Options::traceFile>},
+    {"--trace-file", "FILE", "Write the toolbox calls into a file", takePath<&Options::traceFile>},
 };
 
 struct Flag {
@@ -211,7 +211,7 @@ struct Flag {
 const Flag FLAGS[] = {
     {"--require-admin", "Have it ask for the administrator's right", &Options::requireAdmin},
     {"--json", "Print the answer as one JSON object", &Options::json},
-    {"--trace", "Write its toolbox calls to standard error", &Options::trace},
+    {"--trace", "Write the toolbox calls to standard error", &Options::trace},
 };
 
 // Leaves out the section on BUNDLE, which the first line of --help has explained.
