@@ -1,5 +1,6 @@
 #include "host/CallGuard.h"
 
+#include <cxxabi.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -11,6 +12,7 @@
 #include <iterator>
 #include <new>
 #include <string>
+#include <typeinfo>
 
 namespace Host {
 
@@ -88,14 +90,9 @@ void onTerminate()
 {
     if (words == nullptr)
         endSaying("there is not enough memory", {"", ""}, ExitStatus::NotDone);
-    try {
-        if (std::current_exception() != nullptr)
-            throw;
-    } catch (const std::bad_alloc&) {
-        if (isGuarded())
-            endSaying("ran out of memory");
-    } catch (...) {
-    }
+    const std::type_info* const thrown = abi::__cxa_current_exception_type();
+    if (thrown != nullptr && *thrown == typeid(std::bad_alloc) && isGuarded())
+        endSaying("ran out of memory");
     std::abort();
 }
 

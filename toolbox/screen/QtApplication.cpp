@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <clocale>
 #include <cstdio>
+#include <exception>
+#include <new>
 #include <string>
 
 namespace Toolbox {
@@ -22,15 +24,14 @@ void sayOnlyTheWorst(QtMsgType type, const QMessageLogContext&, const QString& t
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
-void throwBadAlloc()
-{
-    throw std::bad_alloc();
-}
-
 // Ends the process at once, before anything is unwound, and whoever looks why finds the exception.
-void endForWantOfMemory() noexcept
+void endForWantOfMemory()
 {
-    throwBadAlloc();
+    try {
+        throw std::bad_alloc();
+    } catch (...) {
+        std::terminate();
+    }
 }
 
 // Qt sets the process's locale to the user's, which would change how everybody else's numbers are read. While this
