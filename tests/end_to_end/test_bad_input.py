@@ -337,10 +337,6 @@ class Bundles(HostTest):
                 self.assert_not_loaded("its factory gives no instance" if given == "nothing" else
                                        "what its factory gives is not an instance of an external", GIVES=given)
 
-    def test_too_few_descriptors_are_not_the_fault_of_the_instance(self):
-        outcome = unattended(self.bundle, through=["sh", "-c", 'ulimit -n 4; exec "$@"', "sh"])
-        self.assert_fails(outcome, NOT_DONE, "cannot look at what the external's factory gives: Too many open files")
-
     def test_one_that_lacks_a_function(self):
         self.use_executable("lacking_external")
         self.assert_no_executable("undefined symbol: functionThatNobodyHas")
