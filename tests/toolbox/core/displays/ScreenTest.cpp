@@ -16,7 +16,6 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <optional>
 #include <utility>
 
 namespace {
@@ -213,28 +212,13 @@ class RealScreen : public Screen {
 protected:
     void SetUp() override
     {
-        if (!m_server->runs())
+        if (!m_server.runs())
             GTEST_SKIP() << "Xvfb is not here";
-        setenv("DISPLAY", m_server->display().c_str(), 1);
+        setenv("DISPLAY", m_server.display().c_str(), 1);
     }
 
-    std::optional<XServer> m_server{std::in_place};
+    const XServer m_server;
 };
-
-TEST_F(RealScreen, AnswersAndShowsWindows)
-{
-    EXPECT_TRUE(Toolbox::ScreenAnswers());
-
-    const TemporaryFolder folder;
-    std::string problem;
-    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
-    Toolbox::SavePicture(folder / "a.png");
-    const Person person({[](QDialog&) { EXPECT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb")); },
-        press(Qt::Key_Down), press(Qt::Key_Return)});
-    EXPECT_EQ(Dialog().run(), "ended: item 3 ok");
-    EXPECT_EQ(Toolbox::TakeReport().pictureProblem, "");
-    EXPECT_EQ(QImage(QString::fromStdString((folder / "a.png").string())).width(), 340);
-}
 
 TEST_F(RealScreen, AnswersBesideADeadWaylandDisplay)
 {
@@ -252,10 +236,21 @@ TEST_F(RealScreen, DoesNotAnswerWhomItRefuses)
     EXPECT_FALSE(Toolbox::ScreenAnswers());
 }
 
-TEST_F(RealScreen, DoesNotAnswerOnceItHasGone)
+// The last one: from then on Qt has threads that talk to the desktop, and a child that is forked while one of them
+// allocates can wait for ever for the sanitizers' heap.
+TEST_F(RealScreen, AnswersAndShowsWindows)
 {
-    m_server.reset();
-    EXPECT_FALSE(Toolbox::ScreenAnswers());
+    EXPECT_TRUE(Toolbox::ScreenAnswers());
+
+    const TemporaryFolder folder;
+    std::string problem;
+    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
+    Toolbox::SavePicture(folder / "a.png");
+    const Person person({[](QDialog&) { EXPECT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb")); },
+        press(Qt::Key_Down), press(Qt::Key_Return)});
+    EXPECT_EQ(Dialog().run(), "ended: item 3 ok");
+    EXPECT_EQ(Toolbox::TakeReport().pictureProblem, "");
+    EXPECT_EQ(QImage(QString::fromStdString((folder / "a.png").string())).width(), 340);
 }
 
 }  // namespace
