@@ -122,11 +122,12 @@ ExitStatus statusOf(const Report& report)
 
 std::string inWords(const Report& report)
 {
-    std::string words = "Before: " + recordInWords(report, report.chosenBefore, report.flagsBefore) + "\n";
+    std::string words = outcomeInWords(report) + "\n";
+    words += "Before: " + recordInWords(report, report.chosenBefore, report.flagsBefore) + "\n";
     for (const ShownAlert& alert : report.toolbox.alerts)
         words += "Alert:  " + alertInWords(alert) + "\n";
-    words += "After:  " + recordInWords(report, report.chosen.value_or(report.chosenBefore), report.flagsAfter) + "\n";
-    return words + outcomeInWords(report) + "\n";
+    return words + "After:  " + recordInWords(report, report.chosen.value_or(report.chosenBefore), report.flagsAfter)
+        + "\n";
 }
 
 std::string inJson(const Report& report)

@@ -30,7 +30,8 @@ struct Report {
 /// What the process ends with after this call, if nothing else goes wrong.
 ExitStatus statusOf(const Report& report);
 
-/// The report in words: the record before and after, each alert, and what it comes to, a line each.
+/// The report in words, a line each: what it comes to, which whoever listens must not wait for, the record before, each
+/// alert, and the record after.
 std::string inWords(const Report& report);
 
 /// The report as one JSON object, over several lines.

@@ -136,7 +136,7 @@ class HostTest(unittest.TestCase):
     def assert_chose(self, outcome, code=ENGLISH, *lines):
         """It answered that this language was written."""
         self.assert_answers(outcome, CHOSE, *lines)
-        self.assertTrue(outcome.output.endswith(f"\n{NAMES[code]} ({code}) was written to the record.\n"), outcome.output)
+        self.assertTrue(outcome.output.startswith(f"{NAMES[code]} ({code}) was written to the record.\n"), outcome.output)
 
     def assert_fails(self, outcome, status, *lines):
         """The host printed no answer, and these `lines` on standard error."""
