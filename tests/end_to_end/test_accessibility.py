@@ -117,6 +117,7 @@ class Accessibility(HostTest):
         pop_up, = host.of_role(Atspi.Role.COMBO_BOX)
         self.assertEqual(pop_up.get_name(), "Deutsch (German)", "the current item")
         self.assertEqual(label_of(pop_up), [LABEL])
+        self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.LIST)], [LABEL.rstrip(":")])
         self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.LIST_ITEM)], ITEMS)
         cancel, ok = host.of_role(Atspi.Role.PUSH_BUTTON)
         self.assertEqual([cancel.get_name(), ok.get_name()], ["Cancel", "OK"], "as they stand")

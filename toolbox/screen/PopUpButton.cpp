@@ -2,7 +2,6 @@
 
 #include "toolbox/screen/PlainText.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QKeyEvent>
@@ -53,11 +52,6 @@ PopUpButton::PopUpButton(const Control& control, QWidget* parent)
     connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this, &PopUpButton::chooseSelected,
         Qt::QueuedConnection);
     connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectCurrent);
-    // For assistive technology, the name of a pop-up is what it shows.
-    connect(this, &QComboBox::currentTextChanged, this, [this] {
-        QAccessibleEvent changed(this, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&changed);
-    });
 }
 
 // With what nobody can choose marked as such.

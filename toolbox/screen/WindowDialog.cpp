@@ -6,6 +6,7 @@
 #include "toolbox/screen/PlainText.h"
 #include "toolbox/screen/PopUpButton.h"
 
+#include <QAbstractItemView>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -83,7 +84,8 @@ WindowDialog::Shown WindowDialog::makePopUp(Control& control, QWidget* parent)
 {
     QWidget* const row = control.title.isEmpty() ? nullptr : new QWidget(parent);
     auto* const popUp = new PopUpButton(control, row != nullptr ? row : parent);
-    popUp->setAccessibleName(plainText(labelOf(control)));
+    // Of the open menu, which has the focus then; a closed one is called as what it shows, and has its label.
+    popUp->view()->setAccessibleName(plainText(labelOf(control)));
     popUp->setMinimumWidth(std::min(popUp->minimumSizeHint().width(), MOST_PIXELS));
     connect(popUp, &QComboBox::activated, this,
         [this, &control](int index) { act([&control, index] { chooseMenuItem(control, index + 1); }); });
