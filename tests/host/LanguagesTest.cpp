@@ -6,6 +6,8 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -34,12 +36,8 @@ TEST(Languages, HaveNoOtherCodes)
     EXPECT_EQ(languageOfCode(0x10002), nullptr) << "a code is not cut to 16 bits";
 }
 
-struct NameCase {
-    const char* text;
-    std::vector<std::string_view> languages;  // in English
-};
-
-const NameCase TYPED[] = {
+// languages: in English
+const std::pair<const char*, std::vector<std::string_view>> TYPED[] = {
     {"German", {"German"}},
     {"jaPANESE", {"Japanese"}},
     {"Deutsch", {"German"}},
@@ -59,22 +57,16 @@ const NameCase TYPED[] = {
 
 TEST(LanguagesMeant, AreThoseOfTheSurestReading)
 {
-    for (const NameCase& row : TYPED) {
+    for (const auto& [text, languages] : TYPED) {
         std::vector<std::string_view> names;
-        for (const Language* const each : languagesMeant(row.text))
+        for (const Language* const each : languagesMeant(text))
             names.push_back(each->name);
-        EXPECT_EQ(names, row.languages) << row.text;
+        EXPECT_EQ(names, languages) << text;
     }
 }
 
-struct LocaleCase {
-    const char* name;
-    const char* locale;
-    const char* list;  // LANGUAGE
-    const char* language;
-};
-
-const LocaleCase LOCALES[] = {
+// list: LANGUAGE
+const std::tuple<const char*, const char*, const char*, const char*> LOCALES[] = {
     {"Whole", "de_DE.UTF-8", "", "German"},
     {"LanguageAlone", "ja", "", "Japanese"},
     {"LanguageAndModifier", "es@modern", "", "Spanish"},
@@ -90,10 +82,10 @@ const LocaleCase LOCALES[] = {
 
 TEST(UserLanguage, IsTheFirstOfTheSix)
 {
-    for (const LocaleCase& row : LOCALES) {
-        setenv("LC_ALL", row.locale, 1);
-        setenv("LANGUAGE", row.list, 1);
-        EXPECT_EQ(userLanguage().name, row.language) << row.name;
+    for (const auto& [name, locale, list, language] : LOCALES) {
+        setenv("LC_ALL", locale, 1);
+        setenv("LANGUAGE", list, 1);
+        EXPECT_EQ(userLanguage().name, language) << name;
     }
 }
 

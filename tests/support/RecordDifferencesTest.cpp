@@ -1,25 +1,18 @@
 #include "tests/support/RecordDifferences.h"
 
-#include "tests/support/RowName.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstring>
+#include <tuple>
 
 namespace {
 
 constexpr std::size_t SIZE = 614;
 
-struct Case {
-    const char* name;
-    std::size_t position;
-    std::string written;  // there, in a record of zeros
-    std::string differences;
-};
-
 // clang-format off
-const Case CASES[] = {
+// written: there, in a record of zeros
+const std::tuple<const char*, std::size_t, std::string, std::string> CASES[] = {
     {"None",                   0,   "",                            ""},
     {"SameByte",               100, std::string(1, '\0'),          ""},
     {"Message",                0,   "\x03\xE8",                    "message at 0: expected 0x0000, actual 0x03E8\n"},
@@ -33,21 +26,20 @@ const Case CASES[] = {
 };
 // clang-format on
 
-class RecordDifferences : public testing::TestWithParam<Case> { };
-
-TEST_P(RecordDifferences, NameTheFieldsOrPositions)
+TEST(RecordDifferences, NameTheFieldsOrPositions)
 {
-    const std::string expected(SIZE, '\0');
-    std::string actual = expected;
-    actual.replace(GetParam().position, GetParam().written.size(), GetParam().written);
-    EXPECT_EQ(recordDifferences(actual, expected), GetParam().differences);
+    for (const auto& [name, position, written, differences] : CASES) {
+        SCOPED_TRACE(name);
+        const std::string expected(SIZE, '\0');
+        std::string actual = expected;
+        actual.replace(position, written.size(), written);
+        EXPECT_EQ(recordDifferences(actual, expected), differences);
 
-    ExternParmBlock record;
-    std::memcpy(&record, actual.data(), SIZE);
-    EXPECT_EQ(recordDifferences(record, ExternParmBlock{}), GetParam().differences);
+        ExternParmBlock record;
+        std::memcpy(&record, actual.data(), SIZE);
+        EXPECT_EQ(recordDifferences(record, ExternParmBlock{}), differences);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, RecordDifferences, testing::ValuesIn(CASES), RowName());
 
 TEST(RecordDifferencesOfSize, AreTold)
 {

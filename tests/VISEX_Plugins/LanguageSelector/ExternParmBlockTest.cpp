@@ -2,7 +2,6 @@
 
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/support/RecordDifferences.h"
-#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -43,17 +42,16 @@ TEST(ExternParmBlock, FieldsAreReadBigEndianFromTheirPlaces)
     EXPECT_EQ(record.currentLanguage, 0xF1223344u);
 }
 
-class ExternParmBlockWrite : public testing::TestWithParam<WriteCase> { };
-
-TEST_P(ExternParmBlockWrite, ChangesTheFieldsBytesAlone)
+TEST(ExternParmBlock, IsWrittenInTheFieldsBytesAlone)
 {
-    ExternParmBlock record = recordWith(1000, 0);
-    RecordBytes expected = bytesOf(record);
-    std::copy(GetParam().written.begin(), GetParam().written.end(), expected.begin() + GetParam().position);
-    GetParam().write(record);
-    EXPECT_EQ(recordDifferences(record, recordOf(expected)), "");
+    for (const auto& row : WRITE_CASES) {
+        SCOPED_TRACE(row.name);
+        ExternParmBlock record = recordWith(1000, 0);
+        RecordBytes expected = bytesOf(record);
+        std::copy(row.written.begin(), row.written.end(), expected.begin() + row.position);
+        row.write(record);
+        EXPECT_EQ(recordDifferences(record, recordOf(expected)), "");
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Fields, ExternParmBlockWrite, testing::ValuesIn(WRITE_CASES), RowName());
 
 }  // namespace

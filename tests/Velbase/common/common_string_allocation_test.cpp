@@ -3,7 +3,6 @@
 #include "Velbase/common/common_string.h"
 #include "string_contents.h"
 #include "tests/support/Allocations.h"
-#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -85,17 +84,16 @@ const Operation FREE_OPERATIONS[] = {
     {"ToUInt64", [](Operands& o) { o.number.ToUInt64(); }},
 };
 
-class StringOperationForFree : public testing::TestWithParam<Operation> { };
-
-TEST_P(StringOperationForFree, AllocatesNothing)
+TEST(StringOperationForFree, AllocatesNothing)
 {
-    for (const char* const fill : {"", "a text too long for any small buffer"}) {
-        Operands operands(fill);
-        EXPECT_EQ(allocations::countIn([&] { GetParam().run(operands); }), 0u);
+    for (const auto& row : FREE_OPERATIONS) {
+        SCOPED_TRACE(row.name);
+        for (const char* const fill : {"", "a text too long for any small buffer"}) {
+            Operands operands(fill);
+            EXPECT_EQ(allocations::countIn([&] { row.run(operands); }), 0u);
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(All, StringOperationForFree, testing::ValuesIn(FREE_OPERATIONS), RowName());
 
 // ---- Operations that allocate
 
@@ -188,23 +186,22 @@ void expectUnchanged(const Operands& operands, const std::string& fill)
     EXPECT_TRUE(shareBuffer(operands.list[2], operands.empty));
 }
 
-class StringOperation : public testing::TestWithParam<Operation> { };
-
-TEST_P(StringOperation, ThrowsAndChangesNothingWhicheverAllocationFails)
+TEST(StringOperation, ThrowsAndChangesNothingWhicheverAllocationFails)
 {
-    for (const char* const fill : {"", "a text too long for any small buffer"}) {
-        int refused = 0;
-        for (;; ++refused) {
-            Operands operands(fill);
-            if (!allocations::refusing(refused, [&] { GetParam().run(operands); }))
-                break;
-            expectUnchanged(operands, fill);
+    for (const auto& row : ALLOCATING_OPERATIONS) {
+        SCOPED_TRACE(row.name);
+        for (const char* const fill : {"", "a text too long for any small buffer"}) {
+            int refused = 0;
+            for (;; ++refused) {
+                Operands operands(fill);
+                if (!allocations::refusing(refused, [&] { row.run(operands); }))
+                    break;
+                expectUnchanged(operands, fill);
+            }
+            EXPECT_GT(refused, 0) << "nothing was allocated, so nothing was tested";
         }
-        EXPECT_GT(refused, 0) << "nothing was allocated, so nothing was tested";
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(All, StringOperation, testing::ValuesIn(ALLOCATING_OPERATIONS), RowName());
 
 // ---- Sizes
 

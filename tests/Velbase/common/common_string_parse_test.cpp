@@ -2,7 +2,6 @@
 
 #include "Velbase/common/common_string.h"
 #include "string_contents.h"
-#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -98,16 +97,15 @@ const IntegerCase INTEGER_CASES[] = {
 };
 // clang-format on
 
-class StringToInteger : public testing::TestWithParam<IntegerCase> { };
-
-TEST_P(StringToInteger, GivesTheNumberOrFails)
+TEST(StringToInteger, GivesTheNumberOrFails)
 {
-    const String text = stringOf(GetParam().text);
-    EXPECT_EQ(outcomes(text, GetParam().base), GetParam().outcomes);
-    EXPECT_EQ(contents(text), GetParam().text);
+    for (const auto& row : INTEGER_CASES) {
+        SCOPED_TRACE(row.name);
+        const String text = stringOf(row.text);
+        EXPECT_EQ(outcomes(text, row.base), row.outcomes);
+        EXPECT_EQ(contents(text), row.text);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, StringToInteger, testing::ValuesIn(INTEGER_CASES), RowName());
 
 // ---- Floating point
 

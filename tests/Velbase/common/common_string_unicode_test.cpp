@@ -2,9 +2,10 @@
 
 #include "Velbase/common/common_string.h"
 #include "string_contents.h"
-#include "tests/support/RowName.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace {
 
@@ -29,14 +30,8 @@ std::optional<std::u16string> textOf(const shared_array<unsigned short>& units)
     return text;
 }
 
-struct UnicodeCase {
-    const char* name;
-    std::string_view bytes;
-    std::u16string_view units;
-};
-
 // clang-format off
-const UnicodeCase UNICODE_CASES[] = {
+const std::tuple<const char*, std::string_view, std::u16string_view> UNICODE_CASES[] = {
     // name            bytes                  units
     {"Empty",          "",                    u""},
     {"OneCharacter",   "a",                   u"a"},
@@ -48,16 +43,15 @@ const UnicodeCase UNICODE_CASES[] = {
 };
 // clang-format on
 
-class StringUnicode : public testing::TestWithParam<UnicodeCase> { };
-
-TEST_P(StringUnicode, TextIsMacOSRoman)
+TEST(StringUnicode, TextIsMacOSRoman)
 {
-    const String text(unitsOf(GetParam().units).data());
-    EXPECT_EQ(contents(text), GetParam().bytes);
-    EXPECT_TRUE(textOf(stringOf(GetParam().bytes).Unicode()) == GetParam().units);
+    for (const auto& [name, bytes, units] : UNICODE_CASES) {
+        SCOPED_TRACE(name);
+        const String text(unitsOf(units).data());
+        EXPECT_EQ(contents(text), bytes);
+        EXPECT_TRUE(textOf(stringOf(bytes).Unicode()) == units);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, StringUnicode, testing::ValuesIn(UNICODE_CASES), RowName());
 
 TEST(StringToUnicode, ArrayIsSharedByItsCopiesAndOutlivesTheString)
 {

@@ -1,27 +1,14 @@
-#include "tests/support/RowName.h"
-
 #include <Toolbox/OneLine.h>
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace {
 
 using Toolbox::oneLine;
 
-struct LineCase {
-    const char* name;
-    std::string text;
-    const char* line;
-};
-
-class OneLine : public testing::TestWithParam<LineCase> { };
-
-TEST_P(OneLine, ShowsWhatIsUnseenAsEscapes)
-{
-    EXPECT_EQ(oneLine(GetParam().text), GetParam().line);
-}
-
-const LineCase LINE_CASES[] = {
+const std::tuple<const char*, std::string, const char*> LINE_CASES[] = {
     {"Text", "a b~\\ \u00E4\u65E5\U0001F600", "a b~\\ \u00E4\u65E5\U0001F600"},
     {"Empty", "", ""},
     {"EndsOfLines", "a\r\nb\tc", R"(a\r\nb\tc)"},
@@ -41,6 +28,13 @@ const LineCase LINE_CASES[] = {
     {"LastSurrogate", "\xED\xBF\xBF\xEE\x80\x80", "\\xed\\xbf\\xbf\xEE\x80\x80"},
     {"PastTheEnd", "\xF4\x8F\xBF\xBF\xF4\x90\x80\x80\xF5", "\xF4\x8F\xBF\xBF\\xf4\\x90\\x80\\x80\\xf5"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, OneLine, testing::ValuesIn(LINE_CASES), RowName());
+
+TEST(OneLine, ShowsWhatIsUnseenAsEscapes)
+{
+    for (const auto& [name, text, line] : LINE_CASES) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(oneLine(text), line);
+    }
+}
 
 }  // namespace

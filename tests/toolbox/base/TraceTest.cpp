@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -134,12 +135,7 @@ TEST_F(Trace, CountsCallsOnEachThreadByItself)
     EXPECT_EQ(m_lines, Lines{"HLock(null)"});
 }
 
-struct NumberCase {
-    long long number;
-    const char* text;
-};
-
-const NumberCase NUMBER_CASES[] = {
+const std::pair<long long, const char*> NUMBER_CASES[] = {
     {0, "0"},
     {-1, "-1"},
     {-9874, "-9874"},
@@ -155,12 +151,12 @@ const NumberCase NUMBER_CASES[] = {
 
 TEST_F(Trace, TellsFourCharacterCodesByTheirCharacters)
 {
-    for (const NumberCase& row : NUMBER_CASES) {
+    for (const auto& [number, text] : NUMBER_CASES) {
         {
-            TracedCall call("Call", row.number);
-            EXPECT_EQ(call.gives(row.number), row.number);
+            TracedCall call("Call", number);
+            EXPECT_EQ(call.gives(number), number);
         }
-        EXPECT_EQ(m_lines.back(), std::string("Call(") + row.text + ") = " + row.text);
+        EXPECT_EQ(m_lines.back(), std::string("Call(") + text + ") = " + text);
     }
 }
 

@@ -6,6 +6,8 @@
 #include <QScrollArea>
 #include <QTest>
 
+#include <tuple>
+
 namespace {
 
 using Toolbox::Alert;
@@ -28,19 +30,12 @@ Alert cancelIsDefault()
 
 // ---- What is done in it
 
-struct SessionCase {
-    const char* name;
-    Alert (*make)();
-    std::vector<Person::Act> acts;
-    SInt16 pressed;
-};
-
 void clickText(QDialog& shown)
 {
     QTest::mouseClick(&titled<QLabel>(shown, "It cannot be undone."), Qt::LeftButton);
 }
 
-const SessionCase SESSION_CASES[] = {
+const std::tuple<const char*, Alert (*)(), std::vector<Person::Act>, SInt16> SESSION_CASES[] = {
     {"ReturnPressesTheDefault", fourButtons, {press(Qt::Key_Return)}, 1},
     {"EnterPressesTheDefault", cancelIsDefault, {press(Qt::Key_Enter)}, 2},
     {"EscapePressesCancel", fourButtons, {press(Qt::Key_Escape)}, 2},
@@ -61,14 +56,13 @@ const SessionCase SESSION_CASES[] = {
     {"ClickOnADisabledItem", fromResources, {click("Never"), press(Qt::Key_Return)}, 1},
 };
 
-class AlertSession : public AlertOnScreen, public testing::WithParamInterface<SessionCase> { };
-
-TEST_P(AlertSession, GivesTheButtonsNumber)
+TEST_F(AlertOnScreen, GivesTheButtonsNumber)
 {
-    EXPECT_EQ(runWith(GetParam().make(), GetParam().acts), GetParam().pressed);
+    for (const auto& [name, make, acts, pressed] : SESSION_CASES) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(runWith(make(), acts), pressed);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, AlertSession, testing::ValuesIn(SESSION_CASES), RowName());
 
 // ---- How it looks
 
@@ -222,13 +216,7 @@ TEST_F(AlertOnScreen, HasItsItemsWhereItsResourcesSay)
     });
 }
 
-struct UnusableCase {
-    const char* name;
-    Rect button;
-    Rect alert;
-};
-
-const UnusableCase UNUSABLE_CASES[] = {
+const std::tuple<const char*, Rect, Rect> UNUSABLE_CASES[] = {
     {"ButtonOutside", {400, 230, 420, 300}, {40, 40, 160, 360}},
     {"ButtonHalfOutside", {90, 300, 110, 370}, {40, 40, 160, 360}},
     {"ButtonWithoutSize", {90, 230, 90, 230}, {40, 40, 160, 360}},
@@ -237,11 +225,11 @@ const UnusableCase UNUSABLE_CASES[] = {
 
 TEST_F(AlertOnScreen, GivesAnUnusableLayoutUpForThatOfStandardAlerts)
 {
-    for (const UnusableCase& row : UNUSABLE_CASES) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, buttonBounds, alertBounds] : UNUSABLE_CASES) {
+        SCOPED_TRACE(name);
         Alert alert = fromResources();
-        alert.buttons[0].bounds = row.button;
-        alert.layout->bounds = row.alert;
+        alert.buttons[0].bounds = buttonBounds;
+        alert.layout->bounds = alertBounds;
         lookAt(alert, [](QDialog& shown) {
             const QRect ok = buttonPlace(shown, "OK");
             const QRect cancel = buttonPlace(shown, "Cancel");

@@ -88,14 +88,13 @@ const SessionCase SESSION_CASES[] = {
         "ended: item 3 ok"},
 };
 
-class WindowSession : public WindowOnScreen, public testing::WithParamInterface<SessionCase> { };
-
-TEST_P(WindowSession, BecomesCommands)
+TEST_F(WindowOnScreen, SendsCommandsForKeysAndClicks)
 {
-    EXPECT_EQ(runWith(GetParam().acts), GetParam().report);
+    for (const auto& row : SESSION_CASES) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(runWith(row.acts), row.report);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, WindowSession, testing::ValuesIn(SESSION_CASES), RowName());
 
 TEST_F(WindowOnScreen, OpensItsMenuAndChoosesThere)
 {
@@ -307,20 +306,19 @@ const SessionCase TYPING_CASES[] = {
     {"InTheOpenMenuNothingIsChosenYet", {openMenu, type("lar"), press(Qt::Key_Escape)}, "ended: ok"},
 };
 
-class TypingAhead : public WindowOnScreen, public testing::WithParamInterface<SessionCase> { };
-
-TEST_P(TypingAhead, ChoosesByTheBeginning)
+TEST_F(WindowOnScreen, ChoosesByTheBeginningOfAnItem)
 {
-    Dialog dialog;
-    dialog.popUp.items = {{QStringLiteral("One")}, {QStringLiteral("日本 (Medium)")},
-        {QStringLiteral("Óptima (Largest)")}, {QStringLiteral("Large")}, {QStringLiteral("Medial - Medley")}};
-    dialog.popUp.maximum = 5;
-    std::vector<Person::Act> acts = GetParam().acts;
-    acts.push_back(press(Qt::Key_Return));
-    EXPECT_EQ(runWith(dialog, acts), GetParam().report);
+    for (const auto& row : TYPING_CASES) {
+        SCOPED_TRACE(row.name);
+        Dialog dialog;
+        dialog.popUp.items = {{QStringLiteral("One")}, {QStringLiteral("日本 (Medium)")},
+            {QStringLiteral("Óptima (Largest)")}, {QStringLiteral("Large")}, {QStringLiteral("Medial - Medley")}};
+        dialog.popUp.maximum = 5;
+        std::vector<Person::Act> acts = row.acts;
+        acts.push_back(press(Qt::Key_Return));
+        EXPECT_EQ(runWith(dialog, acts), row.report);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, TypingAhead, testing::ValuesIn(TYPING_CASES), RowName());
 
 TEST_F(WindowOnScreen, PassesOverWhatCannotBeChosenWhenTyping)
 {

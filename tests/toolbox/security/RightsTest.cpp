@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -14,15 +15,8 @@ constexpr uid_t SUPERUSER = 0;
 constexpr uid_t SOMEBODY = 1000;
 constexpr uid_t LAST_USER = static_cast<uid_t>(-1);
 
-struct RightCase {
-    const char* name;
-    const char* right;
-    uid_t user;
-    OSStatus judgement;
-};
-
 // clang-format off
-const RightCase RIGHT_CASES[] = {
+const std::tuple<const char*, const char*, uid_t, OSStatus> RIGHT_CASES[] = {
     // name                         right                          user       judgement
     {"AdministratorOfRoot",         "system.privilege.admin",      SUPERUSER, errAuthorizationSuccess},
     {"AdministratorOfSomebody",     "system.privilege.admin",      SOMEBODY,  errAuthorizationInteractionNotAllowed},
@@ -39,8 +33,8 @@ const RightCase RIGHT_CASES[] = {
 
 TEST(Right, IsGrantedByTheRules)
 {
-    for (const RightCase& row : RIGHT_CASES)
-        EXPECT_EQ(judgeRight(row.right, row.user), row.judgement) << row.name;
+    for (const auto& [name, right, user, judgement] : RIGHT_CASES)
+        EXPECT_EQ(judgeRight(right, user), judgement) << name;
 }
 
 OSStatus judgeRights(const AuthorizationRights* rights, uid_t user, bool partly = false)

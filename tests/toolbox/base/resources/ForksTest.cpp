@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <memory>
 #include <random>
+#include <tuple>
 
 namespace {
 
@@ -100,17 +101,10 @@ TEST_F(Forks, AppleDoubleIsRefusedWhereverItIsCut)
     }
 }
 
-struct EntryCase {
-    const char* name;
-    std::size_t position;  // in the file; the one entry begins at 26
-    std::size_t width;
-    unsigned value;
-    OSErr result;
-};
-
 constexpr unsigned FORK_AT = 26 + 12;
 
-const EntryCase ENTRY_CASES[] = {
+// position: in the file; the one entry begins at 26
+const std::tuple<const char*, std::size_t, std::size_t, unsigned, OSErr> ENTRY_CASES[] = {
     {"AsItIs", 30, 4, FORK_AT, noErr},
     {"EntryCountZero", 24, 2, 0, errFSForkNotFound},
     {"EntryCountTooLarge", 24, 2, 2, mapReadErr},
@@ -128,11 +122,11 @@ const EntryCase ENTRY_CASES[] = {
 
 TEST_F(Forks, EntryMustLieInTheFile)
 {
-    for (const EntryCase& row : ENTRY_CASES) {
+    for (const auto& [name, position, width, value, result] : ENTRY_CASES) {
         Bytes file = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}});
-        setNumber(file, row.position, row.width, row.value);
-        EXPECT_EQ(readBeside(file), row.result) << row.name;
-        EXPECT_EQ(readData(file), row.result) << row.name;
+        setNumber(file, position, width, value);
+        EXPECT_EQ(readBeside(file), result) << name;
+        EXPECT_EQ(readData(file), result) << name;
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <tuple>
 
 namespace {
 
@@ -117,15 +118,6 @@ TEST(ResourceMap, IgnoresItsCopyOfTheHeader)
 // its map 62 bytes.
 enum class Base { Header, Map, Types, References, Data };
 
-struct FieldCase {
-    const char* name;
-    Base base;
-    std::size_t position;
-    std::size_t width;
-    unsigned value;
-    OSErr result;
-};
-
 constexpr unsigned DATA_AT = 256;
 constexpr unsigned DATA = 16;
 constexpr unsigned MAP_AT = DATA_AT + DATA;
@@ -133,7 +125,7 @@ constexpr unsigned MAP = 62;
 constexpr unsigned FORK = MAP_AT + MAP;
 
 // clang-format off
-const FieldCase FIELD_CASES[] = {
+const std::tuple<const char*, Base, std::size_t, std::size_t, unsigned, OSErr> FIELD_CASES[] = {
     // name                           field                      value          result
     {"DataOffsetAsItIs",              Base::Header, 0, 4,        DATA_AT,       noErr},
     {"DataAreaEndsAtTheEnd",          Base::Header, 0, 4,        FORK - DATA,   mapReadErr},  // no lengths there
@@ -199,10 +191,10 @@ TEST(ResourceMapField, DecidesWhetherTheForkIsGood)
         {Base::References, parts.referencesOffset()},
         {Base::Data, parts.dataOffset},
     };
-    for (const FieldCase& row : FIELD_CASES) {
+    for (const auto& [name, base, position, width, value, result] : FIELD_CASES) {
         Bytes fork = good;
-        setNumber(fork, bases.at(row.base) + row.position, row.width, row.value);
-        EXPECT_EQ(resultOf(fork), row.result) << row.name;
+        setNumber(fork, bases.at(base) + position, width, value);
+        EXPECT_EQ(resultOf(fork), result) << name;
     }
 }
 

@@ -95,25 +95,23 @@ const ToUnicodeCase TO_UNICODE_CASES[] = {
 };
 // clang-format on
 
-class TextToUnicode : public testing::TestWithParam<ToUnicodeCase> { };
-
-TEST_P(TextToUnicode, ConvertsWhatFits)
+TEST(TextToUnicode, ConvertsWhatFits)
 {
-    const ToUnicodeCase& row = GetParam();
-    std::vector<UniChar> buffer(row.unicode.size() + 1, 0x5555);
-    ByteCount read = UNTOUCHED;
-    ByteCount written = UNTOUCHED;
-    EXPECT_EQ(ConvertFromTextToUnicode(textToUnicode(), static_cast<ByteCount>(row.text.size()), row.text.data(), 0, 0,
-                  nullptr, nullptr, nullptr, row.bufferSize, &read, &written, buffer.data()),
-        row.result);
-    EXPECT_EQ(read, row.read);
-    EXPECT_EQ(written, row.unicode.size() * 2);
-    EXPECT_EQ(buffer.back(), 0x5555) << "no terminator is written";
-    buffer.pop_back();
-    EXPECT_EQ(buffer, row.unicode);
+    for (const auto& row : TO_UNICODE_CASES) {
+        SCOPED_TRACE(row.name);
+        std::vector<UniChar> buffer(row.unicode.size() + 1, 0x5555);
+        ByteCount read = UNTOUCHED;
+        ByteCount written = UNTOUCHED;
+        EXPECT_EQ(ConvertFromTextToUnicode(textToUnicode(), static_cast<ByteCount>(row.text.size()), row.text.data(), 0,
+                      0, nullptr, nullptr, nullptr, row.bufferSize, &read, &written, buffer.data()),
+            row.result);
+        EXPECT_EQ(read, row.read);
+        EXPECT_EQ(written, row.unicode.size() * 2);
+        EXPECT_EQ(buffer.back(), 0x5555) << "no terminator is written";
+        buffer.pop_back();
+        EXPECT_EQ(buffer, row.unicode);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, TextToUnicode, testing::ValuesIn(TO_UNICODE_CASES), RowName());
 
 struct ToTextCase {
     const char* name;
@@ -153,23 +151,21 @@ const ToTextCase TO_TEXT_CASES[] = {
 };
 // clang-format on
 
-class UnicodeToText : public testing::TestWithParam<ToTextCase> { };
-
-TEST_P(UnicodeToText, ConvertsWhatFitsAndCanBeMapped)
+TEST(UnicodeToText, ConvertsWhatFitsAndCanBeMapped)
 {
-    const ToTextCase& row = GetParam();
-    std::string buffer(row.text.size() + 1, '.');
-    ByteCount read = UNTOUCHED;
-    ByteCount written = UNTOUCHED;
-    EXPECT_EQ(ConvertFromUnicodeToText(unicodeToText(), row.unicodeLength, row.unicode.data(), 0, 0, nullptr, nullptr,
-                  nullptr, row.bufferSize, &read, &written, buffer.data()),
-        row.result);
-    EXPECT_EQ(read, row.read);
-    EXPECT_EQ(written, row.text.size());
-    EXPECT_EQ(buffer, row.text + ".") << "no terminator is written";
+    for (const auto& row : TO_TEXT_CASES) {
+        SCOPED_TRACE(row.name);
+        std::string buffer(row.text.size() + 1, '.');
+        ByteCount read = UNTOUCHED;
+        ByteCount written = UNTOUCHED;
+        EXPECT_EQ(ConvertFromUnicodeToText(unicodeToText(), row.unicodeLength, row.unicode.data(), 0, 0, nullptr,
+                      nullptr, nullptr, row.bufferSize, &read, &written, buffer.data()),
+            row.result);
+        EXPECT_EQ(read, row.read);
+        EXPECT_EQ(written, row.text.size());
+        EXPECT_EQ(buffer, row.text + ".") << "no terminator is written";
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, UnicodeToText, testing::ValuesIn(TO_TEXT_CASES), RowName());
 
 // What is wrong with the arguments of one call in either direction.
 enum Wrong : unsigned {

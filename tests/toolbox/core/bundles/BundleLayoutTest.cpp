@@ -2,6 +2,7 @@
 
 #include "tests/toolbox/core/bundles/BundleTest.h"
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -14,11 +15,8 @@ using BundleLayout = BundleTest;
 
 // In a folder with: file, folder/file, and the links that the names say.
 // clang-format off
-const struct {
-    const char* name;
-    const char* relative;
-    const char* found;  // in the folder; null when it is not to be found
-} INSIDE_CASES[] = {
+// found: in the folder; null when it is not to be found
+const std::tuple<const char*, const char*, const char*> INSIDE_CASES[] = {
     // name                               relative                      found
     {"File",                              "file",                       "file"},
     {"Folder",                            "folder",                     "folder"},
@@ -67,9 +65,8 @@ TEST_F(BundleLayout, FindsTheRealPathOfWhatIsInAFolder)
     fs::create_symlink("../root beside", in("root/link beside"));
     fs::create_symlink("nothing", in("root/link to nothing"));
     fs::create_symlink("link to itself", in("root/link to itself"));
-    for (const auto& row : INSIDE_CASES)
-        EXPECT_EQ(findInside(in("root"), row.relative), row.found == nullptr ? fs::path() : in("root") / row.found)
-            << row.name;
+    for (const auto& [name, relative, found] : INSIDE_CASES)
+        EXPECT_EQ(findInside(in("root"), relative), found == nullptr ? fs::path() : in("root") / found) << name;
 }
 
 TEST_F(BundleLayout, TheRootFolderHoldsEverything)
@@ -88,12 +85,7 @@ const Toolbox::BundleLayout IN_RESOURCES = {"Resources/Info.plist", "Resources",
 const Toolbox::BundleLayout AT_THE_TOP = {"Info.plist", "", "PlugIns"};
 
 // clang-format off
-const struct {
-    const char* name;
-    const char* bundle;
-    std::vector<std::string> folders;
-    Toolbox::BundleLayout layout;
-} LAYOUT_CASES[] = {
+const std::tuple<const char*, const char*, std::vector<std::string>, Toolbox::BundleLayout> LAYOUT_CASES[] = {
     // name                   bundle         folders                    layout
     {"Contents",              "a.bundle",    {"Contents"},              IN_CONTENTS},
     {"Both",                  "a.bundle",    {"Contents", "Resources"}, IN_CONTENTS},
@@ -109,16 +101,16 @@ const struct {
 
 TEST_F(BundleLayout, GoesByTheFoldersThatAreThere)
 {
-    for (const auto& row : LAYOUT_CASES) {
-        SCOPED_TRACE(row.name);
-        const fs::path bundle = in(row.name) / row.bundle;
+    for (const auto& [name, folderName, made, expected] : LAYOUT_CASES) {
+        SCOPED_TRACE(name);
+        const fs::path bundle = in(name) / folderName;
         fs::create_directories(bundle);
-        for (const std::string& folder : row.folders)
+        for (const std::string& folder : made)
             fs::create_directories(bundle / folder);
         const Toolbox::BundleLayout& layout = layoutOf(bundle);
-        EXPECT_STREQ(layout.info, row.layout.info);
-        EXPECT_STREQ(layout.resources, row.layout.resources);
-        EXPECT_STREQ(layout.builtInPlugIns, row.layout.builtInPlugIns);
+        EXPECT_STREQ(layout.info, expected.info);
+        EXPECT_STREQ(layout.resources, expected.resources);
+        EXPECT_STREQ(layout.builtInPlugIns, expected.builtInPlugIns);
     }
 }
 

@@ -1,5 +1,8 @@
 #include "tests/toolbox/core/bundles/PlugInBundle.h"
 
+#include <tuple>
+#include <utility>
+
 namespace {
 
 using CFBundleExecutable = BundleTest;
@@ -20,12 +23,8 @@ std::string alsoNamed(const std::string& executable)
 }
 
 // clang-format off
-const struct {
-    const char* name;
-    std::string info;  // of the property list; empty for none
-    const char* executable;
-    bool loads;
-} EXECUTABLE_CASES[] = {
+// info: of the property list; empty for none
+const std::tuple<const char*, std::string, const char*, bool> EXECUTABLE_CASES[] = {
     // name                     Info.plist                       code at                       loads
     {"NamedInPlatformsFolder",  named("code"),                   "Contents/Linux/code",        true},
     {"NamedInContents",         named("code"),                   "Contents/code",              true},
@@ -53,16 +52,16 @@ const struct {
 
 TEST_F(CFBundleExecutable, IsLoadedIfItIsTheBundles)
 {
-    for (const auto& row : EXECUTABLE_CASES) {
-        SCOPED_TRACE(row.name);
-        const fs::path folder = in(row.name) / "test.bundle";
+    for (const auto& [name, info, executable, loads] : EXECUTABLE_CASES) {
+        SCOPED_TRACE(name);
+        const fs::path folder = in(name) / "test.bundle";
         fs::create_directories(folder / "Contents");
-        if (!row.info.empty())
-            writeFile(folder / "Contents/Info.plist", propertyList(row.info));
-        copyPlugIn(folder / row.executable);
+        if (!info.empty())
+            writeFile(folder / "Contents/Info.plist", propertyList(info));
+        copyPlugIn(folder / executable);
         const Owned bundle = createBundle(folder);
-        EXPECT_EQ(CFBundleLoadExecutable(bundle), row.loads);
-        EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")) != nullptr, row.loads);
+        EXPECT_EQ(CFBundleLoadExecutable(bundle), loads);
+        EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")) != nullptr, loads);
     }
 }
 
@@ -151,10 +150,7 @@ TEST_F(CFBundleExecutable, TakesNoNameThatIsNone)
 TEST_F(CFBundleExecutable, RefusesCodeThatIsNone)
 {
     const std::string whole = contents(PLUG_IN_FILE);
-    const struct {
-        const char* name;
-        std::string content;
-    } FILES[] = {
+    const std::pair<const char*, std::string> FILES[] = {
         {"empty", ""},
         {"text", "#!/bin/sh\nexit 0\n"},
         {"zeros", std::string(10000, '\0')},

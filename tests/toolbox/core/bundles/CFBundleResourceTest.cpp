@@ -1,6 +1,7 @@
 #include "tests/toolbox/core/bundles/BundleTest.h"
 #include "toolbox/core/bundles/Bundle.h"
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -11,14 +12,9 @@ using Toolbox::findObject;
 
 // In a bundle whose user knows German, as in Austria, and French, and whose development region is English.
 // clang-format off
-const struct {
-    const char* name;
-    std::vector<std::string> files;
-    const char* resource;
-    const char* type;
-    const char* subfolder;
-    const char* found;  // null when it is not
-} RESOURCE_CASES[] = {
+// found: null when it is not
+const std::tuple<const char*, std::vector<std::string>, const char*, const char*, const char*, const char*>
+    RESOURCE_CASES[] = {
     // name                files                                     resource    type     in      found
     {"Missing",            {},                                       "a",        "x",     "",     nullptr},
     {"WithoutALanguage",   {"a.x"},                                  "a",        "x",     "",     "a.x"},
@@ -58,16 +54,15 @@ const struct {
 
 TEST_F(CFBundleResource, IsFoundInTheOrderOfLanguages)
 {
-    for (const auto& row : RESOURCE_CASES) {
-        const fs::path resources = in(row.name) / "Contents/Resources";
-        makeBundle(in(row.name), stringEntry("CFBundleDevelopmentRegion", "English"));
+    for (const auto& [name, files, resource, type, subfolder, expected] : RESOURCE_CASES) {
+        const fs::path resources = in(name) / "Contents/Resources";
+        makeBundle(in(name), stringEntry("CFBundleDevelopmentRegion", "English"));
         fs::create_directories(resources);
-        for (const std::string& file : row.files)
+        for (const std::string& file : files)
             writeFile(resources / file);
-        const Owned bundle = createBundle(in(row.name));
-        const fs::path found =
-            findObject<Bundle>(bundle)->findResource(row.resource, row.type, row.subfolder, {"de-AT", "fr"});
-        EXPECT_EQ(found, row.found == nullptr ? fs::path() : resources / row.found) << row.name;
+        const Owned bundle = createBundle(in(name));
+        const fs::path found = findObject<Bundle>(bundle)->findResource(resource, type, subfolder, {"de-AT", "fr"});
+        EXPECT_EQ(found, expected == nullptr ? fs::path() : resources / expected) << name;
     }
 }
 

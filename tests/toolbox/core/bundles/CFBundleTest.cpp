@@ -5,6 +5,7 @@
 
 #include <sys/stat.h>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -57,10 +58,7 @@ TEST_F(CFBundle, OfAnotherFolderIsAnother)
 TEST_F(CFBundle, WithAnInfoThatCannotBeReadIsOneWithoutInfo)
 {
     const std::string genuine = propertyList(stringEntry("CFBundleExecutable", "code"));
-    const struct {
-        const char* name;
-        std::string info;
-    } FILES[] = {
+    const std::pair<const char*, std::string> FILES[] = {
         {"cut-short", genuine.substr(0, genuine.size() / 2)},
         {"corrupt", "CFBundleExecutable = code"},
         {"empty", ""},

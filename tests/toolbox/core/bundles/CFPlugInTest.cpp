@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -125,11 +126,8 @@ const std::string MISPLACED = "1111111-12222-3333-4444-5555555555AA";
 const std::string MIXED = "<array><dict/><true/><string>" + FIRST + "</string></array>";
 
 // clang-format off
-const struct {
-    const char* name;
-    std::string entries;
-    Texts factories;  // of the type
-} REGISTRATION_CASES[] = {
+// factories: of the type
+const std::tuple<const char*, std::string, Texts> REGISTRATION_CASES[] = {
     // name                   Info.plist                                                               factories
     {"Nothing",               "",                                                                      {"null"}},
     {"OneFactory",            plugInEntries(FIRST, "f"),                                               {FIRST}},
@@ -171,11 +169,11 @@ const struct {
 
 TEST_F(CFPlugIn, RegistersWhatItsInfoSays)
 {
-    for (const auto& row : REGISTRATION_CASES) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, entries, factories] : REGISTRATION_CASES) {
+        SCOPED_TRACE(name);
         {
-            const Owned plugIn = withoutCode(row.entries, row.name);
-            EXPECT_EQ(factoriesOf(TYPE, plugIn), row.factories);
+            const Owned plugIn = withoutCode(entries, name);
+            EXPECT_EQ(factoriesOf(TYPE, plugIn), factories);
         }
         EXPECT_EQ(factoriesOf(TYPE, Owned(withoutCode("", "other"))), Texts{"null"})
             << "nothing is left in the register";

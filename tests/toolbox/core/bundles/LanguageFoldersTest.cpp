@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -13,11 +14,7 @@ namespace {
 using Toolbox::languageFolders;
 
 // clang-format off
-const struct {
-    const char* name;
-    QStringList languages;
-    QStringList folders;
-} FOLDERS_CASES[] = {
+const std::tuple<const char*, QStringList, QStringList> FOLDERS_CASES[] = {
     {"None",                 {},                     {}},
     {"Empty",                {""},                   {}},
     {"Code",                 {"cy"},                 {"cy.lproj"}},
@@ -34,8 +31,8 @@ const struct {
 
 TEST(LanguageFolders, BearEachNameOfTheLanguages)
 {
-    for (const auto& row : FOLDERS_CASES)
-        EXPECT_EQ(languageFolders(row.languages), row.folders) << row.name;
+    for (const auto& [name, languages, folders] : FOLDERS_CASES)
+        EXPECT_EQ(languageFolders(languages), folders) << name;
 }
 
 TEST(LanguageFolders, MayHaveTheLongNamesOfOldBundles)
@@ -48,14 +45,9 @@ TEST(LanguageFolders, MayHaveTheLongNamesOfOldBundles)
 }
 
 // clang-format off
-const struct {
-    const char* name;
-    const char* all;  // null: not in the environment
-    const char* messages;
-    const char* lang;
-    const char* list;  // LANGUAGE
-    std::vector<std::string> languages;
-} ENVIRONMENTS[] = {
+// null: not in the environment
+const std::tuple<const char*, const char*, const char*, const char*, const char*, std::vector<std::string>>
+    ENVIRONMENTS[] = {
     {"AllWins",                 "fr_FR",             "de_DE",   "it_IT",       nullptr,         {"fr-FR"}},
     {"MessagesBeforeLang",      nullptr,             "de_DE",   "it_IT",       nullptr,         {"de-DE"}},
     {"LangLast",                nullptr,             nullptr,   "it_IT.UTF-8", nullptr,         {"it-IT"}},
@@ -80,12 +72,12 @@ void set(const char* variable, const char* value)
 
 TEST(UserLanguages, AreTheListsUnlessTheLocaleIsC)
 {
-    for (const auto& row : ENVIRONMENTS) {
-        set("LC_ALL", row.all);
-        set("LC_MESSAGES", row.messages);
-        set("LANG", row.lang);
-        set("LANGUAGE", row.list);
-        EXPECT_EQ(Toolbox::UserLanguages(), row.languages) << row.name;
+    for (const auto& [name, all, messages, lang, list, languages] : ENVIRONMENTS) {
+        set("LC_ALL", all);
+        set("LC_MESSAGES", messages);
+        set("LANG", lang);
+        set("LANGUAGE", list);
+        EXPECT_EQ(Toolbox::UserLanguages(), languages) << name;
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include "tests/toolbox/core/bundles/BundleTest.h"
 
+#include <tuple>
+
 namespace {
 
 using Toolbox::readPropertyList;
@@ -47,11 +49,7 @@ TEST(PropertyList, OfAKeyThatIsGivenTwiceTheLastCounts)
 }
 
 // clang-format off
-const struct {
-    const char* name;
-    const char* xml;
-    const char16_t* text;
-} TEXT_CASES[] = {
+const std::tuple<const char*, const char*, const char16_t*> TEXT_CASES[] = {
     // name                in the document              text
     {"Empty",              "",                          u""},
     {"Blanks",             "  a  b ",                   u"  a  b "},
@@ -66,11 +64,11 @@ const struct {
 
 TEST(PropertyList, IsReadAsXMLSaysIt)
 {
-    for (const auto& row : TEXT_CASES) {
-        const auto map = read(propertyList(stringEntry("k", row.xml)));
-        ASSERT_TRUE(map.has_value()) << row.name;
-        EXPECT_EQ(map->value("k").toString(), QStringView(row.text).toString()) << row.name;
-        EXPECT_EQ(map->value("k").typeId(), QMetaType::QString) << row.name;
+    for (const auto& [name, xml, text] : TEXT_CASES) {
+        const auto map = read(propertyList(stringEntry("k", xml)));
+        ASSERT_TRUE(map.has_value()) << name;
+        EXPECT_EQ(map->value("k").toString(), QStringView(text).toString()) << name;
+        EXPECT_EQ(map->value("k").typeId(), QMetaType::QString) << name;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "tests/toolbox/core/core_foundation/CoreFoundationTest.h"
 #include "toolbox/core/core_foundation/StringObject.h"
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -19,12 +20,7 @@ std::string bytesOf(ConstStringPtr pascalString)
 }
 
 // clang-format off
-const struct {
-    const char* name;
-    std::string bytes;
-    CFStringEncoding encoding;
-    const char16_t* text;  // null when the bytes are not valid
-} DECODING_CASES[] = {
+const std::tuple<const char*, std::string, CFStringEncoding, const char16_t*> DECODING_CASES[] = {
     // name                    bytes                                       encoding    text
     {"ASCII",                  "Hello",                                    ASCII,      u"Hello"},
     {"LastOfASCII",            "\x7F",                                     ASCII,      u"\x7F"},
@@ -125,13 +121,7 @@ TEST_F(CFString, TheTextOfAWrongReferenceIsNull)
 
 // What a string was made of decides whether it has a Pascal form, and in which encodings.
 // clang-format off
-const struct {
-    const char* name;
-    std::string bytes;
-    CFStringEncoding madeFrom;
-    bool inMacRoman;
-    bool inASCII;
-} PASCAL_CASES[] = {
+const std::tuple<const char*, std::string, CFStringEncoding, bool, bool> PASCAL_CASES[] = {
     // name                bytes                  made from  in Mac OS Roman  in ASCII
     {"Empty",              "",                    MAC_ROMAN, true,            true},
     {"EmptyASCII",         "",                    ASCII,     true,            true},
@@ -169,11 +159,7 @@ TEST_F(CFString, HasItsOwnBytesAsPascalStringInAnEncodingThatItHas)
 
 TEST_F(CFString, OfCharactersHasAPascalStringWhenAllIsASCII)
 {
-    const struct {
-        const char* name;
-        std::vector<UniChar> units;
-        bool hasForm;
-    } rows[] = {
+    const std::tuple<const char*, std::vector<UniChar>, bool> rows[] = {
         {"empty", {}, true},
         {"ASCII", {'a', 0x7F}, true},
         {"zero is a character", {'a', 0, 'b'}, true},

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -81,12 +82,7 @@ TEST_F(CFURL, TakesOnlyTheBytesThatAreCounted)
 }
 
 // clang-format off
-const struct {
-    const char* name;
-    const char* base;
-    const char* component;
-    const char* path;
-} COMPONENT_CASES[] = {
+const std::tuple<const char*, const char*, const char*, const char*> COMPONENT_CASES[] = {
     // name            base   component             path
     {"Name",           "/a",  "b",                  "/a/b"},
     {"AfterSlash",     "/a/", "b",                  "/a/b"},

@@ -3,14 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace {
 
 using Toolbox::quoted;
 
-const struct {
-    const char16_t* text;
-    const char* quoted;
-} QUOTED_CASES[] = {
+const std::pair<const char16_t*, const char*> QUOTED_CASES[] = {
     {u"", "\"\""},
     {u"Language Selector", "\"Language Selector\""},
     {u"日本語 \u00e9", "\"日本語 é\""},
@@ -21,8 +20,8 @@ const struct {
 
 TEST(Quoted, IsOneLineOfPrintableText)
 {
-    for (const auto& row : QUOTED_CASES)
-        EXPECT_EQ(quoted(QString::fromUtf16(row.text)), row.quoted);
+    for (const auto& [text, expected] : QUOTED_CASES)
+        EXPECT_EQ(quoted(QString::fromUtf16(text)), expected);
 }
 
 TEST(Quoted, IsTheBeginningOfALongText)

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <memory>
+#include <tuple>
 
 namespace {
 
@@ -86,13 +87,7 @@ TEST(AlertTemplateReader, WantsBoundsThatEncloseSomething)
 
 TEST(AlertStages, AreFourBitsEach)
 {
-    const struct {
-        const char* name;
-        UInt16 stages;
-        int occurrence;
-        bool drawsBox;
-        SInt16 defaultItem;
-    } rows[] = {
+    const std::tuple<const char*, UInt16, int, bool, SInt16> rows[] = {
         {"the first is the lowest", 0x0004, 1, true, 1},
         {"the first is no other", 0xFFF0, 1, false, 1},
         {"second", 0x00C0, 2, true, 2},
@@ -103,11 +98,11 @@ TEST(AlertStages, AreFourBitsEach)
         {"the usual first", 0x5555, 1, true, 1},
         {"the usual last", 0x5555, 4, true, 1},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, stages, occurrence, drawsBox, defaultItem] : rows) {
         AlertTemplate alert;
-        alert.stages = row.stages;
-        EXPECT_EQ(alert.stage(row.occurrence).drawsBox, row.drawsBox) << row.name;
-        EXPECT_EQ(alert.stage(row.occurrence).defaultItem, row.defaultItem) << row.name;
+        alert.stages = stages;
+        EXPECT_EQ(alert.stage(occurrence).drawsBox, drawsBox) << name;
+        EXPECT_EQ(alert.stage(occurrence).defaultItem, defaultItem) << name;
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <limits>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -24,10 +26,7 @@ TEST_F(ControlManager, FindsAControlBySignatureAndNumberAtAnyDepth)
     container->id = {'demo', 1};
     made.add(ControlKind::Other).id = {'demo', 1};  // a second one
 
-    const struct {
-        ControlID id;
-        const Control* control;
-    } rows[] = {
+    const std::pair<ControlID, const Control*> rows[] = {
         {{'demo', 1}, container},
         {{'demo', 2}, &shallow},
         {{'demo', 3}, nullptr},
@@ -35,12 +34,12 @@ TEST_F(ControlManager, FindsAControlBySignatureAndNumberAtAnyDepth)
         {{'Demo', 1}, nullptr},
         {{'omed', 1}, nullptr},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.id.id);
+    for (const auto& [id, control] : rows) {
+        SCOPED_TRACE(id.id);
         ControlRef found = reinterpret_cast<ControlRef>(std::uintptr_t{1});
-        const OSStatus status = GetControlByID(made.ref, &row.id, &found);
-        EXPECT_EQ(status, row.control == nullptr ? OSStatus{errUnknownControl} : OSStatus{noErr});
-        EXPECT_EQ(found, row.control == nullptr ? nullptr : row.control->ref());
+        const OSStatus status = GetControlByID(made.ref, &id, &found);
+        EXPECT_EQ(status, control == nullptr ? OSStatus{errUnknownControl} : OSStatus{noErr});
+        EXPECT_EQ(found, control == nullptr ? nullptr : control->ref());
     }
 }
 
@@ -58,9 +57,7 @@ constexpr SInt32 MOST = std::numeric_limits<SInt32>::max();
 
 TEST_F(ControlManager, SetsTheNearerEndOfTheRange)
 {
-    const struct {
-        SInt32 minimum, maximum, wanted, value;
-    } rows[] = {
+    const std::tuple<SInt32, SInt32, SInt32, SInt32> rows[] = {
         {1, 6, 0, 1},
         {1, 6, LEAST, 1},
         {1, 6, 1, 1},
@@ -72,11 +69,11 @@ TEST_F(ControlManager, SetsTheNearerEndOfTheRange)
         {5, 1, 3, 5},  // upside down
         {LEAST, MOST, MOST, MOST},
     };
-    for (const auto& row : rows) {
-        made.root().minimum = row.minimum;
-        made.root().maximum = row.maximum;
-        SetControl32BitValue(made.root().ref(), row.wanted);
-        EXPECT_EQ(GetControl32BitValue(made.root().ref()), row.value) << row.wanted;
+    for (const auto& [minimum, maximum, wanted, value] : rows) {
+        made.root().minimum = minimum;
+        made.root().maximum = maximum;
+        SetControl32BitValue(made.root().ref(), wanted);
+        EXPECT_EQ(GetControl32BitValue(made.root().ref()), value) << wanted;
     }
 }
 

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <cstring>
 #include <regex>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -50,10 +52,8 @@ TEST_F(EventParameters, KnowTheClassAndKindOfTheirEvent)
 TEST_F(EventParameters, AreCopiedNoFurtherThanAskedForAndTellTheirFullSize)
 {
     const Event event('clss', 1, {demo(4)});
-    const struct {
-        UInt32 asked;
-        std::vector<UInt8> got;  // of a buffer of six nines
-    } rows[] = {
+    // got: of a buffer of six nines
+    const std::pair<UInt32, std::vector<UInt8>> rows[] = {
         {0, {9, 9, 9, 9, 9, 9}},
         {1, {1, 9, 9, 9, 9, 9}},
         {3, {1, 2, 3, 9, 9, 9}},
@@ -61,12 +61,12 @@ TEST_F(EventParameters, AreCopiedNoFurtherThanAskedForAndTellTheirFullSize)
         {5, {1, 2, 3, 4, 9, 9}},
         {6, {1, 2, 3, 4, 9, 9}},
     };
-    for (const auto& row : rows) {
+    for (const auto& [asked, got] : rows) {
         std::vector<UInt8> buffer(6, 9);
         EventParamType type = 0;
         UInt32 size = 0;
-        EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', &type, row.asked, &size, buffer.data()), noErr);
-        EXPECT_EQ(buffer, row.got);
+        EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', &type, asked, &size, buffer.data()), noErr);
+        EXPECT_EQ(buffer, got);
         EXPECT_EQ(type, EventParamType{'byts'});
         EXPECT_EQ(size, 4u);
     }
@@ -142,20 +142,15 @@ OSStatus take(EventHandlerCallRef, EventRef, void*)
 
 TEST_F(EventHandlers, AreRefusedWithWrongArguments)
 {
-    const struct {
-        const char* name;
-        EventTargetRef target;
-        EventHandlerUPP handler;
-        const EventTypeSpec* types;
-    } rows[] = {
+    const std::tuple<const char*, EventTargetRef, EventHandlerUPP, const EventTypeSpec*> rows[] = {
         {"dead target", [] { return TestWindow().target(); }(), ignore, COMMANDS},
         {"null procedure", made.target(), nullptr, COMMANDS},
         {"null list", made.target(), ignore, nullptr},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, target, handler, types] : rows) {
+        SCOPED_TRACE(name);
         EventHandlerRef installed = reinterpret_cast<EventHandlerRef>(std::uintptr_t{1});
-        EXPECT_EQ(InstallEventHandler(row.target, row.handler, 1, row.types, nullptr, &installed), paramErr);
+        EXPECT_EQ(InstallEventHandler(target, handler, 1, types, nullptr, &installed), paramErr);
         EXPECT_EQ(installed, nullptr);
     }
     EXPECT_TRUE(made.window().target.handlers.empty());

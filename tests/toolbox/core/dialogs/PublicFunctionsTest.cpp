@@ -6,16 +6,15 @@
 #include <Carbon/IBCarbonRuntime.h>
 #include <Toolbox/Trace.h>
 
+#include <utility>
+
 namespace {
 
 class PublicFunctions : public WindowTest { };
 
 TEST_F(PublicFunctions, AreTracedAndAnswerNulls)
 {
-    const struct {
-        void (*call)();
-        const char* line;
-    } rows[] = {
+    const std::pair<void (*)(), const char*> rows[] = {
         {[] { ShowWindow(nullptr); }, "ShowWindow(null)"},
         {[] { HideWindow(nullptr); }, "HideWindow(null)"},
         {[] { DisposeWindow(nullptr); }, "DisposeWindow(null)"},
@@ -39,10 +38,10 @@ TEST_F(PublicFunctions, AreTracedAndAnswerNulls)
     };
     std::string traced;
     Toolbox::SetTrace([&traced](const std::string& line) { traced += line; });
-    for (const auto& row : rows) {
+    for (const auto& [call, line] : rows) {
         traced.clear();
-        row.call();
-        EXPECT_EQ(traced, row.line);
+        call();
+        EXPECT_EQ(traced, line);
     }
     Toolbox::SetTrace(nullptr);
 }

@@ -275,10 +275,7 @@ TEST_F(CreatedAlert, WaitsOnAfterANullResult)
 
 TEST_F(CreatedAlert, IsNotMadeOfWrongParametersOrWithoutAPlaceForIt)
 {
-    const struct {
-        const char* name;
-        void (*spoil)(AlertStdCFStringAlertParamRec&);
-    } rows[] = {
+    const std::pair<const char*, void (*)(AlertStdCFStringAlertParamRec&)> rows[] = {
         {"version before", [](AlertStdCFStringAlertParamRec& record) { record.version = 0; }},
         {"version after", [](AlertStdCFStringAlertParamRec& record) { record.version = 2; }},
         {"dead default text", [](AlertStdCFStringAlertParamRec& record) { record.defaultText = DEAD_STRING; }},
@@ -286,10 +283,10 @@ TEST_F(CreatedAlert, IsNotMadeOfWrongParametersOrWithoutAPlaceForIt)
         {"dead other text", [](AlertStdCFStringAlertParamRec& record) { record.otherText = DEAD_STRING; }},
         {"no button", [](AlertStdCFStringAlertParamRec& record) { record.defaultText = nullptr; }},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, spoil] : rows) {
+        SCOPED_TRACE(name);
         AlertStdCFStringAlertParamRec parameters = okStringParameters();
-        row.spoil(parameters);
+        spoil(parameters);
         DialogRef alert = reinterpret_cast<DialogRef>(0x1234);
         EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, &parameters, &alert), paramErr);
         EXPECT_EQ(alert, nullptr);

@@ -7,6 +7,8 @@
 #include <Carbon/Dialogs.h>
 #include <Carbon/Resources.h>
 
+#include <tuple>
+
 namespace {
 
 constexpr SInt16 NO_BOX = -1;
@@ -171,21 +173,17 @@ TEST_F(StopAlertCall, BeginsAtTheFirstStageAfterAnotherAlert)
 
 TEST_F(StopAlertCall, IsAnsweredByReturnAndEscapeWithItsSecondItemIfThatIsAButton)
 {
-    const struct {
-        const char* name;
-        std::string items;
-        SInt16 button;
-    } rows[] = {
+    const std::tuple<const char*, std::string, SInt16> rows[] = {
         {"a button", OK_AND_CANCEL, 2},
         {"a disabled button", itemList({dialogItem(BUTTON, "OK"), dialogItem(BUTTON | DISABLED, "Cancel")}), 0},
         {"a text", itemList({dialogItem(BUTTON, "OK"), dialogItem(STATIC_TEXT, "Text")}), 0},
         {"not there", itemList({dialogItem(BUTTON, "OK")}), 0},
     };
-    for (const auto& row : rows) {
-        openAlert(alertTemplate(6000, 0xCCCC), row.items);  // every stage names it
+    for (const auto& [name, items, button] : rows) {
+        openAlert(alertTemplate(6000, 0xCCCC), items);  // every stage names it
         EXPECT_EQ(StopAlert(5000, nullptr), 1);
-        EXPECT_EQ(lastShown().defaultButton, row.button) << row.name;
-        EXPECT_EQ(lastShown().cancelButton, row.button) << row.name;
+        EXPECT_EQ(lastShown().defaultButton, button) << name;
+        EXPECT_EQ(lastShown().cancelButton, button) << name;
     }
 }
 
@@ -195,11 +193,7 @@ constexpr const char* NO_ALERT = "the resources have no 'ALRT' 5000, or a damage
 constexpr const char* NO_ITEMS = "the resources have no 'DITL' 6000, or a damaged one";
 constexpr const char* NO_END = "it has no button that ends it";
 
-const struct {
-    const char* name;
-    const char* reason;
-    std::vector<TestResource> resources;
-} MISSING_CASES[] = {
+const std::tuple<const char*, const char*, std::vector<TestResource>> MISSING_CASES[] = {
     {"NoAlert", NO_ALERT, {{'DITL', 6000, OK_AND_CANCEL}}},
     {"AnotherAlert", NO_ALERT, {{'ALRT', 5001, alertTemplate(6000)}, {'DITL', 6000, OK_AND_CANCEL}}},
     {"NoItems", NO_ITEMS, {{'ALRT', 5000, alertTemplate(6000)}}},
@@ -213,16 +207,16 @@ const struct {
 
 TEST_F(StopAlertCall, ShowsNothingWithoutWhatItNeeds)
 {
-    for (const auto& row : MISSING_CASES) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, reason, resources] : MISSING_CASES) {
+        SCOPED_TRACE(name);
         closeAll();
-        open(row.resources);
+        open(resources);
         const auto before = liveObjects();
         EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX);
         EXPECT_EQ(liveObjects(), before);
         const Toolbox::CallReport report = Toolbox::TakeReport();
         EXPECT_TRUE(report.alerts.empty());
-        EXPECT_EQ(report.remarks, std::vector<std::string>{std::string("the alert 5000 was not shown: ") + row.reason});
+        EXPECT_EQ(report.remarks, std::vector<std::string>{std::string("the alert 5000 was not shown: ") + reason});
     }
     closeAll();
     EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX) << "no file is open";

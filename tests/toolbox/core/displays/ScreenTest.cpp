@@ -16,6 +16,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -32,13 +33,7 @@ protected:
     ~Screen() override { EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a process is left"; }
 };
 
-const struct {
-    const char* name;
-    const char* platform;
-    const char* display;
-    const char* wayland;
-    bool answers;
-} NAMED_CASES[] = {
+const std::tuple<const char*, const char*, const char*, const char*, bool> NAMED_CASES[] = {
     {"Nothing", nullptr, nullptr, nullptr, false},
     {"EmptyNames", "", "", "", false},
     {"Offscreen", "offscreen", nullptr, nullptr, false},
@@ -61,14 +56,14 @@ TEST_F(Screen, AnswersIfTheOneThatIsNamedDoes)
         else
             setenv(variable, value, 1);
     };
-    for (const auto& row : NAMED_CASES) {
-        set("QT_QPA_PLATFORM", row.platform);
-        set("DISPLAY", row.display);
-        set("WAYLAND_DISPLAY", row.wayland);
+    for (const auto& [name, platform, display, wayland, expected] : NAMED_CASES) {
+        set("QT_QPA_PLATFORM", platform);
+        set("DISPLAY", display);
+        set("WAYLAND_DISPLAY", wayland);
         testing::internal::CaptureStderr();
         const bool answers = Toolbox::ScreenAnswers();
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << row.name;
-        EXPECT_EQ(answers, row.answers) << row.name;
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << name;
+        EXPECT_EQ(answers, expected) << name;
     }
 }
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -82,10 +83,7 @@ TEST(NibArchiveValues, MayBeSplitByCommentsAndSections)
 
 TEST(NibArchiveValues, ThatAreCodesKeepEveryCharacter)
 {
-    const struct {
-        const char* text;
-        OSType code;
-    } rows[] = {
+    const std::pair<const char*, OSType> rows[] = {
         {"demo", 0x64656D6F},
         {"ok  ", 0x6F6B2020},
         {"  ok", 0x20206F6B},
@@ -95,9 +93,9 @@ TEST(NibArchiveValues, ThatAreCodesKeepEveryCharacter)
         {"\u00c4\u20ac\u00f8\u02c7", 0x80DBBFFF},  // as in Mac OS Roman
         {"&lt;&amp;&gt;&#33;", 0x3C263E21},
     };
-    for (const auto& row : rows) {
-        const auto archive = readObject(std::string("<ostype name='code'>") + row.text + "</ostype>");
-        EXPECT_EQ(theObject(archive).code("code"), row.code) << row.text;
+    for (const auto& [text, code] : rows) {
+        const auto archive = readObject(std::string("<ostype name='code'>") + text + "</ostype>");
+        EXPECT_EQ(theObject(archive).code("code"), code) << text;
     }
 }
 
@@ -188,10 +186,7 @@ TEST(NibNameTable, MayBeMissing)
 
 // ---- What is no archive
 
-const struct {
-    const char* name;
-    std::string xml;
-} REFUSED_CASES[] = {
+const std::pair<const char*, std::string> REFUSED_CASES[] = {
     {"Empty", ""},
     {"Blanks", " \n "},
     {"Text", "Size_Chooser"},
@@ -226,8 +221,8 @@ const struct {
 
 TEST(NibArchiveRefused, WhenItIsCorrupt)
 {
-    for (const auto& row : REFUSED_CASES)
-        EXPECT_FALSE(read(row.xml).has_value()) << row.name;
+    for (const auto& [name, xml] : REFUSED_CASES)
+        EXPECT_FALSE(read(xml).has_value()) << name;
 }
 
 TEST(NibArchiveRefused, WhereverItIsCutOff)

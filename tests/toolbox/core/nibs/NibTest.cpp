@@ -10,6 +10,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -162,10 +164,7 @@ TEST_F(NibServices, FindNothingByNoNameOrOutsideTheBundle)
 
 TEST_F(NibServices, OpenNothingButAFileInAFolder)
 {
-    const struct {
-        const char* name;
-        void (*make)(const fs::path& nib, const fs::path& archive);
-    } rows[] = {
+    const std::pair<const char*, void (*)(const fs::path& nib, const fs::path& archive)> rows[] = {
         {"no archive", [](const fs::path& nib, const fs::path&) { fs::create_directory(nib); }},
         {"no folder", [](const fs::path& nib, const fs::path&) { std::ofstream(nib) << SAMPLE_NIB; }},
         {"a folder", [](const fs::path&, const fs::path& archive) { fs::create_directories(archive); }},
@@ -181,9 +180,9 @@ TEST_F(NibServices, OpenNothingButAFileInAFolder)
             }},
     };
     const fs::path nib = inResources("Demo.nib");
-    for (const auto& row : rows) {
-        row.make(nib, nib / "objects.xib");
-        EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile) << row.name;
+    for (const auto& [name, make] : rows) {
+        make(nib, nib / "objects.xib");
+        EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile) << name;
         fs::remove_all(nib);
     }
 }
@@ -237,11 +236,8 @@ TEST_F(NibServices, TellWhatTheNameIsOf)
         "<string>Twice</string><object class='IBCarbonWindow'><string name='windowRect'>1 2 3 4</string></object>"
         "<string>Twice</string><object class='IBCarbonMenu'/>"
         "</dictionary></object>");
-    const struct {
-        const char* name;
-        OSStatus status;
-        const char* reason;  // empty where it is made
-    } rows[] = {
+    // reason: empty where it is made
+    const std::tuple<const char*, OSStatus, const char*> rows[] = {
         {"Absent", kIBCarbonRuntimeCantFindObject, "the nib names nothing so"},
         {"", kIBCarbonRuntimeCantFindObject, "the nib names nothing so"},
         {"Files Owner", kIBCarbonRuntimeObjectNotOfRequestedType, "it is not a window"},
@@ -251,11 +247,11 @@ TEST_F(NibServices, TellWhatTheNameIsOf)
         {"Shapeless", kIBCarbonRuntimeCantFindObject, "a rectangle is missing or wrong"},
         {"Twice", noErr, ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(tryToMake(row.name), row.status);
-        const std::string refused = "the window \"" + std::string(row.name) + "\" was refused: " + row.reason;
-        EXPECT_EQ(onlyRemark(), row.status == noErr ? "" : refused);
+    for (const auto& [name, status, reason] : rows) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(tryToMake(name), status);
+        const std::string refused = "the window \"" + std::string(name) + "\" was refused: " + reason;
+        EXPECT_EQ(onlyRemark(), status == noErr ? "" : refused);
     }
 }
 

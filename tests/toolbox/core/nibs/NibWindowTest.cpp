@@ -336,10 +336,7 @@ std::string paneAround(const std::string& id, const std::string& around)
         + "'/></array></object>";
 }
 
-const struct {
-    const char* name;
-    std::string xml;
-} UNFIT_CASES[] = {
+const std::pair<const char*, std::string> UNFIT_CASES[] = {
     {"WindowWithoutRectangle", nibOfWindow("")},
     {"WindowWithAWrongRectangle", nibOfWindow("<string name='windowRect'>0 0 99999 1 </string>")},
     {"WindowAsItsRootControl",
@@ -374,8 +371,8 @@ const struct {
 
 TEST_F(NibWindow, IsNotMadeOfWhatDoesNotFit)
 {
-    for (const auto& row : UNFIT_CASES)
-        EXPECT_THROW(windowOf(row.xml), Unfit) << row.name;
+    for (const auto& [name, xml] : UNFIT_CASES)
+        EXPECT_THROW(windowOf(xml), Unfit) << name;
 }
 
 TEST_F(NibWindow, MayHaveAMenuOfAsManyItemsAsCanBeCounted)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 using Toolbox::Choices;
@@ -113,11 +115,7 @@ TEST(FindChoice, KnowsNamesakesByTheirNumbersOnly)
 }
 
 // clang-format off
-const struct {
-    const char* name;
-    const char* whole;
-    const char* inASCII;
-} NAME_CASES[] = {
+const std::tuple<const char*, const char*, const char*> NAME_CASES[] = {
     {"Japanese",            "日本語 (Japanese)",        "Japanese"},
     {"JapaneseInBrackets",  "Japanese (日本語)",        "Japanese"},
     {"Accents",             "Français (French)",     "Fran?ais (French)"},
@@ -140,10 +138,10 @@ TEST(ReadableName, IsThePartThatCanBeRead)
             each = each.unicode() < 0x80 ? each : QChar(u'?');
         return text;
     };
-    for (const auto& row : NAME_CASES) {
-        const QString whole = QString::fromUtf8(row.whole);
-        EXPECT_EQ(Toolbox::readableName(whole, asItIs), whole) << row.name;
-        EXPECT_EQ(Toolbox::readableName(whole, inASCII).toStdString(), row.inASCII) << row.name;
+    for (const auto& [name, fullName, readable] : NAME_CASES) {
+        const QString whole = QString::fromUtf8(fullName);
+        EXPECT_EQ(Toolbox::readableName(whole, asItIs), whole) << name;
+        EXPECT_EQ(Toolbox::readableName(whole, inASCII).toStdString(), readable) << name;
     }
 }
 

@@ -2,6 +2,7 @@
 #include "tests/toolbox/core/terminal/PseudoTerminal.h"
 
 #include <csignal>
+#include <tuple>
 
 namespace {
 
@@ -52,11 +53,7 @@ TEST(TerminalWindow, StaysReadableInASCII)
     EXPECT_EQ(terminal.report(), "ended: item 2 ok");
 }
 
-const struct {
-    const char* name;
-    const char* keys;
-    const char* report;
-} SESSION_CASES[] = {
+const std::tuple<const char*, const char*, const char*> SESSION_CASES[] = {
     {"ReturnConfirms", "\n", "ended: ok"},
     {"BlanksConfirm", "  \n", "ended: ok"},
     {"Number", "3\n\n", "ended: item 3 ok"},
@@ -78,9 +75,9 @@ const struct {
 
 TEST(TerminalWindow, TakesWhatIsTypedForCommands)
 {
-    for (const auto& row : SESSION_CASES) {
+    for (const auto& [name, keys, report] : SESSION_CASES) {
         PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
-        EXPECT_EQ(terminal.reportAfter(QUESTION, row.keys), row.report) << row.name;
+        EXPECT_EQ(terminal.reportAfter(QUESTION, keys), report) << name;
     }
 }
 
@@ -131,13 +128,7 @@ TEST(TerminalWindow, FailsWhenInputEndsAndCancellingDoesNotEndIt)
         "the terminal gives no more input, and cancelling the window does not end it: ok cancel cancel");
 }
 
-const struct {
-    const char* name;
-    Change change;
-    std::string question;
-    const char* keys;
-    const char* report;
-} WINDOW_CASES[] = {
+const std::tuple<const char*, Change, std::string, const char*, const char*> WINDOW_CASES[] = {
     {"WithoutACancelButton", [](Dialog& dialog) { dialog.cancel.hidden = true; },
         "Number or name, cancel, or Return for OK: ", "cancel\n", "ended: closed"},
     {"WithoutACancelButtonAtTheEndOfInput", [](Dialog& dialog) { dialog.cancel.enabled = false; },
@@ -165,9 +156,9 @@ const struct {
 
 TEST(TerminalWindow, IsAskedAboutAsItIs)
 {
-    for (const auto& row : WINDOW_CASES) {
-        PseudoTerminal terminal("C.UTF-8", runChanged(row.change));
-        EXPECT_EQ(terminal.reportAfter("\n\n" + row.question, row.keys), row.report) << row.name;
+    for (const auto& [name, change, question, keys, report] : WINDOW_CASES) {
+        PseudoTerminal terminal("C.UTF-8", runChanged(change));
+        EXPECT_EQ(terminal.reportAfter("\n\n" + question, keys), report) << name;
     }
 }
 
@@ -311,12 +302,7 @@ TEST(TerminalAlert, SaysWhichKindItIs)
     }
 }
 
-const struct {
-    const char* name;
-    Alert (*make)();
-    const char* keys;
-    const char* report;
-} ALERT_CASES[] = {
+const std::tuple<const char*, Alert (*)(), const char*, const char*> ALERT_CASES[] = {
     {"Return", fourButtons, "\n", "1"},
     {"Number", fourButtons, "2\n", "2"},
     {"Name", fourButtons, "don't save\n", "3"},
@@ -333,10 +319,10 @@ const struct {
 
 TEST(TerminalAlert, TakesAButton)
 {
-    for (const auto& row : ALERT_CASES) {
-        PseudoTerminal terminal("C.UTF-8", runAlertOf(row.make));
-        const std::string question = row.make == withoutKeys ? "Number or name: " : ALERT_QUESTION;
-        EXPECT_EQ(terminal.reportAfter(question, row.keys), row.report) << row.name;
+    for (const auto& [name, make, keys, report] : ALERT_CASES) {
+        PseudoTerminal terminal("C.UTF-8", runAlertOf(make));
+        const std::string question = make == withoutKeys ? "Number or name: " : ALERT_QUESTION;
+        EXPECT_EQ(terminal.reportAfter(question, keys), report) << name;
     }
 }
 

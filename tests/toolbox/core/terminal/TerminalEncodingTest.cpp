@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -22,12 +23,7 @@ std::unique_ptr<TerminalEncoding> encodingOf(const char* locale)
 }
 
 // clang-format off
-const struct {
-    const char* name;
-    const char* text;
-    const char* inUTF8;
-    const char* inASCII;
-} SHOWABLE_CASES[] = {
+const std::tuple<const char*, const char*, const char*, const char*> SHOWABLE_CASES[] = {
     {"ASCII",             "Plain & <b>text</b>",    "Plain & <b>text</b>",    "Plain & <b>text</b>"},
     {"LineFeed",          "a\nb",                   "a\nb",                   "a\nb"},
     {"Escape",            "a\x1B[31mb",             "a\\x1b[31mb",            "a\\x1b[31mb"},
@@ -56,11 +52,11 @@ TEST(ShowableText, KeepsWhatTheEncodingHasAndIsReadableInASCII)
 {
     const auto inUTF8 = encodingOf("C.UTF-8");
     const auto inASCII = encodingOf("C");
-    for (const auto& row : SHOWABLE_CASES) {
-        for (const auto& [encoding, expected] : {std::pair{&*inUTF8, row.inUTF8}, {&*inASCII, row.inASCII}}) {
-            const QString showable = encoding->showable(QString::fromUtf8(row.text));
-            EXPECT_EQ(showable.toStdString(), expected) << row.name;
-            EXPECT_EQ(encoding->encode(showable).toStdString(), expected) << row.name;
+    for (const auto& [name, text, expectedInUTF8, expectedInASCII] : SHOWABLE_CASES) {
+        for (const auto& [encoding, expected] : {std::pair{&*inUTF8, expectedInUTF8}, {&*inASCII, expectedInASCII}}) {
+            const QString showable = encoding->showable(QString::fromUtf8(text));
+            EXPECT_EQ(showable.toStdString(), expected) << name;
+            EXPECT_EQ(encoding->encode(showable).toStdString(), expected) << name;
         }
     }
 }

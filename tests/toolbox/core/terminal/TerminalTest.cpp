@@ -12,6 +12,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -76,11 +77,7 @@ const QString FORTY(40, QLatin1Char('x'));
 const QString EIGHTY(80, QLatin1Char('x'));
 const QString WIDE_FORTY(40, QChar(0x65E5));
 
-const struct {
-    const char* name;
-    QString line;
-    QString broken;
-} BREAK_CASES[] = {
+const std::tuple<const char*, QString, QString> BREAK_CASES[] = {
     {"JustFits", EIGHTY, EIGHTY},
     {"OneTooLong", EIGHTY + "y", EIGHTY + "\ny"},
     {"AtTheLastBlank", FORTY + " " + FORTY, FORTY + "\n" + FORTY},
@@ -94,8 +91,8 @@ const struct {
 
 TEST(TerminalLines, AreBrokenWhereTheTerminalEnds)
 {
-    for (const auto& row : BREAK_CASES)
-        EXPECT_EQ(writtenLines(row.line), row.broken.toStdString() + "\n") << row.name;
+    for (const auto& [name, line, broken] : BREAK_CASES)
+        EXPECT_EQ(writtenLines(line), broken.toStdString() + "\n") << name;
 }
 
 TEST(TerminalLines, AreAsWideAsTheTerminal)
