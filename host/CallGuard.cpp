@@ -1,10 +1,13 @@
 #include "host/CallGuard.h"
 
 #include <cxxabi.h>
-#include <sys/syscall.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/uio.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -18,103 +21,176 @@ namespace Host {
 
 namespace {
 
-// What is said of an end, around what has happened.
+// What is said of an end, around what has happened, and the status.
 struct Words {
     const char* before;
     const char* after;
+    ExitStatus status;
 };
 
 constexpr Words WORDS[] = {
-    {"the external ", " while it was loaded"},
-    {"the call did not return: the external ", ""},
-    {"the call did not return: the screen went away, or the external ", ""},
-    {"the external ", " while it was released"},
+    {"the host ", "", ExitStatus::NotDone},
+    {"the external ", " while it was loaded", ExitStatus::NotReturned},
+    {"the call did not return: the external ", "", ExitStatus::NotReturned},
+    {"the call did not return: the screen went away, or the external ", "", ExitStatus::NotReturned},
+    {"the external ", " while it was released", ExitStatus::NotReturned},
+    {"the external ", " after its call", ExitStatus::NotReturned},
 };
-constexpr Words WORDS_AT_THE_END = {"the external ", " after its call"};
 
-// All that is needed to say it without allocating anything: memory may have run out, or be in disorder. The text of an
-// exception alone is put together first; when that finds no memory, onTerminate() says so.
-const Words* words = nullptr;  // null: the process may end as it likes
-pid_t caller = 0;              // the process that is guarded; those that it starts may end as they like
-int expectedStatus = -1;       // the one status with which it may exit; -1 until everything is done
+// What the child lets its watcher know, in memory that both have.
+struct Progress {
+    Running running;
+    int status;  // with which it will end, or -1
+};
 
-[[noreturn]] void endProcess(int status)
-{
-    for (;;)
-        syscall(SYS_exit_group, status);
-}
+Progress unwatched = {Running::Host, -1};
+volatile Progress* progress = &unwatched;
 
 iovec part(const char* text)
 {
     return {const_cast<char*>(text), std::strlen(text)};
 }
 
-[[noreturn]] void endSaying(const char* whatHappened, const Words& around, ExitStatus status)
+// Without allocating anything: memory may have run out, or be in disorder.
+ExitStatus say(const char* whatHappened)
 {
+    const Words& around = WORDS[static_cast<std::size_t>(progress->running)];
     const iovec line[] = {
         part("visex-host: "), part(around.before), part(whatHappened), part(around.after), part("\n")};
     [[maybe_unused]] const ssize_t written = writev(STDERR_FILENO, line, static_cast<int>(std::size(line)));
-    endProcess(static_cast<int>(status));
+    return around.status;
 }
+
+// ---- In the child
+
+bool externalWasRun = false;
 
 [[noreturn]] void endSaying(const char* whatHappened)
 {
-    endSaying(whatHappened, *words, ExitStatus::NotReturned);
-}
-
-bool isGuarded()
-{
-    return words != nullptr && getpid() == caller;
-}
-
-void onEnd()
-{
-    if (isGuarded())
-        endSaying("ended the process");
-}
-
-void onExit(int status, void*)
-{
-    if (status != expectedStatus)
-        onEnd();
-}
-
-void onAbort(int)
-{
-    if (isGuarded())
-        endSaying("called abort, or threw where nothing may be thrown");
+    progress->status = static_cast<int>(say(whatHappened));
+    _exit(progress->status);
 }
 
 // For what is thrown where nothing may be thrown, which the host does only for want of memory.
 void onTerminate()
 {
-    if (words == nullptr)
-        endSaying("there is not enough memory", {"", ""}, ExitStatus::NotDone);
     const std::type_info* const thrown = abi::__cxa_current_exception_type();
-    if (thrown != nullptr && *thrown == typeid(std::bad_alloc) && isGuarded())
+    if (thrown != nullptr && *thrown == typeid(std::bad_alloc))
         endSaying("ran out of memory");
     std::abort();
 }
 
-[[maybe_unused]] const std::terminate_handler BEFORE = std::set_terminate(onTerminate);
+// ---- In the process that watches it
 
-void guardWith(const Words& said)
+volatile pid_t child = 0;
+volatile std::sig_atomic_t lastRequest = 0;
+
+// The ways in which a person, a shell or a session asks a process to end.
+constexpr int REQUESTS[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+
+void passOn(int request)
 {
-    static const bool registered =
-        on_exit(onExit, nullptr) == 0 && std::at_quick_exit(onEnd) == 0 && std::signal(SIGABRT, onAbort) != SIG_ERR;
-    words = registered ? &said : nullptr;
-    caller = getpid();
+    lastRequest = request;
+    kill(child, request);
+}
+
+// Those that whoever started the process had it ignore stay so.
+void passRequestsOn()
+{
+    for (const int request : REQUESTS)
+        if (std::signal(request, passOn) == SIG_IGN)
+            std::signal(request, SIG_IGN);
+}
+
+ExitStatus judge(int end)
+{
+    if (WIFEXITED(end))
+        return WEXITSTATUS(end) == progress->status ? static_cast<ExitStatus>(progress->status)
+                                                    : say("ended the process");
+    const int ending = WTERMSIG(end);
+    if (ending == lastRequest) {
+        std::signal(ending, SIG_DFL);
+        std::raise(ending);
+    }
+    if (ending == SIGABRT)
+        return say("called abort, or threw where nothing may be thrown");
+    return say((std::string("was ended by a signal, \"") + strsignal(ending) + '"').c_str());
+}
+
+ExitStatus watch()
+{
+    int end = 0;
+    while (waitpid(child, &end, 0) < 0 && errno == EINTR) { }
+    return judge(end);
+}
+
+// Holds the requests back while there is nobody yet to pass them on to.
+class HeldRequests {
+public:
+    HeldRequests()
+    {
+        sigset_t requests;
+        sigemptyset(&requests);
+        for (const int each : REQUESTS)
+            sigaddset(&requests, each);
+        sigprocmask(SIG_BLOCK, &requests, &m_before);
+    }
+
+    ~HeldRequests() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
+
+    HeldRequests(const HeldRequests&) = delete;
+    HeldRequests& operator=(const HeldRequests&) = delete;
+
+private:
+    sigset_t m_before;
+};
+
+// Gives the child what it needs to tell how far it is. False, with the reason in errno, if it cannot be had.
+bool shareProgress()
+{
+    void* const shared = mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    if (shared == MAP_FAILED)
+        return false;
+    progress = new (shared) Progress(unwatched);
+    return true;
 }
 
 }  // namespace
 
+ExitStatus watched(const std::function<ExitStatus()>& program)
+{
+    std::set_terminate(onTerminate);
+    const pid_t watcher = getpid();
+    {
+        const HeldRequests held;
+        child = shareProgress() ? fork() : -1;
+        if (child > 0)
+            passRequestsOn();
+    }
+    if (child < 0) {
+        complain("cannot start a child process: " + lastError());
+        return ExitStatus::NotDone;
+    }
+    if (child > 0)
+        return watch();
+
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != watcher)
+        _exit(static_cast<int>(ExitStatus::NotDone));  // it has gone already
+    const ExitStatus status = program();
+    progress->running = externalWasRun ? Running::End : Running::Host;
+    progress->status = static_cast<int>(status);
+    return status;
+}
+
 void guarded(Running what, const std::function<void()>& code)
 {
-    guardWith(WORDS[static_cast<std::size_t>(what)]);
+    externalWasRun = true;
+    progress->running = what;
     try {
         code();
     } catch (const Problem&) {
-        words = nullptr;
+        progress->running = Running::Host;
         throw;
     } catch (const std::bad_alloc&) {
         endSaying("ran out of memory");
@@ -123,29 +199,7 @@ void guarded(Running what, const std::function<void()>& code)
     } catch (...) {  // pthread_exit comes by here too, and must not go on
         endSaying("ended the host's thread, or threw something other than a std::exception");
     }
-    words = nullptr;
-}
-
-int guardedEnd(ExitStatus status)
-{
-    expectedStatus = static_cast<int>(status);
-    if (caller != 0)  // or no external was ever loaded
-        guardWith(WORDS_AT_THE_END);
-    return expectedStatus;
+    progress->running = Running::Host;
 }
 
 }  // namespace Host
-
-// In place of the C library's, for everything that is loaded: these two call no handlers, and an external would leave
-// any status through them, even the one that stands for a chosen language.
-
-extern "C" void _exit(int status)
-{
-    Host::onEnd();
-    Host::endProcess(status);
-}
-
-extern "C" void _Exit(int status) noexcept
-{
-    _exit(status);
-}

@@ -1,6 +1,7 @@
 // Code of the external, run so that whatever ends it but a return is noticed and said: it may end the process or the
-// host's thread, throw, or abort; and Qt ends the process when the screen goes away. Where memory runs out outside it,
-// and nothing may be thrown, the process ends with ExitStatus::NotDone and a line.
+// host's thread, crash, throw, or abort; and Qt ends the process when the screen goes away. So all is done in a child
+// process, and the process that was started does nothing but watch it: to no end of the child, be it made by a system
+// call or by another program in its place, can it be blind.
 
 #ifndef HOST_CALLGUARD_H
 #define HOST_CALLGUARD_H
@@ -11,19 +12,19 @@
 
 namespace Host {
 
-/// What the external's code is run for, as it is told.
-enum class Running { Load, Call, CallOnScreen, Release };
+/// What runs: the host alone, or the external's code, and what for.
+enum class Running { Host, Load, Call, CallOnScreen, Release, End };
 
-/// Runs `code`. When it does not return, the process ends with ExitStatus::NotReturned and one line on standard error;
-/// but what the host itself throws, a Problem, goes on to the caller. One at a time.
-///
-/// Nothing inside the process can notice a system call that ends it, made without the C library, nor another program
-/// that takes its place. A signal such as that of a crash ends it as it would without this.
+/// Runs `program` in a child process, and returns in both: in the child what `program` returned, with which it has to
+/// end; in the process that was started, what that one has to end with, when the child has ended. That is the same
+/// unless the child ended otherwise. Then a line on standard error says how, and the status is NotReturned; or NotDone
+/// where the host alone ran. A signal that asks this process to end is passed on, and ends both. To be called before
+/// there are threads.
+ExitStatus watched(const std::function<ExitStatus()>& program);
+
+/// Runs `code` of the external's. What it throws ends the process with NotReturned and a line; but what the host itself
+/// throws, a Problem, goes on to the caller. One at a time.
 void guarded(Running what, const std::function<void()>& code);
-
-/// To be called when everything is done: the process ends with `status`, and so it does, or with NotReturned and a
-/// line, whatever code of the external's comes to run while it ends, its destructors for one.
-int guardedEnd(ExitStatus status);
 
 }  // namespace Host
 

@@ -106,22 +106,27 @@ ExitStatus run(const std::vector<std::string>& arguments)
     return print(std::get<std::string>(parsed)) ? ExitStatus::Chosen : ExitStatus::NotDone;
 }
 
+ExitStatus runAndTell(const std::vector<std::string>& arguments)
+{
+    try {
+        return run(arguments);
+    } catch (const Problem& problem) {
+        complain(problem.what());
+        return problem.status;
+    } catch (const std::bad_alloc&) {
+        complain("there is not enough memory");
+    } catch (const std::exception& error) {
+        complain(error.what());
+    }
+    return ExitStatus::NotDone;
+}
+
 }  // namespace
 
 int main(int count, char** arguments)
 {
     holdStandardStreams();
     clearPlugInPaths();
-    ExitStatus status = ExitStatus::NotDone;
-    try {
-        status = run(std::vector<std::string>(arguments + std::min(count, 1), arguments + count));
-    } catch (const Problem& problem) {
-        complain(problem.what());
-        status = problem.status;
-    } catch (const std::bad_alloc&) {
-        complain("there is not enough memory");
-    } catch (const std::exception& error) {
-        complain(error.what());
-    }
-    return guardedEnd(status);
+    return static_cast<int>(watched(
+        [&] { return runAndTell(std::vector<std::string>(arguments + std::min(count, 1), arguments + count)); }));
 }

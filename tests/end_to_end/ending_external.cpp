@@ -5,8 +5,10 @@
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 #include <pthread.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <exception>
@@ -28,7 +30,9 @@ const struct {
     {"exit", [] { std::exit(0); }},
     {"quick_exit", [] { std::quick_exit(0); }},
     {"_exit", [] { _exit(0); }},
-    {"_Exit", [] { std::_Exit(0); }},
+    {"a system call", [] { syscall(SYS_exit_group, 0); }},
+    {"another program", [] { execl("/bin/true", "true", nullptr); }},
+    {"a crash", [] { std::signal(SIGSEGV, SIG_DFL), std::raise(SIGSEGV); }},  // not the sanitizers' to report
     {"pthread_exit", [] { pthread_exit(nullptr); }},
     {"throw 0", [] { throw 0; }},
     {"throw", [] { throw std::runtime_error("why"); }},

@@ -67,7 +67,7 @@ class Host:
         desktop = Atspi.get_desktop(0)
         for index in range(desktop.get_child_count()):
             found = desktop.get_child_at_index(index)
-            if found is not None and found.get_process_id() == self.process.pid:
+            if found is not None and found.get_process_id() == caller_in(self.process):
                 return found
         return None
 

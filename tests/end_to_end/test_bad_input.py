@@ -342,18 +342,19 @@ class Bundles(HostTest):
         self.assert_no_executable("undefined symbol: functionThatNobodyHas")
 
     def test_one_that_ends_the_process(self):
-        # What is given beforehand is stored and printed, whatever comes then. Its exit with the very status that the
-        # process would have had anyhow changes nothing.
+        # What is given beforehand is stored and printed, whatever comes then.
         self.use_executable("ending_external")
         ends, aborts = "ended the process", "called abort, or threw where nothing may be thrown"
+        crash = 'was ended by a signal, "Segmentation fault"'
         thread = "ended the host's thread, or threw something other than a std::exception"
-        ways = {"exit": ends, "quick_exit": ends, "_exit": ends, "_Exit": ends, "pthread_exit": thread, "throw 0": thread,
-                "throw": 'threw an exception, "why"', "abort": aborts, "terminate": aborts}
+        ways = {"exit": ends, "quick_exit": ends, "_exit": ends, "a system call": ends, "another program": ends,
+                "a crash": crash, "pthread_exit": thread, "throw 0": thread, "throw": 'threw an exception, "why"',
+                "abort": aborts, "terminate": aborts}
         moments = {"factory": "the external {} while it was loaded", "call": "the call did not return: the external {}",
                    "release": "the external {} while it was released", "destructor": "the external {} after its call",
                    "exit function": "the external {} after its call"}
         for moment, line in moments.items():
-            for way in ways if moment == "call" else ("_exit", "abort"):
+            for way in ways if moment == "call" else ("a crash", "abort"):
                 with self.subTest(moment, way=way):
                     stored = self.folder / f"{moment} {way}"
                     outcome = unattended(self.bundle, "--write-record", stored,

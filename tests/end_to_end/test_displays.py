@@ -47,7 +47,7 @@ class OnATerminal(HostTest):
     def test_what_an_external_starts_does_not_get_it(self):
         terminal = Terminal("--display", "terminal")
         terminal.read_until(PROMPT)
-        process = pathlib.Path(f"/proc/{terminal.process.pid}")
+        process = pathlib.Path(f"/proc/{caller_in(terminal.process)}")
         opened = [each.name for each in (process / "fd").iterdir()
                   if int(each.name) > 2 and os.readlink(each).startswith("/dev/")]
         flags = [int((process / "fdinfo" / name).read_text().split("flags:")[1].split()[0], 8) for name in opened]

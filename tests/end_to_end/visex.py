@@ -55,6 +55,11 @@ class Outcome(typing.NamedTuple):
         return json.loads(self.output)
 
 
+def caller_in(process):
+    """The number of the process in which the host's `process` makes the call: the one that it watches."""
+    return int(pathlib.Path(f"/proc/{process.pid}/task/{process.pid}/children").read_text())
+
+
 def outcome_of(process):
     """The Outcome of a host that ends by itself."""
     output, errors = process.communicate(timeout=TIMEOUT)

@@ -1,8 +1,8 @@
-// Sends the process the signal SIGNAL_IN_RENAME when it has written a file beside another that it is to replace: the
-// last moment at which anything of the new one could be where the old one is. What is not on the disk by then is not
-// moved, nor what a program that is started meanwhile would have open. And says of every pipe that it is a regular
-// file, to whoever asks for it by name: another may stand there by the time that it is opened. Loaded before the host's
-// libraries.
+// Sends the host, both of its processes, the signal SIGNAL_IN_RENAME when it has written a file beside another that it
+// is to replace: the last moment at which anything of the new one could be where the old one is. What is not on the
+// disk by then is not moved, nor what a program that is started meanwhile would have open. And says of every pipe that
+// it is a regular file, to whoever asks for it by name: another may stand there by the time that it is opened. Loaded
+// before the host's libraries.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -52,8 +52,10 @@ extern "C" int rename(const char* from, const char* to) noexcept
         errno = EIO;
         return -1;
     }
-    if (const char* const signal = std::getenv("SIGNAL_IN_RENAME"))
+    if (const char* const signal = std::getenv("SIGNAL_IN_RENAME")) {
+        kill(getppid(), std::atoi(signal));
         raise(std::atoi(signal));
+    }
     return static_cast<int>(syscall(SYS_rename, from, to));
 }
 

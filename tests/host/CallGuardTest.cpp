@@ -4,12 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <poll.h>
 #include <pthread.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
 #include <exception>
+#include <functional>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -33,11 +37,25 @@ struct EndCase {
     const char* line;
 };
 
+// Ends the process as main does.
+[[noreturn]] void endWatched(const std::function<ExitStatus()>& program)
+{
+    std::exit(static_cast<int>(watched(program)));
+}
+
+[[noreturn]] void endWatched(Running what, const std::function<void()>& code)
+{
+    endWatched([&] {
+        guarded(what, code);
+        return ExitStatus::NothingChosen;
+    });
+}
+
 class CallGuardDeath : public testing::TestWithParam<EndCase> { };
 
 TEST_P(CallGuardDeath, SaysHowItEnded)
 {
-    EXPECT_EXIT(guarded(GetParam().what, GetParam().code), testing::ExitedWithCode(NOT_RETURNED),
+    EXPECT_EXIT(endWatched(GetParam().what, GetParam().code), testing::ExitedWithCode(NOT_RETURNED),
         std::string("^visex-host: ") + GetParam().line + "\n$");
 }
 
@@ -52,9 +70,14 @@ const EndCase END_CASES[] = {
         "the external ended the process while it was released"},
     {"ByQuickExit", Running::Call, [] { std::quick_exit(0); }, ENDED_IN_ITS_CALL},
     {"ByUnderscoreExit", Running::Call, [] { _exit(0); }, ENDED_IN_ITS_CALL},
-    {"ByUnderscoreCapitalExit", Running::Call, [] { std::_Exit(0); }, ENDED_IN_ITS_CALL},
     {"ByAnExitInAnExitFunction", Running::Call, [] { std::exit(std::atexit([] { std::exit(0); })); },
         ENDED_IN_ITS_CALL},
+    {"ByASystemCall", Running::Call, [] { syscall(SYS_exit_group, 1); }, ENDED_IN_ITS_CALL},
+    {"ByAnotherProgram", Running::Call, [] { execl("/bin/false", "false", nullptr); }, ENDED_IN_ITS_CALL},
+    {"ByACrash", Running::Call, [] { std::signal(SIGSEGV, SIG_DFL), std::raise(SIGSEGV); },
+        "the call did not return: the external was ended by a signal, \"Segmentation fault\""},
+    {"ByARequestThatNobodyMade", Running::Load, [] { std::raise(SIGTERM); },
+        "the external was ended by a signal, \"Terminated\" while it was loaded"},
     {"ByAbort", Running::Call, [] { std::abort(); },
         "the call did not return: the external called abort, or threw where nothing may be thrown"},
     {"ByTerminate", Running::Release, [] { std::terminate(); },
@@ -77,42 +100,91 @@ const EndCase END_CASES[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Ends, CallGuardDeath, testing::ValuesIn(END_CASES), RowName());
 
-TEST(CallGuard, LetsTheHostsOwnProblemsPass)
+TEST(CallGuard, LetsTheHostsOwnProblemsPassAndIsOverThen)
 {
     const auto pass = [] {
         try {
             guarded(Running::Load, [] { throw Problem(ExitStatus::ExternalNotLoaded, "none"); });
         } catch (const Problem&) {
-            std::exit(7);
+            std::exit(0);
         }
+        return ExitStatus::Chosen;
     };
-    EXPECT_EXIT(pass(), testing::ExitedWithCode(7), "^$") << "and is over then";
+    EXPECT_EXIT(endWatched(pass), testing::ExitedWithCode(2), "^visex-host: the host ended the process\n$");
 }
 
-TEST(CallGuard, IsOverWhenTheCallHasReturned)
+TEST(CallGuard, SaysHowTheHostEnded)
 {
-    // In the process that then ends: another's end is none of the guard's business.
-    const auto callAndThen = [](void (*end)()) {
+    EXPECT_EXIT(endWatched([]() noexcept { return fail<std::bad_alloc>(), ExitStatus::Chosen; }),
+        testing::ExitedWithCode(2), "^visex-host: the host ran out of memory\n$");
+    const auto callAndAbort = []() -> ExitStatus {
         guarded(Running::Call, [] {});
-        end();
+        std::abort();
     };
-    EXPECT_EXIT(callAndThen([] { std::exit(7); }), testing::ExitedWithCode(7), "^$");
-    EXPECT_EXIT(callAndThen([] { std::abort(); }), testing::KilledBySignal(SIGABRT), "^$");
-    EXPECT_EXIT(callAndThen([] { guarded(Running::Call, [] { std::exit(0); }); }),
-        testing::ExitedWithCode(NOT_RETURNED), "the external ended the process")
-        << "it can come again";
+    EXPECT_EXIT(endWatched(callAndAbort), testing::ExitedWithCode(2),
+        "^visex-host: the host called abort, or threw where nothing may be thrown\n$");
 }
 
-TEST(CallGuard, SaysThatMemoryRanOutOutsideItToo)
+TEST(CallGuard, IsNothingToAProcessThatIsStartedInTheCall)
 {
-    const auto runOut = []() noexcept { fail<std::bad_alloc>(); };
-    const auto callAndRunOut = [&] {
-        guarded(Running::Call, [] {});
-        runOut();
+    const auto start = [] {
+        if (fork() == 0)
+            _exit(0);
     };
-    const char* const line = "^visex-host: there is not enough memory\n$";
-    EXPECT_EXIT(runOut(), testing::ExitedWithCode(2), line);
-    EXPECT_EXIT(callAndRunOut(), testing::ExitedWithCode(2), line);
+    EXPECT_EXIT(endWatched(Running::Call, start), testing::ExitedWithCode(1), "^$");
+}
+
+TEST(CallGuard, EndsWithTheSignalThatAsksItTo)
+{
+    for (const int request : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+        const auto ask = [request] {
+            kill(getppid(), request);
+            for (;;)
+                pause();
+        };
+        EXPECT_EXIT(endWatched(Running::Call, ask), testing::KilledBySignal(request), "^$");
+    }
+}
+
+TEST(CallGuard, PassesNothingOnThatIsToBeIgnored)
+{
+    const auto ask = [] {
+        std::signal(SIGHUP, SIG_DFL);
+        kill(getppid(), SIGHUP);
+        kill(getppid(), SIGTERM);
+        for (;;)
+            pause();
+    };
+    EXPECT_EXIT((std::signal(SIGHUP, SIG_IGN), endWatched(Running::Call, ask)), testing::KilledBySignal(SIGTERM), "^$");
+}
+
+TEST(CallGuard, LeavesNothingRunningWhenItIsKilled)
+{
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const auto killWatcher = [] {
+        kill(getppid(), SIGKILL);
+        for (;;)
+            pause();
+    };
+    EXPECT_EXIT(endWatched(Running::Call, killWatcher), testing::KilledBySignal(SIGKILL), "^$");
+    close(ends[1]);
+    pollfd closing{ends[0], POLLIN, 0};
+    EXPECT_EQ(poll(&closing, 1, 20000), 1) << "somebody has it open yet";
+    close(ends[0]);
+}
+
+TEST(CallGuard, SaysThatNoProcessCanBeStarted)
+{
+    const auto end = [] {
+        const rlimit none{0, 0};
+        setrlimit(RLIMIT_NPROC, &none);
+        if (geteuid() == 0 && setuid(65534) != 0)  // the superuser has no limit
+            return;
+        _exit(static_cast<int>(watched([] { return ExitStatus::Chosen; })));
+    };
+    EXPECT_EXIT(end(), testing::ExitedWithCode(2),
+        "^visex-host: cannot start a child process: Resource temporarily unavailable\n$");
 }
 
 struct LastCase {
@@ -122,27 +194,24 @@ struct LastCase {
     const char* line;
 };
 
-class GuardedEndDeath : public testing::TestWithParam<LastCase> { };
+class LastCodeDeath : public testing::TestWithParam<LastCase> { };
 
-TEST_P(GuardedEndDeath, HasItsStatusOrSaysWhyNot)
+TEST_P(LastCodeDeath, LeavesTheStatusAsItIsOrIsToldOf)
 {
-    const auto end = [] {
-        guarded(Running::Call, [] { std::atexit(GetParam().code); });
-        std::exit(guardedEnd(ExitStatus::NothingChosen));
-    };
-    EXPECT_EXIT(end(), testing::ExitedWithCode(GetParam().status), GetParam().line);
+    EXPECT_EXIT(endWatched(Running::Call, [] { std::atexit(GetParam().code); }),
+        testing::ExitedWithCode(GetParam().status), GetParam().line);
 }
 
 const char* const ENDED_AFTERWARDS = "^visex-host: the external ended the process after its call\n$";
 
 const LastCase LAST_CASES[] = {
     {"Nothing", [] {}, 1, "^$"},
+    {"TheSameStatus", [] { _exit(1); }, 1, "^$"},
     {"Exit", [] { std::exit(0); }, NOT_RETURNED, ENDED_AFTERWARDS},
-    {"QuickExit", [] { std::quick_exit(0); }, NOT_RETURNED, ENDED_AFTERWARDS},
     {"UnderscoreExit", [] { _exit(0); }, NOT_RETURNED, ENDED_AFTERWARDS},
     {"Abort", [] { std::abort(); }, NOT_RETURNED,
         "^visex-host: the external called abort, or threw where nothing may be thrown after its call\n$"},
 };
-INSTANTIATE_TEST_SUITE_P(Last, GuardedEndDeath, testing::ValuesIn(LAST_CASES), RowName());
+INSTANTIATE_TEST_SUITE_P(Last, LastCodeDeath, testing::ValuesIn(LAST_CASES), RowName());
 
 }  // namespace
