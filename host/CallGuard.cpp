@@ -65,6 +65,13 @@ ExitStatus say(const char* whatHappened)
 
 bool externalWasRun = false;
 
+// In an exit from the midst of things, as Qt makes when the screen goes away: what would be taken apart is in use.
+void endAtOnce()
+{
+    if (progress->status < 0)
+        _exit(EXIT_FAILURE);
+}
+
 [[noreturn]] void endSaying(const char* whatHappened)
 {
     progress->status = static_cast<int>(say(whatHappened));
@@ -176,7 +183,8 @@ ExitStatus watched(const std::function<ExitStatus()>& program)
 
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != watcher)
-        _exit(static_cast<int>(ExitStatus::NotDone));  // it has gone already
+        _exit(EXIT_FAILURE);  // it has gone already
+    std::atexit(endAtOnce);
     const ExitStatus status = program();
     progress->running = externalWasRun ? Running::End : Running::Host;
     progress->status = static_cast<int>(status);
