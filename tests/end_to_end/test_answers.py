@@ -74,13 +74,6 @@ class Records(HostTest):
         start = self.file("before", record(current=ENGLISH))
         self.assert_chose(unattended("--record", start, variables={"LC_ALL": "it_IT.UTF-8"}))
 
-    def test_a_record_can_be_written_over(self):
-        file = self.file("record", record(current=GERMAN))
-        self.assert_chose(unattended("--record", file, "--write-record", file), GERMAN)
-        self.assertEqual(file.read_bytes(), record(current=GERMAN, chosen=GERMAN))
-        self.assertEqual(list(self.folder.iterdir()), [file])
-
-
 NOBODY_ASKED = "no screen here and no terminal to ask on: nobody was asked, and the default button was pressed"
 
 
@@ -104,9 +97,6 @@ class Defaults(HostTest):
         self.assert_answers(run("--message", "999", "--resources", resources), REFUSED, "the alert 5000 was not shown: "
                             "the resources have no 'ALRT' 5000, or a damaged one")
 
-    def test_answers_alone_choose_the_unattended_display(self):
-        self.assert_chose(run("--answer", "french"), FRENCH)
-
     def test_it_works_from_any_folder_under_any_name(self):
         link = self.folder / "another name"
         link.symlink_to(HOST)
@@ -116,9 +106,6 @@ class Defaults(HostTest):
         outcome = unattended("--current", "japanese")
         self.assert_chose(outcome, JAPANESE)
         self.assertEqual([line for line in outcome.output.splitlines() if len(line) > 80], [])
-
-    def test_an_external_can_be_named(self):
-        self.assert_chose(unattended("--current", "german", DEMO / "Contents/PlugIns/LanguageSelector.bundle"), GERMAN)
 
     def test_the_calls_of_the_external_are_told_with_what_they_are_about(self):
         outcome = unattended("--trace")

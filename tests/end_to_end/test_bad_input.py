@@ -300,13 +300,9 @@ class Bundles(HostTest):
         self.assert_not_loaded("there is no such folder (a bundle is a folder)")
 
     def test_property_lists_without_a_factory(self):
-        contents = self.plist.read_bytes()
         no_factory = "it has no Info.plist that registers a factory for externals of this installer"
-        for case in (contents[:100], contents.replace(b"5CD9484B", b"6CD9484B"),
-                     contents.replace(b"5CD9484B", b"a word")):
-            with self.subTest(case):
-                self.plist.write_bytes(case)
-                self.assert_not_loaded(no_factory)
+        self.plist.write_bytes(self.plist.read_bytes().replace(b"5CD9484B", b"6CD9484B"))
+        self.assert_not_loaded(no_factory)
         self.plist.unlink()
         self.assert_not_loaded(no_factory)
 

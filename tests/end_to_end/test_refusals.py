@@ -41,18 +41,6 @@ class OtherMessages(HostTest):
         self.assert_answers(outcome, NOT_DONE, "the answer 'button:2' fits nothing that was shown")
         self.assertEqual(outcome.json()["flags"]["after"], 1)
 
-    def test_without_the_alert_the_flag_is_set_all_the_same(self):
-        resources = (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
-        for missing in (b"ALRT", b"DITL"):
-            with self.subTest(missing):
-                file = self.file("resources", resources.replace(missing, b"none"))
-                outcome = unattended("--message", "999", "--resources", file, "--json")
-                self.assert_answers(outcome, REFUSED, "the alert 5000 was not shown: the resources have no "
-                                                      f"'{missing.decode()}' 5000, or a damaged one")
-                self.assertEqual(outcome.json()["alerts"], [])
-                self.assertEqual(outcome.json()["flags"]["after"], 1)
-
-
 NOT_GRANTED = """the right "system.privilege.admin" was not granted: only the superuser's processes have it"""
 
 

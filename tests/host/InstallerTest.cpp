@@ -35,10 +35,11 @@ unsigned flagByte()
     return byte;
 }
 
-TEST(Installer, OpensTheResourceFileThatIsCalledAsItIs)
+TEST(Installer, OpensTheResourceFileThatIsCalledAsItIsAndNamesItsExternal)
 {
     const Installer installer(DEMO, std::nullopt);
     EXPECT_EQ(flagByte(), 0u);
+    EXPECT_EQ(installer.builtInExternal(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
 }
 
 TEST(Installer, OpensTheNamedResourceFileInItsPlaceAndKeepsTheOtherBitsOfTheFlagsByte)
@@ -68,12 +69,6 @@ TEST(Installer, SetsTheFlagForEveryCallAndNotInTheFile)
     EXPECT_EQ(contents(DEMO_RESOURCES), before);
     const Installer again(DEMO, std::nullopt);
     EXPECT_EQ(flagByte(), 0u);
-}
-
-TEST(Installer, NamesItsExternal)
-{
-    const Installer installer(DEMO, std::nullopt);
-    EXPECT_EQ(installer.builtInExternal(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
 }
 
 TEST(Installer, BringsNoExternalThatALinkLeadsTo)

@@ -103,7 +103,7 @@ TEST(Options, TakeEveryValueOfTheirKind)
         EXPECT_EQ(options({"--picture", name}).picture, name);
 }
 
-TEST(Options, HelpNamesThemAll)
+TEST(Options, HelpNamesThemAllAndFitsATerminal)
 {
     const std::string help = std::get<std::string>(parseOptions({"--help"}));
     EXPECT_EQ(std::get<std::string>(parseOptions({"-h"})), help);
@@ -112,11 +112,6 @@ TEST(Options, HelpNamesThemAll)
              "--trace-file FILE", "--trace ", "--help", "--version", "BUNDLE", "Exit status", " 0 chosen", " 1 not",
              " 2 misuse", " 3 refused", " 4 not loaded", " 5 cut short", "Examples"})
         EXPECT_NE(help.find(name), std::string::npos) << name;
-}
-
-TEST(Options, HelpFitsATerminal)
-{
-    const std::string help = std::get<std::string>(parseOptions({"--help"}));
     EXPECT_LE(std::count(help.begin(), help.end(), '\n'), 24);
     std::size_t start = 0;
     for (std::size_t end; (end = help.find('\n', start)) != std::string::npos; start = end + 1)

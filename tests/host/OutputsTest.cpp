@@ -100,20 +100,12 @@ TEST_P(OutputPair, MayNotBeOneFile)
     const fs::path link = folder / "link";
     fs::create_hard_link(file, link);
     EXPECT_EQ(problemOf(link, file), refusalOf(link)) << "under another name";
-}
-
-TEST_P(OutputPair, MayBeTwoFiles)
-{
     EXPECT_EQ(problemOf(folder / "file", folder / "other"), "none");
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, OutputPair, testing::ValuesIn(PAIR_CASES), RowName());
-
-TEST_P(OutputPair, MayNotBeOneFileOfTheWorkingFolder)
-{
     EXPECT_EQ(problemOf("not here", "./not here"), refusalOf("not here"));
     EXPECT_EQ(problemOf("not here", fs::current_path() / "not here"), refusalOf("not here"));
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, OutputPair, testing::ValuesIn(PAIR_CASES), RowName());
 
 TEST(Outputs, AreNamedFromTheRoot)
 {
@@ -179,14 +171,10 @@ protected:
     const TemporaryFolder folder;
 };
 
-TEST_P(OutputFile, NeedsAFolder)
+TEST_P(OutputFile, NeedsAFolderAndReplacesRegularFilesAlone)
 {
     const fs::path file = folder / "missing" / "file";
     EXPECT_EQ(problemOf(file), refusalOf(file, "its folder takes no new file: No such file or directory"));
-}
-
-TEST_P(OutputFile, ReplacesRegularFilesAlone)
-{
     EXPECT_EQ(problemOf(folder / ""), refusalOf(folder / "", "it is not a regular file"));
     EXPECT_EQ(problemOf("/dev/null"), refusalOf("/dev/null", "it is not a regular file"));
 }

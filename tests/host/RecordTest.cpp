@@ -110,7 +110,7 @@ TEST(SavingARecord, WritesTheFileThatALinkLeadsTo)
     EXPECT_EQ(contents(file).size(), 614u);
 }
 
-TEST(SavingARecord, ReplacesNothingButRegularFiles)
+TEST(SavingARecord, ReplacesNothingButRegularFilesAndSaysWhyItCannot)
 {
     const TemporaryFolder folder;
     const fs::path pipe = folder / "pipe";

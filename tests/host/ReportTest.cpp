@@ -72,16 +72,12 @@ TEST(StatusOf, FollowsFromTheReport)
     }
 }
 
-TEST(InWords, TellsOfAChosenLanguage)
+TEST(InWords, TellsWhetherALanguageWasChosen)
 {
     EXPECT_EQ(inWords(chosenReport(11)),
         "Japanese (11) was written to the record.\n"
         "Before: message 1000, current German (2), chosen French (1), flags 0x80\n"
         "After:  message 1000, current German (2), chosen Japanese (11), flags 0x80\n");
-}
-
-TEST(InWords, TellsThatNothingWasWritten)
-{
     EXPECT_EQ(inWords(plainReport()),
         "No language was written to the record.\n"
         "Before: message 1000, current German (2), chosen French (1), flags 0x80\n"

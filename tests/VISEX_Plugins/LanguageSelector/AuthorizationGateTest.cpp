@@ -24,12 +24,6 @@ void provideFlag(UInt8 flagByte, std::size_t size = 800)
 
 class AuthorizationFlag : public ToolboxTest { };
 
-TEST_F(AuthorizationFlag, IsClearWithoutTheResource)
-{
-    EXPECT_TRUE(passAuthorizationGate());
-    EXPECT_EQ(Log(), "GetResource('CALL', 1000) = null\n");
-}
-
 TEST_F(AuthorizationFlag, IsClearWhenOnlyOtherResourcesHoldIt)
 {
     const std::vector<UInt8> set(402, 0xFF);

@@ -7,6 +7,7 @@
 
 #include <limits>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -31,10 +32,13 @@ protected:
     }
 };
 
-TEST_F(LanguageDialog, CancelDoesNotLookAtThePopUp)
+TEST_F(LanguageDialog, CancelNeitherLooksAtThePopUpNorChangesAByteOfTheRecord)
 {
     InModalLoop({Choose(3), Command('not!')});
-    EXPECT_EQ(run(11), UNTOUCHED);
+    ExternParmBlock record = recordWith(1000, 11);
+    const ExternParmBlock before = record;
+    LanguageSelector(&record);
+    EXPECT_EQ(recordDifferences(record, before), "");
     EXPECT_TRUE(logged(R"(RunAppModalLoopForWindow(window1) = 0
   handler('cmds', 1, 'not!', given) = 0
     GetEventClass(event1) = 'cmds'
@@ -108,49 +112,29 @@ std::vector<UInt32> codesToTry()
     return codes;
 }
 
-struct LanguageCase {
-    const char* name;
-    UInt32 code;
-    SInt32 item;
-};
+// The codes of English, Japanese, German, French, Italian and Spanish in the order of the pop-up's items.
+const UInt16 CODES[] = {0, 11, 2, 1, 3, 6};
 
-// clang-format off
-const LanguageCase LANGUAGE_CASES[] = {
-    {"English",  0,  1},
-    {"Japanese", 11, 2},
-    {"German",   2,  3},
-    {"French",   1,  4},
-    {"Italian",  3,  5},
-    {"Spanish",  6,  6},
-};
-// clang-format on
-
-class LanguageDialogLanguage : public ToolboxTestWith<LanguageCase> { };
-
-TEST_P(LanguageDialogLanguage, IsPreselectedAndConfirmed)
+TEST_F(LanguageDialog, PreselectsAndConfirmsTheCurrentLanguageOrStoresTheChosenOne)
 {
-    InModalLoop({Command('ok  ')});
-    ExternParmBlock record = recordWith(1000, GetParam().code);
-    LanguageSelector(&record);
-    EXPECT_EQ(ToolboxDouble::ItemShown(), GetParam().item);
-    EXPECT_EQ(record.chosenLanguage, GetParam().code);
-}
-
-TEST_P(LanguageDialogLanguage, IsChosenWhateverTheCurrentOne)
-{
-    for (const LanguageCase& current : LANGUAGE_CASES) {
+    SInt32 shown = 0;
+    for (const UInt16 current : CODES) {
         ToolboxDouble::Reset();
-        InModalLoop({Choose(GetParam().item), Command('ok  ')});
-        ExternParmBlock record = recordWith(1000, current.code);
-        ExternParmBlock expected = record;
-        expected.chosenLanguage = static_cast<UInt16>(GetParam().code);
-
-        LanguageSelector(&record);
-        EXPECT_EQ(recordDifferences(record, expected), "") << "from " << current.name;
+        InModalLoop({Command('ok  ')});
+        EXPECT_EQ(run(current), current);
+        EXPECT_EQ(ToolboxDouble::ItemShown(), ++shown) << "for " << current;
+        SInt32 item = 0;
+        for (const UInt16 chosen : CODES) {
+            ToolboxDouble::Reset();
+            InModalLoop({Choose(++item), Command('ok  ')});
+            ExternParmBlock record = recordWith(1000, current);
+            ExternParmBlock expected = record;
+            expected.chosenLanguage = chosen;
+            LanguageSelector(&record);
+            EXPECT_EQ(recordDifferences(record, expected), "") << "from " << current << " to " << chosen;
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Languages, LanguageDialogLanguage, testing::ValuesIn(LANGUAGE_CASES), RowName());
 
 TEST_F(LanguageDialog, CodeThatIsNoneOfTheSixShowsEnglishAndConfirmsIt)
 {
@@ -190,15 +174,6 @@ TEST_F(LanguageDialog, NoItemKeepsThePreselectedOne)
 
 // ---- Cancelling, and what is passed on
 
-TEST_F(LanguageDialog, CancelChangesNoByteOfTheRecord)
-{
-    InModalLoop({Choose(3), Command('not!')});
-    ExternParmBlock record = recordWith(1000, 11);
-    const ExternParmBlock before = record;
-    LanguageSelector(&record);
-    EXPECT_EQ(recordDifferences(record, before), "");
-}
-
 TEST_F(LanguageDialog, LoopThatEndsWithoutAnAnswerStoresNothing)
 {
     InModalLoop({Choose(3), ToolboxDouble::Quit()});
@@ -206,18 +181,13 @@ TEST_F(LanguageDialog, LoopThatEndsWithoutAnAnswerStoresNothing)
     EXPECT_EQ(LeftBehind(), "");
 }
 
-struct PassedOnCase {
-    const char* name;
-    ToolboxDouble::Act act;
-    const char* log;  // of the handler
-};
-
 // clang-format off
 const char LOOKED_AT[] = R"(    GetEventClass(event1) = 'cmds'
     GetEventKind(event1) = 1
     GetEventParameter(event1, '----', 'hcmd', null, 14, null) = 0
 )";
-const PassedOnCase PASSED_ON_CASES[] = {
+const std::tuple<const char*, ToolboxDouble::Act, const char*> PASSED_ON_CASES[] = {
+    // name           act                             the handler's log
     {"OtherCommand",  Command('othr'),                "'cmds', 1, 'othr', given) = -9874\n"},
     {"NoCommand",     Command(0),                     "'cmds', 1, '\\x00\\x00\\x00\\x00', given) = -9874\n"},
     {"OneBlankShort", Command('ok \0'),               "'cmds', 1, 'ok \\x00', given) = -9874\n"},
@@ -227,21 +197,19 @@ const PassedOnCase PASSED_ON_CASES[] = {
 };
 // clang-format on
 
-class LanguageDialogEvent : public ToolboxTestWith<PassedOnCase> { };
-
-TEST_P(LanguageDialogEvent, IsPassedOnAndDoesNotEndTheLoop)
+TEST_F(LanguageDialog, PassesOtherEventsOnAndDoesNotEnd)
 {
-    InModalLoop({GetParam().act, Choose(6), Command('ok  ')});
-    ExternParmBlock record = recordWith(1000, 0);
-    LanguageSelector(&record);
-    const bool looks = GetParam().act.kind == ToolboxDouble::Act::Kind::Command;
-    EXPECT_TRUE(logged(std::string("  handler(") + GetParam().log + (looks ? LOOKED_AT : "")
-        + "  handler('cmds', 1, 'ok  ', given) = 0\n"))
-        << Log();
-    EXPECT_EQ(record.chosenLanguage, 6);
+    for (const auto& [name, act, log] : PASSED_ON_CASES) {
+        SCOPED_TRACE(name);
+        ToolboxDouble::Reset();
+        InModalLoop({act, Choose(6), Command('ok  ')});
+        EXPECT_EQ(run(0), 6);
+        const bool looks = act.kind == ToolboxDouble::Act::Kind::Command;
+        EXPECT_TRUE(logged(
+            std::string("  handler(") + log + (looks ? LOOKED_AT : "") + "  handler('cmds', 1, 'ok  ', given) = 0\n"))
+            << Log();
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, LanguageDialogEvent, testing::ValuesIn(PASSED_ON_CASES), RowName());
 
 TEST_F(LanguageDialog, CommandWithoutItsParameterIsPassedOn)
 {

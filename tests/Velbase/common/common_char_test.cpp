@@ -122,18 +122,12 @@ TEST(Char, ClassesAreThoseOfTheByteOrItsCategory)
     });
 }
 
-TEST(Char, GetDigitValueIsThatOfTheTenDigitsAndElseInvalid)
+TEST(Char, GetDigitValueAndCaseAreThoseOfAscii)
 {
     forEveryByte([](int byte, const Char& c) {
         const bool digit = isBetween(byte, '0', '9');
         EXPECT_EQ(c.GetDigitValue().valid(), digit);
         EXPECT_EQ(c.GetDigitValue().value(), digit ? static_cast<unsigned>(byte - '0') : 0u);
-    });
-}
-
-TEST(Char, ToLowerAndToUpperMapTheAsciiLettersOnly)
-{
-    forEveryByte([](int byte, const Char& c) {
         const int lower = isBetween(byte, 'A', 'Z') ? byte + 0x20 : byte;
         const int upper = isBetween(byte, 'a', 'z') ? byte - 0x20 : byte;
         EXPECT_EQ(static_cast<char>(c.ToLower()), static_cast<char>(lower));

@@ -15,18 +15,10 @@ TEST(StringArg, FillsTheLeftmostPlaceholderOfTheLowestNumber)
     EXPECT_EQ(contents(String("%2 %1").Arg("a").Arg("b")), "b a");
     EXPECT_EQ(contents(String("%1 %1").Arg("x")), "x %1");
     EXPECT_EQ(contents(String("%0 and %1").Arg("x")), "x and %1");
-}
-
-TEST(StringArg, KnowsOneDigitAndNoEscape)
-{
     EXPECT_EQ(contents(String("%12").Arg("x")), "x2");
     EXPECT_EQ(contents(String("%%1").Arg("x")), "%x");
     EXPECT_EQ(contents(String("%/%:").Arg("x")), "%/%:x");
     EXPECT_EQ(contents(String("%1 %2").Arg("%0")), "%0 %2") << "the argument is not scanned in the same call";
-}
-
-TEST(StringArg, AppendsWithoutAPlaceholder)
-{
     EXPECT_EQ(contents(String("value").Arg("x")), "valuex");
     EXPECT_EQ(contents(String("100%").Arg("x")), "100%x");
 }

@@ -7,32 +7,24 @@
 
 namespace {
 
-TEST(StringLeft, GivesTheFirstBytes)
+TEST(StringLeft, GivesTheFirstBytesAndRightTheLast)
 {
     EXPECT_EQ(contents(String("abc").Left(2)), "ab");
     EXPECT_EQ(contents(String("ab").Left(3)), "ab");
     EXPECT_EQ(contents(String("ab").Left(0)), "");
     EXPECT_EQ(contents(String().Left(2)), NULL_STRING);
-}
-
-TEST(StringRight, GivesTheLastBytes)
-{
     EXPECT_EQ(contents(String("abc").Right(2)), "bc");
     EXPECT_EQ(contents(String("abc").Right(5)), "abc");
     EXPECT_EQ(contents(String("abc").Right(0)), "");
     EXPECT_EQ(contents(String().Right(2)), NULL_STRING);
 }
 
-TEST(StringMid, GivesThePieceFromTheStart)
+TEST(StringMid, GivesThePieceFromTheStartAndNullFromTheEndOn)
 {
     EXPECT_EQ(contents(String("abc").Mid(1)), "bc");
     EXPECT_EQ(contents(String("abc").Mid(1, 1)), "b");
     EXPECT_EQ(contents(String("abc").Mid(1, 3)), "bc");
     EXPECT_EQ(contents(String("abc").Mid(1, 0)), "");
-}
-
-TEST(StringMid, IsNullFromTheEndOn)
-{
     EXPECT_EQ(contents(String("abc").Mid(3)), NULL_STRING);
     EXPECT_EQ(contents(String("abc").Mid(7)), NULL_STRING);
     EXPECT_EQ(contents(String("").Mid(0)), NULL_STRING);
@@ -83,18 +75,10 @@ TEST(StringRemove, TakesTheRunOut)
     EXPECT_EQ(contents(String("abcd").Remove(1)), "a");
     EXPECT_EQ(contents(String("abcd").Remove(0)), "");
     EXPECT_EQ(contents(String("abcd").Remove(2, 10)), "ab");
-}
-
-TEST(StringRemove, LeavesTheTextWhereThereIsNothingToTake)
-{
     EXPECT_EQ(contents(String("abcd").Remove(4, 1)), "abcd");
     EXPECT_EQ(contents(String("abcd").Remove(1, 0)), "abcd");
     EXPECT_EQ(contents(String().Remove(0)), NULL_STRING);
-}
-
-TEST(StringRemove, KeepsTheTextFromAnEndThatWrapped)
-{
-    EXPECT_EQ(contents(String("abcd").Remove(1, 0xFFFFFFFF)), "aabcd");
+    EXPECT_EQ(contents(String("abcd").Remove(1, 0xFFFFFFFF)), "aabcd") << "the end has wrapped";
     EXPECT_EQ(contents(String("abcd").Remove(3, 0xFFFFFFFE)), "abcbcd");
 }
 

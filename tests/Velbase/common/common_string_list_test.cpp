@@ -32,10 +32,6 @@ TEST(StringSplit, GivesTheTextsBetweenTheSeparatorsOfWhichTheLastMayBeNull)
     EXPECT_EQ(fieldsOf(",a", ','), (Fields{"", "a"}));
     EXPECT_EQ(fieldsOf("a,", ','), (Fields{"a", std::nullopt}));
     EXPECT_EQ(fieldsOf(",", ','), (Fields{"", std::nullopt}));
-}
-
-TEST(StringSplit, GivesTheTextItselfWithoutASeparator)
-{
     for (const String& text : {String("abc"), String("")})
         EXPECT_TRUE(shareBuffer(split(text, ';').at(0), text));
     EXPECT_EQ(fieldsOf("abc", ';'), Fields{"abc"});
@@ -50,10 +46,6 @@ TEST(StringJoin, PutsThePartsTogether)
     EXPECT_EQ(contents(String::Join(",", {"a"})), "a");
     EXPECT_EQ(contents(String::Join(",", {"a", "", "c"})), "a,,c");
     EXPECT_EQ(contents(String::Join(",", {"a", String()})), "a,");
-}
-
-TEST(StringJoin, IsNullWithoutAnyText)
-{
     EXPECT_EQ(contents(String::Join(",", {})), NULL_STRING);
     EXPECT_EQ(contents(String::Join("", {"", ""})), NULL_STRING);
 }

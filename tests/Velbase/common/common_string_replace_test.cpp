@@ -16,22 +16,10 @@ TEST(StringReplace, PutsTheReplacementForEachOccurrence)
     EXPECT_EQ(contents(String("aabb").Replace("ab", "")), "ab") << "what is joined is not scanned again";
     EXPECT_EQ(contents(String("aabaabaaab").Replace("aaab", "x")), "aabaabx");
     EXPECT_EQ(contents(String("abc").Replace("B", "y")), "abc");
-}
-
-TEST(StringReplace, SharesTheReplacementThatIsAllOfIt)
-{
     const String replacement("xy");
     EXPECT_TRUE(shareBuffer(String("abc").Replace("abc", replacement), replacement));
-}
-
-TEST(StringReplace, IsNullWhereNothingIsLeft)
-{
     EXPECT_EQ(contents(String("aaa").Replace("a", "")), NULL_STRING);
     EXPECT_EQ(contents(String("aaa").Replace("a", String())), NULL_STRING);
-}
-
-TEST(StringReplace, HasNothingToDoWithoutAPatternOrAText)
-{
     EXPECT_EQ(contents(String("abc").Replace("", "x")), "abc");
     EXPECT_EQ(contents(String().Replace("x", "y")), NULL_STRING);
     EXPECT_EQ(contents(String("").Replace("x", "y")), "");
@@ -42,11 +30,7 @@ TEST(StringReplace, ComparesPiecesOfThePatternsLengthAsCStrings)
     EXPECT_EQ(contents(stringOf("xa\0by"sv).Replace(stringOf("a\0c"sv), "R")), "xRy");
     EXPECT_EQ(contents(String("xaby").Replace(stringOf("a\0c"sv), "R")), "xaby");
     EXPECT_EQ(contents(String("xxab").Replace(stringOf("ab\0c"sv), "R")), "xxab") << "no room for the piece";
-}
-
-// A pattern that is longer than the text by more than one is tried at every position, as a C string.
-TEST(StringReplace, TriesALongPatternUpToItsZeroByte)
-{
+    // A pattern that is longer than the text by more than one is tried at every position, as a C string.
     EXPECT_EQ(contents(String("ba").Replace(stringOf("a\0\0\0\0"sv), "R")), "bR");
     EXPECT_EQ(contents(String("a").Replace(stringOf("a\0"sv), "R")), "a") << "longer by one";
     EXPECT_EQ(contents(String("a").Replace("abcdefgh", "R")), "a");

@@ -7,17 +7,13 @@ namespace {
 
 using namespace std::literals;
 
-TEST(StringSpace, StripTakesItAwayAround)
+TEST(StringSpace, IsStrippedAroundAndSimplifiedInside)
 {
     EXPECT_EQ(contents(String(" \t\n ").StripWhiteSpace()), "");
     EXPECT_EQ(contents(String("\xA0x\xA0").StripWhiteSpace()), "x");
     EXPECT_EQ(contents(String("  a b").StripWhiteSpace()), "a b");
     const String text("x y");
     EXPECT_TRUE(shareBuffer(text.StripWhiteSpace(), text));
-}
-
-TEST(StringSpace, SimplifyMakesOneSpaceOfItInside)
-{
     EXPECT_EQ(contents(String("  a \t\n b  ").SimplifyWhiteSpace()), "a b");
     EXPECT_EQ(contents(String("a\240\240b").SimplifyWhiteSpace()), "a b");
     EXPECT_EQ(contents(String("\037a").SimplifyWhiteSpace()), "\037a") << "no white space";

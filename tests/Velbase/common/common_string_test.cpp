@@ -61,10 +61,6 @@ TEST(StringMaxLength, TakesAtMostSoManyBytesUpToTheZeroByte)
     EXPECT_EQ(contents(String("abcdef", 3)), "abc");
     EXPECT_EQ(contents(String("ab\0cd", 4)), "ab");
     EXPECT_EQ(contents(String(nullptr, 3)), NULL_STRING);
-}
-
-TEST(StringMaxLength, ReadsNothingBehindTheMaximum)
-{
     const char unterminated[] = {'a', 'b', 'c'};
     EXPECT_EQ(contents(String(unterminated, 3)), "abc");
 }

@@ -141,17 +141,13 @@ TEST_F(StringUnicodeCalls, FromUnicodeNeedsNoConverterForNullAndEmpty)
     EXPECT_TRUE(converter.created.empty());
 }
 
-TEST_F(StringUnicodeCalls, FromUnicodeEndsAtTheFirstZeroByteThatComesOut)
+TEST_F(StringUnicodeCalls, FromUnicodeEndsAtTheFirstZeroByteThatComesOutOrAtTheCount)
 {
     converter.bytes = {'x', 0, 'z'};
     converter.written = 3;
     EXPECT_EQ(contents(String(m_units)), "x");
     converter.bytes = {0, 'y', 'z'};
     EXPECT_EQ(contents(String(m_units)), "");
-}
-
-TEST_F(StringUnicodeCalls, FromUnicodeEndsAtTheCountIfMoreComesOut)
-{
     converter.bytes = {'w', 'x', 'y', 'z'};
     converter.written = 4;
     EXPECT_EQ(contents(String(m_units)), "wxy");
@@ -177,7 +173,7 @@ TEST_F(StringUnicodeCalls, ToUnicodeConvertsNothingOfANullString)
     EXPECT_EQ(converter.bufferSizes, std::vector<ByteCount>{0});
 }
 
-TEST_F(StringUnicodeCalls, ToUnicodeEndsBehindWhatWasWritten)
+TEST_F(StringUnicodeCalls, ToUnicodeEndsBehindWhatWasWrittenAndIsNullIfThatIsTooMuch)
 {
     converter.bytes = {1, 1, 1, 1, 1, 1};
     for (const ByteCount written : {0u, 2u, 3u, 4u, 6u, 7u}) {
@@ -188,24 +184,17 @@ TEST_F(StringUnicodeCalls, ToUnicodeEndsBehindWhatWasWritten)
         for (unsigned i = 0; i < written / 2; ++i)
             EXPECT_EQ(units[i], 0x0101);
     }
-}
-
-TEST_F(StringUnicodeCalls, ToUnicodeIsNullIfMoreWasWrittenThanThereIsRoom)
-{
     converter.written = 8;
     EXPECT_EQ(String("abc").Unicode().get(), nullptr);
 }
 
-TEST_F(StringUnicodeCalls, AreNullWithoutAConverter)
+TEST_F(StringUnicodeCalls, AreNullWithoutAConverterOrWhenItFails)
 {
     converter.createStatus = paramErr;
     EXPECT_TRUE(String(m_units).IsNull());
     EXPECT_EQ(String("abc").Unicode().get(), nullptr);
     EXPECT_TRUE(converter.sourceLengths.empty());
-}
-
-TEST_F(StringUnicodeCalls, AreNullWhenTheConversionFails)
-{
+    converter.createStatus = noErr;
     for (const OSStatus status : {kTECUnmappableElementErr, kTECOutputBufferFullStatus}) {
         converter.convertStatus = status;
         EXPECT_TRUE(String(m_units).IsNull());

@@ -55,7 +55,7 @@ OSStatus judge(const std::vector<const char*>& names, uid_t user, bool partly = 
 
 constexpr const char* ADMINISTRATOR = "system.privilege.admin";
 
-TEST(Rights, AreGrantedTogetherOrRefusedForTheFirstThatIsNotHeld)
+TEST(Rights, AreGrantedTogetherOrInPartOrRefusedForTheFirstThatIsNotHeld)
 {
     EXPECT_EQ(judge({ADMINISTRATOR}, SUPERUSER), errAuthorizationSuccess);
     EXPECT_EQ(judge({ADMINISTRATOR, ADMINISTRATOR}, SUPERUSER), errAuthorizationSuccess);
@@ -64,10 +64,6 @@ TEST(Rights, AreGrantedTogetherOrRefusedForTheFirstThatIsNotHeld)
     EXPECT_EQ(judge({ADMINISTRATOR, "unknown"}, SOMEBODY), errAuthorizationInteractionNotAllowed);
     EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SOMEBODY), errAuthorizationDenied);
     EXPECT_EQ(judge({}, SOMEBODY), errAuthorizationSuccess) << "everybody holds none";
-}
-
-TEST(Rights, MayBeGrantedInPart)
-{
     EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SUPERUSER, true), errAuthorizationSuccess);
     EXPECT_EQ(judge({"unknown", ADMINISTRATOR}, SOMEBODY, true), errAuthorizationDenied) << "the first refusal";
     EXPECT_EQ(judge({}, SOMEBODY, true), errAuthorizationSuccess);

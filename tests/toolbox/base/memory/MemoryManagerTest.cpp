@@ -51,14 +51,10 @@ TEST(NewPtr, SizeZeroIsABlockOfItsOwn)
     DisposePtr(second);
 }
 
-TEST(NewPtr, RefusesNegativeSizes)
+TEST(NewPtr, RefusesNegativeSizesAndWhatNoMachineHas)
 {
     for (const Size size : {Size(-1), Size(-2), std::numeric_limits<Size>::min()})
         EXPECT_EQ(NewPtr(size), nullptr) << size;
-}
-
-TEST(NewPtr, RefusesWhatNoMachineHas)
-{
     // The largest block may be had once where a Size has 32 bits, but the address space does not hold it three times.
     std::vector<Ptr> blocks;
     for (int i = 0; i < 3; ++i)

@@ -80,16 +80,12 @@ TEST_F(Forks, ResourceForkMayBeMissing)
     EXPECT_EQ(readData(makeAppleDouble(APPLE_SINGLE, {{DATA_FORK_ENTRY, FORK}})), errFSForkNotFound);
 }
 
-TEST_F(Forks, FileBesideMustBeAppleDouble)
+TEST_F(Forks, FileBesideMustBeAppleDoubleAndIsNothingWithoutTheFile)
 {
     EXPECT_EQ(readBeside(Bytes(26)), mapReadErr);
     EXPECT_EQ(readBeside(makeFork({{'CALL', 1, "x"}}).bytes()), mapReadErr);
-}
-
-TEST_F(Forks, FileBesideIsNothingWithoutTheFile)
-{
-    m_folder.write("._file", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}}));
-    EXPECT_EQ(readFork(m_folder / "file", Fork::Resource, &m_bytes), fnfErr);
+    m_folder.write("._other", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}}));
+    EXPECT_EQ(readFork(m_folder / "other", Fork::Resource, &m_bytes), fnfErr);
 }
 
 TEST_F(Forks, AppleDoubleIsRefusedWhereverItIsCut)
@@ -153,15 +149,11 @@ std::string writeHole(const TemporaryFolder& folder, std::uintmax_t length)
     return path;
 }
 
-TEST_F(Forks, ForkMayBeAsLargeAsTheFormatCanBe)
+TEST_F(Forks, ForkMayBeAsLargeAsTheFormatCanBeAndIsElseRefusedUnread)
 {
     EXPECT_EQ(Toolbox::MAX_FORK_LENGTH, 0x100u + 0x1000000u + 0x100000u);
     EXPECT_EQ(readFork(writeHole(m_folder, Toolbox::MAX_FORK_LENGTH), Fork::Data, &m_bytes), noErr);
     EXPECT_EQ(m_bytes.size(), Toolbox::MAX_FORK_LENGTH);
-}
-
-TEST_F(Forks, LargerForkIsRefusedUnread)
-{
     for (const std::uintmax_t length : {std::uintmax_t(Toolbox::MAX_FORK_LENGTH) + 1, std::uintmax_t(1) << 31,
              std::uintmax_t(1) << 32, std::uintmax_t(1) << 40}) {
         m_bytes.clear();

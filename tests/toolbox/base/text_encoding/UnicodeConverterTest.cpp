@@ -45,10 +45,6 @@ TEST(CreateConverter, HandsOutOneForEachDirection)
     EXPECT_EQ(textToUnicode(), textToUnicode());
     EXPECT_EQ(unicodeToText(), unicodeToText());
     EXPECT_NE(static_cast<void*>(textToUnicode()), static_cast<void*>(unicodeToText()));
-}
-
-TEST(CreateConverter, RefusesANullResult)
-{
     EXPECT_EQ(CreateTextToUnicodeInfoByEncoding(MAC_ROMAN, nullptr), paramErr);
     EXPECT_EQ(CreateUnicodeToTextInfoByEncoding(MAC_ROMAN, nullptr), paramErr);
 }

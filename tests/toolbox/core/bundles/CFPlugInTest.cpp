@@ -273,11 +273,7 @@ TEST_F(CFPlugIn, MakesNoInstanceWithoutAFunctionThatGivesOne)
         EXPECT_EQ(factoriesOf(TYPE, plugIn), Texts{FIRST}) << function;
         EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE)), nullptr) << function;
     }
-}
-
-TEST_F(CFPlugIn, MakesNoInstanceWithoutCode)
-{
-    const Owned plugIn = withoutCode(plugInEntries(FIRST, "firstFactory"));
+    const Owned withoutAny = withoutCode(plugInEntries(FIRST, "firstFactory"), "b.bundle");
     EXPECT_EQ(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE)), nullptr);
 }
 

@@ -70,7 +70,7 @@ TEST_F(ELFFile, IsWholeUpToTheEndOfItsSegments)
         EXPECT_FALSE(isWhole(content.substr(0, length))) << length;
 }
 
-TEST_F(ELFFile, WithAnImpossibleHeaderIsNotWhole)
+TEST_F(ELFFile, ThatIsNotThereOrHasAnImpossibleHeaderIsNotWhole)
 {
     EXPECT_TRUE(isWhole(withHeader([](FileHeader&) {})));
     EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phoff = static_cast<ElfW(Off)>(-1); })));
@@ -78,6 +78,8 @@ TEST_F(ELFFile, WithAnImpossibleHeaderIsNotWhole)
     EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phnum = 0xFFFF; })));
     EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phentsize = 0; })));
     EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phentsize += 1; })));
+    EXPECT_FALSE(isWholeELFFile(in("missing")));
+    EXPECT_FALSE(isWholeELFFile(in("")));
 }
 
 // The plug-in with one of its segments, which `isWanted` picks by its place and content, changed by `change`.
@@ -120,7 +122,7 @@ void leadPastTheEnd(Segment& segment)
     segment.p_offset = 1U << 30;
 }
 
-TEST_F(ELFFile, WithAMappedSegmentThatIsNotThereIsNotWhole)
+TEST_F(ELFFile, IsNotWholeWhereASegmentThatIsMappedIsNotThere)
 {
     EXPECT_TRUE(isWhole(withSegment(isMapped, [](Segment&) {})));
     EXPECT_FALSE(isWhole(withSegment(isMapped, leadPastTheEnd)));
@@ -128,6 +130,11 @@ TEST_F(ELFFile, WithAMappedSegmentThatIsNotThereIsNotWhole)
         segment.p_type = PT_LOAD;
         leadPastTheEnd(segment);
     })));
+    EXPECT_FALSE(isWhole(withSegment(isMapped, [](Segment& segment) {
+        segment.p_offset = static_cast<ElfW(Off)>(-1);  // offset and size together are a small number again
+        segment.p_filesz = 2;
+    })));
+    EXPECT_TRUE(isWhole(withSegment(isNotMapped, leadPastTheEnd)));
 }
 
 TEST_F(ELFFile, MayHaveAnEmptySegmentAtItsEndAndNotBehind)
@@ -151,25 +158,6 @@ TEST_F(ELFFile, HasNoSegmentsBehindItsTable)
     leadPastTheEnd(segment);
     std::memcpy(content.data() + header.e_phoff + header.e_phnum * sizeof segment, &segment, sizeof segment);
     EXPECT_TRUE(isWhole(content));
-}
-
-TEST_F(ELFFile, MayHaveSegmentsThatAreNotThereAndNotMapped)
-{
-    EXPECT_TRUE(isWhole(withSegment(isNotMapped, leadPastTheEnd)));
-}
-
-TEST_F(ELFFile, WithASegmentPastAllNumbersIsNotWhole)
-{
-    EXPECT_FALSE(isWhole(withSegment(isMapped, [](Segment& segment) {
-        segment.p_offset = static_cast<ElfW(Off)>(-1);  // offset and size together are a small number again
-        segment.p_filesz = 2;
-    })));
-}
-
-TEST_F(ELFFile, ThatIsNotThereIsNotWhole)
-{
-    EXPECT_FALSE(isWholeELFFile(in("missing")));
-    EXPECT_FALSE(isWholeELFFile(in("")));
 }
 
 }  // namespace

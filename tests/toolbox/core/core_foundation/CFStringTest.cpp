@@ -53,9 +53,13 @@ TEST_F(CFString, IsTheTextOfValidBytes)
     }
 }
 
-TEST_F(CFString, ANullTextIsNoString)
+TEST_F(CFString, CharactersOfAWrongCountOrANullTextAreNoString)
 {
     EXPECT_EQ(CFStringCreateWithCString(nullptr, nullptr, MAC_ROMAN), nullptr);
+    const UniChar unit = 'a';
+    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, &unit, -1), nullptr);
+    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, nullptr, 1), nullptr);
+    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, nullptr, -1), nullptr);
 }
 
 TEST_F(CFString, EveryMacRomanByteIsOneCharacterAndComesBack)
@@ -91,14 +95,6 @@ TEST_F(CFString, NoCharactersAreTheEmptyStringWhateverThePointer)
     }
 }
 
-TEST_F(CFString, CharactersOfAWrongCountAreNoString)
-{
-    const UniChar unit = 'a';
-    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, &unit, -1), nullptr);
-    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, nullptr, 1), nullptr);
-    EXPECT_EQ(CFStringCreateWithCharacters(nullptr, nullptr, -1), nullptr);
-}
-
 TEST_F(CFString, IsEqualToAnotherOfTheSameTextHoweverMade)
 {
     const UniChar units[] = {'a', 0xC4};
@@ -108,15 +104,6 @@ TEST_F(CFString, IsEqualToAnotherOfTheSameTextHoweverMade)
     EXPECT_NE(unicode, macRoman);
     EXPECT_TRUE(CFEqual(unicode, macRoman));
     EXPECT_FALSE(CFEqual(unicode, other));
-}
-
-TEST_F(CFString, TheTextOfAWrongReferenceIsNull)
-{
-    for (const CFTypeRef wrong : WRONG_REFERENCES)
-        EXPECT_TRUE(textOf(static_cast<CFStringRef>(wrong)).isNull());
-    EXPECT_TRUE(textOf(deadString()).isNull());
-    const Owned uuid = CFUUIDCreateFromUUIDBytes(nullptr, CFUUIDBytes{});
-    EXPECT_TRUE(textOf(reinterpret_cast<CFStringRef>(CFUUIDRef(uuid))).isNull());
 }
 
 // What a string was made of decides whether it has a Pascal form, and in which encodings.
@@ -189,13 +176,20 @@ TEST_F(CFString, ThePascalStringStaysWhereItIsWhileTheStringLives)
     EXPECT_EQ(bytesOf(first), "text");
 }
 
-TEST_F(CFString, AConstantIsOneObjectForEqualTexts)
+TEST_F(CFString, AConstantIsOneObjectForEqualTextsOfASCII)
 {
     const std::string sameText = "constant";
     const CFStringRef constant = CFSTR("constant");
     EXPECT_EQ(__CFStringMakeConstantString(sameText.c_str()), constant);
     EXPECT_NE(CFSTR("another constant"), constant);
     EXPECT_EQ(textOf(constant), "constant");
+    const Owned string = CFStringCreateWithCString(nullptr, "constant", ASCII);
+    EXPECT_NE(string, CFSTR("constant"));
+    EXPECT_TRUE(CFEqual(string, CFSTR("constant")));
+    EXPECT_EQ(__CFStringMakeConstantString(nullptr), nullptr);
+    EXPECT_EQ(__CFStringMakeConstantString("\x80"), nullptr);
+    EXPECT_EQ(__CFStringMakeConstantString("\x80"), nullptr) << "nor the second time";
+    EXPECT_EQ(textOf(CFSTR("")).size(), 0);
 }
 
 TEST_F(CFString, AConstantNeverEndsAndIsNoLeak)
@@ -210,21 +204,6 @@ TEST_F(CFString, AConstantNeverEndsAndIsNoLeak)
     EXPECT_EQ(textOf(constant), text.c_str());
     EXPECT_EQ(liveObjects(), objects);
     EXPECT_EQ(liveConstants(), constants + 1);
-}
-
-TEST_F(CFString, AConstantIsEqualToAStringOfItsTextButNotTheSame)
-{
-    const Owned string = CFStringCreateWithCString(nullptr, "constant", ASCII);
-    EXPECT_NE(string, CFSTR("constant"));
-    EXPECT_TRUE(CFEqual(string, CFSTR("constant")));
-}
-
-TEST_F(CFString, OnlyASCIIIsAConstant)
-{
-    EXPECT_EQ(__CFStringMakeConstantString(nullptr), nullptr);
-    EXPECT_EQ(__CFStringMakeConstantString("\x80"), nullptr);
-    EXPECT_EQ(__CFStringMakeConstantString("\x80"), nullptr) << "nor the second time";
-    EXPECT_EQ(textOf(CFSTR("")).size(), 0);
 }
 
 }  // namespace

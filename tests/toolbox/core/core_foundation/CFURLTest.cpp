@@ -72,6 +72,7 @@ TEST_F(CFURL, IsNotMadeOfWrongArguments)
     EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, path, 0, false), nullptr);
     EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, path, -1, false), nullptr);
     EXPECT_EQ(makeURL(std::string("/a\0b", 4)), nullptr);
+    EXPECT_EQ(CFURLCreateFromFSRef(nullptr, nullptr), nullptr);
 }
 
 TEST_F(CFURL, TakesOnlyTheBytesThatAreCounted)
@@ -181,15 +182,6 @@ TEST_F(CFURL, OfAReferenceToAFolderIsAFolders)
     const Owned url = CFURLCreateFromFSRef(nullptr, &reference);
     const Owned expected = makeURL(m_folder.path(), true);
     EXPECT_TRUE(CFEqual(url, expected));
-}
-
-TEST_F(CFURL, IsNotMadeOfAWrongReference)
-{
-    FSRef wrong = {};
-    EXPECT_EQ(CFURLCreateFromFSRef(nullptr, nullptr), nullptr);
-    EXPECT_EQ(CFURLCreateFromFSRef(nullptr, &wrong), nullptr);
-    wrong.hidden[0] = 1;
-    EXPECT_EQ(CFURLCreateFromFSRef(nullptr, &wrong), nullptr);
 }
 
 TEST_F(CFURL, GivesNoReferenceWhereNothingIs)

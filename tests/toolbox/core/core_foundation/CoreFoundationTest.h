@@ -57,15 +57,6 @@ private:
     const std::size_t m_before = liveObjects();
 };
 
-/// References that refer to no object: null, small numbers, an address, a large number.
-inline const CFTypeRef WRONG_REFERENCES[] = {
-    nullptr,
-    reinterpret_cast<CFTypeRef>(1),
-    reinterpret_cast<CFTypeRef>(-1),
-    &WRONG_REFERENCES,
-    reinterpret_cast<CFTypeRef>(0x7FFFFFF0),
-};
-
 /// A reference to an object that is gone.
 inline CFStringRef deadString()
 {

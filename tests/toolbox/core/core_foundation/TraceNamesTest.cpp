@@ -18,27 +18,19 @@ const std::pair<const char16_t*, const char*> QUOTED_CASES[] = {
     {u"two\nlines\x1b[0m", "\"two\\u000alines\\u001b[0m\""},
 };
 
-TEST(Quoted, IsOneLineOfPrintableText)
+TEST(Quoted, IsOneLineOfPrintableTextOrItsBeginning)
 {
     for (const auto& [text, expected] : QUOTED_CASES)
         EXPECT_EQ(quoted(QString::fromUtf16(text)), expected);
-}
-
-TEST(Quoted, IsTheBeginningOfALongText)
-{
     EXPECT_EQ(quoted(QString(80, u'x')), '"' + std::string(80, 'x') + '"');
     EXPECT_EQ(quoted(QString(81, u'x')), '"' + std::string(80, 'x') + "...\"");
 }
 
-TEST(TraceNames, OfStringsAreTheirTexts)
+TEST(TraceNames, AreTextsAndPaths)
 {
     auto* const string = new Toolbox::StringObject(QStringLiteral("text"));
     EXPECT_EQ(string->traceName(), "\"text\"");
     string->release();
-}
-
-TEST(TraceNames, OfURLsAreTheirPaths)
-{
     auto* const url = new Toolbox::URLObject("/a folder/file\n", false);
     EXPECT_EQ(url->traceName(), "\"/a folder/file\\u000a\"");
     url->release();

@@ -16,18 +16,10 @@ Alert alertWith(SInt16 defaultButton, SInt16 cancelButton)
     return alert;
 }
 
-TEST(Alert, IsCancelledWhenNobodyCanAnswer)
+TEST(Alert, TakesCancelElseTheDefaultElseTheFirstThatCanBePressedWhenNobodyCanAnswer)
 {
     EXPECT_EQ(alertWith(2, 3).unansweredButton(), 3);
-}
-
-TEST(Alert, TakesTheDefaultWhenNobodyCanAnswerAndNothingCancels)
-{
     EXPECT_EQ(alertWith(3, 0).unansweredButton(), 3);
-}
-
-TEST(Alert, TakesTheFirstThatCanBePressedWhenThereIsNeither)
-{
     EXPECT_EQ(alertWith(0, 0).unansweredButton(), 2);
     EXPECT_EQ(Alert().unansweredButton(), 0) << "there is none";
 }

@@ -92,17 +92,14 @@ TEST_F(StandardAlertCall, HasOneOKButtonWithoutParameters)
     EXPECT_FALSE(alert.layout.has_value());
 }
 
-TEST_F(StandardAlertCall, HasTheSystemsWordsWhereTheyAreAskedFor)
+TEST_F(StandardAlertCall, HasTheWordsOfTheSystemOrTheGivenTitlesAndNoOtherButton)
 {
     parameters.cancelText = SYSTEM_WORD;
     parameters.otherText = SYSTEM_WORD;
     parameters.helpButton = true;
     EXPECT_EQ(titlesOf(show(nullptr, nullptr, &parameters)),
         (Titles{{1, "OK"}, {2, "Cancel"}, {3, "Don't Save"}, {4, "Help"}}));
-}
-
-TEST_F(StandardAlertCall, HasTheGivenTitlesAndNoButtonWhereNoneIsGiven)
-{
+    parameters = okParameters();
     const PascalString yes("Yes");
     const PascalString other("Some\xC9");  // an ellipsis in Mac OS Roman
     parameters.defaultText = yes;
@@ -110,22 +107,14 @@ TEST_F(StandardAlertCall, HasTheGivenTitlesAndNoButtonWhereNoneIsGiven)
     EXPECT_EQ(titlesOf(show(nullptr, nullptr, &parameters)), (Titles{{1, "Yes"}, {3, "Some\u2026"}}));
 }
 
-TEST_F(StandardAlertCall, ShowsNothingForNullTexts)
+TEST_F(StandardAlertCall, ShowsTextsOfEveryLengthWithLineFeeds)
 {
     EXPECT_TRUE(show().text.isEmpty());
     EXPECT_TRUE(lastShown().explanation.isEmpty());
-}
-
-TEST_F(StandardAlertCall, ReadsTextsOfEveryLength)
-{
     for (const std::size_t length : {0u, 1u, 254u, 255u}) {
         const std::string text(length, 'x');
         EXPECT_EQ(show(PascalString(text)).text.toStdString(), text);
     }
-}
-
-TEST_F(StandardAlertCall, EndsLinesWithLineFeeds)
-{
     EXPECT_EQ(show(PascalString("a\rb\nc\r\nd"), PascalString("\r")).text, QStringLiteral("a\nb\nc\nd"));
     EXPECT_EQ(lastShown().explanation, QStringLiteral("\n"));
 }
@@ -165,14 +154,10 @@ TEST_F(StandardAlertCall, IsTracedWithItsTextsAndItem)
     EXPECT_EQ(line.substr(line.find(" = ")), " = 0 -> 1");
 }
 
-TEST_F(StandardAlertCall, RefusesANullResult)
+TEST_F(StandardAlertCall, RefusesANullResultAndAnAlertThatNothingCouldEnd)
 {
     EXPECT_EQ(StandardAlert(kAlertNoteAlert, PascalString("Text"), nullptr, nullptr, nullptr), paramErr);
     EXPECT_TRUE(shown().empty());
-}
-
-TEST_F(StandardAlertCall, RefusesAnAlertThatNothingCouldEnd)
-{
     const AlertStdAlertParamRec noButtons{};
     EXPECT_EQ(StandardAlert(kAlertNoteAlert, PascalString("Text"), nullptr, &noButtons, &hit), paramErr);
     EXPECT_EQ(hit, UNTOUCHED);

@@ -172,13 +172,6 @@ TEST_F(UnattendedWindow, PressesTheFirstUsableControlOfACommand)
     EXPECT_EQ(static_cast<void*>(recorder.commands[0].menu.menuRef), static_cast<void*>(usable.ref()));
 }
 
-TEST_F(UnattendedWindow, FindsADisabledControlsCommandUnfit)
-{
-    more.enabled = false;
-    EXPECT_EQ(run({command('more')}), noErr);
-    EXPECT_TRUE(currentReport().answerWasUnfit);
-}
-
 TEST_F(UnattendedWindow, PressesTheDefaultAndCancelButtonsForOKAndCancelWhateverTheyCarry)
 {
     ok.command = 'inst';
@@ -189,20 +182,15 @@ TEST_F(UnattendedWindow, PressesTheDefaultAndCancelButtonsForOKAndCancelWhatever
     EXPECT_FALSE(currentReport().answerWasUnfit);
 }
 
-TEST_F(UnattendedWindow, ConfirmsByTheCommandWhereThereIsNoDefaultButton)
+TEST_F(UnattendedWindow, ConfirmsByTheDefaultButtonElseByTheCommand)
 {
     ok.role = ButtonRole::Plain;
     EXPECT_EQ(run({}), noErr);
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandOK});
-}
-
-TEST_F(UnattendedWindow, ConfirmsByTheDefaultButtonRatherThanTheCommand)
-{
-    ok.role = ButtonRole::Plain;
     more.role = ButtonRole::Default;
     endAt({'more'});
     EXPECT_EQ(run({}), noErr);
-    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'more'});
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{kHICommandOK, 'more'}));
 }
 
 TEST_F(UnattendedWindow, CancelsByTheWindowsOwnCommandWhereThereIsNoCancelButton)
@@ -255,15 +243,6 @@ TEST_F(UnattendedWindow, FailsRatherThanConfirmsWhenCancellingDoesNotEndIt)
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
     EXPECT_EQ(currentReport().displayProblem, "an answer fits nothing in the window, and cancelling does not end it");
     EXPECT_TRUE(currentReport().answerWasUnfit);
-}
-
-TEST_F(UnattendedWindow, SendsNothingMoreOnceItFailed)
-{
-    recorder.action = nullptr;
-    EXPECT_EQ(run({}), eventInternalErr);
-    recorder.commands.clear();
-    Toolbox::pressControl(ok);
-    EXPECT_TRUE(recorder.ids().empty());
 }
 
 // ---- What handlers do meanwhile

@@ -70,13 +70,9 @@ TEST(NibArchiveValues, ThatAreNotThereOrOfAnotherTypeAreAtTheirDefaults)
     }
 }
 
-TEST(NibArchiveValues, OfOneNameAreTheFirst)
+TEST(NibArchiveValues, MayBeSplitAndOfOneNameAreTheFirst)
 {
     EXPECT_EQ(theObject(readObject("<int name='n'>1</int><int name='n'>2</int>")).number("n", 0), 1);
-}
-
-TEST(NibArchiveValues, MayBeSplitByCommentsAndSections)
-{
     const auto archive = readObject("<string name='t'>a<!-- no -->b<![CDATA[<c>]]><?no?>d</string>");
     EXPECT_EQ(theObject(archive).text("t"), QStringLiteral("ab<c>d"));
 }
@@ -242,15 +238,11 @@ TEST(NibArchive, MayNameATypeOfDocumentThatIsNeverFetched)
     EXPECT_TRUE(read("<!DOCTYPE object SYSTEM 'file:///dev/zero'><object class='A'/>").has_value());
 }
 
-TEST(NibArchive, DoesNotBelieveItsCounts)
+TEST(NibArchive, MayHaveAnyNumberOfElementsAndDoesNotBelieveItsCounts)
 {
     const auto archive = readObject("<array count='4000000000' name='a'><int>1</int></array>"
                                     "<dictionary count='-1' name='d'><string>k</string><int>1</int></dictionary>");
     EXPECT_EQ(theObject(archive).array("a").size(), 1u);
-}
-
-TEST(NibArchive, MayHaveAnyNumberOfElementsBesideOneAnother)
-{
     const std::string numbers = QByteArray("<int>1</int>").repeated(1000).toStdString();
     EXPECT_TRUE(readObject(numbers).has_value());
     EXPECT_TRUE(readObject("<array>" + numbers + "</array>").has_value());

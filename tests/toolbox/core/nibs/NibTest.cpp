@@ -17,8 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Toolbox::Control;
-
 // The main bundle of a test, in a folder of its own.
 class NibServices : public WindowTest {
 protected:
@@ -91,27 +89,19 @@ protected:
 
 // ---- What a nib is for
 
-TEST_F(NibServices, MakeAHiddenWindowThatOutlivesTheNib)
-{
-    makeNib("Demo.nib", SAMPLE_NIB);
-    const IBNibRef nib = open();
-    const WindowRef window = make(nib);
-    DisposeNibReference(nib);
-    ASSERT_NE(Toolbox::Window::find(window), nullptr);
-    EXPECT_FALSE(Toolbox::Window::find(window)->visible);
-    EXPECT_NE(Toolbox::Window::find(window)->findControl({'demo', 1}), nullptr);
-    DisposeWindow(window);
-}
-
-TEST_F(NibServices, MakeANewWindowEachTime)
+TEST_F(NibServices, MakeANewHiddenWindowEachTimeThatOutlivesTheNib)
 {
     makeNib("Demo.nib", SAMPLE_NIB);
     const IBNibRef nib = open();
     const WindowRef windows[] = {make(nib), make(nib)};
-    EXPECT_NE(windows[0], windows[1]);
     DisposeNibReference(nib);
-    for (const WindowRef window : windows)
+    EXPECT_NE(windows[0], windows[1]);
+    for (const WindowRef window : windows) {
+        ASSERT_NE(Toolbox::Window::find(window), nullptr);
+        EXPECT_FALSE(Toolbox::Window::find(window)->visible);
+        EXPECT_NE(Toolbox::Window::find(window)->findControl({'demo', 1}), nullptr);
         DisposeWindow(window);
+    }
 }
 
 // ---- Finding the nib
@@ -262,21 +252,6 @@ TEST_F(NibServices, NeedAPlaceForWhatTheyMake)
     const IBNibRef nib = open();
     EXPECT_EQ(CreateWindowFromNib(nib, CFSTR("Size_Chooser"), nullptr), paramErr);
     DisposeNibReference(nib);
-}
-
-// ---- The nib of the external
-
-TEST_F(NibServices, MakeTheDialogOfTheExternal)
-{
-    fs::copy(EXTERNAL_NIB, inResources("Demo.nib"), fs::copy_options::recursive);
-    const IBNibRef nib = open();
-    const WindowRef window = make(nib, CFSTR("Language_Selector"));
-    DisposeNibReference(nib);
-    const Control* const popUp = Toolbox::Window::find(window)->findControl({'lsel', 1});
-    ASSERT_NE(popUp, nullptr);
-    EXPECT_EQ(popUp->items.size(), 6u);
-    EXPECT_TRUE(popUp->items[1].title.startsWith(QStringLiteral("\u65e5\u672c\u8a9e")));
-    DisposeWindow(window);
 }
 
 }  // namespace

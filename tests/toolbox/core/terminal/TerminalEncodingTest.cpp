@@ -87,15 +87,11 @@ TEST(ShowableText, SurvivesHalfASurrogatePair)
     }
 }
 
-TEST(TypedBytes, AreReadInTheEncoding)
+TEST(TypedBytes, AreReadInTheEncodingAndReplacedWhereTheyAreNotValid)
 {
     EXPECT_EQ(encodingOf("C.UTF-8")->decode("caf\xC3\xA9 \xE6\x97\xA5"), QStringLiteral("café 日"));
     EXPECT_EQ(encodingOf("C")->decode("plain"), QStringLiteral("plain"));
     EXPECT_EQ(encodingOf("C")->decode(""), QString());
-}
-
-TEST(TypedBytes, AreReplacedWhereTheyAreNotValid)
-{
     const QChar bad(QChar::ReplacementCharacter);
     EXPECT_EQ(encodingOf("C.UTF-8")->decode("a\xFF"
                                             "b"),

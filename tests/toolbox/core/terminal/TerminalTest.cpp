@@ -55,19 +55,11 @@ std::string answerTo(const std::string& keys)
 
 // ---- Writing
 
-TEST(TerminalLines, AreWrittenAsTheyAre)
+TEST(TerminalLines, AreWrittenInTheLocalesEncodingWithoutControlCharacters)
 {
     EXPECT_EQ(writtenLines(QStringLiteral("one\n  two\n\nthree")), "one\n  two\n\nthree\n");
     EXPECT_EQ(writtenLines(QString()), "\n");
-}
-
-TEST(TerminalLines, CarryNoControlCharacters)
-{
     EXPECT_EQ(writtenLines(QStringLiteral("a\x1B[2Jb\u009B1mc\td\a")), "a\\x1b[2Jb\\u009b1mc\\td\\x07\n");
-}
-
-TEST(TerminalLines, AreWrittenInTheLocalesEncoding)
-{
     const auto write = [](Terminal& terminal) { terminal.writeLines(QStringLiteral("日本語 (Japanese) é")); };
     EXPECT_EQ(written("C.UTF-8", write), "日本語 (Japanese) é\n");
     EXPECT_EQ(written("C", write), "??? (Japanese) e\n");
@@ -143,15 +135,11 @@ TEST(NumberedEntries, ContinueBelowTheirText)
 
 // ---- Reading
 
-TEST(TerminalAnswer, IsTheLine)
+TEST(TerminalAnswer, IsTheLineOrNothingAtTheEndOfInput)
 {
     EXPECT_EQ(answerTo("yes\n"), "[yes]");
     EXPECT_EQ(answerTo("\n"), "[]");
     EXPECT_EQ(answerTo("日本\n"), "[日本]");
-}
-
-TEST(TerminalAnswer, IsNothingAtTheEndOfInput)
-{
     EXPECT_EQ(answerTo("\x04"), "nothing");
     EXPECT_EQ(answerTo("half\x04\x04"), "nothing");
 }
@@ -257,10 +245,6 @@ std::string whetherTerminalAnswers()
 TEST(TerminalAnswers, WhereTheProcessHasOne)
 {
     EXPECT_EQ(PseudoTerminal("C", whetherTerminalAnswers).report(), "yes");
-}
-
-TEST(TerminalAnswers, NotWhereTheProcessHasNone)
-{
     EXPECT_EQ(reportWithoutTerminal(whetherTerminalAnswers), "no");
 }
 
