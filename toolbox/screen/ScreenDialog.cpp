@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QFocusFrame>
 #include <QFontInfo>
 #include <QLayout>
 #include <QPushButton>
@@ -78,6 +79,7 @@ ScreenDialog::ScreenDialog(const QString& title, Qt::WindowFlags flags, QWidget*
 {
     setWindowTitle(title);
     setFont(dialogFont());
+    frameTheFocus();
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
@@ -97,6 +99,14 @@ void ScreenDialog::setContent(QWidget* content)
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(makeScrollArea(content, largestSize(), this));
     makeBordersVisible();
+}
+
+// Qt's own style draws the default button as one that has the focus: a frame tells them apart.
+void ScreenDialog::frameTheFocus()
+{
+    auto* const frame = new QFocusFrame(this);
+    connect(qApp, &QApplication::focusChanged, frame,
+        [this, frame](QWidget*, QWidget* now) { frame->setWidget(isAncestorOf(now) ? now : nullptr); });
 }
 
 // A widget shows that it has the focus once the keyboard was used, which Qt forgets whenever a window is shown.

@@ -34,6 +34,7 @@ protected:
 
 private:
     bool nativeEventFilter(const QByteArray& type, void* event, qintptr* result) override;
+    void frameTheFocus();
     void makeBordersVisible();
 };
 

@@ -357,12 +357,17 @@ TEST_F(WindowOnScreen, HasItsControlsAtTheirPlaces)
 TEST_F(WindowOnScreen, ShowsWhereTheFocusIs)
 {
     lookAt([](QDialog& shown) {
+        const QRect aroundOK = placeOf(titled<QPushButton>(shown, "OK")) + QMargins(3, 3, 3, 3);
         QList<QImage> pictures;
+        QList<QColor> around;  // of the default button, which looks like nothing else
         for (int stop = 0; stop < 3; ++stop) {
             pictures.append(shown.grab().toImage());
+            around.append(pictures.last().pixelColor(aroundOK.center().x(), aroundOK.top() + 1));
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             EXPECT_EQ(pictures.count(pictures.last()), 1) << "stop " << stop;
         }
+        EXPECT_EQ(around[0], around[1]) << "no more than the default";
+        EXPECT_GE(std::abs(around[0].lightness() - around[2].lightness()), 100) << "the default with the focus";
         EXPECT_EQ(shown.grab().toImage(), pictures.first()) << "it was seen from the first moment";
         only<QComboBox>(shown).clearFocus();
         EXPECT_NE(shown.grab().toImage(), pictures.first());
