@@ -5,6 +5,7 @@
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
 #include <pthread.h>
+#include <sys/mman.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -83,6 +84,16 @@ void call(ExternParmBlock* block)
         std::atexit([] { endIfAt("exit function"); });
 }
 
+// One of which only the first word lies where anything can be read.
+XcodFunctionBlock* cutTable()
+{
+    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    auto* const pages =
+        static_cast<char*>(mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    mprotect(pages + page, page, PROT_NONE);
+    return reinterpret_cast<XcodFunctionBlock*>(pages + page - sizeof(void*));
+}
+
 XcodFunctionBlock functions = {nullptr, queryInterface, addRef, release, call};
 XcodInstance instance = {&functions, nullptr, 1};
 
@@ -100,6 +111,8 @@ extern "C" void* MyFactory(CFAllocatorRef, CFUUIDRef)
         instance.functions = nullptr;
     if (gives == "a table that is nowhere")
         instance.functions = reinterpret_cast<XcodFunctionBlock*>(std::uintptr_t{0x1000});
+    if (gives == "a table that is cut off")
+        instance.functions = cutTable();
     if (gives == "a misaligned table")
         instance.functions = reinterpret_cast<XcodFunctionBlock*>(reinterpret_cast<std::uintptr_t>(&functions) + 1);
     if (gives == "a misaligned instance")

@@ -327,8 +327,8 @@ class Bundles(HostTest):
 
     def test_instances_that_are_none(self):
         self.use_executable("ending_external")
-        for given in ("nothing", "a number", "a null table", "a table that is nowhere", "a misaligned table",
-                      "a misaligned instance", "no call", "data to release"):
+        for given in ("nothing", "a number", "a null table", "a table that is nowhere", "a table that is cut off",
+                      "a misaligned table", "a misaligned instance", "no call", "data to release"):
             with self.subTest(given):
                 self.assert_not_loaded("its factory gives no instance" if given == "nothing" else
                                        "what its factory gives is not an instance of an external", GIVES=given)

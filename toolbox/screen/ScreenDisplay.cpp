@@ -87,6 +87,9 @@ std::unique_ptr<Display> makeDisplay(const QByteArray& platform)
 
 QString saveShown(QDialog& dialog, const QString& file)
 {
+    constexpr qreal LARGEST_SCALE = 16;  // a dialog is drawn within a second; ten times that takes gigabytes
+    if (dialog.devicePixelRatioF() > LARGEST_SCALE)
+        return QStringLiteral("it would be %1 times as large as a dialog is").arg(dialog.devicePixelRatioF());
     dialog.show();
     QCoreApplication::processEvents();  // it becomes active, and shows where the focus is
     return savePicture(dialog, file);

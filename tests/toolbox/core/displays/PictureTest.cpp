@@ -147,6 +147,15 @@ TEST_F(Picture, SaysWhyItCannotBeWritten)
     EXPECT_EQ(m_folder.entries(), 1u);
 }
 
+TEST_F(Picture, IsNotDrawnAtAnyScale)
+{
+    setenv("QT_SCALE_FACTOR", "17", 1);
+    Toolbox::SavePicture(m_folder / "a.png");
+    EXPECT_EQ(Dialog().run(), "ended: ok");
+    unsetenv("QT_SCALE_FACTOR");
+    EXPECT_EQ(pictureProblem(), "it would be 17 times as large as a dialog is");
+}
+
 TEST_F(Picture, ReplacesAFileWholeOrNotAtAll)
 {
     std::ofstream(m_folder / "a.png") << "something else";
