@@ -44,7 +44,7 @@ std::vector<Call> calls()
 std::string recordAfter(const Call& call)
 {
     ToolboxDouble::Reset();
-    ToolboxDouble::InModalLoop({ToolboxDouble::Choose(call.item), ToolboxDouble::Command(call.command)});
+    ToolboxDouble::InModalLoop({ToolboxDouble::Act::Choose(call.item), ToolboxDouble::Act::Command(call.command)});
     ExternParmBlock record = recordWith(call.message, call.currentLanguage);
     XCodMain(&record);
     const RecordBytes bytes = bytesOf(record);

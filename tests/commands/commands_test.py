@@ -369,15 +369,10 @@ class Usage(unittest.TestCase):
         no_fuzzer = "There is no fuzzer 'none'. They are: bundle nib record resource_file string utf16\n"
         cases = [
             (("scripts/analyze",), no_build),
-            (("scripts/analyze", "none"), no_build),
             (("scripts/analyze", "/", "/"), no_build),
             (("scripts/check-text", "none"), no_folder),
-            (("scripts/check-text", ROOT, ROOT), no_folder),
             (("scripts/make-pictures", "none"), no_host),
-            (("scripts/make-pictures", "none", "none"), no_host),
             (("scripts/report-coverage",), coverage),
-            (("scripts/report-coverage", "--"), coverage),
-            (("scripts/report-coverage", "profile", "src=100", "--"), coverage),
             (("scripts/report-coverage", "profile", "--", "program"), coverage),
             (("scripts/report-coverage", "profile", "src", "--", "program"), coverage),
             (("bench/ratios", "a", "b"), "usage: bench/ratios [--picture FILE] [FILTER]\n"),

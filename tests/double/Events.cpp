@@ -56,7 +56,7 @@ void sendEvent(const Act& act, const Handler& handler)
     event.command.attributes = kHICommandFromControl;
     event.command.commandID = act.command;
 
-    const bool hasUserData = act.kind != Act::Kind::CommandWithoutUserData;
+    const bool hasUserData = act.kind != Act::Kind::SendWithoutUserData;
     Call call("handler", Code{act.eventClass}, act.eventKind, Code{act.command}, Given{hasUserData});
     call.returns(callHandler(handler, referenceTo<EventRef>(event), hasUserData ? handler.userData : nullptr));
 }

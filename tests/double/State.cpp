@@ -66,31 +66,6 @@ void FillNewBlocks(const void* word)
     state().newBlockWord = word;
 }
 
-Act Choose(SInt32 item)
-{
-    return {Act::Kind::Choose, item, 0, 0, 0};
-}
-
-Act Command(UInt32 command)
-{
-    return {Act::Kind::Command, 0, command, kEventClassCommand, kEventCommandProcess};
-}
-
-Act CommandWithoutUserData(UInt32 command)
-{
-    return {Act::Kind::CommandWithoutUserData, 0, command, kEventClassCommand, kEventCommandProcess};
-}
-
-Act Event(UInt32 eventClass, UInt32 eventKind)
-{
-    return {Act::Kind::Event, 0, kHICommandOK, eventClass, eventKind};
-}
-
-Act Quit()
-{
-    return {Act::Kind::Quit, 0, 0, 0, 0};
-}
-
 void InModalLoop(const std::vector<Act>& acts)
 {
     state().acts = acts;

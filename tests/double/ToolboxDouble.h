@@ -64,29 +64,29 @@ void FillNewBlocks(const void* word);
 
 /// Something that happens in the modal loop.
 struct Act {
-    enum class Kind { Choose, Command, CommandWithoutUserData, Event, Quit };
+    /// The pop-up is set to `item`, from 1. Other numbers are taken too.
+    static Act Choose(SInt32 item) { return {Kind::Choose, item}; }
+
+    /// The command `command` is sent to the window's handler.
+    static Act Command(UInt32 command) { return {Kind::Send, 0, command}; }
+
+    /// The same, to the handler as if it had been installed without user data.
+    static Act CommandWithoutUserData(UInt32 command) { return {Kind::SendWithoutUserData, 0, command}; }
+
+    /// An event of this class and kind is sent to the window's handler, which was not installed for it. It carries the
+    /// OK command, in case the handler does not look.
+    static Act Event(UInt32 itsClass, UInt32 itsKind) { return {Kind::Send, 0, kHICommandOK, itsClass, itsKind}; }
+
+    /// Somebody else ends the loop.
+    static Act Quit() { return {Kind::Quit}; }
+
+    enum class Kind { Choose, Send, SendWithoutUserData, Quit };
     Kind kind;
-    SInt32 item;
-    UInt32 command;
-    UInt32 eventClass;
-    UInt32 eventKind;
+    SInt32 item = 0;
+    UInt32 command = 0;
+    UInt32 eventClass = kEventClassCommand;
+    UInt32 eventKind = kEventCommandProcess;
 };
-
-/// The pop-up is set to `item`, from 1. Other numbers are taken too.
-Act Choose(SInt32 item);
-
-/// The command `command` is sent to the window's handler.
-Act Command(UInt32 command);
-
-/// The same, to the handler as if it had been installed without user data.
-Act CommandWithoutUserData(UInt32 command);
-
-/// An event of this class and kind is sent to the window's handler, which was not installed for it. It carries the OK
-/// command, in case the handler does not look.
-Act Event(UInt32 eventClass, UInt32 eventKind);
-
-/// Somebody else ends the loop.
-Act Quit();
 
 /// What will happen in the modal loop. It ends as soon as it is told to; when all has happened and it was not, it fails
 /// with eventInternalErr.

@@ -22,10 +22,6 @@ TEST(Languages, AreTheSixInTheOrderOfThePopUp)
         EXPECT_EQ(LANGUAGES[i].code, codesOfItems[i]);
         EXPECT_EQ(popUpItem(LANGUAGES[i]), i + 1);
     }
-}
-
-TEST(Languages, HaveNoOtherCodes)
-{
     std::set<std::uint32_t> known;
     for (std::uint32_t code = 0; code < 300; ++code) {
         if (languageOfCode(code) != nullptr)
@@ -34,6 +30,10 @@ TEST(Languages, HaveNoOtherCodes)
     EXPECT_EQ(known, (std::set<std::uint32_t>{0, 1, 2, 3, 6, 11}));
     EXPECT_EQ(languageOfCode(0xFFFFFFFF), nullptr);
     EXPECT_EQ(languageOfCode(0x10002), nullptr) << "a code is not cut to 16 bits";
+    EXPECT_EQ(describeLanguage(2), "German (2)");
+    EXPECT_EQ(describeLanguage(0), "English (0)");
+    EXPECT_EQ(describeLanguage(4), "unknown (4)");
+    EXPECT_EQ(describeLanguage(0xFFFFFFFF), "unknown (4294967295)");
 }
 
 // languages: in English
@@ -87,14 +87,6 @@ TEST(UserLanguage, IsTheFirstOfTheSix)
         setenv("LANGUAGE", list, 1);
         EXPECT_EQ(userLanguage().name, language) << name;
     }
-}
-
-TEST(DescribeLanguage, GivesNameAndCode)
-{
-    EXPECT_EQ(describeLanguage(2), "German (2)");
-    EXPECT_EQ(describeLanguage(0), "English (0)");
-    EXPECT_EQ(describeLanguage(4), "unknown (4)");
-    EXPECT_EQ(describeLanguage(0xFFFFFFFF), "unknown (4294967295)");
 }
 
 }  // namespace

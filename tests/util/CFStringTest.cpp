@@ -55,7 +55,7 @@ TEST_F(CFStringTest, NoUnitsNeedNoPointer)
     EXPECT_EQ(Log(), "CFStringCreateWithCharacters(null, \"\", 0) = string1\n");
 }
 
-TEST_F(CFStringTest, KeptStringOutlivesItsOwner)
+TEST_F(CFStringTest, StringOutlivesItsOwnerUnlessThatReleases)
 {
     const unsigned short units[] = {'a'};
     {
@@ -63,11 +63,6 @@ TEST_F(CFStringTest, KeptStringOutlivesItsOwner)
         const CFString fromUnits(units, 1, CFString::Keep);
     }
     EXPECT_EQ(LeftBehind(), "string1\nstring2\n");
-}
-
-TEST_F(CFStringTest, AnyBehaviorButReleaseKeeps)
-{
-    const unsigned short units[] = {'a'};
     for (const int behavior : {1, 2, -1, 0x100}) {
         const CFString fromText("a", CFString::ReleaseBehavior(behavior));
         const CFString fromUnits(units, 1, CFString::ReleaseBehavior(behavior));

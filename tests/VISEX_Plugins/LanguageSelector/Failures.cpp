@@ -214,7 +214,7 @@ void prepare(Scenario scenario)
     ToolboxDouble::ProvideResource('CALL', 1000, flags);
     // Pressed twice, in case that the first time comes to nothing.
     ToolboxDouble::InModalLoop(
-        {ToolboxDouble::Choose(5), ToolboxDouble::Command('ok  '), ToolboxDouble::Command('ok  ')});
+        {ToolboxDouble::Act::Choose(5), ToolboxDouble::Act::Command('ok  '), ToolboxDouble::Act::Command('ok  ')});
     if (scenario == Scenario::WithoutNib)
         ToolboxDouble::FailCall("CreateNibReference", kIBCarbonRuntimeCantFindNibFile);
 }

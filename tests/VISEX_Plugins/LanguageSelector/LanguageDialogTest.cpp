@@ -12,10 +12,7 @@
 
 namespace {
 
-using ToolboxDouble::Choose;
-using ToolboxDouble::Command;
-using ToolboxDouble::CommandWithoutUserData;
-using ToolboxDouble::Event;
+using ToolboxDouble::Act;
 using ToolboxDouble::InModalLoop;
 using ToolboxDouble::LeftBehind;
 using ToolboxDouble::Log;
@@ -34,7 +31,7 @@ protected:
 
 TEST_F(LanguageDialog, CancelNeitherLooksAtThePopUpNorChangesAByteOfTheRecord)
 {
-    InModalLoop({Choose(3), Command('not!')});
+    InModalLoop({Act::Choose(3), Act::Command('not!')});
     ExternParmBlock record = recordWith(1000, 11);
     const ExternParmBlock before = record;
     LanguageSelector(&record);
@@ -59,7 +56,7 @@ TEST_F(LanguageDialog, CancelAfterAnOKThatDidNotEndTheLoopStoresNothing)
     for (const long status : {-5618L, 1L, 0x10000L}) {
         ToolboxDouble::Reset();
         ToolboxDouble::FailCall("QuitAppModalLoopForWindow", status, 1);
-        InModalLoop({Choose(3), Command('ok  '), Command('not!')});
+        InModalLoop({Act::Choose(3), Act::Command('ok  '), Act::Command('not!')});
         EXPECT_EQ(run(11), UNTOUCHED) << "status " << status;
         EXPECT_TRUE(logged("  handler('cmds', 1, 'ok  ', given) = 0\n")) << "the command was handled\n" << Log();
     }
@@ -70,7 +67,7 @@ TEST_F(LanguageDialog, WithoutThePopUpShowsAndKeepsTheCurrentLanguage)
     for (const long status : {long{errUnknownControl}, 1L, 0x10000L}) {
         ToolboxDouble::Reset();
         ToolboxDouble::FailCall("GetControlByID", status);
-        InModalLoop({Command('ok  ')});
+        InModalLoop({Act::Command('ok  ')});
         EXPECT_EQ(run(3), 3) << "status " << status;
         EXPECT_TRUE(logged("SetControl32BitValue(null, 5)\n")) << Log();
         EXPECT_TRUE(logged("GetControl32BitValue(null) = 0\n")) << Log();
@@ -120,13 +117,13 @@ TEST_F(LanguageDialog, PreselectsAndConfirmsTheCurrentLanguageOrStoresTheChosenO
     SInt32 shown = 0;
     for (const UInt16 current : CODES) {
         ToolboxDouble::Reset();
-        InModalLoop({Command('ok  ')});
+        InModalLoop({Act::Command('ok  ')});
         EXPECT_EQ(run(current), current);
         EXPECT_EQ(ToolboxDouble::ItemShown(), ++shown) << "for " << current;
         SInt32 item = 0;
         for (const UInt16 chosen : CODES) {
             ToolboxDouble::Reset();
-            InModalLoop({Choose(++item), Command('ok  ')});
+            InModalLoop({Act::Choose(++item), Act::Command('ok  ')});
             ExternParmBlock record = recordWith(1000, current);
             ExternParmBlock expected = record;
             expected.chosenLanguage = chosen;
@@ -140,7 +137,7 @@ TEST_F(LanguageDialog, CodeThatIsNoneOfTheSixShowsEnglishAndConfirmsIt)
 {
     for (const UInt32 code : codesToTry()) {
         ToolboxDouble::Reset();
-        InModalLoop({Command('ok  ')});
+        InModalLoop({Act::Command('ok  ')});
         EXPECT_EQ(run(code), known(code)) << "code " << code;
         EXPECT_EQ(ToolboxDouble::ItemShown() == 1, known(code) == 0) << "code " << code;
     }
@@ -158,7 +155,7 @@ TEST_F(LanguageDialog, ItemAfterTheSixthIsEnglish)
     items.push_back(std::numeric_limits<SInt32>::max());
     for (const SInt32 item : items) {
         ToolboxDouble::Reset();
-        InModalLoop({Choose(item), Command('ok  ')});
+        InModalLoop({Act::Choose(item), Act::Command('ok  ')});
         EXPECT_EQ(run(11), 0) << "item " << item;
     }
 }
@@ -167,7 +164,7 @@ TEST_F(LanguageDialog, NoItemKeepsThePreselectedOne)
 {
     for (const SInt32 item : {0, -1, -2, -0x10000 + 3, std::numeric_limits<int>::min()}) {
         ToolboxDouble::Reset();
-        InModalLoop({Choose(item), Command('ok  ')});
+        InModalLoop({Act::Choose(item), Act::Command('ok  ')});
         EXPECT_EQ(run(11), 11) << "item " << item;
     }
 }
@@ -176,7 +173,7 @@ TEST_F(LanguageDialog, NoItemKeepsThePreselectedOne)
 
 TEST_F(LanguageDialog, LoopThatEndsWithoutAnAnswerStoresNothing)
 {
-    InModalLoop({Choose(3), ToolboxDouble::Quit()});
+    InModalLoop({Act::Choose(3), Act::Quit()});
     EXPECT_EQ(run(11), UNTOUCHED);
     EXPECT_EQ(LeftBehind(), "");
 }
@@ -186,14 +183,14 @@ const char LOOKED_AT[] = R"(    GetEventClass(event1) = 'cmds'
     GetEventKind(event1) = 1
     GetEventParameter(event1, '----', 'hcmd', null, 14, null) = 0
 )";
-const std::tuple<const char*, ToolboxDouble::Act, const char*> PASSED_ON_CASES[] = {
+const std::tuple<const char*, Act, const char*> PASSED_ON_CASES[] = {
     // name           act                             the handler's log
-    {"OtherCommand",  Command('othr'),                "'cmds', 1, 'othr', given) = -9874\n"},
-    {"NoCommand",     Command(0),                     "'cmds', 1, '\\x00\\x00\\x00\\x00', given) = -9874\n"},
-    {"OneBlankShort", Command('ok \0'),               "'cmds', 1, 'ok \\x00', given) = -9874\n"},
-    {"OtherClass",    Event('wind', 1),               "'wind', 1, 'ok  ', given) = -9874\n    GetEventClass(event1) = 'wind'\n"},
-    {"OtherKind",     Event('cmds', 2),               "'cmds', 2, 'ok  ', given) = -9874\n    GetEventClass(event1) = 'cmds'\n    GetEventKind(event1) = 2\n"},
-    {"NoUserData",    CommandWithoutUserData('ok  '), "'cmds', 1, 'ok  ', null) = -9874\n"},
+    {"OtherCommand",  Act::Command('othr'),                "'cmds', 1, 'othr', given) = -9874\n"},
+    {"NoCommand",     Act::Command(0),                     "'cmds', 1, '\\x00\\x00\\x00\\x00', given) = -9874\n"},
+    {"OneBlankShort", Act::Command('ok \0'),               "'cmds', 1, 'ok \\x00', given) = -9874\n"},
+    {"OtherClass",    Act::Event('wind', 1),               "'wind', 1, 'ok  ', given) = -9874\n    GetEventClass(event1) = 'wind'\n"},
+    {"OtherKind",     Act::Event('cmds', 2),               "'cmds', 2, 'ok  ', given) = -9874\n    GetEventClass(event1) = 'cmds'\n    GetEventKind(event1) = 2\n"},
+    {"NoUserData",    Act::CommandWithoutUserData('ok  '), "'cmds', 1, 'ok  ', null) = -9874\n"},
 };
 // clang-format on
 
@@ -202,9 +199,9 @@ TEST_F(LanguageDialog, PassesOtherEventsOnAndDoesNotEnd)
     for (const auto& [name, act, log] : PASSED_ON_CASES) {
         SCOPED_TRACE(name);
         ToolboxDouble::Reset();
-        InModalLoop({act, Choose(6), Command('ok  ')});
+        InModalLoop({act, Act::Choose(6), Act::Command('ok  ')});
         EXPECT_EQ(run(0), 6);
-        const bool looks = act.kind == ToolboxDouble::Act::Kind::Command;
+        const bool looks = act.eventClass == 'cmds' && act.eventKind == 1 && act.kind == Act::Kind::Send;
         EXPECT_TRUE(logged(
             std::string("  handler(") + log + (looks ? LOOKED_AT : "") + "  handler('cmds', 1, 'ok  ', given) = 0\n"))
             << Log();
@@ -216,7 +213,7 @@ TEST_F(LanguageDialog, CommandWithoutItsParameterIsPassedOn)
     for (const long status : {long{eventParameterNotFoundErr}, 1L, 0x10000L}) {
         ToolboxDouble::Reset();
         ToolboxDouble::FailCall("GetEventParameter", status, 1);
-        InModalLoop({Command('not!'), Choose(6), Command('ok  ')});
+        InModalLoop({Act::Command('not!'), Act::Choose(6), Act::Command('ok  ')});
         EXPECT_EQ(run(0), 6) << "status " << status;
         EXPECT_TRUE(logged("  handler('cmds', 1, 'not!', given) = -9874\n")) << Log();
     }

@@ -62,12 +62,12 @@ TEST_F(Entry, FlagIsSetWhenTheAlertHasBeenShownOrCannotBe)
 
 TEST_F(Entry, EachCallIsAFreshRun)
 {
-    ToolboxDouble::InModalLoop({ToolboxDouble::Choose(3), ToolboxDouble::Command(kHICommandOK)});
+    ToolboxDouble::InModalLoop({ToolboxDouble::Act::Choose(3), ToolboxDouble::Act::Command(kHICommandOK)});
     ExternParmBlock record = recordWith(1000, 11);
     XCodMain(&record);
     EXPECT_EQ(record.chosenLanguage, 2);
 
-    ToolboxDouble::InModalLoop({ToolboxDouble::Command(kHICommandOK)});
+    ToolboxDouble::InModalLoop({ToolboxDouble::Act::Command(kHICommandOK)});
     XCodMain(&record);
     EXPECT_EQ(ToolboxDouble::ItemShown(), 2) << "the current language, not the one chosen before";
     EXPECT_EQ(record.chosenLanguage, 11);
@@ -76,7 +76,7 @@ TEST_F(Entry, EachCallIsAFreshRun)
 
 TEST_F(Entry, LanguageSelectorRunsTheDialogAloneWhateverTheMessage)
 {
-    ToolboxDouble::InModalLoop({ToolboxDouble::Command(kHICommandOK)});
+    ToolboxDouble::InModalLoop({ToolboxDouble::Act::Command(kHICommandOK)});
     ExternParmBlock record = recordWith(999, 6);
     ExternParmBlock expected = record;
     expected.chosenLanguage = 6;

@@ -121,12 +121,10 @@ TEST_F(AlertOnScreen, IsAnnouncedWithItsTexts)
 
 TEST_F(AlertOnScreen, HasTheIconOfItsType)
 {
-    struct {
-        AlertType type;
-        const char* title;
-        QRgb colour;  // below its sign; 0 for no icon
-    } const types[] = {{kAlertStopAlert, "Stop", 0xFFC62828}, {kAlertNoteAlert, "Note", 0xFF1565C0},
-        {kAlertCautionAlert, "Caution", 0xFFF9A825}, {kAlertPlainAlert, "Alert", 0}, {-7, "Alert", 0}};
+    // The colour is that below its sign, 0 for no icon.
+    const std::tuple<AlertType, const char*, QRgb> types[] = {{kAlertStopAlert, "Stop", 0xFFC62828},
+        {kAlertNoteAlert, "Note", 0xFF1565C0}, {kAlertCautionAlert, "Caution", 0xFFF9A825},
+        {kAlertPlainAlert, "Alert", 0}, {-7, "Alert", 0}};
     for (const auto& [type, title, colour] : types) {
         Alert alert = oneButton();
         alert.type = type;

@@ -16,6 +16,8 @@
 #include <cstdlib>
 #include <new>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -420,13 +422,17 @@ TEST_F(WindowOnScreen, HasTheFocusOnTheDefaultButtonWhereThereIsNothingElse)
     });
 }
 
-TEST_F(WindowOnScreen, IsModalAndCanBeMovedAndClosed)
+TEST_F(WindowOnScreen, IsModalAndCanBeMovedAndClosedAndNamesItsControls)
 {
     lookAt([](QDialog& shown) {
         EXPECT_EQ(shown.windowModality(), Qt::ApplicationModal);
         EXPECT_TRUE(shown.windowFlags() & Qt::WindowTitleHint);
         EXPECT_TRUE(shown.windowFlags() & Qt::WindowCloseButtonHint);
         EXPECT_FALSE(shown.windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint));
+    });
+    lookAt([](QDialog& shown) {
+        EXPECT_EQ(only<QComboBox>(shown).view()->accessibleName(), QStringLiteral("Choose a size"));
+        EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").buddy(), &only<QComboBox>(shown));
     });
 }
 
@@ -477,26 +483,16 @@ TEST_F(WindowOnScreen, HasGlyphsForJapanese)
 
 TEST_F(WindowOnScreen, JustifiesTextsAsTheirControlsSay)
 {
-    const struct {
-        Toolbox::Justification justification;
-        Qt::Alignment alignment;
-    } rows[] = {{Toolbox::Justification::Natural, Qt::AlignLeft}, {Toolbox::Justification::Left, Qt::AlignLeft},
-        {Toolbox::Justification::Center, Qt::AlignHCenter}, {Toolbox::Justification::Right, Qt::AlignRight}};
-    for (const auto& row : rows) {
+    const std::pair<Toolbox::Justification, Qt::Alignment> rows[] = {{Toolbox::Justification::Natural, Qt::AlignLeft},
+        {Toolbox::Justification::Left, Qt::AlignLeft}, {Toolbox::Justification::Center, Qt::AlignHCenter},
+        {Toolbox::Justification::Right, Qt::AlignRight}};
+    for (const auto& [justification, alignment] : rows) {
         Dialog dialog;
-        dialog.label.justification = row.justification;
-        lookAt(dialog, [&](QDialog& shown) {
-            EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").alignment() & Qt::AlignHorizontal_Mask, row.alignment);
+        dialog.label.justification = justification;
+        lookAt(dialog, [expected = alignment](QDialog& shown) {
+            EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").alignment() & Qt::AlignHorizontal_Mask, expected);
         });
     }
-}
-
-TEST_F(WindowOnScreen, NamesItsControlsForThoseWhoCannotSee)
-{
-    lookAt([](QDialog& shown) {
-        EXPECT_EQ(only<QComboBox>(shown).view()->accessibleName(), QStringLiteral("Choose a size"));
-        EXPECT_EQ(titled<QLabel>(shown, "Choose a size:").buddy(), &only<QComboBox>(shown));
-    });
 }
 
 TEST_F(WindowOnScreen, ShowsThePopUpsOwnLabelBesideIt)
@@ -590,11 +586,8 @@ TEST_F(WindowOnScreen, ScrollsWhatIsLargerThanTheScreen)
 
 TEST_F(WindowOnScreen, ScrollsOneWayOnlyWhereThatIsEnough)
 {
-    struct {
-        QSize content;
-        bool scrollsAcross;
-        bool scrollsDown;
-    } const cases[] = {{{760, 200}, true, false}, {{340, 760}, false, true}, {{760, 760}, true, true}};
+    const std::tuple<QSize, bool, bool> cases[] = {
+        {{760, 200}, true, false}, {{340, 760}, false, true}, {{760, 760}, true, true}};
     for (const auto& [content, scrollsAcross, scrollsDown] : cases) {
         Dialog dialog;
         dialog.made.window().content = {

@@ -36,17 +36,13 @@ TEST_F(CFBundle, OfTheSameFolderIsTheSameObjectWithOneOwnerMore)
     EXPECT_FALSE(CFEqual(bundle, bundle)) << "the last owner is gone";
 }
 
-TEST_F(CFBundle, OfTheSameFolderIsANewOneWhenTheLastHasEnded)
+TEST_F(CFBundle, OfAnotherFolderOrAfterTheLastHasEndedIsAnother)
 {
     fs::create_directories(in("a.bundle"));
     const CFBundleRef ended = createBundle(in("a.bundle"));
     CFRelease(ended);
     const Owned bundle = createBundle(in("a.bundle"));
     EXPECT_NE(bundle, ended);
-}
-
-TEST_F(CFBundle, OfAnotherFolderIsAnother)
-{
     fs::create_directories(in("a.bundle"));
     fs::create_directories(in("b.bundle"));
     const Owned a = createBundle(in("a.bundle"));

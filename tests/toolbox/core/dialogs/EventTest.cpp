@@ -70,6 +70,10 @@ TEST_F(EventParameters, AreCopiedNoFurtherThanAskedForAndTellTheirFullSize)
         EXPECT_EQ(type, EventParamType{'byts'});
         EXPECT_EQ(size, 4u);
     }
+    UInt32 size = 0;
+    EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', nullptr, 0, &size, nullptr), noErr);
+    EXPECT_EQ(size, 4u);
+    EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', nullptr, 1, &size, nullptr), paramErr);
 }
 
 TEST_F(EventParameters, AreAskedForByNameAndType)
@@ -81,15 +85,6 @@ TEST_F(EventParameters, AreAskedForByNameAndType)
     EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'styb', nullptr, 1, &size, &byte), eventParameterNotFoundErr);
     EXPECT_EQ(size, 99u);
     EXPECT_EQ(byte, 9);
-}
-
-TEST_F(EventParameters, CanBeMeasuredWithoutABuffer)
-{
-    const Event event('clss', 1, {demo(4)});
-    UInt32 size = 0;
-    EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', nullptr, 0, &size, nullptr), noErr);
-    EXPECT_EQ(size, 4u);
-    EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', nullptr, 1, &size, nullptr), paramErr);
 }
 
 // ---- Commands as parameters
@@ -174,14 +169,10 @@ TEST_F(EventHandlers, OfOneProcedureStandOnceForEachEventOfATarget)
     EXPECT_EQ(InstallEventHandler(other.target(), ignore, 2, two, nullptr, nullptr), noErr) << "another target";
 }
 
-TEST_F(EventHandlers, ForNoEventGetNone)
+TEST_F(EventHandlers, AreTheirOwnUniversalProcedurePointersAndForNoEventGetNone)
 {
     EXPECT_EQ(InstallEventHandler(made.target(), take, 0, COMMANDS, nullptr, nullptr), noErr);
     EXPECT_EQ(sendCommand(), eventNotHandledErr);
-}
-
-TEST_F(EventHandlers, AreTheirOwnUniversalProcedurePointers)
-{
     const EventHandlerUPP upp = NewEventHandlerUPP(take);
     EXPECT_EQ(upp, &take);
     ASSERT_EQ(install(upp), noErr);

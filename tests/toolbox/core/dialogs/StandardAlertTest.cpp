@@ -166,10 +166,8 @@ TEST_F(StandardAlertCall, RefusesANullResultAndAnAlertThatNothingCouldEnd)
 
 TEST_F(StandardAlertCall, IsReported)
 {
-    struct {
-        AlertType type;
-        const char* kind;
-    } const kinds[] = {{0, "stop"}, {1, "note"}, {2, "caution"}, {3, "plain"}, {4, "plain"}, {-1, "plain"}};
+    const std::pair<AlertType, const char*> kinds[] = {
+        {0, "stop"}, {1, "note"}, {2, "caution"}, {3, "plain"}, {4, "plain"}, {-1, "plain"}};
     parameters.otherText = SYSTEM_WORD;
     answerWith(3);
     for (const auto& [type, kind] : kinds) {

@@ -1,7 +1,6 @@
 #include "tests/support/TemporaryFolder.h"
-#include "tests/toolbox/core/displays/Dialog.h"
 #include "tests/toolbox/core/terminal/PseudoTerminal.h"
-#include "tests/toolbox/screen/Person.h"
+#include "tests/toolbox/screen/OnScreen.h"
 
 #include <QCoreApplication>
 #include <QImage>
@@ -95,20 +94,10 @@ TEST_F(Picture, IsThatOfTheRealWindowOnAScreen)
     EXPECT_EQ(load("a.png").width(), 340);
 }
 
-SInt16 runNote()
-{
-    Toolbox::Alert alert;
-    alert.type = kAlertNoteAlert;
-    alert.text = QStringLiteral("Done.");
-    alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
-    alert.defaultButton = 1;
-    return Toolbox::runAlert(alert);
-}
-
 TEST_F(Picture, IsOfTheAlertThatComesFirst)
 {
     Toolbox::SavePicture(m_folder / "a.png");
-    EXPECT_EQ(runNote(), 1);
+    EXPECT_EQ(Toolbox::runAlert(oneButton()), 1);
     EXPECT_EQ(pictureProblem(), "");
     const QImage unattended = load("a.png");
     EXPECT_GE(unattended.width(), 260);
@@ -120,7 +109,7 @@ TEST_F(Picture, IsOfTheAlertThatComesFirst)
     EXPECT_EQ(reportWithoutTerminal([&] {
         Toolbox::UseTerminalDisplay();
         Toolbox::SavePicture(onTerminal);
-        return std::to_string(runNote());
+        return std::to_string(Toolbox::runAlert(oneButton()));
     }),
         "1");
     EXPECT_EQ(load("terminal.png"), unattended);
@@ -130,7 +119,7 @@ TEST_F(Picture, IsOfTheAlertThatComesFirst)
     ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     Toolbox::SavePicture(m_folder / "window.png");
     const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
-    EXPECT_EQ(runNote(), 1);
+    EXPECT_EQ(Toolbox::runAlert(oneButton()), 1);
     EXPECT_EQ(load("window.png").size(), unattended.size());
 }
 

@@ -71,7 +71,7 @@ class NibWindow : public WindowTest { };
 
 // ---- The dialog of the sample
 
-TEST_F(NibWindow, IsWhatTheArchiveSays)
+TEST_F(NibWindow, IsWhatTheArchiveSaysWithItsControlsInTheirOrder)
 {
     const auto window = windowOf(SAMPLE_NIB, "Size_Chooser");
     EXPECT_EQ(window->title, QStringLiteral("Paper & ink"));
@@ -79,11 +79,6 @@ TEST_F(NibWindow, IsWhatTheArchiveSays)
     EXPECT_EQ(window->windowClass, 4u);
     EXPECT_EQ(window->windowPosition, 7u);
     EXPECT_FALSE(window->visible);
-}
-
-TEST_F(NibWindow, HasItsControlsInTheirOrder)
-{
-    const auto window = windowOf(SAMPLE_NIB, "Size_Chooser");
     const auto controls = window->controls();
     const struct {
         ControlKind kind;

@@ -30,17 +30,19 @@ void leaveAsItIs(Dialog&) { }
 const std::string QUESTION = "Number or name, Cancel, or Return for OK: ";
 const std::string SHORT = "Choices: 1 Small, 2 日本 (Medium), 3 Large, OK, Cancel.\n";
 
-TEST(TerminalWindow, ShowsItsTextsAndNumbersItsItems)
+TEST(TerminalWindow, ShowsItsTextsAndNumbersItsItemsAndAgainWhenAsked)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
-    EXPECT_EQ(terminal.readUntil(QUESTION),
-        "\nPaper & ink\n"
-        "\n"
-        "Choose a size:\n"
-        "  1  Small\n"
-        "  2  日本 (Medium) - chosen\n"
-        "  3  Large\n"
-        "\n" + QUESTION);
+    const std::string shown = "\nPaper & ink\n"
+                              "\n"
+                              "Choose a size:\n"
+                              "  1  Small\n"
+                              "  2  日本 (Medium) - chosen\n"
+                              "  3  Large\n"
+                              "\n"
+        + QUESTION;
+    EXPECT_EQ(terminal.readUntil(QUESTION), shown);
+    EXPECT_EQ(terminal.readAfter("?\n", QUESTION), "?\n" + shown);
 }
 
 TEST(TerminalWindow, StaysReadableInASCII)
@@ -86,13 +88,6 @@ TEST(TerminalWindow, SaysWhatWasChosenAndWhatWasNotUnderstood)
     EXPECT_EQ(terminal.readAfter("la\n", QUESTION), "la\nLarge is chosen.\n" + QUESTION);
     terminal.type("\n");
     EXPECT_EQ(terminal.report(), "ended: item 3 ok");
-}
-
-TEST(TerminalWindow, ShowsTheChoicesAgainWhenAsked)
-{
-    PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
-    const std::string first = terminal.readUntil(QUESTION);
-    EXPECT_EQ(terminal.readAfter("?\n", QUESTION), "?\n" + first);
 }
 
 TEST(TerminalWindow, DoesNotSayThatItChoseWhatAHandlerTook)
@@ -273,11 +268,9 @@ TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
 
 TEST(TerminalAlert, SaysWhichKindItIs)
 {
-    struct {
-        AlertType type;
-        const char* start;
-    } const kinds[] = {{kAlertStopAlert, "\nStop: x\n"}, {kAlertNoteAlert, "\nNote: x\n"},
-        {kAlertCautionAlert, "\nCaution: x\n"}, {kAlertPlainAlert, "\nx\n"}, {9, "\nx\n"}};
+    const std::pair<AlertType, const char*> kinds[] = {{kAlertStopAlert, "\nStop: x\n"},
+        {kAlertNoteAlert, "\nNote: x\n"}, {kAlertCautionAlert, "\nCaution: x\n"}, {kAlertPlainAlert, "\nx\n"},
+        {9, "\nx\n"}};
     for (const auto& [type, start] : kinds) {
         PseudoTerminal terminal("C.UTF-8", [wanted = type] {
             Alert alert;
