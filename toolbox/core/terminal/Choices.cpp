@@ -43,6 +43,13 @@ bool hasALetter(const QString& text)
     return std::any_of(text.begin(), text.end(), [](QChar each) { return each.isLetterOrNumber(); });
 }
 
+// A terminal sends those as control characters, and what may follow them.
+bool hasKeysThatAreNoText(const QString& typed)
+{
+    const QString text = typed.trimmed();
+    return std::any_of(text.begin(), text.end(), [](QChar each) { return each.category() == QChar::Other_Control; });
+}
+
 }  // namespace
 
 bool isReturnAlone(const QString& typed)
@@ -104,10 +111,12 @@ std::optional<std::size_t> Choices::find(const QString& typed, QString* problem)
     QStringList names;
     for (const std::size_t index : found)
         names.append(m_choices[index].name);
-    if (names.isEmpty())
-        *problem = QStringLiteral("There is no \"%1\" here. Choices: %2.").arg(repeated(typed), inShort());
-    else
+    if (!names.isEmpty())
         *problem = QStringLiteral("\"%1\" could be %2.").arg(repeated(typed), names.join(QStringLiteral(" or ")));
+    else if (hasKeysThatAreNoText(typed))
+        *problem = QStringLiteral("Arrows and such keys do nothing here. Choices: %1.").arg(inShort());
+    else
+        *problem = QStringLiteral("There is no \"%1\" here. Choices: %2.").arg(repeated(typed), inShort());
     return std::nullopt;
 }
 

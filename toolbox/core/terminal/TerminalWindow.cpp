@@ -124,7 +124,7 @@ void TerminalWindow::describe()
             if (offer->number)
                 m_terminal.writeNumbered(*offer->number, offer->name + mark(*offer));
     }
-    m_terminal.writeLines(QString());
+    m_terminal.writeLines(QStringLiteral("\n? shows this again, q cancels."));
 }
 
 void TerminalWindow::describeTitle(const Control& control)

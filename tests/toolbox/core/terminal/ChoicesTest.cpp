@@ -63,7 +63,7 @@ const struct {
     {"NameBeforeAWord",               "cancel",           6},
     {"Nothing",                       "",                 -1, "There is no \"\" here."},
     {"BlanksAlone",                   "   ",              -1, "There is no \"\" here."},
-    {"ControlCharacters",             "a\x01\f\x1b",       -1, "There is no \"a\x01\f\x1b\" here."},
+    {"ControlCharacters",             "a\x01\f\x1b",       -1, "Arrows and such keys do nothing here."},
     {"APlaceholderIsNoPlaceholder",   "%1 %2",            -1, "There is no \"%1 %2\" here."},
 };
 // clang-format on
