@@ -47,9 +47,11 @@ std::string outcomeInWords(const Report& report)
 {
     if (report.chosen)
         return describeLanguage(*report.chosen) + " was written to the record.";
-    if (flagNewlySet(report))
+    // Whether it is newly set or not: the reason is the same.
+    const bool isFlagged = (report.flagsAfter & RESULT_FLAG_UNKNOWN_MESSAGE) != 0;
+    if (isFlagged && report.message != MESSAGE_SELECT_LANGUAGE)
         return "No language was written to the record: the external does not serve this message.";
-    if (!report.toolbox.alerts.empty())
+    if (flagNewlySet(report) || !report.toolbox.alerts.empty())
         return "No language was written to the record: the external reported an error.";
     return "No language was written to the record.";
 }

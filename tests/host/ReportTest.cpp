@@ -98,6 +98,25 @@ TEST(InWords, TellsOfAMessageThatIsNotServed)
         "After:  message -1, current unknown (4), chosen French (1), flags 0xffffff81\n");
 }
 
+TEST(InWords, GivesTheReasonWhetherTheFlagWasSetBeforeOrNot)
+{
+    for (const std::uint32_t before : {0u, 1u}) {
+        Report report = plainReport();
+        report.flagsBefore = before;
+        report.flagsAfter = 1;
+        report.message = 999;
+        report.toolbox.alerts = {ALERT_5000};
+        EXPECT_EQ(inWords(report).rfind(
+                      "No language was written to the record: the external does not serve this message.\n", 0),
+            0u);
+        report.message = 1000;
+        EXPECT_EQ(
+            inWords(report).rfind("No language was written to the record: the external reported an error.\n", 0), 0u);
+        report.toolbox.alerts.clear();
+        EXPECT_EQ(inWords(report).find("reported an error") != std::string::npos, before == 0);
+    }
+}
+
 TEST(InWords, TellsOfEveryAlertInItsOrder)
 {
     Report report = plainReport();
