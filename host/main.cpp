@@ -16,6 +16,7 @@
 #include <Toolbox/Application.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <exception>
 #include <new>
 #include <optional>
@@ -27,15 +28,23 @@ namespace {
 
 using namespace Host;
 
+// The external takes any code, but the Mac's have 16 bits with a sign.
+void tellOfStrangeCode(const std::string& whose, std::uint32_t code)
+{
+    if (code > 0x7FFF)
+        complain(whose + ", " + std::to_string(code) + ", is not a code of the Mac's");
+}
+
 // A record that is loaded keeps what the options leave open; a new one gets the defaults.
 Record makeRecord(const Options& options)
 {
     Record record = options.record ? Record::load(*options.record) : Record();
     ExternParmBlock& block = record.block();
-    // Nothing in a file says that it is a record. The Mac's codes have 16 bits, and other files mostly more there.
-    if (options.record && !options.current && block.currentLanguage > 0x7FFF)
-        complain("the file '" + *options.record + "' was taken for a record, but the current language in it, "
-            + std::to_string(block.currentLanguage) + ", is not a code of the Mac's");
+    if (options.record)  // nothing else in a file says whether it is a record
+        tellOfStrangeCode("the file '" + *options.record + "' was taken for a record, but the current language in it",
+            block.currentLanguage);
+    if (options.current)
+        tellOfStrangeCode("the current language that is given", *options.current);
     if (options.message || !options.record)
         block.message = options.message.value_or(MESSAGE_SELECT_LANGUAGE);
     if (options.current || !options.record)

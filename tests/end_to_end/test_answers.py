@@ -25,11 +25,12 @@ class Choosing(HostTest):
                     self.assertEqual((self.folder / "after").read_bytes(), record(current=current, chosen=chosen))
 
     def test_confirming_keeps_the_current_language_or_gives_english(self):
-        for current in (*NAMES, 4, 5, 7, 10, 12, 0x10002, 0xFFFFFFFF):
+        for current in (*NAMES, 4, 5, 7, 10, 12, 0x7FFF, 0x8000, 0x10002, 0xFFFFFFFF):
+            strange = [f"the current language that is given, {current}, is not a code of the Mac's"] * (current > 0x7FFF)
             for answers in ([], ["ok"]):
                 with self.subTest(current=current, answers=answers):
                     outcome = unattended("--current", str(current), "--json", answers=answers)
-                    self.assert_answers(outcome, CHOSE)
+                    self.assert_answers(outcome, CHOSE, *strange)
                     self.assertEqual(outcome.json()["current"], {"code": current, "name": NAMES.get(current)})
                     chosen = current if current in NAMES else ENGLISH
                     self.assertEqual(outcome.json()["chosen"], {"code": chosen, "name": NAMES[chosen]})
