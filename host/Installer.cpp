@@ -47,8 +47,9 @@ fs::path ownResourceFile(const std::string& name)
     return pathOf(url.get());
 }
 
-const char* describe(OSErr error)
+const char* describe(OSErr error, const fs::path& file)
 {
+    std::error_code unknown;
     switch (error) {
     case fnfErr:
         return "there is no such file";
@@ -58,7 +59,7 @@ const char* describe(OSErr error)
     case mapReadErr:
         return "it is no resource file, or a damaged one";
     default:
-        return "it cannot be read";
+        return fs::is_regular_file(file, unknown) ? "it cannot be read" : "it is not a regular file";
     }
 }
 
@@ -71,7 +72,8 @@ SInt16 openResourceFile(const fs::path& file)
         ? FSOpenResourceFile(&reference, 0, nullptr, fsRdPerm, &number)
         : static_cast<OSErr>(fnfErr);
     if (error != noErr)
-        throw Problem(ExitStatus::NotDone, "cannot open the resource file '" + file.string() + "': " + describe(error));
+        throw Problem(
+            ExitStatus::NotDone, "cannot open the resource file '" + file.string() + "': " + describe(error, file));
     return number;
 }
 

@@ -173,8 +173,8 @@ void checkWritable(const std::string& name, const fs::path& file)
     const fs::path target = targetOf(name, file);
     if (access(target.c_str(), F_OK) == 0 && access(target.c_str(), W_OK) != 0)
         throw saveFailure(name, file, lastError());
-    // What is written takes the place of what is there, so the folder has to take it.
-    if (access(target.parent_path().c_str(), W_OK | X_OK) != 0)
+    // What is written takes the place of what is there, so the folder has to take it, and be one.
+    if (access((target.parent_path() / "").c_str(), W_OK | X_OK) != 0)
         throw saveFailure(name, file, "its folder takes no new file: " + lastError());
     if (const std::string reason = whatKeeps(target); !reason.empty())
         throw saveFailure(name, file, reason);

@@ -199,7 +199,7 @@ class Nibs(HostTest):
     def test_ones_that_are_no_use(self):
         refused = 'the nib "LanguageSelector" was refused: '
         for contents, errors in (
-            (self.contents[:1000], f"{refused}Premature end of document."),
+            (self.contents[:1000], f"{refused}line 21 is not correct XML: Premature end of document."),
             (self.contents.replace(b"<string>Language_Selector</string>", b""),
              f"{refused}a dictionary of something else than pairs"),
             (self.contents.replace(b"Language_Selector", b"Another_Window"),
@@ -255,7 +255,7 @@ class ResourceFiles(HostTest):
         pipe = self.folder / "pipe"
         os.mkfifo(pipe)
         damaged = "it is no resource file, or a damaged one"
-        for file, reason in ((self.folder / "missing", "there is no such file"), (pipe, "it cannot be read"),
+        for file, reason in ((self.folder / "missing", "there is no such file"), (pipe, "it is not a regular file"),
                              (self.file("empty", b""), damaged), (self.file("cut", self.resources[:-1]), damaged)):
             self.assert_fails(unattended("--resources", file), NOT_DONE,
                               f"cannot open the resource file '{file}': {reason}")

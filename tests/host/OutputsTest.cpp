@@ -175,6 +175,9 @@ TEST_P(OutputFile, NeedsAFolderAndReplacesRegularFilesAlone)
 {
     const fs::path file = folder / "missing" / "file";
     EXPECT_EQ(problemOf(file), refusalOf(file, "its folder takes no new file: No such file or directory"));
+    std::ofstream(folder / "no folder").put('x');
+    EXPECT_EQ(problemOf(folder / "no folder" / "file"),
+        refusalOf(folder / "no folder" / "file", "its folder takes no new file: Not a directory"));
     EXPECT_EQ(problemOf(folder / ""), refusalOf(folder / "", "it is not a regular file"));
     EXPECT_EQ(problemOf("/dev/null"), refusalOf("/dev/null", "it is not a regular file"));
 }

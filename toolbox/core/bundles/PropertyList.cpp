@@ -31,7 +31,7 @@ public:
         while (!m_xml.atEnd())
             m_xml.readNext();
         require(value.typeId() == QMetaType::QVariantMap);
-        *problem = m_xml.errorString();
+        *problem = problemOf(m_xml);
         return m_xml.hasError() ? std::nullopt : std::optional(value.toMap());
     }
 

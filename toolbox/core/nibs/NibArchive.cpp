@@ -35,7 +35,7 @@ public:
         const NibReference* const reference = root.as<NibReference>();
         if (!m_xml.hasError() && reference == nullptr)
             m_xml.raiseError(QStringLiteral("its root is not an object"));
-        *problem = m_xml.errorString();
+        *problem = problemOf(m_xml);
         if (m_xml.hasError())
             return std::nullopt;
         takeNameTable(m_archive.m_objects[reference->id]);

@@ -161,4 +161,11 @@ void parseWithinLimits(const QByteArray& document, QXmlStreamReader& parser)
     }
 }
 
+QString problemOf(const QXmlStreamReader& parser)
+{
+    const bool isOurs = parser.error() == QXmlStreamReader::NoError || parser.error() == QXmlStreamReader::CustomError;
+    return isOurs ? parser.errorString()
+                  : QStringLiteral("line %1 is not correct XML: %2").arg(parser.lineNumber()).arg(parser.errorString());
+}
+
 }  // namespace Toolbox

@@ -27,6 +27,9 @@ QString beyondXmlLimits(QByteArrayView document);
 /// stops that with the reason. The parser then takes no notice of namespaces, which nobody here uses.
 void parseWithinLimits(const QByteArray& document, QXmlStreamReader& parser);
 
+/// What stopped `parser`, as a clause; with the line, if that is no well-formed XML. Empty if nothing did.
+QString problemOf(const QXmlStreamReader& parser);
+
 }  // namespace Toolbox
 
 #endif
