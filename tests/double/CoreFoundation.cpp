@@ -5,7 +5,6 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 
-#include <algorithm>
 #include <cstring>
 
 using namespace ToolboxDouble;

@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 #include <set>
-#include <string>
 #include <string_view>
 #include <tuple>
 #include <utility>

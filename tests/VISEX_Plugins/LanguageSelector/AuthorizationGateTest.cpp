@@ -4,7 +4,6 @@
 
 #include <Carbon/Carbon.h>
 
-#include <string>
 #include <vector>
 
 namespace {

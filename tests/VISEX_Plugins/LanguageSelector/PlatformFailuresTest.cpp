@@ -170,21 +170,9 @@ INSTANTIATE_TEST_SUITE_P(Cases, PlatformFailure, testing::ValuesIn(failures()), 
 // ---- That none is missing
 
 // They have neither a result that tells of a failure nor an error that can be asked for.
-const char* const CANNOT_FAIL[] = {
-    "BitTst",
-    "BlockMoveData",
-    "CFEqual",
-    "CFRelease",
-    "CFUUIDGetConstantUUIDWithBytes",
-    "DisposeEventHandlerUPP",
-    "DisposeNibReference",
-    "DisposeWindow",
-    "GetEventClass",
-    "GetEventKind",
-    "HideWindow",
-    "SetControl32BitValue",
-    "ShowWindow",
-};
+const char* const CANNOT_FAIL[] = {"BitTst", "BlockMoveData", "CFEqual", "CFRelease", "CFUUIDGetConstantUUIDWithBytes",
+    "DisposeEventHandlerUPP", "DisposeNibReference", "DisposeWindow", "GetEventClass", "GetEventKind", "HideWindow",
+    "SetControl32BitValue", "ShowWindow"};
 
 // The factory does not look whether there was memory: what it then does is undefined.
 const char NOT_LOOKED_AT[] = "NewPtr";

@@ -4,7 +4,6 @@
 #define TESTS_VISEX_PLUGINS_LANGUAGESELECTOR_RECORDBYTES_H
 
 #include "VISEX_Plugins/LanguageSelector/ExternParmBlock.h"
-#include "tests/support/RecordDifferences.h"
 
 #include <array>
 #include <cstring>

@@ -130,19 +130,9 @@ TEST_F(Trace, CountsCallsOnEachThreadByItself)
     EXPECT_EQ(m_lines, Lines{"HLock(null)"});
 }
 
-const std::pair<long long, const char*> NUMBER_CASES[] = {
-    {0, "0"},
-    {-1, "-1"},
-    {-9874, "-9874"},
-    {0x43414C4C, "'CALL'"},
-    {0x6F6B2020, "'ok  '"},
-    {0x20202020, "'    '"},
-    {0x7E7E7E7E, "'~~~~'"},
-    {0x1F434343, "524501827"},
-    {0x4343437F, "1128481663"},
-    {0x143414C4C, "5423320140"},
-    {-0x43414C4C, "-1128352844"},
-};
+const std::pair<long long, const char*> NUMBER_CASES[] = {{0, "0"}, {-1, "-1"}, {-9874, "-9874"},
+    {0x43414C4C, "'CALL'"}, {0x6F6B2020, "'ok  '"}, {0x20202020, "'    '"}, {0x7E7E7E7E, "'~~~~'"},
+    {0x1F434343, "524501827"}, {0x4343437F, "1128481663"}, {0x143414C4C, "5423320140"}, {-0x43414C4C, "-1128352844"}};
 
 TEST_F(Trace, TellsFourCharacterCodesByTheirCharacters)
 {

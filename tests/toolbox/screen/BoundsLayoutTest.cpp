@@ -7,7 +7,6 @@
 #include <QScreen>
 #include <QScrollArea>
 
-#include <algorithm>
 #include <tuple>
 
 namespace {

@@ -3,7 +3,6 @@
 #ifndef TESTS_TOOLBOX_SCREEN_ONSCREEN_H
 #define TESTS_TOOLBOX_SCREEN_ONSCREEN_H
 
-#include "tests/support/RowName.h"
 #include "tests/toolbox/core/displays/Dialog.h"
 #include "tests/toolbox/screen/Person.h"
 #include "toolbox/core/displays/ScreenLibrary.h"

@@ -153,19 +153,9 @@ TEST(FileReference, OfAnotherMakeHasNoPath)
 
 TEST(FileError, IsTheFileManagersWordForTheSystems)
 {
-    const std::pair<int, OSErr> errors[] = {
-        {ENOENT, fnfErr},
-        {ENOTDIR, fnfErr},
-        {ENAMETOOLONG, fnfErr},
-        {ELOOP, fnfErr},
-        {EACCES, permErr},
-        {EPERM, permErr},
-        {EMFILE, tmfoErr},
-        {ENFILE, tmfoErr},
-        {EIO, ioErr},
-        {EISDIR, ioErr},
-        {ENXIO, ioErr},
-    };
+    const std::pair<int, OSErr> errors[] = {{ENOENT, fnfErr}, {ENOTDIR, fnfErr}, {ENAMETOOLONG, fnfErr},
+        {ELOOP, fnfErr}, {EACCES, permErr}, {EPERM, permErr}, {EMFILE, tmfoErr}, {ENFILE, tmfoErr}, {EIO, ioErr},
+        {EISDIR, ioErr}, {ENXIO, ioErr}};
     for (const auto& [error, code] : errors)
         EXPECT_EQ(Toolbox::fileError(error), code) << error;
 }

@@ -269,16 +269,8 @@ TEST_F(ResourceManager, TellsWhyAFileCannotBeOpened)
     const FSRef fifteen = write(Bytes(15));
     const FSRef sixteen = write(Bytes(16));
     const FSRef noFork = write(makeAppleDouble(APPLE_SINGLE, {{DATA_FORK_ENTRY, {'x'}}}));
-    const std::pair<const FSRef*, OSErr> files[] = {
-        {nullptr, paramErr},
-        {&zero, errFSBadFSRef},
-        {&folder, ioErr},
-        {&gone, fnfErr},
-        {&empty, eofErr},
-        {&fifteen, eofErr},
-        {&sixteen, mapReadErr},
-        {&noFork, errFSForkNotFound},
-    };
+    const std::pair<const FSRef*, OSErr> files[] = {{nullptr, paramErr}, {&zero, errFSBadFSRef}, {&folder, ioErr},
+        {&gone, fnfErr}, {&empty, eofErr}, {&fifteen, eofErr}, {&sixteen, mapReadErr}, {&noFork, errFSForkNotFound}};
     for (const auto& [file, result] : files)
         EXPECT_EQ(tryToOpen(file), result);
     const FSRef good = write({{'CALL', 1, "two"}});

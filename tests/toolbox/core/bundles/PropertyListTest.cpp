@@ -22,11 +22,7 @@ TEST(PropertyList, HoldsStringsArraysAndDictionaries)
                                        "<key>a</key><array><string>one</string><string>two</string></array>"
                                        "<key>d</key><dict><key>k</key><string>v</string></dict>"));
     ASSERT_TRUE(map.has_value());
-    const QVariantMap expected = {
-        {"s", "text"},
-        {"a", QVariantList{"one", "two"}},
-        {"d", QVariantMap{{"k", "v"}}},
-    };
+    const QVariantMap expected = {{"s", "text"}, {"a", QVariantList{"one", "two"}}, {"d", QVariantMap{{"k", "v"}}}};
     EXPECT_EQ(*map, expected);
 }
 

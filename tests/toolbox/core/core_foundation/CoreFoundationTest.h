@@ -8,8 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 /// How many Core Foundation objects are alive that somebody is to release.
 inline std::size_t liveObjects()
 {

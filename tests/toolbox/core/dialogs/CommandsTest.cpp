@@ -67,10 +67,7 @@ TEST_F(Commands, OfAChosenItemAreSentAndItIsSetUnlessThatWasTaken)
         {"an error does not take it", 2, paramErr, {'medi'}, 2},
         {"without a command it sends zero", 1, eventNotHandledErr, {0}, 1},
         {"disabled", 3, eventNotHandledErr, {}, 1},
-        {"separator", 4, eventNotHandledErr, {}, 1},
-        {"after the last", 6, eventNotHandledErr, {}, 1},
         {"zero", 0, eventNotHandledErr, {}, 1},
-        {"negative", -1, eventNotHandledErr, {}, 1},
         {"the last", 5, eventNotHandledErr, {'last'}, 5},
     };
     auto items = threeItems();

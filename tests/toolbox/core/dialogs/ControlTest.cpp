@@ -26,14 +26,8 @@ TEST_F(ControlManager, FindsAControlBySignatureAndNumberAtAnyDepth)
     container->id = {'demo', 1};
     made.add(ControlKind::Other).id = {'demo', 1};  // a second one
 
-    const std::pair<ControlID, const Control*> rows[] = {
-        {{'demo', 1}, container},
-        {{'demo', 2}, &shallow},
-        {{'demo', 3}, nullptr},
-        {{'demo', -1}, nullptr},
-        {{'Demo', 1}, nullptr},
-        {{'omed', 1}, nullptr},
-    };
+    const std::pair<ControlID, const Control*> rows[] = {{{'demo', 1}, container}, {{'demo', 2}, &shallow},
+        {{'demo', 3}, nullptr}, {{'demo', -1}, nullptr}, {{'Demo', 1}, nullptr}, {{'omed', 1}, nullptr}};
     for (const auto& [id, control] : rows) {
         SCOPED_TRACE(id.id);
         ControlRef found = reinterpret_cast<ControlRef>(std::uintptr_t{1});

@@ -53,14 +53,8 @@ TEST_F(EventParameters, AreCopiedNoFurtherThanAskedForAndTellTheirFullSize)
 {
     const Event event('clss', 1, {demo(4)});
     // got: of a buffer of six nines
-    const std::pair<UInt32, std::vector<UInt8>> rows[] = {
-        {0, {9, 9, 9, 9, 9, 9}},
-        {1, {1, 9, 9, 9, 9, 9}},
-        {3, {1, 2, 3, 9, 9, 9}},
-        {4, {1, 2, 3, 4, 9, 9}},
-        {5, {1, 2, 3, 4, 9, 9}},
-        {6, {1, 2, 3, 4, 9, 9}},
-    };
+    const std::pair<UInt32, std::vector<UInt8>> rows[] = {{0, {9, 9, 9, 9, 9, 9}}, {1, {1, 9, 9, 9, 9, 9}},
+        {3, {1, 2, 3, 9, 9, 9}}, {4, {1, 2, 3, 4, 9, 9}}, {5, {1, 2, 3, 4, 9, 9}}, {6, {1, 2, 3, 4, 9, 9}}};
     for (const auto& [asked, got] : rows) {
         std::vector<UInt8> buffer(6, 9);
         EventParamType type = 0;

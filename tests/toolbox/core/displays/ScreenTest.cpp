@@ -17,7 +17,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <tuple>
-#include <utility>
 
 namespace {
 

@@ -58,7 +58,6 @@ const struct {
     {"BlanksInside",                  "okay,   then",     5},
     {"Word",                          "ok",               7},
     {"WordInCapitals",                "OK",               7},
-    {"WordBeforeABeginning",          "ok",               7},
     {"BeginningOfAWordIsNone",        "o",                5},
     {"NameBeforeAWord",               "cancel",           6},
     {"Nothing",                       "",                 -1, "There is no \"\" here."},
