@@ -163,27 +163,24 @@ class Accessibility(HostTest):
         host.press("OK")
         self.assertEqual(outcome_of(host.process).json()["chosen"]["code"], JAPANESE)
 
-    def assert_alert(self, host, kind, text):
-        self.assertEqual(host.dialog.get_role(), Atspi.Role.ALERT)
-        self.assertEqual(host.dialog.get_name(), f"{kind} - Demo Installer")
-        self.assertEqual(host.dialog.get_description(), text)
-        self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.LABEL)], [text])
-        self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.IMAGE)], [kind])
-        ok, = host.of_role(Atspi.Role.PUSH_BUTTON)
-        self.assertTrue(has(ok, Atspi.StateType.IS_DEFAULT))
-        host.press("OK")
-        alert, = outcome_of(host.process).json()["alerts"]
-        self.assertEqual((alert["text"], alert["pressed"]), (text, 1))
-
-    def test_an_alert_from_the_resources_says_its_text(self):
-        self.assert_alert(self.run_host("--message", "999"), "Stop",
-                          "The language selection was called with a message that it does not serve. "
-                          "The installation goes on in the current language.")
-
-    def test_an_alert_about_a_failure_says_its_text(self):
+    def test_an_alert_says_its_text(self):
         demo = self.demo_copy()
         shutil.rmtree(next(demo.rglob("LanguageSelector.nib")))
-        self.assert_alert(self.run_host("--app", demo), "Note", "Can't find Nib Reference")
+        not_served = ("The language selection was called with a message that it does not serve. "
+                      "The installation goes on in the current language.")
+        for options, kind, text in ((["--message", "999"], "Stop", not_served),
+                                    (["--app", demo], "Note", "Can't find Nib Reference")):
+            host = self.run_host(*options)
+            self.assertEqual(host.dialog.get_role(), Atspi.Role.ALERT)
+            self.assertEqual(host.dialog.get_name(), f"{kind} - Demo Installer")
+            self.assertEqual(host.dialog.get_description(), text)
+            self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.LABEL)], [text])
+            self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.IMAGE)], [kind])
+            ok, = host.of_role(Atspi.Role.PUSH_BUTTON)
+            self.assertTrue(has(ok, Atspi.StateType.IS_DEFAULT))
+            host.press("OK")
+            alert, = outcome_of(host.process).json()["alerts"]
+            self.assertEqual((alert["text"], alert["pressed"]), (text, 1))
 
 
 if __name__ == "__main__":

@@ -68,7 +68,7 @@ TEST(Options, AreTakenAllAtOnce)
     EXPECT_TRUE(all.trace);
 }
 
-TEST(Options, MayBeJoinedToTheirValuesRepeatedAndEnded)
+TEST(Options, TakeEveryValueOfTheirKindAlsoJoinedRepeatedAndEnded)
 {
     EXPECT_EQ(options({"--message=-1"}).message, -1);
     EXPECT_EQ(options({"--app=x=y"}).application, "x=y");
@@ -76,10 +76,6 @@ TEST(Options, MayBeJoinedToTheirValuesRepeatedAndEnded)
     EXPECT_EQ(options({"--answer", "ok", "a.bundle"}).answers.size(), 1u);
     EXPECT_EQ(options({"--answer", "ok", "a.bundle"}).external, "a.bundle");
     EXPECT_EQ(options({"--", "--json"}).external, "--json");
-}
-
-TEST(Options, TakeEveryValueOfTheirKind)
-{
     for (const int message : {32767, -32768})
         EXPECT_EQ(options({"--message", std::to_string(message)}).message, message);
     const std::pair<const char*, std::uint32_t> languages[] = {

@@ -181,12 +181,17 @@ TEST_P(OutputFile, NeedsAFolderAndReplacesRegularFilesAlone)
     EXPECT_EQ(problemOf("/dev/null"), refusalOf("/dev/null", "it is not a regular file"));
 }
 
-TEST_P(OutputFile, IsNoLinkThatLeadsNowhere)
+TEST_P(OutputFile, IsNeitherMadeNorChangedNorALinkThatLeadsNowhere)
 {
     fs::create_symlink("nowhere", folder / "link");
     EXPECT_EQ(problemOf(folder / "link"), refusalOf(folder / "link", "it is a link that leads nowhere"));
     std::ofstream(folder / "nowhere").put('x');
     EXPECT_EQ(problemOf(folder / "link"), "none");
+    EXPECT_EQ(problemOf(folder / "new"), "none");
+    EXPECT_FALSE(fs::exists(folder / "new"));
+    std::ofstream(folder / "old").put('x');
+    EXPECT_EQ(problemOf(folder / "old"), "none");
+    EXPECT_EQ(fs::file_size(folder / "old"), 1u);
 }
 
 TEST_P(OutputFile, MayHaveANameThatLeavesRoomForMore)
@@ -194,15 +199,6 @@ TEST_P(OutputFile, MayHaveANameThatLeavesRoomForMore)
     EXPECT_EQ(problemOf(folder / std::string(248, 'n')), "none");
     const fs::path file = folder / std::string(249, 'n');
     EXPECT_EQ(problemOf(file), refusalOf(file, "its name is longer than 248 bytes"));
-}
-
-TEST_P(OutputFile, IsNeitherMadeNorChanged)
-{
-    EXPECT_EQ(problemOf(folder / "new"), "none");
-    EXPECT_FALSE(fs::exists(folder / "new"));
-    std::ofstream(folder / "old").put('x');
-    EXPECT_EQ(problemOf(folder / "old"), "none");
-    EXPECT_EQ(fs::file_size(folder / "old"), 1u);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, OutputFile, testing::ValuesIn(FILE_CASES), RowName());

@@ -110,7 +110,7 @@ TEST_F(SecurityFramework, NoRefusalPassesForSuccessInItsLow16Bits)
         EXPECT_NE(static_cast<SInt16>(status), 0) << status;
 }
 
-TEST_F(SecurityFramework, CreatesOneReferenceHoweverOften)
+TEST_F(SecurityFramework, CreatesOneReferenceHoweverOftenWhichStaysWhenTheBundleEnds)
 {
     const AuthorizationRef authorization = create();
     ASSERT_NE(authorization, nullptr);
@@ -118,9 +118,13 @@ TEST_F(SecurityFramework, CreatesOneReferenceHoweverOften)
     for (int time = 0; time < 1000; ++time)
         EXPECT_EQ(create(), authorization);
     EXPECT_EQ(Toolbox::CountLiveObjects(), alive);
+    CFRelease(m_framework);
+    m_framework = createFramework();
+    EXPECT_EQ(functionOf<decltype(AuthorizationCreate)>(m_framework, CFSTR("AuthorizationCreate")), m_create);
+    EXPECT_EQ(create(), authorization);
 }
 
-TEST_F(SecurityFramework, CreationAsksForTheRightsThatItIsGiven)
+TEST_F(SecurityFramework, CreationAsksForTheRightsThatItIsGivenAndRefusesWrongArguments)
 {
     AuthorizationRef authorization = reinterpret_cast<AuthorizationRef>(1);
     EXPECT_EQ(m_create(&m_unknown, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationDenied);
@@ -129,11 +133,6 @@ TEST_F(SecurityFramework, CreationAsksForTheRightsThatItIsGiven)
         m_create(&m_withoutItems, nullptr, kAuthorizationFlagDefaults, &authorization), errAuthorizationInvalidSet);
     EXPECT_EQ(m_create(&m_none, &m_none, kAuthorizationFlagDefaults, &authorization), errAuthorizationSuccess);
     EXPECT_EQ(authorization, create());
-}
-
-TEST_F(SecurityFramework, CreationRefusesWrongArguments)
-{
-    AuthorizationRef authorization = reinterpret_cast<AuthorizationRef>(1);
     EXPECT_EQ(m_create(nullptr, nullptr, kAuthorizationFlagDefaults, nullptr), errAuthorizationInvalidPointer);
     EXPECT_EQ(m_create(nullptr, nullptr, 8, nullptr), errAuthorizationInvalidPointer);
     for (const AuthorizationFlags flags : {8U, 32U, 0xFFFFFFFFU}) {
@@ -192,15 +191,6 @@ TEST_F(SecurityFramework, HandsOutTheSetOfWhatItGranted)
     EXPECT_STREQ(granted->items[0].name, "system.privilege.admin");
     EXPECT_NE(granted->items[0].name, m_item.name) << "the caller's own may go";
     freeSet(granted);
-}
-
-TEST_F(SecurityFramework, StaysLoadedWhenItsBundleEnds)
-{
-    const AuthorizationRef authorization = create();
-    CFRelease(m_framework);
-    m_framework = createFramework();
-    EXPECT_EQ(functionOf<decltype(AuthorizationCreate)>(m_framework, CFSTR("AuthorizationCreate")), m_create);
-    EXPECT_EQ(create(), authorization);
 }
 
 TEST_F(SecurityFramework, ItsCallsAreTraced)

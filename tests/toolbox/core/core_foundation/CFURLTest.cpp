@@ -65,7 +65,7 @@ TEST_F(CFURL, IsNotMadeOfARelativePathWhenThereIsNoWorkingDirectory)
     fs::current_path(before);
 }
 
-TEST_F(CFURL, IsNotMadeOfWrongArguments)
+TEST_F(CFURL, TakesOnlyTheBytesThatAreCountedAndNoWrongArguments)
 {
     const auto* const path = reinterpret_cast<const UInt8*>("/a");
     EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, nullptr, 2, false), nullptr);
@@ -73,10 +73,6 @@ TEST_F(CFURL, IsNotMadeOfWrongArguments)
     EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, path, -1, false), nullptr);
     EXPECT_EQ(makeURL(std::string("/a\0b", 4)), nullptr);
     EXPECT_EQ(CFURLCreateFromFSRef(nullptr, nullptr), nullptr);
-}
-
-TEST_F(CFURL, TakesOnlyTheBytesThatAreCounted)
-{
     const Owned url =
         CFURLCreateFromFileSystemRepresentation(nullptr, reinterpret_cast<const UInt8*>("/abc"), 3, false);
     EXPECT_EQ(pathOf(url), "/ab");
@@ -110,17 +106,12 @@ TEST_F(CFURL, TakesAComponentWithASlashWhereOneIsNeeded)
     }
 }
 
-TEST_F(CFURL, TakesAComponentThatIsNotASCII)
+TEST_F(CFURL, TakesAComponentThatIsNotASCIIAndNoneThatIsNoFileName)
 {
     const Owned url = makeURL("/a");
     const Owned component = CFStringCreateWithCString(nullptr, "\x80", kCFStringEncodingMacRoman);
     const Owned longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, component, false);
     EXPECT_EQ(pathOf(longer), "/a/\xC3\x84");
-}
-
-TEST_F(CFURL, TakesNoComponentThatIsNoFileName)
-{
-    const Owned url = makeURL("/a");
     const UniChar withZero[] = {'b', 0, 'c'};
     const UniChar halfAPair[] = {'b', 0xD800};
     const Owned zero = CFStringCreateWithCharacters(nullptr, withZero, 3);
