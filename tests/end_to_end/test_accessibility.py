@@ -131,8 +131,14 @@ class Accessibility(HostTest):
         pop_up, = host.of_role(Atspi.Role.COMBO_BOX)
         self.server.tool("windowfocus", "--sync", self.server.window("^Language Selector$"))
         wait_for(lambda: has(pop_up, Atspi.StateType.FOCUSED))
-        focused = [each.get_role_name() for each in below(host.dialog) if has(each, Atspi.StateType.FOCUSED)]
-        self.assertEqual(focused, ["combo box"])
+        def focused():
+            return [each.get_role_name() for each in below(host.dialog) if has(each, Atspi.StateType.FOCUSED)]
+
+        self.assertEqual(focused(), ["combo box"])
+        self.server.tool("key", "space", "Down")
+        wait_for(lambda: "list item" in focused())
+        self.server.tool("key", "Escape")
+        wait_for(lambda: focused() == ["combo box"])
         for keys, item in ((["Down"], "日本語 (Japanese)"), (["g"], "Deutsch (German)")):
             self.server.tool("key", *keys)
             wait_for(lambda: pop_up.get_name() == item)

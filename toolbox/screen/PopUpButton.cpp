@@ -129,14 +129,22 @@ std::vector<int> PopUpButton::rowsBeginningLike(const QString& text) const
 
 int PopUpButton::presentRow() const
 {
-    return view()->isVisible() ? view()->currentIndex().row() : currentIndex();
+    const QModelIndex shown = view()->currentIndex();  // of the open menu, or of one that is being closed
+    return shown.isValid() ? shown.row() : currentIndex();
 }
 
-// Before the choice that closed the menu, if one did, is told.
+// Later, when the choice that closed the menu, if one did, was told: what is closed has no item with the focus, and the
+// chosen one is selected.
 void PopUpButton::hidePopup()
 {
     QComboBox::hidePopup();
-    selectCurrent();
+    const auto settle = [this] {
+        if (view()->isVisible())  // again
+            return;
+        view()->selectionModel()->clearCurrentIndex();
+        selectCurrent();
+    };
+    QMetaObject::invokeMethod(this, settle, Qt::QueuedConnection);
 }
 
 // So that assistive technology sees which item that is, and selects another when it chooses one.

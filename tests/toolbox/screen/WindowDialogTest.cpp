@@ -98,6 +98,20 @@ TEST_F(WindowOnScreen, SendsCommandsForKeysAndClicks)
     }
 }
 
+TEST_F(WindowOnScreen, SelectsNothingElseOnTheWayToWhatTheMenuIsLeftWith)
+{
+    for (const auto& [key, rows] : {std::pair(Qt::Key_Return, QList<int>{2}), {Qt::Key_Escape, {2, 1}}}) {
+        QList<int> selected;
+        const auto listen = [&selected](QDialog& shown) {
+            const QItemSelectionModel& selection = *only<QComboBox>(shown).view()->selectionModel();
+            QObject::connect(&selection, &QItemSelectionModel::selectionChanged,
+                [&] { selected.append(selection.selectedIndexes().front().row()); });
+        };
+        runWith({openMenu, listen, press(Qt::Key_Down), press(key), press(Qt::Key_Escape)});
+        EXPECT_EQ(selected, rows);
+    }
+}
+
 TEST_F(WindowOnScreen, OpensItsMenuAndChoosesThere)
 {
     Dialog dialog;
