@@ -307,7 +307,6 @@ class Test(CommandTest):
         self.assertEqual(self.logged(), [])
 
 
-
 class CheckText(unittest.TestCase):
     """scripts/check-text in a folder with the checkout's .editorconfig and one file."""
 

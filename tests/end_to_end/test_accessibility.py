@@ -81,7 +81,6 @@ class Host:
         Atspi.Action.do_action(button, 0)
 
 
-
 def wait_for(look):
     """What `look` finds, as soon as it finds something."""
     end = time.monotonic() + TIMEOUT

@@ -110,7 +110,6 @@ shared_array<theirs::Thing> owner(new theirs::Thing[2]);
 RIGHT = RIGHT.replace("f(), s.Insert", "(void)f(), s.Insert")
 
 
-
 def refused(compiler, standard, sources, lines):
     """Which of the lines do not compile."""
     functions = [f"void line{number}() {{ {line} }}" for number, line in enumerate(lines)]

@@ -79,31 +79,6 @@ inline QRect buttonPlace(const QDialog& shown, const char* title)
     return placeOf(titled<QPushButton>(shown, title));
 }
 
-/// A note with a text and one button.
-inline Toolbox::Alert oneButton()
-{
-    Toolbox::Alert alert;
-    alert.type = kAlertNoteAlert;
-    alert.text = QStringLiteral("Done.");
-    alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
-    alert.defaultButton = 1;
-    return alert;
-}
-
-/// An alert with the four buttons that a standard one can have.
-inline Toolbox::Alert fourButtons()
-{
-    Toolbox::Alert alert;
-    alert.type = kAlertCautionAlert;
-    alert.text = QStringLiteral("Replace <b>everything</b> & more?\nReally?");
-    alert.explanation = QStringLiteral("It cannot be undone.");
-    alert.buttons = {{1, QStringLiteral("Yes & no"), true, {}}, {2, QStringLiteral("Cancel"), true, {}},
-        {3, QStringLiteral("Don't Save"), true, {}}, {4, QStringLiteral("Help"), true, {}}};
-    alert.defaultButton = 1;
-    alert.cancelButton = 2;
-    return alert;
-}
-
 /// An alert as resources draw it: a text beside the icon, and buttons below.
 inline Toolbox::Alert fromResources()
 {

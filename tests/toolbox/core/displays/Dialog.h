@@ -1,4 +1,5 @@
-// The dialog that the tests of displays run: a text, a pop-up, OK and Cancel, and a record of what it is sent.
+// What the tests of displays show: a dialog with a text, a pop-up, OK and Cancel, and a record of what it is sent;
+// alerts.
 
 #ifndef TESTS_TOOLBOX_CORE_DISPLAYS_DIALOG_H
 #define TESTS_TOOLBOX_CORE_DISPLAYS_DIALOG_H
@@ -76,5 +77,30 @@ private:
         }
     }
 };
+
+/// A note with a text and one button.
+inline Toolbox::Alert oneButton()
+{
+    Toolbox::Alert alert;
+    alert.type = kAlertNoteAlert;
+    alert.text = QStringLiteral("Done.");
+    alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
+    alert.defaultButton = 1;
+    return alert;
+}
+
+/// An alert with the four buttons that a standard one can have.
+inline Toolbox::Alert fourButtons()
+{
+    Toolbox::Alert alert;
+    alert.type = kAlertCautionAlert;
+    alert.text = QStringLiteral("Replace <b>everything</b> & more?\nReally?");
+    alert.explanation = QStringLiteral("It cannot be undone.");
+    alert.buttons = {{1, QStringLiteral("Yes & no"), true, {}}, {2, QStringLiteral("Cancel"), true, {}},
+        {3, QStringLiteral("Don't Save"), true, {}}, {4, QStringLiteral("Help"), true, {}}};
+    alert.defaultButton = 1;
+    alert.cancelButton = 2;
+    return alert;
+}
 
 #endif

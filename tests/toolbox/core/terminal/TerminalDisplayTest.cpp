@@ -215,22 +215,17 @@ TEST(TerminalWindow, MayRunAnotherInside)
 
 // ---- Alerts
 
-Alert fourButtons()
+Alert threeUsable()
 {
-    Alert alert;
-    alert.type = kAlertCautionAlert;
-    alert.text = QStringLiteral("Replace <b>everything</b>?\nAnd & more\x1B[2J");
-    alert.explanation = QStringLiteral("It cannot be undone.");
-    alert.buttons = {{1, QStringLiteral("OK"), true, {}}, {2, QStringLiteral("Cancel"), true, {}},
-        {3, QStringLiteral("Don't Save"), true, {}}, {4, QStringLiteral("Help"), false, {}}};
-    alert.defaultButton = 1;
-    alert.cancelButton = 2;
+    Alert alert = fourButtons();
+    alert.text += QStringLiteral("\x1B[2J");
+    alert.buttons[3].enabled = false;
     return alert;
 }
 
 Alert withoutCancel()
 {
-    Alert alert = fourButtons();
+    Alert alert = threeUsable();
     alert.cancelButton = 0;
     return alert;
 }
@@ -254,14 +249,14 @@ const std::string ALERT_QUESTION = "Number or name, or Return for the default: "
 
 TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
 {
-    PseudoTerminal terminal("C.UTF-8", runAlertOf(fourButtons));
+    PseudoTerminal terminal("C.UTF-8", runAlertOf(threeUsable));
     EXPECT_EQ(terminal.readUntil(ALERT_QUESTION),
-        "\nCaution: Replace <b>everything</b>?\n"
-        "And & more\\x1b[2J\n"
+        "\nCaution: Replace <b>everything</b> & more?\n"
+        "Really?\\x1b[2J\n"
         "\n"
         "It cannot be undone.\n"
         "\n"
-        "  1  OK - default\n"
+        "  1  Yes & no - default\n"
         "  2  Cancel\n"
         "  3  Don't Save\n"
         "\n" + ALERT_QUESTION);
@@ -269,16 +264,13 @@ TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
 
 TEST(TerminalAlert, SaysWhichKindItIs)
 {
-    const std::pair<AlertType, const char*> kinds[] = {{kAlertStopAlert, "\nStop: x\n"},
-        {kAlertNoteAlert, "\nNote: x\n"}, {kAlertCautionAlert, "\nCaution: x\n"}, {kAlertPlainAlert, "\nx\n"},
-        {9, "\nx\n"}};
+    const std::pair<AlertType, const char*> kinds[] = {{kAlertStopAlert, "\nStop: Done.\n"},
+        {kAlertNoteAlert, "\nNote: Done.\n"}, {kAlertCautionAlert, "\nCaution: Done.\n"},
+        {kAlertPlainAlert, "\nDone.\n"}, {9, "\nDone.\n"}};
     for (const auto& [type, start] : kinds) {
         PseudoTerminal terminal("C.UTF-8", [wanted = type] {
-            Alert alert;
+            Alert alert = oneButton();
             alert.type = wanted;
-            alert.text = QStringLiteral("x");
-            alert.buttons = {{1, QStringLiteral("OK"), true, {}}};
-            alert.defaultButton = 1;
             Toolbox::UseTerminalDisplay();
             return std::to_string(Toolbox::runAlert(alert));
         });
@@ -289,14 +281,14 @@ TEST(TerminalAlert, SaysWhichKindItIs)
 }
 
 const std::tuple<const char*, Alert (*)(), const char*, const char*> ALERT_CASES[] = {
-    {"Return", fourButtons, "\n", "1"},
-    {"Number", fourButtons, "2\n", "2"},
-    {"Name", fourButtons, "don't save\n", "3"},
-    {"DisabledButton", fourButtons, "4\nhelp\n3\n", "3"},
-    {"Nonsense", fourButtons, "nonsense\n0\n2\n", "2"},
-    {"QuitCancels", fourButtons, "?\nq\n", "2"},
+    {"Return", threeUsable, "\n", "1"},
+    {"Number", threeUsable, "2\n", "2"},
+    {"Name", threeUsable, "don't save\n", "3"},
+    {"DisabledButton", threeUsable, "4\nhelp\n3\n", "3"},
+    {"Nonsense", threeUsable, "nonsense\n0\n2\n", "2"},
+    {"QuitCancels", threeUsable, "?\nq\n", "2"},
     {"QuitIsNothingWithoutCancel", withoutCancel, "q\n3\n", "3"},
-    {"EndOfInputCancels", fourButtons, "\x04", "2"},
+    {"EndOfInputCancels", threeUsable, "\x04", "2"},
     {"EndOfInputTakesTheDefault", withoutCancel, "\x04", "1"},
     {"EndOfInputTakesTheFirst", withoutKeys, "\x04", "1"},
     {"ReturnWithoutADefault", withoutKeys, "\n3\n", "3"},
@@ -309,7 +301,7 @@ TEST(TerminalAlert, TakesAButton)
         const std::string question = make == withoutKeys ? "Number or name: " : ALERT_QUESTION;
         EXPECT_EQ(terminal.reportAfter(question, keys), report) << name;
     }
-    EXPECT_EQ(reportWithoutTerminal(runAlertOf(fourButtons)), "2");
+    EXPECT_EQ(reportWithoutTerminal(runAlertOf(threeUsable)), "2");
 }
 
 }  // namespace
