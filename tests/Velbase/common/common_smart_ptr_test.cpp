@@ -74,6 +74,9 @@ TEST_F(SharedPtr, NullPointerHasACountToo)
     const Owner copy(owner);
     EXPECT_EQ(copy.use_count(), 2);
     EXPECT_EQ(wordOf(copy, 1), wordOf(owner, 1));
+    Owner another;
+    another = owner;
+    EXPECT_EQ(owner.use_count(), 3) << "both were null, but not one owner's";
 }
 
 TEST_F(SharedPtr, AllocatesItsCountAloneAndCopiesWithoutAllocating)

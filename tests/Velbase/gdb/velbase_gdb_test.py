@@ -100,6 +100,7 @@ if not shutil.which("gdb"):
 sessions = re.findall(r"^```gdb\n(.*?)^```$", GUIDE.read_text(encoding="utf-8"), re.MULTILINE | re.DOTALL)
 guide = re.findall(r"\(gdb\) (.*)\n(.*)\n", "".join(sessions))
 expected = [(f"output {expression}", shown) for expression, shown in EXPECTED] + guide
+expected.append(("with print elements unlimited -- output of_201", '"' + 201 * "x" + '" (length 201, 1 owner)'))
 said, answers = gdb(sys.argv[1], [command for command, _ in expected])
 if NOT_HERE.search(said):
     skip(f"gdb cannot be used here: {NOT_HERE.search(said)[0]}")

@@ -1,11 +1,13 @@
 #include "tests/toolbox/screen/OnScreen.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAccessible>
 #include <QApplication>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTest>
 
+#include <cstring>
 #include <tuple>
 
 namespace {
@@ -64,6 +66,19 @@ TEST_F(AlertOnScreen, GivesTheButtonsNumber)
     }
 }
 
+TEST_F(AlertOnScreen, GoesWhenItsWindowIsDestroyedThoughNothingCancelsIt)
+{
+    const auto destroy = [](QDialog& shown) {
+        // DestroyNotify of X's protocol, which somebody else's client has caused.
+        char event[32] = {17};
+        const auto window = static_cast<quint32>(shown.winId());
+        std::memcpy(event + 8, &window, sizeof window);
+        qintptr result = 0;
+        QAbstractEventDispatcher::instance()->filterNativeEvent("xcb_generic_event_t", event, &result);
+    };
+    EXPECT_EQ(runWith(withoutCancel(), {destroy}), 1);
+}
+
 // ---- How it looks
 
 TEST_F(AlertOnScreen, HasItsButtonsInTheOrderOfThePlatform)
@@ -99,7 +114,8 @@ TEST_F(AlertOnScreen, ShowsItsTextsAsTheyAre)
         EXPECT_EQ(explanation.font().pixelSize(), 11);
         EXPECT_EQ(placeOf(text).left(), placeOf(explanation).left());
         EXPECT_LT(placeOf(text).bottom(), placeOf(explanation).top());
-        EXPECT_TRUE(text.textInteractionFlags() & Qt::TextSelectableByMouse) << "it can be copied";
+        EXPECT_EQ(text.textInteractionFlags(), Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard)
+            << "to copy it";
     });
 }
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QListView>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -533,7 +534,28 @@ TEST_F(WindowOnScreen, OffersOnlyTheItemsThatCanBeChosenToArrowsAndLetters)
         {QStringLiteral("Four"), 0, true, false, true}, {QStringLiteral("Five")}};
     dialog.popUp.maximum = 5;
     dialog.popUp.setValue(1);
-    EXPECT_EQ(runWith(dialog, {press(Qt::Key_Down), press(Qt::Key_Return)}), "ended: item 5 ok");
+    const auto look = [](QDialog& shown) {
+        const auto* const list = qobject_cast<QListView*>(only<QComboBox>(shown).view());
+        for (int row = 0; row < 5; ++row)
+            EXPECT_EQ(list->isRowHidden(row), row == 3) << row;
+    };
+    EXPECT_EQ(runWith(dialog, {look, press(Qt::Key_Down), press(Qt::Key_Return)}), "ended: item 5 ok");
+}
+
+TEST_F(WindowOnScreen, HasTheTabKeyGoAlongItsRows)
+{
+    Dialog dialog;
+    dialog.cancel.bounds = {84, 20, 104, 89};
+    dialog.popUp.bounds = {90, 100, 98, 240};  // between it and OK, and less high
+    lookAt(dialog, [](QDialog&) {
+        QStringList stops;
+        for (int stop = 0; stop < 3; ++stop) {
+            const auto* const button = qobject_cast<QPushButton*>(QApplication::focusWidget());
+            stops.append(button == nullptr ? QStringLiteral("pop-up") : button->text());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_EQ(stops.join(QLatin1Char(' ')), QStringLiteral("pop-up OK Cancel"));
+    });
 }
 
 TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
@@ -568,6 +590,18 @@ TEST_F(WindowOnScreen, StretchesNothingMoreThanItsTextNeeds)
         EXPECT_EQ(buttonPlace(shown, "OK").right(), placeOf(only<QComboBox>(shown)).right());
         EXPECT_EQ(buttonPlace(shown, "OK").left() - placeOf(cancel).right() - 1, 12);
         EXPECT_EQ(shown.width(), 340 + cancel.width() - 69);
+    });
+}
+
+TEST_F(WindowOnScreen, StretchesTheLongerPartOfWhatLiesAlone)
+{
+    Dialog dialog;
+    dialog.ok.bounds = {84, 20, 104, 320};  // below the pop-up, and Cancel below its end
+    dialog.ok.title = QString(60, QLatin1Char('W'));
+    dialog.cancel.bounds = {112, 251, 132, 320};
+    lookAt(dialog, [](QDialog& shown) {
+        EXPECT_GT(buttonPlace(shown, QByteArray(60, 'W').constData()).width(), 300);
+        EXPECT_LE(buttonPlace(shown, "Cancel").width(), titled<QPushButton>(shown, "Cancel").sizeHint().width());
     });
 }
 
