@@ -40,7 +40,7 @@ TEST(TraceFile, KeepsACallInItsLine)
     EXPECT_EQ(contents(folder / "calls"), "a\\nb\\x1b\n");
 }
 
-TEST(TraceFile, CannotBeMadeInAFolderThatIsNotThere)
+TEST(TraceFile, TellsWhenItCannotBeMadeOrTheDeviceIsFull)
 {
     try {
         const TraceFile trace("/not there/calls");
@@ -49,6 +49,12 @@ TEST(TraceFile, CannotBeMadeInAFolderThatIsNotThere)
         EXPECT_EQ(problem.status, ExitStatus::NotDone);
         EXPECT_STREQ(problem.what(), "cannot write the trace into '/not there/calls': No such file or directory");
     }
+    TraceFile trace("/dev/full");
+    trace.write("First()");
+    trace.write("Second()");
+    std::string problem;
+    EXPECT_FALSE(trace.finish(&problem));
+    EXPECT_EQ(problem, "cannot write the trace into '/dev/full': No space left on device");
 }
 
 TEST(TraceFile, DoesNotWaitForAReaderOfAPipe)
@@ -88,16 +94,6 @@ TEST(TraceFile, WaitsForASlowReaderOfAPipe)
     slow.join();
     EXPECT_EQ(read, 1'000'001);
     close(reader);
-}
-
-TEST(TraceFile, TellsWhenTheDeviceIsFull)
-{
-    TraceFile trace("/dev/full");
-    trace.write("First()");
-    trace.write("Second()");
-    std::string problem;
-    EXPECT_FALSE(trace.finish(&problem));
-    EXPECT_EQ(problem, "cannot write the trace into '/dev/full': No space left on device");
 }
 
 }  // namespace

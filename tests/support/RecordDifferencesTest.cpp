@@ -41,7 +41,7 @@ TEST(RecordDifferences, NameTheFieldsOrPositions)
     }
 }
 
-TEST(RecordDifferencesOfSize, AreTold)
+TEST(RecordDifferences, TellTheSizesAndTheFirst16OfTheBytes)
 {
     const std::string record(SIZE, '\0');
     EXPECT_EQ(recordDifferences(record + "x", record), "size: expected 614 bytes, actual 615\n");
@@ -49,10 +49,6 @@ TEST(RecordDifferencesOfSize, AreTold)
         "size: expected 614 bytes, actual 1\n"
         "message at 0: expected 0x0000, actual 0x01\n");
     EXPECT_EQ(recordDifferences(record + "xy", record + "xz"), "byte at 615: expected 0x7A, actual 0x79\n");
-}
-
-TEST(RecordDifferencesWithoutEnd, AreTheFirst16)
-{
     std::string expected(SIZE, '\0');
     std::string actual = expected;
     actual.replace(100, 16, 16, '\x01');

@@ -33,10 +33,6 @@ TEST(LanguageFolders, BearEachNameOfTheLanguages)
 {
     for (const auto& [name, languages, folders] : FOLDERS_CASES)
         EXPECT_EQ(languageFolders(languages), folders) << name;
-}
-
-TEST(LanguageFolders, MayHaveTheLongNamesOfOldBundles)
-{
     const QStringList codes = {"ar", "de", "en", "es", "fr", "it", "ja", "nl", "ru", "uk"};
     const QStringList names = {
         "Arabic", "German", "English", "Spanish", "French", "Italian", "Japanese", "Dutch", "Russian", "Ukrainian"};

@@ -161,17 +161,13 @@ TEST(ItemListReader, DoesWithoutThePaddingOfTheLastItem)
     EXPECT_EQ((*items)[0].title, "odd");
 }
 
-TEST(ItemListReader, RefusesEveryTruncation)
+TEST(ItemListReader, RefusesEveryTruncationAndIgnoresWhatFollowsTheLastItem)
 {
     const std::string whole = itemList({dialogItem(STATIC_TEXT, "Text"), dialogItem(ICON, word(1)),
         dialogItem(BUTTON, "odd"), dialogItem(BUTTON, "even")});
     for (std::size_t length = 0; length < whole.size(); ++length)
         EXPECT_FALSE(readItems(whole.substr(0, length)).has_value()) << length;
     EXPECT_TRUE(readItems(whole).has_value());
-}
-
-TEST(ItemListReader, IgnoresWhatFollowsTheLastItem)
-{
     const auto items = readItems(itemList({dialogItem(BUTTON, "OK")}) + "more");
     ASSERT_TRUE(items.has_value());
     EXPECT_EQ(items->size(), 1u);
@@ -184,14 +180,10 @@ TEST(ItemListReader, ReadsAnEmptyList)
     EXPECT_TRUE(items->empty());
 }
 
-TEST(ItemListReader, RefusesCountsThatAreNotThere)
+TEST(ItemListReader, ReadsAsManyItemsAsNumbersCanCountWhereTheyAreThere)
 {
     for (const int stored : {1, 0x7FFE, 0x7FFF, -2, -32768})
         EXPECT_FALSE(readItems(word(stored) + dialogItem(BUTTON, "OK")).has_value()) << stored;
-}
-
-TEST(ItemListReader, ReadsAsManyItemsAsNumbersCanCount)
-{
     const std::string item = dialogItem(BUTTON, "");
     std::string items;
     for (int count = 0; count < 0x8000; ++count)

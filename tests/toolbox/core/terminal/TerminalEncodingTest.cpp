@@ -112,13 +112,9 @@ TEST(TerminalColumns, AreThoseOfTheCharacter)
     EXPECT_EQ(encoding->columns(U'\n'), 0);
 }
 
-TEST(TerminalLocale, IsASCIIWhereTheEnvironmentNamesNone)
+TEST(TerminalLocale, IsASCIIWhereTheEnvironmentNamesNoneAndLeavesTheProcessAlone)
 {
     EXPECT_EQ(encodingOf("xx_YY.no-such-locale")->showable(QStringLiteral("é")), QStringLiteral("e"));
-}
-
-TEST(TerminalLocale, LeavesTheProcessAlone)
-{
     const std::string before = std::setlocale(LC_ALL, nullptr);
     const auto encoding = encodingOf("C.UTF-8");
     encoding->encode(encoding->showable(QStringLiteral("é")));
