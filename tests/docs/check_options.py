@@ -83,13 +83,15 @@ def differences(host):
     zsh_options, zsh_offers = zsh()
     fish_options, fish_offers = fish()
     bash_offers = {option: bash(option, "") for option in host.offers}
+    after_sign = {option: bash(option, "=") for option in host.offers}  # which bash takes for a word
+    begun = {option: set().union(*(bash(option, "=", word[:-1]) for word in words)) for option, words in host.offers.items()}
     told = {"README": readme(), "the man page": man_page()}
     names = {place: set(options) for place, options in told.items()}
     names.update({"bash": bash("--") | {"--help"}, "zsh": zsh_options, "fish": fish_options})
     for place, options in names.items():
         for option in sorted(options ^ set(host.values)):
             yield f"{place} and --help differ about {option}"
-    for place, offers in (("bash", bash_offers), ("zsh", zsh_offers), ("fish", fish_offers)):
+    for place, offers in (("bash", bash_offers), ("bash", after_sign), ("bash", begun), ("zsh", zsh_offers), ("fish", fish_offers)):
         for option, words in host.offers.items():
             if offers.get(option) != words:
                 yield f"{place} offers {sorted(offers.get(option, ()))} after {option}, and not {sorted(words)}"
