@@ -28,6 +28,10 @@ MOST_MEBIBYTES = 2048
 PATIENCE = 10
 SLOWER = 5
 
+# A module of tests in Python runs the real host.
+MODULE = "test_"
+HOST = ("visex-host", "tests/end_to_end/all")
+
 
 class Equivalents:
     """The mutants that the file `equivalents` says no test can notice."""
@@ -57,7 +61,7 @@ class Tree:
         self.temporary = WORK / f"{name}.temporary"
         self.changed = None
         self.seconds = {}
-        self.paths = {}
+        self.commands = {}
 
     def prepare(self, programs):
         """Copies what is new in the checkout, builds the programs and runs them: they have to pass."""
@@ -74,10 +78,10 @@ class Tree:
         if not self._make(programs, output=sys.stderr):
             sys.exit(f"{self.build}: the unchanged sources do not build")
         for program in programs:
-            self.paths[program] = next(path for path in self.build.rglob(program) if path.is_file())
+            self.commands[program] = self._command(program)
             start = time.monotonic()
             if self._run(program, 300) != SURVIVED:
-                sys.exit(f"{self.paths[program]} fails with the unchanged sources")
+                sys.exit(f"{self.sources}: {program} fails with the unchanged sources")
             self.seconds[program] = time.monotonic() - start
 
     def judge(self, mutant, programs):
@@ -112,9 +116,16 @@ class Tree:
             shutil.copymode(source, copy)
 
     def _make(self, programs, output=subprocess.DEVNULL, **variables):
-        made = subprocess.run(["ninja", "-C", self.build, "-j", "1", *programs], env={**os.environ, **variables},
+        targets = {each for program in programs for each in (HOST if program.startswith(MODULE) else (program,))}
+        made = subprocess.run(["ninja", "-C", self.build, "-j", "1", *targets], env={**os.environ, **variables},
                               stdout=output, stderr=output)
         return made.returncode == 0
+
+    def _command(self, program):
+        if program.startswith(MODULE):
+            return ["/usr/bin/python3", "-B", "-m", "unittest", "--failfast", program]
+        path = next(path for path in self.build.rglob(program) if path.is_file())
+        return [path, "--gtest_fail_fast", "--gtest_brief=1"]
 
     def _run(self, program, seconds):
         shutil.rmtree(self.temporary, ignore_errors=True)
@@ -123,10 +134,11 @@ class Tree:
             "TMPDIR": str(self.temporary),
             "ASAN_OPTIONS": f"allocator_may_return_null=1:hard_rss_limit_mb={MOST_MEBIBYTES}",
             "LSAN_OPTIONS": f"suppressions={self.sources}/tests/leak_suppressions:print_suppressions=0",
+            "PYTHONPATH": str(self.sources / "tests/end_to_end"),
+            "VISEX_BUILD": str(self.build),
         }
-        command = [self.paths[program], "--gtest_fail_fast", "--gtest_brief=1"]
         # A sanitizer takes more addresses than there is memory.
-        return run(command, seconds, variables, limit if self.flags == PLAIN else without_core)
+        return run(self.commands[program], seconds, variables, limit if self.flags == PLAIN else without_core)
 
 
 def run(command, seconds, variables, prepare=None):
