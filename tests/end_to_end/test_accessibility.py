@@ -8,6 +8,7 @@ import os
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
@@ -192,8 +193,10 @@ if __name__ == "__main__":
     if not tools_are_here():
         print("Skipped: this needs at-spi2-core, dbus, gir1.2-atspi-2.0 and python3-gi")
         sys.exit(SKIPPED)
-    if ON_A_BUS not in sys.argv:  # again, in a session with a bus of its own
-        os.execvp("dbus-run-session", ["dbus-run-session", "--", sys.executable, "-B", __file__, ON_A_BUS])
+    if ON_A_BUS not in sys.argv:  # again, in a session with a bus of its own, and a folder: the launcher puts it there
+        with tempfile.TemporaryDirectory() as folder:
+            sys.exit(subprocess.call(["dbus-run-session", "--", sys.executable, "-B", __file__, ON_A_BUS],
+                                     env={**os.environ, "XDG_RUNTIME_DIR": folder}))
     sys.argv.remove(ON_A_BUS)
     from gi.repository import Atspi, GLib
     unittest.main()
