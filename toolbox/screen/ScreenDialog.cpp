@@ -105,6 +105,9 @@ void ScreenDialog::setContent(QWidget* content)
 void ScreenDialog::frameTheFocus()
 {
     auto* const frame = new QFocusFrame(this);
+    QPalette colours;
+    colours.setColor(QPalette::WindowText, palette().color(QPalette::Highlight));  // or it would be black
+    frame->setPalette(colours);
     connect(qApp, &QApplication::focusChanged, frame,
         [this, frame](QWidget*, QWidget* now) { frame->setWidget(isAncestorOf(now) ? now : nullptr); });
 }
