@@ -15,7 +15,7 @@ allocations::Refused refusedThen = allocations::ONE;
 int asked = 0;
 bool hasRefused = false;
 std::size_t recorded = 0;
-std::size_t sizes[MAX_RECORDED];
+std::size_t recordedSizes[MAX_RECORDED];
 
 }  // namespace
 
@@ -27,7 +27,7 @@ void* operator new(std::size_t size)
             throw std::bad_alloc();
         }
         if (recorded < MAX_RECORDED)
-            sizes[recorded++] = size;
+            recordedSizes[recorded++] = size;
     }
     void* const block = std::malloc(size == 0 ? 1 : size);
     if (block == nullptr)
@@ -89,7 +89,7 @@ void start(int refused, Refused refuse)
 std::vector<std::size_t> stop()
 {
     isRecording = false;
-    return std::vector<std::size_t>(sizes, sizes + recorded);
+    return std::vector<std::size_t>(recordedSizes, recordedSizes + recorded);
 }
 
 bool wasRefused()

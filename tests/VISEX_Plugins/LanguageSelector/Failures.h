@@ -9,6 +9,10 @@
 #include <string>
 #include <vector>
 
+/// What an installer asks an instance for.
+const CFUUIDBytes EXTERNAL_INTERFACE = {
+    0x00, 0xD5, 0xFB, 0xFE, 0x3D, 0x3D, 0x40, 0xE2, 0x9D, 0xCB, 0x92, 0xED, 0x69, 0x58, 0x34, 0xF8};
+
 const UInt16 UNTOUCHED = 0xBEEF;  // the chosen language of a record in which none was stored
 
 /// What happens if nothing fails.

@@ -1,5 +1,6 @@
 #include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
 
+#include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
 #include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/double/ToolboxTest.h"
 #include "tests/support/RecordDifferences.h"
@@ -91,8 +92,6 @@ TEST_F(Entry, LanguageSelectorRunsTheDialogAloneWhateverTheMessage)
 
 const CFUUIDBytes FACTORY_TYPE = {
     0x5C, 0xD9, 0x48, 0x4B, 0x4A, 0x86, 0x4C, 0xA2, 0xA7, 0x9A, 0x15, 0x25, 0xA3, 0xB5, 0xF6, 0xE8};
-const CFUUIDBytes EXTERNAL_INTERFACE = {
-    0x00, 0xD5, 0xFB, 0xFE, 0x3D, 0x3D, 0x40, 0xE2, 0x9D, 0xCB, 0x92, 0xED, 0x69, 0x58, 0x34, 0xF8};
 const CFUUIDBytes UNKNOWN_INTERFACE = {0, 0, 0, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46};
 const CFUUIDBytes FACTORY_ID = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
 

@@ -18,32 +18,29 @@ namespace {
 using ToolboxDouble::LeftBehind;
 using ToolboxDouble::Log;
 
-const CFUUIDBytes EXTERNAL_INTERFACE = {
-    0x00, 0xD5, 0xFB, 0xFE, 0x3D, 0x3D, 0x40, 0xE2, 0x9D, 0xCB, 0x92, 0xED, 0x69, 0x58, 0x34, 0xF8};
-
-struct Outcome {
+struct Transcript {
     HRESULT queried;
     ExternParmBlock record;
     std::string log;  // of the main entry
 };
 
 // All that an installer does with the external.
-Outcome perform(Scenario scenario)
+Transcript perform(Scenario scenario)
 {
-    Outcome outcome = {S_OK, recordFor(scenario), std::string()};
+    Transcript transcript = {S_OK, recordFor(scenario), std::string()};
     const CFUUIDRef type = CFUUIDGetConstantUUIDWithBytes(
         nullptr, 0x5C, 0xD9, 0x48, 0x4B, 0x4A, 0x86, 0x4C, 0xA2, 0xA7, 0x9A, 0x15, 0x25, 0xA3, 0xB5, 0xF6, 0xE8);
     XcodInstance* const instance = static_cast<XcodInstance*>(MyFactory(nullptr, type));
 
     LPVOID queried = nullptr;
-    outcome.queried = instance->functions->QueryInterface(instance, EXTERNAL_INTERFACE, &queried);
+    transcript.queried = instance->functions->QueryInterface(instance, EXTERNAL_INTERFACE, &queried);
     const std::size_t begin = Log().size();
-    instance->functions->XCodMain(&outcome.record);
-    outcome.log = Log().substr(begin);
+    instance->functions->XCodMain(&transcript.record);
+    transcript.log = Log().substr(begin);
     if (queried != nullptr)
         instance->functions->Release(queried);
     instance->functions->Release(instance);
-    return outcome;
+    return transcript;
 }
 
 // ---- What a log tells
@@ -139,12 +136,12 @@ TEST_P(PlatformFailure, ShowsChangesAndLeavesWhatItShould)
         if (failure.scenario == Scenario::NotServed)
             expected.resultFlags = 0x80000001;
 
-        const Outcome outcome = perform(failure.scenario);
+        const Transcript transcript = perform(failure.scenario);
         EXPECT_NE(Log().find(std::string(failure.function) + "("), std::string::npos) << "nothing failed:\n" << Log();
         EXPECT_EQ(seen(), failure.seen) << Log();
-        EXPECT_EQ(recordDifferences(outcome.record, expected), "");
+        EXPECT_EQ(recordDifferences(transcript.record, expected), "");
         EXPECT_EQ(LeftBehind(), failure.leftBehind);
-        EXPECT_EQ(outcome.queried, std::string(failure.name) == "QueriedUUID" ? E_NOINTERFACE : S_OK);
+        EXPECT_EQ(transcript.queried, std::string(failure.name) == "QueriedUUID" ? E_NOINTERFACE : S_OK);
         // What failed has put a wrong reference where the right one was to be.
         EXPECT_EQ(Log().find("unknown"), std::string::npos) << Log();
         EXPECT_EQ(Log().find("dead "), std::string::npos) << Log();
@@ -199,10 +196,10 @@ TEST(Call, MakesItsCallsInOrder)
 {
     for (const Scenario scenario : {Scenario::Served, Scenario::WithoutNib, Scenario::NotServed}) {
         prepare(scenario);
-        const Outcome outcome = perform(scenario);
-        EXPECT_EQ(outcome.log, logOf(scenario));
-        EXPECT_EQ(outcome.queried, S_OK);
-        EXPECT_EQ(outcome.record.chosenLanguage, scenario == Scenario::Served ? 3 : UNTOUCHED);
+        const Transcript transcript = perform(scenario);
+        EXPECT_EQ(transcript.log, logOf(scenario));
+        EXPECT_EQ(transcript.queried, S_OK);
+        EXPECT_EQ(transcript.record.chosenLanguage, scenario == Scenario::Served ? 3 : UNTOUCHED);
         EXPECT_EQ(LeftBehind(), scenario == Scenario::NotServed ? "" : "bundle1\nauthorization1\n");
     }
 }

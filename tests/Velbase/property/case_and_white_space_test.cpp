@@ -18,7 +18,7 @@ void checkWhiteSpace(const Twin& text)
     expectSame("SimplifyWhiteSpace", &String::SimplifyWhiteSpace, reference::simplifyWhiteSpace, text);
 }
 
-const TextOperation OPERATIONS[] = {
+const TextOperation CASE_OPERATIONS[] = {
     {"Case", "zZ\0"sv, checkCase},
     {"CaseBeyondAscii", "\xE9\xC9\xFF"sv, checkCase},
     {"CaseBesideTheLetters", "@[`"sv, checkCase},
@@ -27,7 +27,7 @@ const TextOperation OPERATIONS[] = {
     {"WhiteSpaceControls", "\t\r\x1F"sv, checkWhiteSpace},
 };
 
-INSTANTIATE_TEST_SUITE_P(CaseAndWhiteSpace, TextProperty, testing::ValuesIn(OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(CaseAndWhiteSpace, TextProperty, testing::ValuesIn(CASE_OPERATIONS), RowName());
 
 TEST(CaseAndWhiteSpaceProperty, AgreesOnEveryByteBetweenLetters)
 {

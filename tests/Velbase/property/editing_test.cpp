@@ -128,7 +128,7 @@ void checkReplace(const Twin& text, const Twin& pattern)
     expectSame("Replace", &String::Replace, reference::replace, text, pattern, pattern);
 }
 
-const TextOperation TEXT_OPERATIONS[] = {
+const TextOperation EDITING_TEXT_OPERATIONS[] = {
     {"Construct", "ab\0"sv, checkConstruct},
     {"Pieces", "ab\0"sv, checkPieces},
     {"At", "ab\0"sv, checkAt},
@@ -139,15 +139,15 @@ const TextOperation TEXT_OPERATIONS[] = {
     {"ReplaceChar", "ab\0"sv, checkReplaceChar},
 };
 
-const PairOperation PAIR_OPERATIONS[] = {
+const PairOperation EDITING_PAIR_OPERATIONS[] = {
     {"Assign", "ab\0"sv, checkAssign},
     {"Append", "ab\0"sv, checkAppend},
     {"Insert", "ab\0"sv, checkInsert},
     {"Replace", "ab\0"sv, checkReplace},
 };
 
-INSTANTIATE_TEST_SUITE_P(Editing, TextProperty, testing::ValuesIn(TEXT_OPERATIONS), RowName());
-INSTANTIATE_TEST_SUITE_P(Editing, PairProperty, testing::ValuesIn(PAIR_OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(Editing, TextProperty, testing::ValuesIn(EDITING_TEXT_OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(Editing, PairProperty, testing::ValuesIn(EDITING_PAIR_OPERATIONS), RowName());
 
 TEST(ExtendingProperty, RefusesATextOf4294967296BytesAndLeavesTheStringAlone)
 {

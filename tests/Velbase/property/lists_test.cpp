@@ -77,17 +77,17 @@ void checkJoinOfTwo(const Twin& part, const Twin& separator)
     }
 }
 
-const TextOperation TEXT_OPERATIONS[] = {
+const TextOperation LIST_TEXT_OPERATIONS[] = {
     {"Split", "a,\0"sv, checkSplit},
     {"SplitAndJoinBack", "a,b"sv, checkSplitAndJoinBack},
 };
 
-const PairOperation PAIR_OPERATIONS[] = {
+const PairOperation LIST_PAIR_OPERATIONS[] = {
     {"Join", "a,\0"sv, checkJoinOfTwo},
 };
 
-INSTANTIATE_TEST_SUITE_P(Lists, TextProperty, testing::ValuesIn(TEXT_OPERATIONS), RowName());
-INSTANTIATE_TEST_SUITE_P(Lists, PairProperty, testing::ValuesIn(PAIR_OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(Lists, TextProperty, testing::ValuesIn(LIST_TEXT_OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(Lists, PairProperty, testing::ValuesIn(LIST_PAIR_OPERATIONS), RowName());
 
 TEST(JoinProperty, AgreesOnRandomLists)
 {

@@ -56,7 +56,7 @@ void checkInEveryBase(const Twin& text)
         checkIntegers(text, base);
 }
 
-const TextOperation OPERATIONS[] = {
+const TextOperation PARSING_OPERATIONS[] = {
     {"IntegersWithSigns", "-+1"sv, checkInEveryBase},
     {"IntegersWithWhiteSpace", "1\xA0z"sv, checkInEveryBase},
     {"IntegersWithZeroBytes", "1 \0"sv, checkInEveryBase},
@@ -66,7 +66,7 @@ const TextOperation OPERATIONS[] = {
     {"DoublesWithZeroBytes", "1.\0"sv, checkDouble},
 };
 
-INSTANTIATE_TEST_SUITE_P(Parsing, TextProperty, testing::ValuesIn(OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(Parsing, TextProperty, testing::ValuesIn(PARSING_OPERATIONS), RowName());
 
 TEST(ParsingProperty, AgreesOnEveryByteInEveryBase)
 {

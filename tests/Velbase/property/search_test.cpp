@@ -76,18 +76,18 @@ void checkCompare(const Twin& a, const Twin& b)
     ASSERT_EQ(a.string <= b.string.Latin1(), order <= 0) << call(a, "operator<=", b) << " of a C string";
 }
 
-const TextOperation TEXT_OPERATIONS[] = {
+const TextOperation SEARCH_TEXT_OPERATIONS[] = {
     {"FindChar", "aA\0"sv, checkFindChar},
 };
 
-const PairOperation PAIR_OPERATIONS[] = {
+const PairOperation SEARCH_PAIR_OPERATIONS[] = {
     {"FindText", "aA\0"sv, checkFindText},
     {"FindTextOfTwoLetters", "ab\0"sv, checkFindText},
     {"BeginsAndEndsWith", "aA\0"sv, checkBeginsAndEndsWith},
     {"Compare", "a\xE9\0"sv, checkCompare},
 };
 
-INSTANTIATE_TEST_SUITE_P(Search, TextProperty, testing::ValuesIn(TEXT_OPERATIONS), RowName());
-INSTANTIATE_TEST_SUITE_P(Search, PairProperty, testing::ValuesIn(PAIR_OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(Search, TextProperty, testing::ValuesIn(SEARCH_TEXT_OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(Search, PairProperty, testing::ValuesIn(SEARCH_PAIR_OPERATIONS), RowName());
 
 }  // namespace

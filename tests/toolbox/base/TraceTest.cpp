@@ -145,25 +145,25 @@ TEST_F(Trace, TellsFourCharacterCodesByTheirCharacters)
     }
 }
 
-struct OpaqueThing;
-using ThingRef = OpaqueThing*;
+struct OpaqueTracedThing;
+using TracedThingRef = OpaqueTracedThing*;
 
-class Thing : public Toolbox::Referenced<Thing, ThingRef> {
+class TracedThing : public Toolbox::Referenced<TracedThing, TracedThingRef> {
 public:
     static constexpr const char* KIND = "thing";
 };
 
 // A thing that has a better name than its number.
-class NamedThing : public Thing {
+class NamedThing : public TracedThing {
     std::string traceName() const override { return "the thing"; }
 };
 
 TEST_F(Trace, NamesObjectsByKindAndNumberUnlessTheyNameThemselves)
 {
     const NamedThing named;
-    const Thing first;
-    auto second = std::make_unique<Thing>();
-    const ThingRef ref = second->ref();
+    const TracedThing first;
+    auto second = std::make_unique<TracedThing>();
+    const TracedThingRef ref = second->ref();
     const std::string one = first.traceName();
     const std::string two = second->traceName();
     EXPECT_EQ(one.find("thing#"), 0u) << one;
@@ -179,19 +179,19 @@ TEST_F(Trace, NamesObjectsByKindAndNumberUnlessTheyNameThemselves)
 
 TEST_F(Trace, TellsWhatIsNoReferenceByItsAddress)
 {
-    const Thing thing;
+    const TracedThing thing;
     const auto value = reinterpret_cast<std::uintptr_t>(thing.ref());
     for (const std::uintptr_t foreign : {value - 1, value + 1, value + 16, std::uintptr_t(0x10000), std::uintptr_t(16)})
-        EXPECT_EQ(traced(reinterpret_cast<ThingRef>(foreign)).find("Call(0x"), 0u) << m_lines.back();
+        EXPECT_EQ(traced(reinterpret_cast<TracedThingRef>(foreign)).find("Call(0x"), 0u) << m_lines.back();
 }
 
 TEST_F(Trace, TellsTheReferencesThatASuccessfulCallGave)
 {
-    const Thing thing;
-    ThingRef given = nullptr;
-    ThingRef none = nullptr;
+    const TracedThing thing;
+    TracedThingRef given = nullptr;
+    TracedThingRef none = nullptr;
     for (const OSStatus status : {noErr, paramErr}) {
-        TracedCall call("Call", &given, &none, static_cast<ThingRef*>(nullptr));
+        TracedCall call("Call", &given, &none, static_cast<TracedThingRef*>(nullptr));
         given = thing.ref();
         call.gives(status);
     }

@@ -37,7 +37,7 @@ void clickText(QDialog& shown)
     QTest::mouseClick(&titled<QLabel>(shown, "It cannot be undone."), Qt::LeftButton);
 }
 
-const std::tuple<const char*, Alert (*)(), std::vector<Person::Act>, SInt16> SESSION_CASES[] = {
+const std::tuple<const char*, Alert (*)(), std::vector<Person::Act>, SInt16> ALERT_CASES[] = {
     {"ReturnPressesTheDefault", fourButtons, {press(Qt::Key_Return)}, 1},
     {"EnterPressesTheDefault", cancelIsDefault, {press(Qt::Key_Enter)}, 2},
     {"EscapePressesCancel", fourButtons, {press(Qt::Key_Escape)}, 2},
@@ -60,7 +60,7 @@ const std::tuple<const char*, Alert (*)(), std::vector<Person::Act>, SInt16> SES
 
 TEST_F(AlertOnScreen, GivesTheButtonsNumber)
 {
-    for (const auto& [name, make, acts, pressed] : SESSION_CASES) {
+    for (const auto& [name, make, acts, pressed] : ALERT_CASES) {
         SCOPED_TRACE(name);
         EXPECT_EQ(runWith(make(), acts), pressed);
     }

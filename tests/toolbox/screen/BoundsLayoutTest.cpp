@@ -26,7 +26,7 @@ void takeFont()
     QApplication::setFont(font);
 }
 
-const bool REGISTERED = (qAddPreRoutine(takeFont), true);
+const bool FONT_TAKER_IS_REGISTERED = (qAddPreRoutine(takeFont), true);
 
 void expectRoomForText(const QWidget& widget)
 {
@@ -68,7 +68,7 @@ class EverySize : public OnScreen, public testing::WithParamInterface<std::tuple
 protected:
     EverySize()
     {
-        EXPECT_TRUE(REGISTERED);
+        EXPECT_TRUE(FONT_TAKER_IS_REGISTERED);
         fontSize = std::get<int>(GetParam());
         qputenv("QT_SCALE_FACTOR", QByteArray::number(std::get<double>(GetParam())));
     }

@@ -11,9 +11,9 @@
 
 namespace {
 
-constexpr qint64 LONGEST_WAIT = 10000;  // milliseconds; a test that needs them has failed
+constexpr qint64 LONGEST_WAIT_FOR_A_DIALOG = 10000;  // milliseconds; a test that needs them has failed
 
-std::deque<Person::Act> acts;
+std::deque<Person::Act> actsToDo;
 bool isThere = false;
 QElapsedTimer waiting;
 
@@ -28,9 +28,9 @@ void look()
 {
     auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     const bool isUp = dialog != nullptr && dialog->isActiveWindow();
-    if (isUp && !acts.empty()) {
-        const Person::Act act = acts.front();
-        acts.pop_front();
+    if (isUp && !actsToDo.empty()) {
+        const Person::Act act = actsToDo.front();
+        actsToDo.pop_front();
         waiting.start();
         lookAgain();  // first, since the act may open another dialog and come back only when that is done with
         try {
@@ -40,8 +40,8 @@ void look()
         }
         return;
     }
-    if (waiting.hasExpired(LONGEST_WAIT)) {
-        ADD_FAILURE() << (acts.empty() ? "a dialog waits for more" : "no dialog comes up");
+    if (waiting.hasExpired(LONGEST_WAIT_FOR_A_DIALOG)) {
+        ADD_FAILURE() << (actsToDo.empty() ? "a dialog waits for more" : "no dialog comes up");
         if (dialog != nullptr)
             dialog->done(QDialog::Rejected);
         waiting.start();
@@ -63,22 +63,22 @@ QWidget* focus()
     return menu != nullptr && menu->focusWidget() != nullptr ? menu->focusWidget() : QApplication::focusWidget();
 }
 
-const bool REGISTERED = (qAddPreRoutine(comeToTheScreen), true);
+const bool PERSON_IS_REGISTERED = (qAddPreRoutine(comeToTheScreen), true);
 
 }  // namespace
 
 Person::Person(const std::vector<Act>& itsActs)
 {
-    EXPECT_TRUE(REGISTERED);
-    acts.assign(itsActs.begin(), itsActs.end());
+    EXPECT_TRUE(PERSON_IS_REGISTERED);
+    actsToDo.assign(itsActs.begin(), itsActs.end());
     isThere = true;
     waiting.start();
 }
 
 Person::~Person()
 {
-    EXPECT_TRUE(acts.empty()) << acts.size() << " acts were not done";
-    acts.clear();
+    EXPECT_TRUE(actsToDo.empty()) << actsToDo.size() << " acts were not done";
+    actsToDo.clear();
     isThere = false;
 }
 

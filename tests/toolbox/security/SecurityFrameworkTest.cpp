@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr uid_t SUPERUSER = 0;
+constexpr uid_t ROOT = 0;
 constexpr uid_t NOBODY = 65534;
 
 // The bundle Security.framework of the frameworks folder, the caller's.
@@ -84,7 +84,7 @@ TEST_F(SecurityFramework, ExportsItsFunctionsAndNoMore)
 
 TEST_F(SecurityFramework, GrantsTheAdministratorsRightToTheSuperuserAlone)
 {
-    const bool isSuperuser = geteuid() == SUPERUSER;
+    const bool isSuperuser = geteuid() == ROOT;
     const OSStatus status = m_copyRights(create(), &m_administrator, nullptr, kAuthorizationFlagDefaults, nullptr);
     EXPECT_EQ(
         status, isSuperuser ? OSStatus(errAuthorizationSuccess) : OSStatus(errAuthorizationInteractionNotAllowed));
@@ -92,12 +92,12 @@ TEST_F(SecurityFramework, GrantsTheAdministratorsRightToTheSuperuserAlone)
 
 TEST_F(SecurityFramework, GoesByTheEffectiveUserOfTheMoment)
 {
-    if (geteuid() != SUPERUSER)
+    if (geteuid() != ROOT)
         GTEST_SKIP() << "only the superuser can become another user";
     const AuthorizationRef authorization = create();
     ASSERT_EQ(seteuid(NOBODY), 0);
     const OSStatus asNobody = m_copyRights(authorization, &m_administrator, nullptr, 0, nullptr);
-    ASSERT_EQ(seteuid(SUPERUSER), 0);
+    ASSERT_EQ(seteuid(ROOT), 0);
     EXPECT_EQ(asNobody, errAuthorizationInteractionNotAllowed);
     EXPECT_EQ(m_copyRights(authorization, &m_administrator, nullptr, 0, nullptr), errAuthorizationSuccess);
 }
@@ -182,7 +182,7 @@ TEST_F(SecurityFramework, HandsOutTheSetOfWhatItGranted)
     EXPECT_EQ(granted, nullptr);
     EXPECT_EQ(freeSet(granted), errAuthorizationSuccess);
     const OSStatus partly = m_copyRights(create(), &both, nullptr, kAuthorizationFlagPartialRights, &granted);
-    if (geteuid() != SUPERUSER) {
+    if (geteuid() != ROOT) {
         EXPECT_EQ(partly, errAuthorizationDenied);
         return;
     }

@@ -15,7 +15,7 @@ namespace {
 constexpr int DEEPEST = 100;
 
 // The numbers that the Menu Manager counts items with have 16 bits and a sign.
-constexpr std::size_t MOST_ITEMS = 0x7FFF;
+constexpr std::size_t MOST_MENU_ITEMS = 0x7FFF;
 
 // What a class of controls has beyond what every control has.
 using Details = void (*)(const NibObject& object, Control& control);
@@ -182,7 +182,7 @@ private:
 
     void readMenu(const NibObject& menu, SInt32 selectedItem, Control& control)
     {
-        if (!claim(menu) || !require(menu.array("items").size() <= MOST_ITEMS, "a menu has too many items"))
+        if (!claim(menu) || !require(menu.array("items").size() <= MOST_MENU_ITEMS, "a menu has too many items"))
             return;
         for (const NibValue& item : menu.array("items"))
             control.items.push_back(makeItem(follow(item.as<NibReference>())));

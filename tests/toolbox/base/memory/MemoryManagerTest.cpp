@@ -19,7 +19,7 @@ using Toolbox::freeHandle;
 using Toolbox::HANDLE_SLACK;
 using Toolbox::makeHandle;
 
-std::size_t alive(const char* kind)
+std::size_t blocksAlive(const char* kind)
 {
     return Toolbox::CountLiveObjects()[kind];
 }
@@ -66,29 +66,29 @@ TEST(NewPtr, RefusesNegativeSizesAndWhatNoMachineHas)
 
 TEST(NewPtr, IsNullAndKeepsNothingWhicheverAllocationFails)
 {
-    const std::size_t before = alive("pointer");
+    const std::size_t before = blocksAlive("pointer");
     Ptr block = nullptr;
     allocations::refusingEach([&] { block = NewPtr(8); },
         [&](bool refused) {
             EXPECT_EQ(block == nullptr, refused);
-            EXPECT_EQ(alive("pointer"), before + (refused ? 0 : 1));
+            EXPECT_EQ(blocksAlive("pointer"), before + (refused ? 0 : 1));
         });
     DisposePtr(block);
 }
 
 TEST(DisposePtr, FreesABlockOnceAndNothingElse)
 {
-    const std::size_t before = alive("pointer");
+    const std::size_t before = blocksAlive("pointer");
     char local[4] = "abc";
     const Ptr block = NewPtr(12);
     for (const Ptr wrong : {Ptr(nullptr), Ptr(local), block + 1})
         DisposePtr(wrong);
     EXPECT_STREQ(local, "abc");
-    EXPECT_EQ(alive("pointer"), before + 1);
+    EXPECT_EQ(blocksAlive("pointer"), before + 1);
     DisposePtr(block);
-    EXPECT_EQ(alive("pointer"), before);
+    EXPECT_EQ(blocksAlive("pointer"), before);
     DisposePtr(block);
-    EXPECT_EQ(alive("pointer"), before);
+    EXPECT_EQ(blocksAlive("pointer"), before);
 }
 
 TEST(Handle, HoldsACopyOfTheDataFollowedByZeroedSlack)
@@ -108,23 +108,23 @@ TEST(Handle, HoldsACopyOfTheDataFollowedByZeroedSlack)
 
 TEST(Handle, IsFreedOnce)
 {
-    const std::size_t before = alive("handle");
+    const std::size_t before = blocksAlive("handle");
     const Handle handle = makeHandle("abc", 3);
-    EXPECT_EQ(alive("handle"), before + 1);
+    EXPECT_EQ(blocksAlive("handle"), before + 1);
     for (const Handle freed : {handle, handle, Handle(nullptr)}) {
         freeHandle(freed);
-        EXPECT_EQ(alive("handle"), before);
+        EXPECT_EQ(blocksAlive("handle"), before);
     }
 }
 
 TEST(Handle, IsNullAndKeepsNothingWhicheverAllocationFails)
 {
-    const std::size_t before = alive("handle");
+    const std::size_t before = blocksAlive("handle");
     Handle handle = nullptr;
     allocations::refusingEach([&] { handle = makeHandle("abc", 3); },
         [&](bool refused) {
             EXPECT_EQ(handle == nullptr, refused);
-            EXPECT_EQ(alive("handle"), before + (refused ? 0 : 1));
+            EXPECT_EQ(blocksAlive("handle"), before + (refused ? 0 : 1));
         });
     freeHandle(handle);
 }

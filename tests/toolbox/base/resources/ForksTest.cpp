@@ -21,7 +21,7 @@ namespace {
 using Toolbox::Fork;
 using Toolbox::readFork;
 
-const Bytes FORK = {'t', 'h', 'e', ' ', 'f', 'o', 'r', 'k'};
+const Bytes THE_FORK = {'t', 'h', 'e', ' ', 'f', 'o', 'r', 'k'};
 
 class Forks : public testing::Test {
 protected:
@@ -41,7 +41,7 @@ protected:
 
 TEST_F(Forks, DataForkIsTheFileItself)
 {
-    const Bytes appleDouble = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}});
+    const Bytes appleDouble = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}});
     Bytes otherMagic = appleDouble;
     setNumber(otherMagic, 0, 4, 0x00051608);
     Bytes otherVersion = appleDouble;
@@ -58,39 +58,40 @@ TEST_F(Forks, DataForkMayBeAppleDoubleOrAppleSingle)
 {
     for (const unsigned magic : {APPLE_SINGLE, APPLE_DOUBLE}) {
         const Bytes info(32, 'i');
-        EXPECT_EQ(readData(makeAppleDouble(magic, {{FINDER_INFO_ENTRY, info}, {RESOURCE_FORK_ENTRY, FORK}})), noErr);
-        EXPECT_EQ(m_bytes, FORK);
+        EXPECT_EQ(
+            readData(makeAppleDouble(magic, {{FINDER_INFO_ENTRY, info}, {RESOURCE_FORK_ENTRY, THE_FORK}})), noErr);
+        EXPECT_EQ(m_bytes, THE_FORK);
     }
 }
 
 TEST_F(Forks, ResourceForkIsTheFirstInTheAppleDoubleFileBeside)
 {
-    const TestEntry fork = {RESOURCE_FORK_ENTRY, FORK};
+    const TestEntry fork = {RESOURCE_FORK_ENTRY, THE_FORK};
     const TestEntry other = {RESOURCE_FORK_ENTRY, {'o', 't', 'h', 'e', 'r'}};
     EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, fork, other})), noErr);
-    EXPECT_EQ(m_bytes, FORK);
+    EXPECT_EQ(m_bytes, THE_FORK);
 }
 
 TEST_F(Forks, ResourceForkMayBeMissing)
 {
-    EXPECT_EQ(readFork(m_folder.write("file", FORK), Fork::Resource, &m_bytes), errFSForkNotFound);
+    EXPECT_EQ(readFork(m_folder.write("file", THE_FORK), Fork::Resource, &m_bytes), errFSForkNotFound);
     EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {})), errFSForkNotFound);
     EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}})), errFSForkNotFound);
     EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, {}}})), errFSForkNotFound) << "empty";
-    EXPECT_EQ(readData(makeAppleDouble(APPLE_SINGLE, {{DATA_FORK_ENTRY, FORK}})), errFSForkNotFound);
+    EXPECT_EQ(readData(makeAppleDouble(APPLE_SINGLE, {{DATA_FORK_ENTRY, THE_FORK}})), errFSForkNotFound);
 }
 
 TEST_F(Forks, FileBesideMustBeAppleDoubleAndIsNothingWithoutTheFile)
 {
     EXPECT_EQ(readBeside(Bytes(26)), mapReadErr);
     EXPECT_EQ(readBeside(makeFork({{'CALL', 1, "x"}}).bytes()), mapReadErr);
-    m_folder.write("._other", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}}));
+    m_folder.write("._other", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}}));
     EXPECT_EQ(readFork(m_folder / "other", Fork::Resource, &m_bytes), fnfErr);
 }
 
 TEST_F(Forks, AppleDoubleIsRefusedWhereverItIsCut)
 {
-    const Bytes good = makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, {RESOURCE_FORK_ENTRY, FORK}});
+    const Bytes good = makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, {RESOURCE_FORK_ENTRY, THE_FORK}});
     for (std::size_t length = 0; length < good.size(); ++length) {
         const Bytes cut(good.begin(), good.begin() + std::ptrdiff_t(length));
         EXPECT_EQ(readBeside(cut), length < 26 ? int(eofErr) : int(mapReadErr)) << length;
@@ -119,7 +120,7 @@ const std::tuple<const char*, std::size_t, std::size_t, unsigned, OSErr> ENTRY_C
 TEST_F(Forks, EntryMustLieInTheFile)
 {
     for (const auto& [name, position, width, value, result] : ENTRY_CASES) {
-        Bytes file = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}});
+        Bytes file = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}});
         setNumber(file, position, width, value);
         EXPECT_EQ(readBeside(file), result) << name;
         EXPECT_EQ(readData(file), result) << name;
@@ -165,15 +166,15 @@ TEST_F(Forks, ForkMayBeAsLargeAsTheFormatCanBeAndIsElseRefusedUnread)
 TEST_F(Forks, ForkInALargeFileMayNotBeLargerThanTheFormatCanBe)
 {
     const std::pair<std::size_t, OSErr> lengths[] = {
-        {FORK.size(), noErr}, {Toolbox::MAX_FORK_LENGTH, noErr}, {Toolbox::MAX_FORK_LENGTH + 1, mapReadErr}};
+        {THE_FORK.size(), noErr}, {Toolbox::MAX_FORK_LENGTH, noErr}, {Toolbox::MAX_FORK_LENGTH + 1, mapReadErr}};
     for (const auto& [length, result] : lengths) {
-        Bytes file = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}});
+        Bytes file = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}});
         setNumber(file, 34, 4, length);
         const std::string path = m_folder.write("large", file);
         std::filesystem::resize_file(path, std::uintmax_t(1) << 33);
         ASSERT_EQ(readFork(path, Fork::Data, &m_bytes), result) << length;
         EXPECT_TRUE(result != noErr || m_bytes.size() == length) << length;
-        EXPECT_TRUE(result != noErr || std::equal(FORK.begin(), FORK.end(), m_bytes.begin())) << length;
+        EXPECT_TRUE(result != noErr || std::equal(THE_FORK.begin(), THE_FORK.end(), m_bytes.begin())) << length;
     }
 }
 
@@ -182,7 +183,7 @@ TEST_F(Forks, OnlyRegularFilesHaveForks)
     const std::string folder = m_folder.makeFolder("folder");
     const std::string pipe = m_folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    const std::string file = m_folder.write("file", FORK);
+    const std::string file = m_folder.write("file", THE_FORK);
     for (const std::string& irregular : {folder, pipe, std::string("/dev/zero")}) {
         EXPECT_EQ(readFork(irregular, Fork::Data, &m_bytes), ioErr);
         EXPECT_EQ(readFork(irregular, Fork::Resource, &m_bytes), ioErr);
@@ -198,7 +199,7 @@ TEST_F(Forks, TellOfAReadError)
 {
     EXPECT_EQ(readFork("/proc/self/mem", Fork::Data, &m_bytes), ioErr);
     std::filesystem::create_symlink("/proc/self/mem", m_folder / "._file");
-    EXPECT_EQ(readFork(m_folder.write("file", FORK), Fork::Resource, &m_bytes), ioErr);
+    EXPECT_EQ(readFork(m_folder.write("file", THE_FORK), Fork::Resource, &m_bytes), ioErr);
 }
 
 // The superuser may read everything, so that the process becomes nobody while this lives.
@@ -220,9 +221,9 @@ private:
 
 TEST_F(Forks, UnreadableFileIsNotPermitted)
 {
-    const std::string secret = m_folder.write("secret", FORK);
-    const std::string file = m_folder.write("file", FORK);
-    m_folder.write("._file", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, FORK}}));
+    const std::string secret = m_folder.write("secret", THE_FORK);
+    const std::string file = m_folder.write("file", THE_FORK);
+    m_folder.write("._file", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}}));
     std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0755));
     std::filesystem::permissions(secret, std::filesystem::perms::none);
     std::filesystem::permissions(m_folder / "._file", std::filesystem::perms::none);

@@ -13,14 +13,14 @@
 
 namespace {
 
-constexpr int LONGEST_WAIT = 30000;  // milliseconds; a test that needs them has failed
+constexpr int LONGEST_WAIT_FOR_A_BYTE = 30000;  // milliseconds; a test that needs them has failed
 
 // The next bytes of `file`; nothing at its end, or when none come.
 std::string readSome(int file)
 {
     pollfd waiting{file, POLLIN, 0};
     char bytes[4096];
-    const ssize_t count = poll(&waiting, 1, LONGEST_WAIT) == 1 ? read(file, bytes, sizeof bytes) : -1;
+    const ssize_t count = poll(&waiting, 1, LONGEST_WAIT_FOR_A_BYTE) == 1 ? read(file, bytes, sizeof bytes) : -1;
     return count > 0 ? std::string(bytes, static_cast<std::size_t>(count)) : std::string();
 }
 
