@@ -3,11 +3,13 @@
 #include <QAbstractEventDispatcher>
 #include <QAccessible>
 #include <QApplication>
+#include <QBitmap>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTest>
 
 #include <cstring>
+#include <numeric>
 #include <tuple>
 
 namespace {
@@ -68,34 +70,43 @@ TEST_F(AlertOnScreen, GivesTheButtonsNumber)
 
 TEST_F(AlertOnScreen, GoesWhenItsWindowIsDestroyedThoughNothingCancelsIt)
 {
-    const auto destroy = [](QDialog& shown) {
-        // DestroyNotify of X's protocol, which somebody else's client has caused.
-        char event[32] = {17};
-        const auto window = static_cast<quint32>(shown.winId());
-        std::memcpy(event + 8, &window, sizeof window);
-        qintptr result = 0;
-        QAbstractEventDispatcher::instance()->filterNativeEvent("xcb_generic_event_t", event, &result);
+    // An event of X's protocol, about the dialog's window or the next.
+    const auto notify = [](char event, quint32 next) {
+        return [=](QDialog& shown) {
+            char bytes[32] = {event};
+            const quint32 window = static_cast<quint32>(shown.winId()) + next;
+            std::memcpy(bytes + 8, &window, sizeof window);
+            qintptr result = 0;
+            QAbstractEventDispatcher::instance()->filterNativeEvent("xcb_generic_event_t", bytes, &result);
+        };
     };
-    EXPECT_EQ(runWith(withoutCancel(), {destroy}), 1);
+    constexpr char UNMAP = 18;
+    constexpr char DESTROY = 17;
+    constexpr char SENT = '\x80';
+    EXPECT_EQ(runWith(fourButtons(), {notify(UNMAP, 0), notify(DESTROY, 1), press(Qt::Key_Return)}), 1);
+    EXPECT_EQ(runWith(withoutCancel(), {notify(DESTROY, 0)}), 1);
+    EXPECT_EQ(runWith(fourButtons(), {notify(DESTROY | SENT, 0)}), 2) << "by a program that says so only";
 }
 
 // ---- How it looks
 
 TEST_F(AlertOnScreen, HasItsButtonsInTheOrderOfThePlatform)
 {
-    lookAt(fourButtons(), [](QDialog& shown) {
+    Alert wide = fourButtons();
+    wide.explanation = QStringLiteral("word ").repeated(60);
+    lookAt(wide, [](QDialog& shown) {
         const QRect ok = buttonPlace(shown, "Yes && no");
         const QRect cancel = buttonPlace(shown, "Cancel");
         const QRect other = buttonPlace(shown, "Don't Save");
         const QRect help = buttonPlace(shown, "Help");
-        EXPECT_LT(help.right(), other.left());
-        EXPECT_LT(other.right(), cancel.left());
-        EXPECT_LT(cancel.right(), ok.left());
+        EXPECT_EQ(other.left() - help.right() - 1, 10);
+        EXPECT_GT(cancel.left() - other.right() - 1, 20) << "the room is between those at the left and the right";
+        EXPECT_EQ(ok.left() - cancel.right() - 1, 10);
         EXPECT_EQ(help.left(), 20);
         EXPECT_EQ(help.left(), shown.width() - 1 - ok.right()) << "the margins are alike";
         for (const QRect& each : {cancel, other, help})
             EXPECT_EQ(each.center().y(), ok.center().y());
-        EXPECT_LT(ok.bottom(), shown.height());
+        EXPECT_EQ(shown.height() - 1 - ok.bottom(), 20);
         EXPECT_EQ(QApplication::focusWidget(), &titled<QPushButton>(shown, "Yes && no"));
         EXPECT_TRUE(titled<QPushButton>(shown, "Yes && no").isDefault());
     });
@@ -112,8 +123,11 @@ TEST_F(AlertOnScreen, ShowsItsTextsAsTheyAre)
         EXPECT_FALSE(explanation.font().bold());
         EXPECT_EQ(text.font().pixelSize(), 13);
         EXPECT_EQ(explanation.font().pixelSize(), 11);
-        EXPECT_EQ(placeOf(text).left(), placeOf(explanation).left());
-        EXPECT_LT(placeOf(text).bottom(), placeOf(explanation).top());
+        EXPECT_EQ(placeOf(text).left(), 20 + 48 + 16) << "beside the icon";
+        EXPECT_EQ(placeOf(explanation).left(), placeOf(text).left());
+        EXPECT_EQ(placeOf(explanation).top() - placeOf(text).bottom() - 1, 8);
+        EXPECT_EQ(buttonPlace(shown, "Help").width(), 69);
+        EXPECT_EQ(buttonPlace(shown, "Help").top() - placeOf(explanation).bottom() - 1, 16);
         EXPECT_EQ(text.textInteractionFlags(), Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard)
             << "to copy it";
     });
@@ -135,38 +149,66 @@ TEST_F(AlertOnScreen, IsAnnouncedWithItsTexts)
     });
 }
 
+TEST_F(AlertOnScreen, HasACloseBoxWhereThatPressesAButton)
+{
+    for (const auto& [make, hasOne] : {std::pair(fourButtons, true), {oneButton, true}, {withoutCancel, false}})
+        lookAt(make(), [expected = hasOne](QDialog& shown) {
+            EXPECT_EQ(shown.windowFlags().testFlag(Qt::WindowCloseButtonHint), expected);
+        });
+}
+
+// Where `picture` has `colour`, and in how many of its pixels.
+std::pair<QRect, int> extent(const QImage& picture, QRgb colour)
+{
+    const QRegion region(QBitmap::fromImage(picture.createMaskFromColor(colour, Qt::MaskOutColor)));
+    return {region.boundingRect(), std::accumulate(region.begin(), region.end(), 0, [](int pixels, const QRect& each) {
+                return pixels + each.width() * each.height();
+            })};
+}
+
 TEST_F(AlertOnScreen, HasTheIconOfItsType)
 {
-    // The colour is that below its sign, 0 for no icon.
-    const std::tuple<AlertType, const char*, QRgb> types[] = {{kAlertStopAlert, "Stop", 0xFFC62828},
-        {kAlertNoteAlert, "Note", 0xFF1565C0}, {kAlertCautionAlert, "Caution", 0xFFF9A825},
-        {kAlertPlainAlert, "Alert", 0}, {-7, "Alert", 0}};
-    for (const auto& [type, title, colour] : types) {
+    struct {
+        AlertType type;
+        const char* title;
+        QRgb colour;  // 0 for no icon
+        QRect place;
+        int pixels;
+        QRgb signColour;
+        QRect signPlace;
+        int signPixels;
+    } constexpr TYPES[] = {
+        {kAlertStopAlert, "Stop", 0xFFC62828, {2, 2, 44, 44}, 1204, 0xFFFFFFFF, {14, 14, 20, 20}, 164},
+        {kAlertNoteAlert, "Note", 0xFF1565C0, {2, 2, 44, 44}, 1363, 0xFFFFFFFF, {22, 11, 4, 26}, 80},
+        {kAlertCautionAlert, "Caution", 0xFFF9A825, {3, 4, 42, 40}, 792, 0xFF202020, {22, 16, 4, 24}, 72},
+        {kAlertPlainAlert, "Alert", 0, {}, 0, 0, {}, 0}, {-7, "Alert", 0, {}, 0, 0, {}, 0}};
+    for (const auto& row : TYPES) {
         Alert alert = oneButton();
-        alert.type = type;
-        lookAt(alert, [&, expectedTitle = title, expected = colour](QDialog& shown) {
-            EXPECT_EQ(shown.windowTitle(), QString::fromLatin1(expectedTitle) + QLatin1String(" - toolbox_screen_test"))
-                << "the program is named";
+        alert.type = row.type;
+        lookAt(alert, [&row](QDialog& shown) {
+            const QString title = QString::fromLatin1(row.title);
+            EXPECT_EQ(shown.windowTitle(), title + QLatin1String(" - toolbox_screen_test")) << "the program is named";
             QImage icon;
             for (const QLabel* const each : shown.findChildren<QLabel*>())
-                if (!each->pixmap(Qt::ReturnByValue).isNull() && each->accessibleName() == QLatin1String(expectedTitle))
+                if (!each->pixmap(Qt::ReturnByValue).isNull() && each->accessibleName() == title)
                     icon = each->pixmap(Qt::ReturnByValue).toImage();
-            EXPECT_EQ(icon.size(), expected != 0 ? QSize(48, 48) : QSize(0, 0)) << expectedTitle;
-            const QRgb below = icon.isNull() ? 0 : icon.pixel(24, 42);
-            EXPECT_EQ(below, expected) << expectedTitle;
+            EXPECT_EQ(icon.size(), row.colour != 0 ? QSize(48, 48) : QSize(0, 0)) << row.title;
+            EXPECT_EQ(extent(icon, row.colour), std::pair(row.place, row.pixels)) << row.title;
+            EXPECT_EQ(extent(icon, row.signColour), std::pair(row.signPlace, row.signPixels)) << row.title;
         });
     }
 }
 
 TEST_F(AlertOnScreen, CutsNothingOff)
 {
-    const QString texts[] = {QString(254, QLatin1Char('W')), QStringLiteral("word ").repeated(60),
-        QStringLiteral("line\n").repeated(10), QStringLiteral("日本語").repeated(60)};
-    for (const QString& text : texts) {
+    const std::pair<QString, int> texts[] = {{QString(254, QLatin1Char('W')), 420},
+        {QStringLiteral("word ").repeated(60), 420}, {QStringLiteral("line\n").repeated(10), 260},
+        {QStringLiteral("日本語").repeated(60), 420}};
+    for (const auto& [text, width] : texts) {
         Alert alert = oneButton();
         alert.text = text;
         alert.explanation = text;
-        lookAt(alert, [](QDialog& shown) {
+        lookAt(alert, [itsWidth = width](QDialog& shown) {
             int shownTexts = 0;
             for (const QLabel* const each : shown.findChildren<QLabel*>()) {
                 if (each->text().isEmpty())
@@ -178,7 +220,7 @@ TEST_F(AlertOnScreen, CutsNothingOff)
                 EXPECT_TRUE(shown.rect().contains(placeOf(*each)));
             }
             EXPECT_EQ(shownTexts, 2);
-            EXPECT_LT(shown.width(), 600);
+            EXPECT_EQ(shown.width(), 20 + 48 + 16 + itsWidth + 20);
         });
     }
 }
@@ -204,7 +246,10 @@ TEST_F(AlertOnScreen, ShowsEmptyTextsAndTitles)
     Alert alert = oneButton();
     alert.text.clear();
     alert.buttons[0].title.clear();
-    EXPECT_EQ(runWith(alert, {press(Qt::Key_Return)}), 1);
+    lookAt(alert, [](QDialog& shown) {
+        only<QPushButton>(shown);
+        only<QLabel>(shown);  // the icon
+    });
 }
 
 TEST_F(AlertOnScreen, StaysWithinTheScreenForButtonsThatDoNot)
@@ -224,7 +269,13 @@ TEST_F(AlertOnScreen, HasItsItemsWhereItsResourcesSay)
         EXPECT_EQ(buttonPlace(shown, "OK").left(), 230);
         EXPECT_EQ(buttonPlace(shown, "Cancel").left(), 150);
         EXPECT_EQ(buttonPlace(shown, "Never").left(), 20);
-        EXPECT_EQ(placeOf(titled<QLabel>(shown, "This external cannot do what the installer asks of it.")).left(), 75);
+        const QLabel& text = titled<QLabel>(shown, "This external cannot do what the installer asks of it.");
+        EXPECT_EQ(placeOf(text).topLeft(), QPoint(75, 10));
+        EXPECT_EQ(text.alignment(), Qt::AlignLeft | Qt::AlignTop);
+        const QLabel& icon = titled<QLabel>(shown, "");
+        EXPECT_EQ(placeOf(icon).topLeft(), QPoint(20, 10));
+        EXPECT_EQ(icon.pixmap(Qt::ReturnByValue).size(), QSize(32, 32));
+        EXPECT_EQ(icon.alignment(), Qt::AlignLeft | Qt::AlignTop);
         EXPECT_FALSE(titled<QPushButton>(shown, "Never").isEnabled());
         EXPECT_TRUE(titled<QPushButton>(shown, "OK").isDefault());
     });

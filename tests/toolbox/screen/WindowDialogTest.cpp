@@ -565,6 +565,7 @@ TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
     dialog.made.addTo(box, ControlKind::Button).title = QStringLiteral("Inside");
     dialog.add(ControlKind::Other, "Unknown", {0, 0, 10, 10});
     dialog.add(ControlKind::Separator, "", {70, 0, 72, 300});
+    dialog.add(ControlKind::Separator, "", {70, 310, 80, 312});
     box.hidden = true;
     dialog.cancel.enabled = false;
     EXPECT_EQ(runWith(dialog,
@@ -572,6 +573,12 @@ TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
                        EXPECT_FALSE(only<QGroupBox>(shown).isVisible());
                        EXPECT_FALSE(titled<QPushButton>(shown, "Inside").isVisible());
                        EXPECT_FALSE(titled<QPushButton>(shown, "Cancel").isEnabled());
+                       for (const int line : {QFrame::HLine, QFrame::VLine}) {
+                           const QList<QFrame*> frames = shown.findChildren<QFrame*>();
+                           EXPECT_EQ(std::count_if(frames.begin(), frames.end(),
+                                         [line](const QFrame* each) { return each->frameShape() == line; }),
+                               1);
+                       }
                    },
                       press(Qt::Key_Return)}),
         "ended: ok");
@@ -585,7 +592,7 @@ TEST_F(WindowOnScreen, StretchesNothingMoreThanItsTextNeeds)
     dialog.cancel.title = QStringLiteral("Do nothing");  // somewhat wider than its place
     lookAt(dialog, [](QDialog& shown) {
         const QPushButton& cancel = titled<QPushButton>(shown, "Do nothing");
-        EXPECT_GT(cancel.width(), cancel.fontMetrics().horizontalAdvance(cancel.text()));
+        EXPECT_EQ(cancel.width(), cancel.fontMetrics().horizontalAdvance(cancel.text()) + 24);
         EXPECT_EQ(buttonPlace(shown, "OK").width(), 69) << "as the nib has it";
         EXPECT_EQ(buttonPlace(shown, "OK").right(), placeOf(only<QComboBox>(shown)).right());
         EXPECT_EQ(buttonPlace(shown, "OK").left() - placeOf(cancel).right() - 1, 12);
@@ -626,7 +633,7 @@ TEST_F(WindowOnScreen, ScrollsWhatIsLargerThanTheScreen)
     dialog.made.window().content = {-32768, -32768, 32767, 32767};
     lookAt(dialog, [](QDialog& shown) {
         const QSize screen = shown.screen()->availableSize();
-        EXPECT_EQ(shown.size(), shown.size().boundedTo(screen));
+        EXPECT_EQ(shown.size(), screen - QSize(60, 60)) << "with room for the frame";
         EXPECT_GT(only<QScrollArea>(shown).widget()->width(), screen.width());
         EXPECT_GT(only<QScrollArea>(shown).widget()->height(), screen.height());
     });
