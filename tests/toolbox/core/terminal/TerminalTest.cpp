@@ -211,7 +211,7 @@ TEST(TerminalQuestion, SaysThatStandardInputIsNotRead)
         PseudoTerminal terminal("C.UTF-8", [holdsSomething] {
             int input[2];
             EXPECT_EQ(pipe(input), 0);
-            EXPECT_EQ(write(input[1], "german\n", holdsSomething ? 7 : 0), holdsSomething ? 7 : 0);
+            EXPECT_EQ(write(input[1], "\n", holdsSomething ? 1 : 0), holdsSomething ? 1 : 0);
             dup2(input[0], STDIN_FILENO);
             Terminal opened;
             opened.sayWhatIsNotRead();
