@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 
 #include <tuple>
 
@@ -103,6 +104,19 @@ TEST_P(EverySize, LeavesAStandardAlertWhole)
 TEST_P(EverySize, LeavesAnAlertFromResourcesWhole)
 {
     lookAt(fromResources(), [](QDialog& shown) { look(shown, "resources"); });
+}
+
+TEST_F(OnScreen, HasTheTextsOfAnAlertNoWiderThanItCanBe)
+{
+    fontSize = 48;
+    Toolbox::Alert alert = oneButton();
+    alert.text = QStringLiteral("word ").repeated(8);
+    lookAt(alert, [](QDialog& shown) {
+        EXPECT_EQ(shown.width(), shown.screen()->availableSize().width() - 60);
+        for (const QScrollBar* const each : shown.findChildren<QScrollBar*>())
+            EXPECT_FALSE(each->isVisible());
+    });
+    fontSize = 0;
 }
 
 INSTANTIATE_TEST_SUITE_P(

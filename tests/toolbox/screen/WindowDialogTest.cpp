@@ -547,14 +547,16 @@ TEST_F(WindowOnScreen, HasTheTabKeyGoAlongItsRows)
     Dialog dialog;
     dialog.cancel.bounds = {84, 20, 104, 89};
     dialog.popUp.bounds = {90, 100, 98, 240};  // between it and OK, and less high
+    for (const char* const title : {"One", "Two"})
+        dialog.add(ControlKind::Button, title, {108, 20, 118, 89});
     lookAt(dialog, [](QDialog&) {
         QStringList stops;
-        for (int stop = 0; stop < 3; ++stop) {
+        for (int stop = 0; stop < 5; ++stop) {
             const auto* const button = qobject_cast<QPushButton*>(QApplication::focusWidget());
             stops.append(button == nullptr ? QStringLiteral("pop-up") : button->text());
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
-        EXPECT_EQ(stops.join(QLatin1Char(' ')), QStringLiteral("pop-up OK Cancel"));
+        EXPECT_EQ(stops.join(QLatin1Char(' ')), QStringLiteral("pop-up OK One Two Cancel"));
     });
 }
 
@@ -602,14 +604,17 @@ TEST_F(WindowOnScreen, StretchesNothingMoreThanItsTextNeeds)
 
 TEST_F(WindowOnScreen, StretchesTheLongerPartOfWhatLiesAlone)
 {
-    Dialog dialog;
-    dialog.ok.bounds = {84, 20, 104, 320};  // below the pop-up, and Cancel below its end
-    dialog.ok.title = QString(60, QLatin1Char('W'));
-    dialog.cancel.bounds = {112, 251, 132, 320};
-    lookAt(dialog, [](QDialog& shown) {
-        EXPECT_GT(buttonPlace(shown, QByteArray(60, 'W').constData()).width(), 300);
-        EXPECT_LE(buttonPlace(shown, "Cancel").width(), titled<QPushButton>(shown, "Cancel").sizeHint().width());
-    });
+    // Below the pop-up, and Cancel below its beginning or its end.
+    for (const auto& [left, right] : {std::pair(SInt16{20}, SInt16{89}), {SInt16{251}, SInt16{320}}}) {
+        Dialog dialog;
+        dialog.ok.bounds = {84, 20, 104, 320};
+        dialog.ok.title = QString(60, QLatin1Char('W'));
+        dialog.cancel.bounds = {112, left, 132, right};
+        lookAt(dialog, [](QDialog& shown) {
+            EXPECT_GT(buttonPlace(shown, QByteArray(60, 'W').constData()).width(), 300);
+            EXPECT_LE(buttonPlace(shown, "Cancel").width(), titled<QPushButton>(shown, "Cancel").sizeHint().width());
+        });
+    }
 }
 
 TEST_F(WindowOnScreen, LetsWhatIsFarTooLongGrow)
@@ -641,8 +646,9 @@ TEST_F(WindowOnScreen, ScrollsWhatIsLargerThanTheScreen)
 
 TEST_F(WindowOnScreen, ScrollsOneWayOnlyWhereThatIsEnough)
 {
-    const std::tuple<QSize, bool, bool> cases[] = {
-        {{760, 200}, true, false}, {{340, 760}, false, true}, {{760, 760}, true, true}};
+    const std::tuple<QSize, bool, bool> cases[] = {{{760, 200}, true, false}, {{340, 760}, false, true},
+        {{760, 760}, true, true}, {{740, 200}, false, false},
+        {{739, 760}, true, true}};  // which the other way's bar makes too wide
     for (const auto& [content, scrollsAcross, scrollsDown] : cases) {
         Dialog dialog;
         dialog.made.window().content = {

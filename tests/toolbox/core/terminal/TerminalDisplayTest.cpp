@@ -1,6 +1,8 @@
 #include "tests/toolbox/core/displays/Dialog.h"
 #include "tests/toolbox/core/terminal/PseudoTerminal.h"
 
+#include <unistd.h>
+
 #include <csignal>
 #include <tuple>
 
@@ -44,6 +46,17 @@ TEST(TerminalWindow, ShowsItsTextsAndNumbersItsItemsAndAgainWhenAsked)
     EXPECT_EQ(terminal.readUntil(QUESTION), shown);
     EXPECT_EQ(terminal.readAfter("?\n", QUESTION), "?\n" + shown);
 }
+
+// So that what is shown begins with the words for that.
+void fillStandardInput()
+{
+    int input[2];
+    EXPECT_EQ(pipe(input), 0);
+    EXPECT_EQ(write(input[1], "\n", 1), 1);
+    dup2(input[0], STDIN_FILENO);
+}
+
+const std::string NOT_READ = "What standard input holds is not read: answer here.\n";
 
 TEST(TerminalWindow, StaysReadableInASCII)
 {
@@ -127,7 +140,7 @@ const std::tuple<const char*, Change, std::string, const char*, const char*> WIN
     {"WithOtherTitles",
         [](Dialog& dialog) {
             dialog.ok.title = QStringLiteral("Install");
-            dialog.cancel.title = QStringLiteral("Never mind");
+            dialog.cancel.title = QStringLiteral("Never mind:");
         },
         "Number or name, Never mind, or Return for Install: ", "cancel\n", "ended: cancel"},
     {"WithAnotherButton", [](Dialog& dialog) { dialog.add(ControlKind::Button, "Apply").command = 'aply'; },
@@ -161,7 +174,10 @@ TEST(TerminalWindow, SaysThatReturnMeansNothingWithoutADefaultButton)
 TEST(TerminalWindow, ShowsEveryKindOfControl)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) {
+        fillStandardInput();
+        dialog.made.window().title = QStringLiteral("Paper\r& ink ");
         dialog.popUp.title = QStringLiteral("Size:");
+        dialog.popUp.items[0].title = QStringLiteral("\rSmall");
         dialog.add(ControlKind::GroupBox, "More\x1B[2J");
         dialog.add(ControlKind::Separator, "line");
         dialog.add(ControlKind::Other, "other");
@@ -169,16 +185,17 @@ TEST(TerminalWindow, ShowsEveryKindOfControl)
         dialog.add(ControlKind::StaticText, "Two\rlines");
     }));
     EXPECT_EQ(terminal.readUntil(QUESTION),
-        "\nPaper & ink\n"
-        "\n"
-        "Choose a size:\n"
-        "Size:\n"
-        "  1  Small\n"
-        "  2  日本 (Medium) - chosen\n"
-        "  3  Large\n"
-        "More\\x1b[2J\n"
-        "Two\n"
-        "lines\n"
+        NOT_READ
+            + "\nPaper & ink\n"
+              "\n"
+              "Choose a size:\n"
+              "Size:\n"
+              "  1  Small\n"
+              "  2  日本 (Medium) - chosen\n"
+              "  3  Large\n"
+              "More\\x1b[2J\n"
+              "Two\n"
+              "lines\n"
             + HINT + QUESTION);
 }
 
@@ -249,17 +266,22 @@ const std::string ALERT_QUESTION = "Number or name, or Return for the default: "
 
 TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
 {
-    PseudoTerminal terminal("C.UTF-8", runAlertOf(threeUsable));
+    PseudoTerminal terminal("C.UTF-8", [] {
+        fillStandardInput();
+        return runAlertOf(threeUsable)();
+    });
     EXPECT_EQ(terminal.readUntil(ALERT_QUESTION),
-        "\nCaution: Replace <b>everything</b> & more?\n"
-        "Really?\\x1b[2J\n"
-        "\n"
-        "It cannot be undone.\n"
-        "\n"
-        "  1  Yes & no - default\n"
-        "  2  Cancel\n"
-        "  3  Don't Save\n"
-        "\n" + ALERT_QUESTION);
+        NOT_READ
+            + "\nCaution: Replace <b>everything</b> & more?\n"
+              "Really?\\x1b[2J\n"
+              "\n"
+              "It cannot be undone.\n"
+              "\n"
+              "  1  Yes & no - default\n"
+              "  2  Cancel\n"
+              "  3  Don't Save\n"
+              "\n"
+            + ALERT_QUESTION);
 }
 
 TEST(TerminalAlert, SaysWhichKindItIs)

@@ -90,7 +90,7 @@ TEST(TerminalLines, AreBrokenWhereTheTerminalEnds)
 TEST(TerminalLines, AreAsWideAsTheTerminal)
 {
     for (const auto& [columns, shown] :
-        {std::pair(20, 20), std::pair(40, 40), std::pair(100, 100), std::pair(0, 80), std::pair(5, 20)}) {
+        {std::pair(20, 20), std::pair(40, 40), std::pair(100, 100), std::pair(0, 80), std::pair(1, 20)}) {
         PseudoTerminal terminal(
             "C.UTF-8",
             [] {
