@@ -65,7 +65,7 @@ ExitStatus say(const char* whatHappened)
 
 bool externalWasRun = false;
 
-// In an exit from the midst of things, as Qt makes when the screen goes away: what would be taken apart is in use.
+// For an exit in the middle of the work, as Qt makes when the screen goes away: what would be taken apart is in use.
 void endAtOnce()
 {
     if (progress->status < 0)
@@ -90,14 +90,14 @@ void onTerminate()
 // ---- In the process that watches it
 
 volatile pid_t child = 0;
-volatile std::sig_atomic_t lastRequest = 0;
 
-// The ways in which a person, a shell or a session asks a process to end.
+// The ways in which a person, a shell or a session asks a process to end, and those that were passed on.
 constexpr int REQUESTS[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+volatile std::sig_atomic_t passedOn[NSIG];
 
 void passOn(int request)
 {
-    lastRequest = request;
+    passedOn[request] = 1;
     kill(child, request);
 }
 
@@ -115,7 +115,7 @@ ExitStatus judge(int end)
         return WEXITSTATUS(end) == progress->status ? static_cast<ExitStatus>(progress->status)
                                                     : say("ended the process");
     const int ending = WTERMSIG(end);
-    if (ending == lastRequest) {
+    if (passedOn[ending] != 0) {
         std::signal(ending, SIG_DFL);
         std::raise(ending);
     }
@@ -167,6 +167,7 @@ bool shareProgress()
 ExitStatus watched(const std::function<ExitStatus()>& program)
 {
     std::set_terminate(onTerminate);
+    std::signal(SIGCHLD, SIG_DFL);  // where it is ignored, nobody learns how a child ended
     const pid_t watcher = getpid();
     {
         const HeldRequests held;
@@ -181,7 +182,7 @@ ExitStatus watched(const std::function<ExitStatus()>& program)
     if (child > 0)
         return watch();
 
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    prctl(PR_SET_PDEATHSIG, SIGTERM);  // which it may hold back until a file is whole
     if (getppid() != watcher)
         _exit(EXIT_FAILURE);  // it has gone already
     std::atexit(endAtOnce);

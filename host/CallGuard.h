@@ -1,7 +1,7 @@
 // Code of the external, run so that whatever ends it but a return is noticed and said: it may end the process or the
 // host's thread, crash, throw, or abort; and Qt ends the process when the screen goes away. So all is done in a child
-// process, and the process that was started does nothing but watch it: to no end of the child, be it made by a system
-// call or by another program in its place, can it be blind.
+// process, and the process that was started does nothing but watch it: so it notices every end of the child, one by a
+// system call, or by another program in its place, too.
 
 #ifndef HOST_CALLGUARD_H
 #define HOST_CALLGUARD_H

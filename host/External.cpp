@@ -32,8 +32,9 @@ std::string lastRemark(const char* otherwise)
     return remarks.empty() ? otherwise : remarks.back();
 }
 
-// Whether an object lies at `address`, as far as the system knows. It is asked to change the held signals in a way that
-// there is not, to the set that lies there, and reads the set before it refuses; so nothing is changed or opened.
+// Whether an object lies at `address`, as far as the system knows: rt_sigprocmask(2) reads the set of signals that it
+// is given, or fails with EFAULT, before it refuses a way of changing the mask that does not exist, with EINVAL.
+// Nothing is changed, and no descriptor is needed.
 template <typename Object> bool isReadable(const Object* address, std::size_t size = sizeof(Object))
 {
     constexpr int NO_WAY = -1;

@@ -1,4 +1,4 @@
-// The six languages that the dialog offers, and which of them somebody means or reads.
+// The languages that the dialog offers, and which of them somebody means or reads.
 
 #ifndef HOST_LANGUAGES_H
 #define HOST_LANGUAGES_H
@@ -57,10 +57,10 @@ std::vector<const Language*> languagesMeant(const std::string& text);
 /// The item of the dialog's pop-up that stands for one of LANGUAGES, from 1.
 std::uint32_t popUpItem(const Language& language);
 
-/// The first of the user's languages that is one of the six; English if none is.
+/// The first of the user's languages that the dialog offers; English if none is.
 const Language& userLanguage();
 
-/// The six languages with their codes, as they are told to somebody who has given another.
+/// The languages with their codes, as they are told to somebody who has given another.
 std::string listLanguages();
 
 /// A code in words: "German (2)", "unknown (4)".

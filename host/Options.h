@@ -28,7 +28,7 @@ const char* nameOf(DisplayKind kind);
 /// What was asked for. What was not given is empty, and its default is chosen where it is used.
 struct Options {
     std::optional<std::int16_t> message;
-    std::optional<std::uint32_t> current;  // a language code; it need not be one of the six
+    std::optional<std::uint32_t> current;  // a language code; it need not be one that is offered
     std::optional<DisplayKind> display;
     std::vector<GivenAnswer> answers;
     std::optional<std::string> application;

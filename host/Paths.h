@@ -20,7 +20,7 @@ bool areOne(const std::filesystem::path& one, const std::filesystem::path& other
 /// Whether `path`, with every link on its way followed, lies in `folder`. False when either is not there.
 bool isInside(const std::filesystem::path& folder, const std::filesystem::path& path);
 
-/// Whether `file` is one of those in `folder`, or would be, under the name of this path or under another.
+/// Whether `file`, under this name or another, is in `folder`, or would be if it were made.
 bool isOneOf(const std::filesystem::path& folder, const std::filesystem::path& file);
 
 /// Whether `file` is the program or a library that is loaded, under whatever name.

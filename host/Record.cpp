@@ -39,8 +39,8 @@ std::unique_ptr<std::FILE, int (*)(std::FILE*)> openRegular(const fs::path& file
         *reason = lastError();
     else if (!S_ISREG(facts.st_mode))
         *reason = "it is not a regular file";
-    else
-        stream = fdopen(descriptor, "rb");
+    else if ((stream = fdopen(descriptor, "rb")) == nullptr)
+        *reason = lastError();
     if (stream == nullptr && descriptor >= 0)
         close(descriptor);
     return {stream, std::fclose};

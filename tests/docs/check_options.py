@@ -62,6 +62,12 @@ def fish():
                      for name, words in re.findall(r""" -l ([a-z]+) -x -a ["']?([^(]*?)["']? -d""", text)}
 
 
+def fish_files():
+    """The options after which fish offers files."""
+    text = (COMPLETIONS / "visex-host.fish").read_text()
+    return {f"--{name}" for name in re.findall(r" -l ([a-z-]+) -r -F", text)}
+
+
 def readme():
     """The options with their values, and what is said of each."""
     rows = [line for line in (ROOT / "README.md").read_text().splitlines() if line.startswith("| `-")]
@@ -91,6 +97,8 @@ def differences(host):
     for place, options in names.items():
         for option in sorted(options ^ set(host.values)):
             yield f"{place} and --help differ about {option}"
+    for option in fish_files() ^ {option for option, value in host.values.items() if value == "FILE"}:
+        yield f"fish and --help differ about files after {option}"
     for place, offers in (("bash", bash_offers), ("bash", after_sign), ("bash", begun), ("zsh", zsh_offers), ("fish", fish_offers)):
         for option, words in host.offers.items():
             if offers.get(option) != words:

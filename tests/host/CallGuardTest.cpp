@@ -134,6 +134,11 @@ TEST(CallGuard, IsNothingToAProcessThatIsStartedInTheCall)
     EXPECT_EXIT(endWatched(Running::Call, start), testing::ExitedWithCode(1), "^$");
 }
 
+TEST(CallGuard, LearnsOfTheEndThoughChildrenWereIgnored)
+{
+    EXPECT_EXIT((std::signal(SIGCHLD, SIG_IGN), endWatched(Running::Call, [] {})), testing::ExitedWithCode(1), "^$");
+}
+
 TEST(CallGuard, EndsWithTheSignalThatAsksItTo)
 {
     for (const int request : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
@@ -144,6 +149,24 @@ TEST(CallGuard, EndsWithTheSignalThatAsksItTo)
         };
         EXPECT_EXIT(endWatched(Running::Call, ask), testing::KilledBySignal(request), "^$");
     }
+}
+
+TEST(CallGuard, EndsWithTheFirstOfTwoThatAskItTo)
+{
+    const auto askTwice = [] {
+        sigset_t two;
+        sigemptyset(&two);
+        sigaddset(&two, SIGHUP);
+        sigaddset(&two, SIGTERM);
+        sigprocmask(SIG_BLOCK, &two, nullptr);
+        kill(getppid(), SIGHUP);
+        kill(getppid(), SIGTERM);
+        for (sigset_t waiting = {}; sigismember(&waiting, SIGTERM) != 1;)
+            sigpending(&waiting);
+        sigdelset(&two, SIGTERM);
+        sigprocmask(SIG_UNBLOCK, &two, nullptr);
+    };
+    EXPECT_EXIT(endWatched(Running::Call, askTwice), testing::KilledBySignal(SIGHUP), "^$");
 }
 
 TEST(CallGuard, PassesNothingOnThatIsToBeIgnored)

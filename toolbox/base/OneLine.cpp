@@ -41,8 +41,8 @@ constexpr struct {
 } UNSEEN[] = {
     {0x0, 0x1F},       // controls
     {0x7F, 0x9F},      // more of them
-    {0x61C, 0x61C},    // the marks of right-to-left text
-    {0x200E, 0x200F},  //
+    {0x61C, 0x61C},    // a mark of right-to-left text
+    {0x200E, 0x200F},  // and its other two
     {0x2028, 0x202E},  // ends of lines and paragraphs; overrides of the direction
     {0x2066, 0x2069},  // isolates, likewise
 };

@@ -87,7 +87,6 @@ QtApplication::QtApplication(const QByteArray& platform)
     // For taskbars: by the entry of this name they know whose windows these are.
     m_own->setDesktopFileName(QString::fromLocal8Bit(program_invocation_short_name));
     m_own->setWindowIcon(QIcon(QStringLiteral(":/ApplicationIcon.svg")));
-    m_own->setQuitOnLastWindowClosed(false);  // the end of a dialog is none of the program
 }
 
 }  // namespace Toolbox

@@ -23,13 +23,12 @@ constexpr int ROOM_FOR_FRAME = 60;  // the title bar, and a little of what is be
 
 // X's DestroyNotify, as the core protocol lays it out.
 constexpr std::uint8_t DESTROY_NOTIFY = 17;
-constexpr std::uint8_t WITHOUT_SENT = 0x7F;  // the highest bit says that a client has sent it
 constexpr std::size_t WINDOW_POSITION = 8;
 
 bool destroys(const void* event, WId window)
 {
     const auto* const bytes = static_cast<const std::uint8_t*>(event);
-    if ((bytes[0] & WITHOUT_SENT) != DESTROY_NOTIFY)
+    if (bytes[0] != DESTROY_NOTIFY)
         return false;
     std::uint32_t destroyed = 0;
     std::memcpy(&destroyed, bytes + WINDOW_POSITION, sizeof destroyed);
@@ -62,7 +61,7 @@ QScrollArea* makeScrollArea(QWidget* content, const QSize& most, QWidget* parent
     auto* const area = new QScrollArea(parent);
     const int scrollBar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const bool isTooHigh = content->height() > most.height();
-    const bool isTooWide = content->width() + (isTooHigh ? scrollBar : 0) > most.width();
+    const bool isTooWide = content->width() > most.width();
     const QSize bars(isTooHigh ? scrollBar : 0, isTooWide ? scrollBar : 0);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(content);

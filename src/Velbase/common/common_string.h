@@ -339,8 +339,8 @@ private:
 static_assert(sizeof(String) == 2 * sizeof(void*), "a string is its owner of the text and nothing else");
 
 /// Compare as C strings, bytes as unsigned: zero bytes end the text, null and empty are equal. With a null pointer all
-/// three are false. There are no other operators, and none for a const char* on the left: so is said here lest the
-/// language makes them of these, by a String of the pointer, or in C++20 by turning one round.
+/// three are false. There are no other operators, and none for a const char* on the left: those are deleted, or the
+/// language would make them of these, by a String of the pointer, or in C++20 by turning one round.
 bool operator==(const String& a, const String& b);
 bool operator==(const String& a, const char* b);
 bool operator<(const String& a, const String& b);

@@ -19,8 +19,7 @@ int StringCompare(const char* lhs, const char* rhs)
 // Whether two pieces of `length` bytes are equal as C strings.
 bool isEqualPiece(const char* a, const char* b, unsigned length)
 {
-    // Equal bytes are an equal text; others may differ only behind a zero byte. memcmp first
-    // saves a sixth of the time.
+    // Equal bytes are an equal text; others may differ only behind a zero byte. memcmp first saves a sixth of the time.
     return std::memcmp(a, b, length) == 0 || std::strncmp(a, b, length) == 0;
 }
 

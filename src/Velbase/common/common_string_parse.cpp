@@ -63,8 +63,8 @@ unsigned digitValue(const Char& c, unsigned base)
     return value != NO ? value : unsigned_byte(c) - unsigned('A' - 10);
 }
 
-// Reads digits from `p`, until one is none or nothing remains, and moves both on. `ok` becomes false, and the result 0,
-// when the number is too large for T; the digit that makes it so is not passed.
+// Reads digits from `p`, up to the first that is no digit or until nothing remains, and moves both on. `ok` becomes
+// false, and the result 0, when the number is too large for T; the digit that makes it so is not passed.
 template <typename T> inline T scanUInt(const Char*& p, unsigned& remaining, unsigned base, bool& ok)
 {
     // So many digits are never too large: not to look at the limit saves a third of the time of 20 digits.

@@ -47,7 +47,7 @@ template <typename Visit>
 void forEachPiece(std::string_view text, const std::vector<std::uint64_t>& positions, std::uint64_t replaced,
     std::string_view replacement, Visit visit)
 {
-    // Narrowed to std::size_t because they lie inside the text; position + replaced may not fit one of 32 bits.
+    // Narrowed to std::size_t because they lie inside the text; position + replaced may not fit a size_t of 32 bits.
     std::size_t end = 0;
     for (const std::uint64_t position : positions) {
         visit(text.substr(end, static_cast<std::size_t>(position) - end));

@@ -8,6 +8,7 @@
 
 #include <fcntl.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -148,6 +149,19 @@ std::string answersToTwo()
 {
     const std::string first = describe(Terminal().ask(QStringLiteral("1? ")));
     return first + describe(Terminal().ask(QStringLiteral("2? ")));
+}
+
+TEST(TerminalAnswer, EndsWithReturnWhereTheTerminalDoesNotMakeItALineFeed)
+{
+    PseudoTerminal terminal("C.UTF-8", [] {
+        const int file = open("/dev/tty", O_RDWR);
+        termios settings;
+        tcgetattr(file, &settings);
+        cfmakeraw(&settings);  // as a program may leave it that was killed
+        tcsetattr(file, TCSANOW, &settings);
+        return describe(Terminal().ask(QStringLiteral("? ")));
+    });
+    EXPECT_EQ(terminal.reportAfter("? ", "yes\r"), "[yes]");
 }
 
 TEST(TerminalAnswer, LeavesTheNextLineForTheNextQuestion)
