@@ -2,6 +2,8 @@
 #include "tests/toolbox/core/displays/Dialog.h"
 #include "tests/toolbox/screen/Person.h"
 
+#include <Toolbox/CInterface.h>
+
 #include <QApplication>
 #include <QImage>
 
@@ -55,6 +57,12 @@ TEST_F(Screen, AnswersIfTheOneThatIsNamedDoes)
         else
             setenv(variable, value, 1);
     };
+    const auto nextDescriptor = [] {
+        const int next = dup(STDIN_FILENO);
+        close(next);
+        return next;
+    };
+    const int nextBefore = nextDescriptor();
     for (const auto& [name, platform, display, wayland, expected] : NAMED_CASES) {
         set("QT_QPA_PLATFORM", platform);
         set("DISPLAY", display);
@@ -63,6 +71,7 @@ TEST_F(Screen, AnswersIfTheOneThatIsNamedDoes)
         const bool answers = Toolbox::ScreenAnswers();
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << name;
         EXPECT_EQ(answers, expected) << name;
+        EXPECT_EQ(nextDescriptor(), nextBefore) << name << " leaves a file open";
     }
 }
 
@@ -108,6 +117,7 @@ TEST_F(Screen, IsThatOfTheApplicationThatTheProcessHas)
     const QApplication application(count, arguments);
     unsetenv("QT_QPA_PLATFORM");
     EXPECT_TRUE(Toolbox::ScreenAnswers());
+    EXPECT_TRUE(ToolboxAskTheUser());
     std::string problem;
     ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     EXPECT_EQ(Dialog().run(), "ended: ok");
