@@ -179,7 +179,7 @@ class Accessibility(HostTest):
             host = self.run_host(*options)
             self.assertEqual(host.dialog.get_role(), Atspi.Role.ALERT)
             self.assertEqual(host.dialog.get_name(), f"{kind} - Demo Installer")
-            self.assertEqual(host.dialog.get_description(), text)
+            self.assertEqual(host.dialog.get_description(), "", "or the text would be said twice")
             self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.LABEL)], [text])
             self.assertEqual([each.get_name() for each in host.of_role(Atspi.Role.IMAGE)], [kind])
             ok, = host.of_role(Atspi.Role.PUSH_BUTTON)

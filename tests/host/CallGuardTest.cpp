@@ -147,7 +147,8 @@ TEST(CallGuard, EndsWithTheSignalThatAsksItTo)
             for (;;)
                 pause();
         };
-        EXPECT_EXIT(endWatched(Running::Call, ask), testing::KilledBySignal(request), "^$");
+        EXPECT_EXIT(
+            (std::signal(request, SIG_DFL), endWatched(Running::Call, ask)), testing::KilledBySignal(request), "^$");
     }
 }
 
@@ -166,7 +167,8 @@ TEST(CallGuard, EndsWithTheFirstOfTwoThatAskItTo)
         sigdelset(&two, SIGTERM);
         sigprocmask(SIG_UNBLOCK, &two, nullptr);
     };
-    EXPECT_EXIT(endWatched(Running::Call, askTwice), testing::KilledBySignal(SIGHUP), "^$");
+    EXPECT_EXIT(
+        (std::signal(SIGHUP, SIG_DFL), endWatched(Running::Call, askTwice)), testing::KilledBySignal(SIGHUP), "^$");
 }
 
 TEST(CallGuard, PassesNothingOnThatIsToBeIgnored)

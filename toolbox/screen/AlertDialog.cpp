@@ -81,19 +81,11 @@ SInt16 closingButton(const Alert& alert)
     return alert.cancelButton == 0 && alert.buttons.size() == 1 ? alert.buttons.front().number : alert.cancelButton;
 }
 
+// Of an alert, assistive technology says the texts at once.
 QAccessibleInterface* makeAccessibleAlert(const QString&, QObject* object)
 {
     auto* const alert = dynamic_cast<AlertDialog*>(object);
     return alert == nullptr ? nullptr : new QAccessibleWidget(alert, QAccessible::AlertMessage);
-}
-
-// Has assistive technology say at once what the alert is about.
-void announce(AlertDialog& dialog, const Alert& alert)
-{
-    QAccessible::installFactory(makeAccessibleAlert);  // once, however often it is called
-    QStringList texts{plainText(alert.text), plainText(alert.explanation)};
-    texts.removeAll(QString());
-    dialog.setAccessibleDescription(texts.join(QLatin1Char('\n')));
 }
 
 }  // namespace
@@ -103,7 +95,7 @@ AlertDialog::AlertDialog(const Alert& alert, QWidget* parent)
     , m_alert(alert)
     , m_pressed(alert.unansweredButton())
 {
-    announce(*this, alert);
+    QAccessible::installFactory(makeAccessibleAlert);  // once, however often it is called
     auto* const content = new QWidget(this);
     if (layoutIsUsable())
         arrangeByLayout(content);
