@@ -142,7 +142,7 @@ TEST_F(AlertOnScreen, IsAnnouncedAsOne)
 
 TEST_F(AlertOnScreen, HasACloseBoxWhereThatPressesAButton)
 {
-    for (const auto& [make, hasOne] : {std::pair(fourButtons, true), {oneButton, true}, {withoutCancel, false}})
+    for (const auto& [make, hasOne] : {std::pair(&fourButtons, true), {oneButton, true}, {withoutCancel, false}})
         lookAt(make(), [expected = hasOne](QDialog& shown) {
             EXPECT_EQ(shown.windowFlags().testFlag(Qt::WindowCloseButtonHint), expected);
         });
