@@ -419,6 +419,7 @@ TEST_F(WindowOnScreen, HasVisibleBordersInDarkAndHighContrastColours)
         lookAt(dialog, [&](QDialog& shown) {
             QPalette colours(window, window);
             QApplication::setPalette(colours);
+            QCoreApplication::processEvents();  // which tells the dialog
             titled<QPushButton>(shown, "OK").setFocus();
             EXPECT_GE(contrastOfBorder(shown, titled<QPushButton>(shown, "Cancel")), 60) << window.name().toStdString();
             EXPECT_GE(contrastOfBorder(shown, only<QComboBox>(shown)), 60) << window.name().toStdString();
