@@ -1,5 +1,7 @@
 #include "host/CallGuard.h"
 
+#include "host/Process.h"
+
 #include <cxxabi.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -131,27 +133,6 @@ ExitStatus watch()
     return judge(end);
 }
 
-// Holds the requests back while there is nobody yet to pass them on to.
-class HeldRequests {
-public:
-    HeldRequests()
-    {
-        sigset_t requests;
-        sigemptyset(&requests);
-        for (const int each : REQUESTS)
-            sigaddset(&requests, each);
-        sigprocmask(SIG_BLOCK, &requests, &m_before);
-    }
-
-    ~HeldRequests() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
-
-    HeldRequests(const HeldRequests&) = delete;
-    HeldRequests& operator=(const HeldRequests&) = delete;
-
-private:
-    sigset_t m_before;
-};
-
 // Gives the child what it needs to tell how far it is. False, with the reason in errno, if it cannot be had.
 bool shareProgress()
 {
@@ -170,7 +151,7 @@ ExitStatus watched(const std::function<ExitStatus()>& program)
     std::signal(SIGCHLD, SIG_DFL);  // where it is ignored, nobody learns how a child ended
     const pid_t watcher = getpid();
     {
-        const HeldRequests held;
+        const HeldSignals held;  // as long as there is nobody to pass them on to
         child = shareProgress() ? fork() : -1;
         if (child > 0)
             passRequestsOn();

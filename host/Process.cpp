@@ -60,4 +60,16 @@ void clearPlugInPaths()
         unsetenv(variable);
 }
 
+HeldSignals::HeldSignals()
+{
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &m_before);
+}
+
+HeldSignals::~HeldSignals()
+{
+    pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+}
+
 }  // namespace Host

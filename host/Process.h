@@ -1,8 +1,9 @@
-// What the process is started with, made safe before anything else is done: its standard streams and its environment.
+// What the process has from outside, made safe: its standard streams, its environment, and the signals that come to it.
 
 #ifndef HOST_PROCESS_H
 #define HOST_PROCESS_H
 
+#include <csignal>
 #include <vector>
 
 namespace Host {
@@ -18,6 +19,18 @@ const std::vector<const char*>& plugInVariables();
 
 /// Takes these variables out of the environment. To be called before anything of the toolbox.
 void clearPlugInPaths();
+
+/// Holds back every signal that can be, while it lives.
+class HeldSignals {
+public:
+    HeldSignals();
+    ~HeldSignals();
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+
+private:
+    sigset_t m_before;
+};
 
 }  // namespace Host
 

@@ -1,13 +1,13 @@
 #include "host/WrittenFiles.h"
 
 #include "host/Messages.h"
+#include "host/Process.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <climits>
-#include <csignal>
 #include <optional>
 #include <system_error>
 
@@ -68,25 +68,6 @@ std::string whatKeeps(const fs::path& target)
         return "its folder lets only the file's owner replace it";
     return std::string();
 }
-
-// Holds every signal back that can be, while it lives: none ends the process between the making of a file and its end.
-class HeldSignals {
-public:
-    HeldSignals()
-    {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &m_before);
-    }
-
-    ~HeldSignals() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
-
-    HeldSignals(const HeldSignals&) = delete;
-    HeldSignals& operator=(const HeldSignals&) = delete;
-
-private:
-    sigset_t m_before;
-};
 
 // A new file beside `target`, empty and for nobody else to read. It goes with this, unless it has taken the target's
 // place.
@@ -179,7 +160,7 @@ void checkWritable(const std::string& name, const fs::path& file)
     if (const std::string reason = whatKeeps(target); !reason.empty())
         throw saveFailure(name, file, reason);
 
-    const HeldSignals held;
+    const HeldSignals held;  // none ends the process between the making of the file and its end
     const FileBeside trial(target);
     if (!trial.isMade() || !trial.write(std::vector<std::uint8_t>(BLOCK)))
         throw saveFailure(name, file, lastError());
