@@ -87,7 +87,7 @@ std::unique_ptr<Display> makeDisplay(const QByteArray& platform)
 
 QString saveShown(QDialog& dialog, const QString& file)
 {
-    constexpr qreal LARGEST_SCALE = 16;  // a dialog is drawn within a second; ten times that takes gigabytes
+    constexpr qreal LARGEST_SCALE = 8;  // a dialog is drawn within a second; ten times that takes gigabytes
     if (dialog.devicePixelRatioF() > LARGEST_SCALE)
         return QStringLiteral("it would be %1 times as large as a dialog is").arg(dialog.devicePixelRatioF());
     dialog.show();

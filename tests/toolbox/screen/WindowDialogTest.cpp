@@ -629,6 +629,16 @@ TEST_F(WindowOnScreen, BreaksTheLinesOfALabelWithRoomForTwoOrTooLittleForOne)
     }
 }
 
+TEST_F(WindowOnScreen, BreaksALongWordBetweenLettersOnly)
+{
+    Dialog dialog;
+    dialog.label.title = QStringLiteral("e\u0301").repeated(200);  // each with an accent of its own
+    lookAt(dialog, [](QDialog& shown) {
+        const QString text = only<QLabel>(shown).text();
+        EXPECT_EQ(text, QStringLiteral("e\u0301\u200B").repeated(200).chopped(1));
+    });
+}
+
 TEST_F(WindowOnScreen, LetsWhatIsFarTooLongGrow)
 {
     Dialog dialog;

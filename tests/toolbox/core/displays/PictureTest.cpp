@@ -138,11 +138,11 @@ TEST_F(Picture, SaysWhyItCannotBeWritten)
 
 TEST_F(Picture, IsNotDrawnAtAnyScale)
 {
-    setenv("QT_SCALE_FACTOR", "17", 1);
+    setenv("QT_SCALE_FACTOR", "9", 1);
     Toolbox::SavePicture(m_folder / "a.png");
     EXPECT_EQ(Dialog().run(), "ended: ok");
     unsetenv("QT_SCALE_FACTOR");
-    EXPECT_EQ(pictureProblem(), "it would be 17 times as large as a dialog is");
+    EXPECT_EQ(pictureProblem(), "it would be 9 times as large as a dialog is");
 }
 
 TEST_F(Picture, ReplacesAFileWholeOrNotAtAll)
