@@ -3,6 +3,7 @@
 #include "host/Process.h"
 
 #include <cxxabi.h>
+#include <pthread.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/uio.h>
@@ -167,6 +168,7 @@ ExitStatus watched(const std::function<ExitStatus()>& program)
     if (getppid() != watcher)
         _exit(EXIT_FAILURE);  // it has gone already
     std::atexit(endAtOnce);
+    pthread_atfork(nullptr, nullptr, [] { progress = &unwatched; });  // a copy of the child has nobody to tell
     const ExitStatus status = program();
     progress->running = externalWasRun ? Running::End : Running::Host;
     progress->status = static_cast<int>(status);

@@ -8,6 +8,7 @@
 #include <pthread.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -132,6 +133,13 @@ TEST(CallGuard, IsNothingToAProcessThatIsStartedInTheCall)
             _exit(0);
     };
     EXPECT_EXIT(endWatched(Running::Call, start), testing::ExitedWithCode(1), "^$");
+    const auto goOnInACopy = [] {
+        const pid_t copy = fork();
+        if (copy != 0)
+            _exit(waitpid(copy, nullptr, 0) == copy ? 1 : 0);
+    };
+    EXPECT_EXIT(endWatched(Running::Load, goOnInACopy), testing::ExitedWithCode(NOT_RETURNED),
+        "^visex-host: the external ended the process while it was loaded\n$");
 }
 
 TEST(CallGuard, LearnsOfTheEndThoughChildrenWereIgnored)
