@@ -3,72 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
 #include <type_traits>
 #include <utility>
 
 namespace {
-
-using namespace std::literals;
 
 static_assert(sizeof(String) == 2 * sizeof(void*), "a string is its owner of the text");
 static_assert(!std::is_convertible<String, const char*>::value, "a string is no pointer");
 static_assert(std::is_nothrow_copy_constructible<String>::value, "a copy only counts");
 static_assert(std::is_nothrow_copy_assignable<String>::value, "an assignment only counts");
 static_assert(std::is_convertible<const char*, String>::value, "a text stands wherever a string does");
-
-// ---- States
-
-TEST(StringState, NullPointerGivesANullStringAndEmptyTextAnEmptyOne)
-{
-    for (const char* const source : {static_cast<const char*>(nullptr), ""}) {
-        const String text(source);
-        EXPECT_EQ(text.IsNull(), source == nullptr);
-        EXPECT_TRUE(text.IsEmpty());
-        EXPECT_EQ(text.Length(), 0u);
-        EXPECT_STREQ(text.Latin1(), "");
-    }
-}
-
-TEST(StringState, TextHasItsCharactersUpToTheZeroByte)
-{
-    const String text("abc\0def");
-    EXPECT_FALSE(text.IsNull());
-    EXPECT_FALSE(text.IsEmpty());
-    EXPECT_EQ(contents(text), "abc");
-    char source[] = "abc";
-    const String copied(source);
-    source[0] = 'x';
-    EXPECT_EQ(contents(copied), "abc");
-}
-
-TEST(StringState, LengthDecidesNotTheZeroBytes)
-{
-    const String text = stringOf("ab\0cd\0"sv);
-    EXPECT_EQ(text.Length(), 6u);
-    EXPECT_EQ(contents(text), "ab\0cd\0"sv);
-    EXPECT_EQ(text.Latin1()[6], '\0');
-}
-
-TEST(StringMaxLength, TakesAtMostSoManyBytesUpToTheZeroByte)
-{
-    EXPECT_EQ(contents(String("abc", 0)), "");
-    EXPECT_EQ(contents(String("abc", 10)), "abc");
-    EXPECT_EQ(contents(String("abcdef", 3)), "abc");
-    EXPECT_EQ(contents(String("ab\0cd", 4)), "ab");
-    EXPECT_EQ(contents(String(nullptr, 3)), NULL_STRING);
-    const char unterminated[] = {'a', 'b', 'c'};
-    EXPECT_EQ(contents(String(unterminated, 3)), "abc");
-}
-
-// ---- Sharing
-
-TEST(StringSharing, CopySharesTheBuffer)
-{
-    const String text("abc");
-    const String copy(text);
-    EXPECT_TRUE(shareBuffer(copy, text));
-}
 
 TEST(StringSharing, MovingFromAStringCopiesIt)
 {
@@ -78,38 +22,6 @@ TEST(StringSharing, MovingFromAStringCopiesIt)
     String assigned;
     assigned = static_cast<String&&>(text);
     EXPECT_TRUE(shareBuffer(assigned, text));
-}
-
-// ---- Truncate
-
-TEST(StringTruncate, KeepsTheFirstCharactersAndLeavesCopiesAlone)
-{
-    for (const auto& [length, kept] : {std::pair(2u, "ab"), {4u, "abcd"}, {9u, "abcd"}, {0u, ""}}) {
-        String text("abcd");
-        const String copy(text);
-        text.Truncate(length);
-        EXPECT_EQ(contents(text), kept);
-        EXPECT_EQ(contents(copy), "abcd");
-    }
-    String null;
-    null.Truncate(0);
-    EXPECT_TRUE(null.IsNull());
-}
-
-// ---- detachAndExtend
-
-TEST(StringDetachAndExtend, GivesABufferOfItsOwnThatReachesTheIndex)
-{
-    const std::tuple<Bytes, unsigned, Bytes> cases[] = {
-        {"abc", 1, "abc"}, {"abc", 5, "abc\0\0\0"sv}, {"", 2, "\0\0\0"sv}, {NULL_STRING, 5, "\0\0\0\0\0\0"sv}};
-    for (const auto& [before, index, extended] : cases) {
-        String text = stringOf(before);
-        const String copy(text);
-        text.detachAndExtend(index);
-        EXPECT_EQ(contents(text), extended);
-        EXPECT_EQ(contents(copy), before);
-        EXPECT_FALSE(shareBuffer(text, copy));
-    }
 }
 
 // ---- Characters

@@ -41,4 +41,28 @@ TEST(CaseAndWhiteSpaceProperty, AgreesOnEveryByteBetweenLetters)
     }
 }
 
+// Long enough for several blocks, with something to simplify at every place of them.
+TEST(CaseAndWhiteSpaceProperty, AgreesOnWhiteSpaceAtEveryPlaceOfALongText)
+{
+    std::string simple;
+    while (simple.size() < 300)
+        simple += "some words ";
+    for (const std::string_view space : {" "sv, "\t"sv, "\xA0"sv, "  "sv, " \n "sv, "\0"sv}) {
+        for (std::size_t i = 0; i <= simple.size() && !HasFailure(); ++i)
+            checkWhiteSpace(twinOf(std::string(simple).insert(i, space)));
+    }
+}
+
+// Long enough for any vector instructions.
+TEST(CaseAndWhiteSpaceProperty, AgreesOnEveryByteAtEveryPlaceOfALongText)
+{
+    std::string bytes;
+    for (int code = 1; code < 256; ++code)
+        (bytes += static_cast<char>(code)) += code % 2 == 0 ? "x" : "xyz";
+    for (std::size_t shift = 0; shift < 40; ++shift) {
+        checkCase(twinOf(std::string(shift, '.') + bytes));
+        checkWhiteSpace(twinOf(std::string(shift, '.') + bytes));
+    }
+}
+
 }  // namespace

@@ -32,7 +32,12 @@ public:
     /// A number of 64 bits, as often a short one as a long one.
     std::uint64_t number();
 
-    char of(std::string_view letters) { return letters[below(static_cast<std::uint32_t>(letters.size()))]; }
+    template <typename Choices> auto oneOf(const Choices& choices)
+    {
+        return choices[below(static_cast<std::uint32_t>(std::size(choices)))];
+    }
+
+    char of(std::string_view letters) { return oneOf(letters); }
 
     /// At most `maxLength` of `letters`.
     std::string bytes(std::string_view letters, std::uint32_t maxLength);

@@ -2,8 +2,6 @@
 
 #include "tried_numbers.h"
 
-#include <cstring>
-
 using namespace std::string_view_literals;
 
 namespace {
@@ -12,26 +10,6 @@ namespace {
 constexpr std::string_view DIGIT_LIKE = "0123456789/:@ABFGYZ[\\]^_`abfgyz{|}~\x7F\x80\xE9"sv;
 constexpr std::string_view WHITE_SPACE = " \t\r\n\v\f\xA0"sv;
 constexpr std::string_view JUNK = "+-. x0\0\x85\x1F"sv;
-
-template <typename T> std::string bitsOf(T value)
-{
-    return std::string(reinterpret_cast<const char*>(&value), sizeof value);
-}
-
-// One conversion, with and without a flag for its success. The flag starts as the wrong answer.
-template <typename T, typename Wide, typename... Base>
-void checkConversion(const Twin& text, const char* name, T (String::*convert)(bool*, Base...) const,
-    const std::optional<Wide>& expected, Base... base)
-{
-    const T expectedValue = static_cast<T>(expected.value_or(0));
-    bool ok = !expected.has_value();
-    const T value = (text.string.*convert)(&ok, base...);
-    ASSERT_TRUE(ok == expected.has_value() && bitsOf(value) == bitsOf(expectedValue))
-        << call(text, name, base...) << "\n  expected " << (expected ? "" : "failure, ") << expectedValue
-        << "\n  came     " << (ok ? "" : "failure, ") << value;
-    ASSERT_EQ(bitsOf((text.string.*convert)(nullptr, base...)), bitsOf(expectedValue))
-        << call(text, name, base...) << " without a flag for its success";
-}
 
 void checkIntegers(const Twin& text, unsigned base)
 {
@@ -43,13 +21,6 @@ void checkIntegers(const Twin& text, unsigned base)
     checkConversion(text, "ToUInt64", &String::ToUInt64, reference::parseUnsigned(text.text, base, 64), base);
 }
 
-void checkDouble(const Twin& text)
-{
-    const std::optional<double> expected = reference::parseDouble(text.text);
-    checkConversion(text, "ToDouble", &String::ToDouble, expected);
-    checkConversion(text, "ToFloat", &String::ToFloat, expected);
-}
-
 void checkInEveryBase(const Twin& text)
 {
     for (const unsigned base : {0u, 1u, 2u, 8u, 10u, 11u, 16u, 36u, 37u, 42u, 300u, 70000u, 0xFFFFFFFFu})
@@ -58,12 +29,9 @@ void checkInEveryBase(const Twin& text)
 
 const TextOperation PARSING_OPERATIONS[] = {
     {"IntegersWithSigns", "-+1"sv, checkInEveryBase},
+    {"IntegersWithZeros", "-01"sv, checkInEveryBase},
     {"IntegersWithWhiteSpace", "1\xA0z"sv, checkInEveryBase},
     {"IntegersWithZeroBytes", "1 \0"sv, checkInEveryBase},
-    {"DoublesWithPoints", "1,."sv, checkDouble},
-    {"DoublesWithSigns", "1-e"sv, checkDouble},
-    {"DoublesWithWhiteSpace", "1 \xA0"sv, checkDouble},
-    {"DoublesWithZeroBytes", "1.\0"sv, checkDouble},
 };
 
 INSTANTIATE_TEST_SUITE_P(Parsing, TextProperty, testing::ValuesIn(PARSING_OPERATIONS), RowName());
@@ -87,6 +55,9 @@ TEST(ParsingProperty, AgreesAroundEveryLimitInEveryBase)
             for (const char* const before : {"", "-", "+0"}) {
                 checkIntegers(twinOf(before + digits), base);
                 checkIntegers(twinOf(before + digits + "0"), base);
+                std::string next = before + digits;
+                ++next.back();
+                checkIntegers(twinOf(next), base);
             }
         }
     }
@@ -116,25 +87,16 @@ TEST(ParsingProperty, AgreesOnRandomDigitsOfAnyBase)
 // In these bases some digits are larger than the base, so that the last step can pass the type's limit unseen.
 TEST(ParsingProperty, AgreesOnDigitsLargerThanTheBase)
 {
-    Random random(43);
-    for (int round = 0; round < 20000 && !HasFailure(); ++round) {
-        const unsigned base = 37 + random.below(4);
-        std::string bytes = reference::formatUnsigned(random.number(), 36);
-        bytes += random.of("{|}~"sv);
-        checkIntegers(twinOf(bytes), base);
-    }
-}
-
-TEST(ParsingProperty, AgreesOnRandomFloatingPoint)
-{
-    const std::string_view pieces[] = {"1", "25", "0", ".", ",", "e", "E", "+", "-", "300", "inf", "nan", "NAN(1)",
-        "INFINITY", "0x", "p", "f", " ", "\t", "\xA0", "kg", "\0"sv};
-    Random random(45);
-    for (int round = 0; round < 20000 && !HasFailure(); ++round) {
-        std::string bytes;
-        for (std::uint32_t left = random.below(6); left > 0; --left)
-            bytes += pieces[random.below(static_cast<std::uint32_t>(std::size(pieces)))];
-        checkDouble(twinOf(bytes));
+    for (unsigned base = 37; base <= 40; ++base) {
+        for (const unsigned bits : {16u, 32u, 64u}) {
+            for (std::uint64_t below = 0; below < 3; ++below) {
+                std::string digits;
+                for (std::uint64_t n = reference::largest(bits) / base - below; n != 0; n /= base)
+                    digits.insert(digits.begin(), static_cast<char>((n % base < 10 ? '0' : 'A' - 10) + n % base));
+                for (const char last : "09Z[{|}~"sv)
+                    checkIntegers(twinOf(digits + last), base);
+            }
+        }
     }
 }
 

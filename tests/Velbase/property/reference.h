@@ -8,6 +8,7 @@
 #define TESTS_VELBASE_PROPERTY_REFERENCE_H
 
 #include <algorithm>
+#include <clocale>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -56,7 +57,7 @@ inline Text fromCString(const char* text, std::uint32_t maxLength = 0xFFFFFFFF)
 
 inline std::uint32_t length(const Text& text)
 {
-    return static_cast<std::uint32_t>(bytes(text).size());
+    return text == nullptr ? 0 : static_cast<std::uint32_t>(text->size());
 }
 
 /// The byte at `index`, 0 past the end.
@@ -440,10 +441,11 @@ inline std::optional<std::int64_t> parseSigned(const Text& text, std::uint32_t b
     return static_cast<std::int64_t>(kept) - static_cast<std::int64_t>(kept < modulus / 2 ? 0 : modulus);
 }
 
-/// The same for a double, in a locale whose decimal point is ".".
+/// The same for a double, with "." or "," or the current locale's decimal point, of which only the first byte is put.
 inline std::optional<double> parseDouble(const Text& text)
 {
-    const std::string number = cString(replaceChar(stripWhiteSpace(text), ',', '.'));
+    const char point = *std::localeconv()->decimal_point;
+    const std::string number = cString(replaceChar(replaceChar(stripWhiteSpace(text), ',', point), '.', point));
     char* end = nullptr;
     const double value = std::strtod(number.c_str(), &end);
     if (length(text) == 0 || end - number.c_str() != static_cast<std::ptrdiff_t>(length(text)))

@@ -2,6 +2,8 @@
 
 #include "drivers.h"
 
+#include <utility>
+
 using namespace std::string_view_literals;
 
 namespace {
@@ -18,21 +20,30 @@ const auto containsModel = [](const reference::Text& text, const auto& sought, b
     return reference::find(text, sought, 0, caseSensitive).has_value();
 };
 
+// From one position in either direction.
+template <typename Character> void checkFindCharFrom(const Twin& text, Character c, unsigned from)
+{
+    for (const bool caseSensitive : {true, false}) {
+        expectSame("Find", find, findModel, text, c, from, caseSensitive);
+        expectSame("FindRev", findRev, reference::findRev, text, c, checked_uint(from), caseSensitive);
+    }
+}
+
+template <typename Character> void checkFindCharFromEverywhere(const Twin& text, Character c)
+{
+    for (const unsigned from : positions(text))
+        checkFindCharFrom(text, c, from);
+    for (const bool caseSensitive : {true, false}) {
+        expectSame("Contains", contains, containsModel, text, c, caseSensitive);
+        expectSame("FindRev", findRev, reference::findRev, text, c, checked_uint(), caseSensitive);
+    }
+}
+
 void checkFindChar(const Twin& text)
 {
     for (const char c : SOUGHT) {
-        for (const bool caseSensitive : {true, false}) {
-            for (const unsigned from : positions(text)) {
-                expectSame("Find", find, findModel, text, c, from, caseSensitive);
-                expectSame("Find", find, findModel, text, Char(c), from, caseSensitive);
-            }
-            expectSame("Contains", contains, containsModel, text, c, caseSensitive);
-            expectSame("Contains", contains, containsModel, text, Char(c), caseSensitive);
-            for (const checked_uint& start : optionalPositions(text)) {
-                expectSame("FindRev", findRev, reference::findRev, text, c, start, caseSensitive);
-                expectSame("FindRev", findRev, reference::findRev, text, Char(c), start, caseSensitive);
-            }
-        }
+        checkFindCharFromEverywhere(text, c);
+        checkFindCharFromEverywhere(text, Char(c));
     }
 }
 
@@ -89,5 +100,32 @@ const PairOperation SEARCH_PAIR_OPERATIONS[] = {
 
 INSTANTIATE_TEST_SUITE_P(Search, TextProperty, testing::ValuesIn(SEARCH_TEXT_OPERATIONS), RowName());
 INSTANTIATE_TEST_SUITE_P(Search, PairProperty, testing::ValuesIn(SEARCH_PAIR_OPERATIONS), RowName());
+
+// Long enough for blocks of every size with a rest at either end, and with little to find.
+TEST(SearchProperty, AgreesOnEveryPlaceOfALongText)
+{
+    for (const auto& [length, step] : {std::pair(300u, 1u), {9000u, 61u}}) {
+        for (unsigned place = 0; place < length && !HasFailure(); place += step) {
+            std::string bytes(length, 'x');
+            bytes[length / 13] = bytes[place] = 'A';
+            const Twin text = twinOf(bytes);
+            for (const char c : {'a', 'A'}) {
+                for (const unsigned from : {0u, length / 13 + 1, place - 1, place, place + 1, length - 1})
+                    checkFindCharFrom(text, c, from);
+            }
+        }
+    }
+}
+
+TEST(SearchProperty, AgreesOnEveryTwoBytes)
+{
+    for (int byte = 0; byte < 256 && !HasFailure(); ++byte) {
+        const Twin text = twinOf(std::string(70, static_cast<char>(byte)));
+        for (int wanted = 0; wanted < 256; ++wanted) {
+            checkFindCharFrom(text, static_cast<char>(wanted), 0);
+            checkFindCharFrom(text, static_cast<char>(wanted), 69);
+        }
+    }
+}
 
 }  // namespace

@@ -7,9 +7,33 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <limits>
+#include <optional>
+#include <string>
 #include <vector>
+
+/// The bytes of `value`, which tell -0 from 0 and one that is no number from another.
+template <typename T> std::string bitsOf(T value)
+{
+    return std::string(reinterpret_cast<const char*>(&value), sizeof value);
+}
+
+/// One conversion, with and without a flag for its success. The flag starts as the wrong answer.
+template <typename T, typename Wide, typename... Base>
+void checkConversion(const Twin& text, const char* name, T (String::*convert)(bool*, Base...) const,
+    const std::optional<Wide>& expected, Base... base)
+{
+    const T expectedValue = static_cast<T>(expected.value_or(0));
+    bool ok = !expected.has_value();
+    const T value = (text.string.*convert)(&ok, base...);
+    ASSERT_TRUE(ok == expected.has_value() && bitsOf(value) == bitsOf(expectedValue))
+        << call(text, name, base...) << "\n  expected " << (expected ? "" : "failure, ") << expectedValue
+        << "\n  came     " << (ok ? "" : "failure, ") << value;
+    ASSERT_EQ(bitsOf((text.string.*convert)(nullptr, base...)), bitsOf(expectedValue))
+        << call(text, name, base...) << " without a flag for its success";
+}
 
 /// Calls `check(n, digits)` for the low bits of `bits` as each type of integer, with the digits that the model gives
 /// it: those of `narrow` for an int and a long.
@@ -67,31 +91,43 @@ inline unsigned randomBase(Random& random)
     case 1:
         return 250 + random.below(51);
     case 2:
-        return extremes[random.below(static_cast<std::uint32_t>(std::size(extremes)))];
+        return random.oneOf(extremes);
     default:
         return random.below(41);
     }
 }
 
-/// A double of any size; sometimes a zero, an infinity, no number.
+/// Zeros, infinities, no number, and those at the ends of the range.
+const double SPECIAL_DOUBLES[] = {0.0, -0.0, 0.5, 1.5, 2.5, -1.0, 1e100, HUGE_VAL, -HUGE_VAL,
+    std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::max(), -std::numeric_limits<double>::max(),
+    std::numeric_limits<double>::denorm_min()};
+
+/// A double of any size; sometimes a special one.
 inline double randomDouble(Random& random)
 {
-    const double specials[] = {0.0, -0.0, 0.5, 1.5, 2.5, -1.0, 1e100, std::numeric_limits<double>::infinity(),
-        -std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(),
-        std::numeric_limits<double>::max(), std::numeric_limits<double>::denorm_min()};
     if (random.once(5))
-        return specials[random.below(static_cast<std::uint32_t>(std::size(specials)))];
+        return random.oneOf(SPECIAL_DOUBLES);
     const double mantissa = static_cast<double>(random.number()) * (random.once(2) ? 1 : -1);
     const int largestExponent = random.once(4) ? 900 : 40;
     return std::ldexp(mantissa, static_cast<int>(random.below(2 * 900)) % (2 * largestExponent) - largestExponent - 40);
 }
 
-/// 0 to 12, a value around the largest, 99, or the value that stands for none.
+/// Every bit pattern: normal numbers of every size, denormals, infinities, no numbers.
+inline double randomBits(Random& random)
+{
+    const std::uint64_t bits = random.once(4) ? random.number() : random.number() << random.below(64);
+    double value = 0;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
+
+/// Around the largest, 99, and the value that stands for none.
+const unsigned EDGE_PRECISIONS[] = {98, 99, 100, 101, 150, 4096, 0x80000000, 0xFFFFFFFE, 0xFFFFFFFF};
+
+/// 0 to 12, or one of those.
 inline unsigned randomPrecision(Random& random)
 {
-    const unsigned precisions[] = {98, 99, 100, 101, 150, 4096, 0x80000000, 0xFFFFFFFE, 0xFFFFFFFF, 0xFFFFFFFF};
-    return random.once(2) ? random.below(13)
-                          : precisions[random.below(static_cast<std::uint32_t>(std::size(precisions)))];
+    return random.once(2) ? random.below(13) : random.oneOf(EDGE_PRECISIONS);
 }
 
 #endif
