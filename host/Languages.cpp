@@ -20,7 +20,8 @@ std::vector<const Language*> languagesMeant(const std::string& text)
     for (const Language& each : LANGUAGES)
         choices.push_back({std::string(each.ownName) + " (" + std::string(each.name) + ")", std::string(each.tag)});
     std::vector<const Language*> meant;
-    for (const std::size_t index : Toolbox::ChoicesMeant(choices, text))
+    const std::string language = text.substr(0, text.find_first_of("-_.@"));  // the tag that a locale begins with
+    for (const std::size_t index : Toolbox::ChoicesMeant(choices, language))
         meant.push_back(&LANGUAGES[index]);
     return meant;
 }
@@ -33,7 +34,7 @@ std::uint32_t popUpItem(const Language& language)
 const Language& userLanguage()
 {
     for (const std::string& each : Toolbox::UserLanguages()) {
-        const std::vector<const Language*> meant = languagesMeant(each.substr(0, each.find('-')));
+        const std::vector<const Language*> meant = languagesMeant(each);
         if (meant.size() == 1)
             return *meant.front();
     }

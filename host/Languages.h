@@ -51,7 +51,8 @@ inline constexpr auto LANGUAGES = languagesWithTags();
 const Language* languageOfCode(std::uint32_t code);
 
 /// All languages that `text` may mean: the one with that tag or that name, in English or in the language itself, else
-/// those whose names begin so. Neither case nor accents count.
+/// those whose names begin so. Neither case nor accents count,
+/// nor what follows a tag: "de-DE", "de_DE.UTF-8".
 std::vector<const Language*> languagesMeant(const std::string& text);
 
 /// The item of the dialog's pop-up that stands for one of LANGUAGES, from 1.

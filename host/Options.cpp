@@ -112,7 +112,8 @@ std::uint32_t parseCurrent(const std::string& text)
         return language->code;
     const std::optional<std::uint32_t> code = parseNumber<std::uint32_t>(text);
     if (!code)
-        throw wrongUsage("--current takes a language (" + listLanguages() + ") or a code, not '" + text + "'" + hint);
+        throw wrongUsage("--current takes a language (" + listLanguages() + ") or a code from 0 to 4294967295, not '"
+            + text + "'" + hint);
     return *code;
 }
 
@@ -191,7 +192,7 @@ struct Option {
 
 const Option OPTIONS[] = {
     {"--message", "N", "Message in the record [1000]", takeMessage},
-    {"--current", "LANG", "Current language: name, tag or code [the user's]", takeCurrent},
+    {"--current", "LANG", "Current language: name, tag or Mac OS code [the user's]", takeCurrent},
     {"--display", "KIND", "window, terminal or unattended [the first here]", takeDisplay},
     {"--answer", "ANSWER", "ok, cancel, LANG or button:N, unattended; repeatable", takeAnswer},
     {"--app", "DIR", "Application bundle [the demo application]", takePath<&Options::application>},

@@ -22,12 +22,16 @@ bool flagNewlySet(const Report& report)
 
 // ---- In words
 
-std::string recordInWords(const Report& report, std::uint32_t chosen, std::uint32_t flags)
+std::string inHexadecimal(std::uint32_t flags)
 {
-    char flagsInHexadecimal[sizeof "0x00000000"];
-    std::snprintf(flagsInHexadecimal, sizeof flagsInHexadecimal, "0x%x", flags);
-    return "message " + std::to_string(report.message) + ", current " + describeLanguage(report.current) + ", chosen "
-        + describeLanguage(chosen) + ", flags " + flagsInHexadecimal;
+    char digits[sizeof "0x00000000"];
+    std::snprintf(digits, sizeof digits, "0x%x", flags);
+    return digits;
+}
+
+std::string change(const std::string& before, const std::string& after)
+{
+    return before == after ? before : before + " -> " + after;
 }
 
 std::string alertInWords(const ShownAlert& alert)
@@ -125,11 +129,15 @@ ExitStatus statusOf(const Report& report)
 std::string inWords(const Report& report)
 {
     std::string words = outcomeInWords(report) + "\n";
-    words += "Before: " + recordInWords(report, report.chosenBefore, report.flagsBefore) + "\n";
     for (const ShownAlert& alert : report.toolbox.alerts)
-        words += "Alert:  " + alertInWords(alert) + "\n";
-    return words + "After:  " + recordInWords(report, report.chosen.value_or(report.chosenBefore), report.flagsAfter)
+        words += "  alert    " + alertInWords(alert) + "\n";
+    // Of the languages, a number alone where a name would say that somebody chose it: 0 is English, and nothing yet.
+    words += "  message  " + std::to_string(report.message) + "\n";
+    words += "  current  " + describeLanguage(report.current) + "\n";
+    words += "  chosen   "
+        + change(std::to_string(report.chosenBefore), std::to_string(report.chosen.value_or(report.chosenBefore)))
         + "\n";
+    return words + "  flags    " + change(inHexadecimal(report.flagsBefore), inHexadecimal(report.flagsAfter)) + "\n";
 }
 
 std::string inJson(const Report& report)

@@ -22,7 +22,7 @@ class OnATerminal(HostTest):
 
     def test_alerts_are_asked_there_too(self):
         terminal = Terminal("--display", "terminal", "--message", "999")
-        self.assertIn("message that it does not serve", terminal.read_until("or Return for the default: "))
+        self.assertIn("message that it does not serve", terminal.read_until(PROMPT))
         terminal.type("\n")
         self.assertEqual(terminal.finish().status, REFUSED)
 
@@ -89,7 +89,7 @@ class Unattended(HostTest):
                 terminal.type("japanese\n")  # read by nobody; echoed, unless the host has ended already
                 self.assertIn(terminal.read_rest(), ("", "japanese\r\n"))
                 output = terminal.finish().output
-                self.assertIn("After: ", output)
+                self.assertIn("\n  chosen   0", output)
                 self.assertNotIn("Japanese", output)
                 self.assertFalse(self.screen.was_asked())
 
@@ -235,6 +235,7 @@ class WithoutAScreen(HostTest):
         self.assertEqual(run("--display", "window", variables=variables).status, NOT_DONE)
         outcome = run(variables=variables)
         self.assertEqual(outcome.status, CHOSE)
+        self.assertIn("no screen answers at DISPLAY=:54321\n", outcome.errors)
         self.assertIn("no screen here and no terminal", outcome.errors)
 
     @unittest.skipUnless(subprocess.run(["unshare", "--mount", "true"], stderr=subprocess.DEVNULL).returncode == 0,

@@ -44,6 +44,11 @@ const std::pair<const char*, std::vector<std::string_view>> TYPED[] = {
     {"日本語", {"Japanese"}},
     {"de", {"German"}},
     {"es", {"Spanish"}},  // a tag goes before beginnings
+    {"de-DE", {"German"}},
+    {"es_MX.UTF-8@euro", {"Spanish"}},
+    {"es.UTF-8", {"Spanish"}},
+    {"es@euro", {"Spanish"}},
+    {"-de", {}},
     {"germ", {"German"}},
     {"Ital", {"Italian"}},
     {"e", {"English", "Spanish"}},

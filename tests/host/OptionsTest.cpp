@@ -116,7 +116,7 @@ struct WrongCase {
 
 const std::string NO_MESSAGE = "--message takes a number from -32768 to 32767, not ";
 const std::string NO_LANGUAGE = "--current takes a language (English (0), Japanese (11), German (2), French (1), "
-                                "Italian (3), Spanish (6)) or a code, not ";
+                                "Italian (3), Spanish (6)) or a code from 0 to 4294967295, not ";
 const std::string NO_DISPLAY = "--display takes window, terminal or unattended, not ";
 const std::string NOT_UNATTENDED = "--answer is for the unattended display, and --display names another";
 

@@ -76,12 +76,16 @@ TEST(InWords, TellsWhetherALanguageWasChosen)
 {
     EXPECT_EQ(inWords(chosenReport(11)),
         "Japanese (11) was written to the record.\n"
-        "Before: message 1000, current German (2), chosen French (1), flags 0x80\n"
-        "After:  message 1000, current German (2), chosen Japanese (11), flags 0x80\n");
+        "  message  1000\n"
+        "  current  German (2)\n"
+        "  chosen   1 -> 11\n"
+        "  flags    0x80\n");
     EXPECT_EQ(inWords(plainReport()),
         "No language was written to the record.\n"
-        "Before: message 1000, current German (2), chosen French (1), flags 0x80\n"
-        "After:  message 1000, current German (2), chosen French (1), flags 0x80\n");
+        "  message  1000\n"
+        "  current  German (2)\n"
+        "  chosen   1\n"
+        "  flags    0x80\n");
 }
 
 TEST(InWords, TellsOfAMessageThatIsNotServed)
@@ -93,9 +97,11 @@ TEST(InWords, TellsOfAMessageThatIsNotServed)
     report.toolbox.alerts = {ALERT_5000};
     EXPECT_EQ(inWords(report),
         "No language was written to the record: the external does not serve this message.\n"
-        "Before: message -1, current unknown (4), chosen French (1), flags 0x80\n"
-        "Alert:  stop 5000, \"Not served.\" [OK], button 1 was pressed\n"
-        "After:  message -1, current unknown (4), chosen French (1), flags 0xffffff81\n");
+        "  alert    stop 5000, \"Not served.\" [OK], button 1 was pressed\n"
+        "  message  -1\n"
+        "  current  unknown (4)\n"
+        "  chosen   1\n"
+        "  flags    0x80 -> 0xffffff81\n");
 }
 
 TEST(InWords, GivesTheReasonWhetherTheFlagWasSetBeforeOrNot)
@@ -122,9 +128,9 @@ TEST(InWords, TellsOfEveryAlertInItsOrder)
     Report report = plainReport();
     report.toolbox.alerts = {ERROR_BOX, {"caution", std::nullopt, "Sure?", "", {"Yes", "No"}, 2}};
     const std::string words = inWords(report);
-    EXPECT_NE(words.find("Alert:  note, \"Language Selector Error\", \"Can't find <b>\" [OK], button 1 was pressed\n"
-                         "Alert:  caution, \"Sure?\" [Yes] [No], button 2 was pressed\n"
-                         "After:"),
+    EXPECT_NE(words.find("  alert    note, \"Language Selector Error\", \"Can't find <b>\" [OK], button 1 was pressed\n"
+                         "  alert    caution, \"Sure?\" [Yes] [No], button 2 was pressed\n"
+                         "  message"),
         std::string::npos)
         << words;
     EXPECT_EQ(words.rfind("No language was written to the record: the external reported an error.\n", 0), 0u);

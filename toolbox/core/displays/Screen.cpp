@@ -1,5 +1,6 @@
 #include "toolbox/core/displays/Screen.h"
 
+#include "toolbox/base/CurrentReport.h"
 #include "toolbox/core/displays/ScreenLibrary.h"
 
 #include <Toolbox/Displays.h>
@@ -127,7 +128,10 @@ bool ScreenAnswers()
     const QByteArray named = qgetenv("QT_QPA_PLATFORM");
     const bool isSeen = !named.startsWith("offscreen") && !named.startsWith("minimal");
     QString problem;
-    return isSeen && answeringPlatform(&problem).has_value();
+    const bool answers = isSeen && answeringPlatform(&problem).has_value();
+    if (isSeen && !answers && !namedPlatforms().isEmpty())  // or nobody has spoken of a screen
+        remark(problem.toStdString());
+    return answers;
 }
 
 bool UseScreenDisplay(std::string* problem)

@@ -56,10 +56,13 @@ SInt16 askAlert(Terminal& terminal, const Alert& alert)
 {
     const std::vector<AlertButton> buttons = enabledButtons(alert);
     Choices choices;
-    for (const AlertButton& each : buttons)
+    QString question = QStringLiteral("Number or name");
+    for (const AlertButton& each : buttons) {
         choices.add(each.title, each.number);
-    const QString question = alert.defaultButton != 0 ? QStringLiteral("Number or name, or Return for the default: ")
-                                                      : QStringLiteral("Number or name: ");
+        if (each.number == alert.defaultButton)
+            question += QStringLiteral(", or Return for %1").arg(each.title.simplified());
+    }
+    question += QStringLiteral(": ");
     terminal.sayWhatIsNotRead();
     describe(terminal, alert, buttons);
     for (;;) {

@@ -99,17 +99,17 @@ QString TerminalWindow::question() const
 {
     const Control* const confirming = confirmingControl(m_window);
     bool hasNumbers = false;
-    QStringList others;
+    QStringList ways;
     for (const Offer& each : offers()) {
         hasNumbers = hasNumbers || each.number;
-        if (!each.number && each.control != confirming)
-            others.append(each.name);
+        if (!each.number && each.word.isEmpty())  // what cancels was told
+            ways.append(each.name);
     }
     if (hasNumbers)
-        others.prepend(QStringLiteral("number or name"));
+        ways.prepend(QStringLiteral("line or name"));
     if (confirming != nullptr)
-        others.append(QStringLiteral("Return for %1").arg(labelOf(*confirming)));
-    return alternatives(others) + QStringLiteral(": ");
+        ways.append(QStringLiteral("Return for %1").arg(labelOf(*confirming)));
+    return (ways.isEmpty() ? QStringLiteral("Cancel") : alternatives(ways)) + QStringLiteral(": ");
 }
 
 void TerminalWindow::describe()

@@ -23,7 +23,8 @@ struct Answer {
 /// Whether there is a screen that answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X display.
 /// A platform that nobody sees, as build servers name one, is none: its windows would wait for ever. A screen is tried
 /// in a process of its own, so that nothing that is wrong with it ends this one, and for two seconds at most. A display
-/// that hangs, or that refuses this user, does not answer.
+/// that hangs, or that refuses this user, does not answer. One that is named and does not answer is remarked upon in
+/// the report.
 bool ScreenAnswers();
 
 /// Whether there is a terminal to ask on: the process has one, whatever its standard streams are, and is not in the

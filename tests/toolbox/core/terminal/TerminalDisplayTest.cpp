@@ -30,7 +30,7 @@ std::function<std::string()> runChanged(const Change& change)
 void leaveAsItIs(Dialog&) { }
 
 const std::string HINT = "\n? shows this again, q cancels.\n";
-const std::string QUESTION = "Number or name, Cancel, or Return for OK: ";
+const std::string QUESTION = "Line or name, or Return for OK: ";
 const std::string SHORT = "Choices: 1 Small, 2 日本 (Medium), 3 Large, OK, Cancel.\n";
 
 TEST(TerminalWindow, ShowsItsTextsAndNumbersItsItemsAndAgainWhenAsked)
@@ -130,22 +130,22 @@ TEST(TerminalWindow, FailsWhenInputEndsAndCancellingDoesNotEndIt)
 }
 
 const std::tuple<const char*, Change, std::string, const char*, const char*> WINDOW_CASES[] = {
-    {"WithoutACancelButton", [](Dialog& dialog) { dialog.cancel.hidden = true; },
-        "Number or name, cancel, or Return for OK: ", "cancel\n", "ended: closed"},
-    {"WithoutACancelButtonAtTheEndOfInput", [](Dialog& dialog) { dialog.cancel.enabled = false; },
-        "Number or name, cancel, or Return for OK: ", "\x04", "ended: closed"},
-    {"WithoutADefaultButton", [](Dialog& dialog) { dialog.ok.hidden = true; },
-        "Number or name, or Cancel: ", "\nok\nc\n", "ended: cancel"},
+    {"WithoutACancelButton", [](Dialog& dialog) { dialog.cancel.hidden = true; }, QUESTION, "cancel\n",
+        "ended: closed"},
+    {"WithoutACancelButtonAtTheEndOfInput", [](Dialog& dialog) { dialog.cancel.enabled = false; }, QUESTION, "\x04",
+        "ended: closed"},
+    {"WithoutADefaultButton", [](Dialog& dialog) { dialog.ok.hidden = true; }, "Line or name: ", "\nok\nc\n",
+        "ended: cancel"},
     {"WithAPlainOKButton", [](Dialog& dialog) { dialog.ok.role = ButtonRole::Plain; }, QUESTION, "\n", "ended: ok"},
     {"WithOtherTitles",
         [](Dialog& dialog) {
             dialog.ok.title = QStringLiteral("Install");
             dialog.cancel.title = QStringLiteral("Never mind:");
         },
-        "Number or name, Never mind, or Return for Install: ", "cancel\n", "ended: cancel"},
+        "Line or name, or Return for Install: ", "cancel\n", "ended: cancel"},
     {"WithAnotherButton", [](Dialog& dialog) { dialog.add(ControlKind::Button, "Apply").command = 'aply'; },
-        "Number or name, Cancel, Apply, or Return for OK: ", "apply\nok\n", "ended: other ok"},
-    {"WithNothingToChoose", [](Dialog& dialog) { dialog.popUp.enabled = false; }, "Cancel, or Return for OK: ", "1\n\n",
+        "Line or name, Apply, or Return for OK: ", "apply\nok\n", "ended: other ok"},
+    {"WithNothingToChoose", [](Dialog& dialog) { dialog.popUp.enabled = false; }, "Return for OK: ", "1\n\n",
         "ended: ok"},
     {"WithDisabledItems",
         [](Dialog& dialog) {
@@ -166,9 +166,8 @@ TEST(TerminalWindow, IsAskedAboutAsItIs)
 TEST(TerminalWindow, SaysThatReturnMeansNothingWithoutADefaultButton)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.ok.enabled = false; }));
-    terminal.readUntil("Number or name, or Cancel: ");
-    EXPECT_EQ(terminal.readAfter("\n", "Number or name, or Cancel: "),
-        "\nReturn alone means nothing here.\nNumber or name, or Cancel: ");
+    terminal.readUntil("Line or name: ");
+    EXPECT_EQ(terminal.readAfter("\n", "Line or name: "), "\nReturn alone means nothing here.\nLine or name: ");
 }
 
 TEST(TerminalWindow, ShowsEveryKindOfControl)
@@ -262,7 +261,7 @@ std::function<std::string()> runAlertOf(Alert (*make)())
     };
 }
 
-const std::string ALERT_QUESTION = "Number or name, or Return for the default: ";
+const std::string ALERT_QUESTION = "Number or name, or Return for Yes & no: ";
 
 TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
 {
@@ -296,7 +295,8 @@ TEST(TerminalAlert, SaysWhichKindItIs)
             Toolbox::UseTerminalDisplay();
             return std::to_string(Toolbox::runAlert(alert));
         });
-        EXPECT_EQ(terminal.readUntil(ALERT_QUESTION), start + ("\n  1  OK - default\n\n" + ALERT_QUESTION));
+        EXPECT_EQ(terminal.readUntil("OK: "),
+            start + std::string("\n  1  OK - default\n\nNumber or name, or Return for OK: "));
         terminal.type("\n");
         EXPECT_EQ(terminal.report(), "1");
     }
