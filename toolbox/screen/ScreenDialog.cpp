@@ -19,8 +19,6 @@ namespace Toolbox {
 
 namespace {
 
-constexpr int ROOM_FOR_FRAME = 60;  // the title bar, and a little of what is behind
-
 // X's DestroyNotify, as the core protocol lays it out.
 constexpr std::uint8_t DESTROY_NOTIFY = 17;
 constexpr std::size_t WINDOW_POSITION = 8;
@@ -86,7 +84,7 @@ ScreenDialog::ScreenDialog(const QString& title, Qt::WindowFlags flags, QWidget*
 
 QSize ScreenDialog::largestSize() const
 {
-    return availableSize(*screen()) - QSize(ROOM_FOR_FRAME, ROOM_FOR_FRAME);
+    return availableSize(*screen()) - QSize(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
 }
 
 void ScreenDialog::setContent(QWidget* content)

@@ -112,7 +112,7 @@ TEST_F(OnScreen, HasTheTextsOfAnAlertNoWiderThanItCanBe)
     Toolbox::Alert alert = oneButton();
     alert.text = QStringLiteral("word ").repeated(8);
     lookAt(alert, [](QDialog& shown) {
-        EXPECT_EQ(shown.width(), shown.screen()->availableSize().width() - 60);
+        EXPECT_EQ(shown.width(), shown.screen()->availableSize().width());
         for (const QScrollBar* const each : shown.findChildren<QScrollBar*>())
             EXPECT_FALSE(each->isVisible());
     });
