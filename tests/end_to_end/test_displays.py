@@ -238,6 +238,17 @@ class WithoutAScreen(HostTest):
         self.assertIn("no screen answers at DISPLAY=:54321\n", outcome.errors)
         self.assertIn("no screen here and no terminal", outcome.errors)
 
+    def test_nothing_is_shown_or_drawn_without_the_library_for_that(self):
+        host = self.installation()
+        library = self.folder / "toolbox/libtoolbox_screen.so"
+        library.unlink()
+        picture = self.folder / "picture.png"
+        for options, tried in (([], "open a window"), (["--picture", picture], f"save the picture in '{picture}'")):
+            outcome = run("--display", "unattended" if options else "window", *options, host=host,
+                          variables={"LD_LIBRARY_PATH": str(library.parent)})
+            self.assertEqual((outcome.status, outcome.errors), (
+                NOT_DONE, f"visex-host: cannot {tried}: the library for screens, {library}, cannot be loaded\n"))
+
     @unittest.skipUnless(subprocess.run(["unshare", "--mount", "true"], stderr=subprocess.DEVNULL).returncode == 0,
                          "only the superuser can hide Qt's plug-ins")
     def test_a_missing_plug_in_for_wayland_is_said_with_its_package(self):

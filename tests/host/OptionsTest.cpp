@@ -143,6 +143,7 @@ const WrongCase WRONG_CASES[] = {
     {"CurrentNegative", {"--current", "-1"}, NO_LANGUAGE + "'-1'"},
     {"CurrentPast32Bits", {"--current", "4294967296"}, NO_LANGUAGE + "'4294967296'"},
     {"CurrentMisspelt", {"--current", "germna"}, NO_LANGUAGE + "'germna' (did you mean German?)"},
+    {"CurrentTooFarFromAny", {"--current", "Gean"}, NO_LANGUAGE + "'Gean'"},  // two letters of German are missing
     {"CurrentOfTwo", {"--current", "E"}, NO_LANGUAGE + "'E', which may be English or Spanish"},
     {"PictureOfAnotherKind", {"--picture", "x.jpg"}, "--picture saves a PNG, and 'x.jpg' ends like something else"},
     {"DisplayUnknown", {"--display", "tv"}, NO_DISPLAY + "'tv'"},

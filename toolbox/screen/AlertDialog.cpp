@@ -49,9 +49,7 @@ QString kindOf(AlertType type)
 // The kind, and whose alert it is.
 QString titleOf(const Alert& alert)
 {
-    const QString program = QCoreApplication::applicationName();
-    const QString kind = kindOf(alert.type);
-    return program.isEmpty() ? kind : plainWindowTitle(QStringLiteral("%1 - %2").arg(kind, program));
+    return QStringLiteral("%1 - %2").arg(kindOf(alert.type), QCoreApplication::applicationName());
 }
 
 // Null for an alert without an icon.

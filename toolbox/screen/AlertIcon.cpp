@@ -1,6 +1,5 @@
 #include "toolbox/screen/AlertIcon.h"
 
-#include <QIcon>
 #include <QPainter>
 
 #include <algorithm>
@@ -15,7 +14,6 @@ enum class Sign { Cross, LetterI, ExclamationMark };
 
 struct Icon {
     AlertType type;
-    const char* themeName;
     QRgb colour;
     Shape shape;
     Sign sign;
@@ -24,9 +22,9 @@ struct Icon {
 
 // clang-format off
 constexpr Icon ICONS[] = {
-    {kAlertStopAlert,    "dialog-error",       0xFFC62828, Shape::Disc,     Sign::Cross,           0xFFFFFFFF},
-    {kAlertNoteAlert,    "dialog-information", 0xFF1565C0, Shape::Disc,     Sign::LetterI,         0xFFFFFFFF},
-    {kAlertCautionAlert, "dialog-warning",     0xFFF9A825, Shape::Triangle, Sign::ExclamationMark, 0xFF202020},
+    {kAlertStopAlert,    0xFFC62828, Shape::Disc,     Sign::Cross,           0xFFFFFFFF},
+    {kAlertNoteAlert,    0xFF1565C0, Shape::Disc,     Sign::LetterI,         0xFFFFFFFF},
+    {kAlertCautionAlert, 0xFFF9A825, Shape::Triangle, Sign::ExclamationMark, 0xFF202020},
 };
 // clang-format on
 
@@ -84,11 +82,7 @@ QPixmap alertIcon(AlertType type, int size, const QWidget& widget)
 {
     const auto* const icon =
         std::find_if(std::begin(ICONS), std::end(ICONS), [type](const Icon& each) { return each.type == type; });
-    if (icon == std::end(ICONS))
-        return QPixmap();
-    const qreal pixelRatio = widget.devicePixelRatioF();
-    const QIcon ofThePlatform = QIcon::fromTheme(QString::fromLatin1(icon->themeName));
-    return ofThePlatform.isNull() ? draw(*icon, size, pixelRatio) : ofThePlatform.pixmap(QSize(size, size), pixelRatio);
+    return icon == std::end(ICONS) ? QPixmap() : draw(*icon, size, widget.devicePixelRatioF());
 }
 
 }  // namespace Toolbox

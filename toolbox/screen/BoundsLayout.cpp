@@ -19,8 +19,7 @@ constexpr int MOST_FOR_ONE_LINE = 2;  // times the width that was drawn for it
 void fitLabel(QLabel& label, const QRect& area)
 {
     const int width = scaled(area.width(), label);
-    const bool isOneLine =
-        area.height() < TWO_LINES && label.sizeHint().width() <= std::max(1, width) * MOST_FOR_ONE_LINE;
+    const bool isOneLine = area.height() < TWO_LINES && label.sizeHint().width() <= width * MOST_FOR_ONE_LINE;
     label.setAlignment(label.alignment() | (area.height() < TWO_LINES ? Qt::AlignVCenter : Qt::AlignTop));
     if (!isOneLine)
         breakLines(label, width);

@@ -1,5 +1,7 @@
 #include "toolbox/screen/ScreenDialog.h"
 
+#include "toolbox/screen/PlainText.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QFocusFrame>
@@ -76,7 +78,7 @@ QScrollArea* makeScrollArea(QWidget* content, const QSize& most, QWidget* parent
 ScreenDialog::ScreenDialog(const QString& title, Qt::WindowFlags flags, QWidget* parent)
     : QDialog(parent, Qt::CustomizeWindowHint | Qt::WindowTitleHint | flags)
 {
-    setWindowTitle(title);
+    setWindowTitle(plainWindowTitle(title));
     setFont(dialogFont());
     frameTheFocus();
     QCoreApplication::instance()->installNativeEventFilter(this);

@@ -62,7 +62,7 @@ const Control* defaultButton(const Window& window)
 }  // namespace
 
 WindowDialog::WindowDialog(Window& window, QWidget* parent)
-    : ScreenDialog(plainWindowTitle(window.title), Qt::WindowCloseButtonHint, parent)
+    : ScreenDialog(window.title, Qt::WindowCloseButtonHint, parent)
     , m_window(window)
     , m_ref(window.ref())
 {

@@ -179,9 +179,10 @@ TEST_F(AlertOnScreen, HasTheIconOfItsType)
         lookAt(alert, [&row](QDialog& shown) {
             const QString title = QString::fromLatin1(row.title);
             EXPECT_EQ(shown.windowTitle(), title + QLatin1String(" - toolbox_screen_test")) << "the program is named";
+            const int middle = placeOf(titled<QLabel>(shown, "Done.")).center().y();
             QImage icon;
             for (const QLabel* const each : shown.findChildren<QLabel*>())
-                if (!each->pixmap(Qt::ReturnByValue).isNull() && each->accessibleName() == title)
+                if (each->accessibleName() == title && placeOf(*each).center().y() == middle)
                     icon = each->pixmap(Qt::ReturnByValue).toImage();
             EXPECT_EQ(icon.size(), row.colour != 0 ? QSize(48, 48) : QSize(0, 0)) << row.title;
             EXPECT_EQ(extent(icon, row.colour), std::pair(row.place, row.pixels)) << row.title;
@@ -202,8 +203,10 @@ TEST_F(AlertOnScreen, CutsNothingOff)
         lookAt(alert, [itsWidth = width](QDialog& shown) {
             int shownTexts = 0;
             for (const QLabel* const each : shown.findChildren<QLabel*>()) {
-                if (each->text().isEmpty())
+                if (each->text().isEmpty()) {
+                    EXPECT_EQ(placeOf(*each).top(), 20) << "the icon";
                     continue;
+                }
                 ++shownTexts;
                 SCOPED_TRACE(each->text().left(9).toStdString());
                 EXPECT_GE(each->height(), each->heightForWidth(each->width()));

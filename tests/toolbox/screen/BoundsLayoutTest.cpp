@@ -35,6 +35,10 @@ void expectRoomForText(const QWidget& widget)
         const int needed = label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
         EXPECT_GE(label->height(), needed) << label->text().toStdString();
         EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->text().toStdString();
+        if (const QPixmap icon = label->pixmap(Qt::ReturnByValue); !icon.isNull()) {
+            EXPECT_EQ(icon.devicePixelRatio(), label->devicePixelRatio()) << "or it would be blurred";
+            EXPECT_GE(icon.deviceIndependentSize().width(), 32);
+        }
         return;
     }
     const auto* const button = qobject_cast<const QPushButton*>(&widget);

@@ -296,7 +296,7 @@ void waitAPause(QDialog&)
     QTest::qSleep(QApplication::keyboardInputInterval() + 50);
 }
 
-// In "One", "日本 (Medium)", "Óptima (Largest)", "Large", "Medial - Medley" of which the second is chosen.
+// In "One", "日本 (Medium)", "Óptima (Largest)", "Large", "Medial - Medley", "Aal", "Aare"; the second is chosen.
 const SessionCase TYPING_CASES[] = {
     {"Beginning", {type("on")}, "ended: item 3 item 1 ok"},
     {"Capitals", {type("ON")}, "ended: item 3 item 1 ok"},
@@ -309,6 +309,7 @@ const SessionCase TYPING_CASES[] = {
     {"MoreLettersStayWhereTheyCan", {type("lar")}, "ended: item 3 ok"},
     {"MoreLettersGoOnWhereTheyMust", {press(Qt::Key_Down), type("medl")}, "ended: item 3 item 5 ok"},
     {"MoreLettersComeRound", {type("mediu")}, "ended: item 5 item 2 ok"},
+    {"TheSameLettersStayWhereTheyCan", {type("aa")}, "ended: item 6 ok"},
     {"TheOnlyOneStaysChosen", {type("日")}, "ended: ok"},
     {"NothingBeginsSo", {type("x")}, "ended: ok"},
     {"NothingGoesOnSo", {type("lx")}, "ended: item 3 ok"},
@@ -316,7 +317,9 @@ const SessionCase TYPING_CASES[] = {
     {"APauseBeginsAnew", {typeAt(A_PAUSE, "m"), typeAt(2 * A_PAUSE, "o")}, "ended: item 5 item 1 ok"},
     {"LettersWithoutTimesBelongTogether", {typeAt(0, "m"), typeAt(0, "o")}, "ended: item 5 ok"},
     {"APauseWithoutTimesBeginsAnew", {typeAt(0, "m"), waitAPause, typeAt(0, "o")}, "ended: item 5 item 1 ok"},
-    {"CommandsAreNotLetters", {typeAt(0, "o", Qt::ControlModifier), typeAt(0, "o", Qt::AltModifier)}, "ended: ok"},
+    {"CommandsAreNotLetters",
+        {typeAt(0, "o", Qt::ControlModifier), typeAt(0, "o", Qt::AltModifier), typeAt(0, "o", Qt::MetaModifier)},
+        "ended: ok"},
     {"NotOnAButton", {press(Qt::Key_Tab), type("on")}, "ended: cancel"},
     {"InTheOpenMenu", {openMenu, type("lar"), press(Qt::Key_Return)}, "ended: item 3 ok"},
     {"InTheOpenMenuItGoesOn", {openMenu, type("ll"), press(Qt::Key_Return)}, "ended: item 4 ok"},
@@ -329,8 +332,9 @@ TEST_F(WindowOnScreen, ChoosesByTheBeginningOfAnItem)
         SCOPED_TRACE(row.name);
         Dialog dialog;
         dialog.popUp.items = {{QStringLiteral("One")}, {QStringLiteral("日本 (Medium)")},
-            {QStringLiteral("Óptima (Largest)")}, {QStringLiteral("Large")}, {QStringLiteral("Medial - Medley")}};
-        dialog.popUp.maximum = 5;
+            {QStringLiteral("Óptima (Largest)")}, {QStringLiteral("Large")}, {QStringLiteral("Medial - Medley")},
+            {QStringLiteral("Aal")}, {QStringLiteral("Aare")}};
+        dialog.popUp.maximum = 7;
         std::vector<Person::Act> acts = row.acts;
         acts.push_back(press(Qt::Key_Return));
         EXPECT_EQ(runWith(dialog, acts), row.report);
@@ -471,6 +475,7 @@ TEST_F(WindowOnScreen, ShowsTextsAsTheyAre)
     dialog.made.window().title = QStringLiteral("All & [*] <b>\x1B");
     dialog.label.title = QStringLiteral("A & <b>b</b>\rc\t\x01");
     dialog.popUp.items[1].title = QStringLiteral("D & <i>e</i>\nf");
+    dialog.popUp.items[2].title = QStringLiteral("\u0378 (g)");  // of which no font has the first
     dialog.ok.title = QStringLiteral("O & <u>K</u>");
     dialog.add(ControlKind::Button, "G & h", {4, 20, 18, 200});
     lookAt(dialog, [](QDialog& shown) {
@@ -480,6 +485,7 @@ TEST_F(WindowOnScreen, ShowsTextsAsTheyAre)
         EXPECT_EQ(label.accessibleName(), QStringLiteral("A & <b>b</b>\nc  "));
         EXPECT_EQ(label.textFormat(), Qt::PlainText);
         EXPECT_EQ(only<QComboBox>(shown).currentText(), QStringLiteral("D & <i>e</i> f"));
+        EXPECT_EQ(only<QComboBox>(shown).itemText(2), QStringLiteral("g"));
         titled<QPushButton>(shown, "O && <u>K</u>");
         titled<QPushButton>(shown, "G && h");
     });
@@ -515,11 +521,11 @@ TEST_F(WindowOnScreen, ShowsThePopUpsOwnLabelBesideIt)
 {
     Dialog dialog;
     dialog.label.hidden = true;
-    dialog.popUp.title = QStringLiteral("Size:");
+    dialog.popUp.title = QStringLiteral("Q & A:");
     lookAt(dialog, [](QDialog& shown) {
         const QComboBox& box = only<QComboBox>(shown);
-        const QLabel& label = titled<QLabel>(shown, "Size:");
-        EXPECT_EQ(box.view()->accessibleName(), QStringLiteral("Size"));
+        const QLabel& label = titled<QLabel>(shown, "Q && A:");
+        EXPECT_EQ(box.view()->accessibleName(), QStringLiteral("Q & A"));
         EXPECT_EQ(label.buddy(), &box);
         EXPECT_LT(placeOf(label).right(), placeOf(box).left());
         EXPECT_EQ(placeOf(label).left(), 20);
@@ -539,6 +545,7 @@ TEST_F(WindowOnScreen, OffersOnlyTheItemsThatCanBeChosenToArrowsAndLetters)
         const auto* const list = qobject_cast<QListView*>(only<QComboBox>(shown).view());
         for (int row = 0; row < 5; ++row)
             EXPECT_EQ(list->isRowHidden(row), row == 3) << row;
+        EXPECT_EQ(list->model()->index(1, 0).data(Qt::AccessibleDescriptionRole), QStringLiteral("separator"));
     };
     EXPECT_EQ(runWith(dialog, {look, press(Qt::Key_Down), press(Qt::Key_Return)}), "ended: item 5 ok");
 }
@@ -564,7 +571,7 @@ TEST_F(WindowOnScreen, HasTheTabKeyGoAlongItsRows)
 TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
 {
     Dialog dialog;
-    Control& box = dialog.add(ControlKind::GroupBox, "Group", {0, 0, 40, 340});
+    Control& box = dialog.add(ControlKind::GroupBox, "Q & A", {0, 0, 40, 340});
     dialog.made.addTo(box, ControlKind::Button).title = QStringLiteral("Inside");
     dialog.add(ControlKind::Other, "Unknown", {0, 0, 10, 10});
     dialog.add(ControlKind::Separator, "", {70, 0, 72, 300});
@@ -574,6 +581,7 @@ TEST_F(WindowOnScreen, LeavesOutWhatIsHiddenAndDisablesWhatIsDisabled)
     EXPECT_EQ(runWith(dialog,
                   {[](QDialog& shown) {
                        EXPECT_FALSE(only<QGroupBox>(shown).isVisible());
+                       EXPECT_EQ(only<QGroupBox>(shown).title(), QStringLiteral("Q && A"));
                        EXPECT_FALSE(titled<QPushButton>(shown, "Inside").isVisible());
                        EXPECT_FALSE(titled<QPushButton>(shown, "Cancel").isEnabled());
                        int lines = 0;
@@ -628,7 +636,11 @@ TEST_F(WindowOnScreen, BreaksTheLinesOfALabelWithRoomForTwoOrTooLittleForOne)
     for (const auto& [height, width, breaks] : rows) {
         Dialog dialog;
         dialog.label.bounds = {10, 20, static_cast<SInt16>(10 + height), static_cast<SInt16>(20 + width)};
-        lookAt(dialog, [expected = breaks](QDialog& shown) { EXPECT_EQ(only<QLabel>(shown).wordWrap(), expected); });
+        const Qt::Alignment vertical = height < 30 ? Qt::AlignVCenter : Qt::AlignTop;
+        lookAt(dialog, [vertical, expected = breaks](QDialog& shown) {
+            EXPECT_EQ(only<QLabel>(shown).wordWrap(), expected);
+            EXPECT_EQ(only<QLabel>(shown).alignment(), Qt::AlignLeft | vertical);
+        });
     }
 }
 

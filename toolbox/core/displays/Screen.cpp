@@ -114,8 +114,6 @@ std::optional<QByteArray> answeringPlatform(QString* problem)
         *problem = QStringLiteral("the process has an application without a screen");
         return QCoreApplication::instance()->inherits("QGuiApplication") ? std::optional(QByteArray()) : std::nullopt;
     }
-    if (screenLibrary(problem) == nullptr)
-        return std::nullopt;
     for (const QByteArray& each : namedPlatforms())
         if (platformAnswers(each))
             return each;
