@@ -148,7 +148,7 @@ std::ptrdiff_t countUnused(const std::vector<GivenAnswer>& answers, std::size_t 
     return each - answers.rbegin();
 }
 
-// Each of these puts the value of one option, which is never empty, into the options.
+// Each of these puts the value of one option, which is empty only if it takes none, into the options.
 
 void takeMessage(Options& options, const std::string& text)
 {
@@ -175,6 +175,11 @@ template <std::optional<std::string> Options::*PATH> void takePath(Options& opti
     options.*PATH = text;
 }
 
+template <bool Options::*FLAG> void setFlag(Options& options, const std::string&)
+{
+    options.*FLAG = true;
+}
+
 void takePicture(Options& options, const std::string& text)
 {
     const std::string ending = inSmallLetters(std::filesystem::path(text).extension().string());
@@ -185,7 +190,7 @@ void takePicture(Options& options, const std::string& text)
 
 struct Option {
     const char* name;
-    const char* value;  // what --help calls it
+    const char* value;  // what --help calls it; null if it takes none
     const char* meaning;
     void (*take)(Options& options, const std::string& text);  // called for each time that it is given
 };
@@ -197,22 +202,13 @@ const Option OPTIONS[] = {
     {"--answer", "ANSWER", "ok, cancel, LANG or button:N, unattended; repeatable", takeAnswer},
     {"--app", "DIR", "Application bundle [the demo application]", takePath<&Options::application>},
     {"--resources", "FILE", "Resource file [the application's]", takePath<&Options::resources>},
+    {"--require-admin", nullptr, "Have it ask for the administrator's right", setFlag<&Options::requireAdmin>},
     {"--record", "FILE", "Record to start from [zeros]", takePath<&Options::record>},
     {"--write-record", "FILE", "Where to store the record after the call", takePath<&Options::writeRecord>},
     {"--picture", "FILE", "Save the dialog or alert as a picture (PNG)", takePicture},
+    {"--json", nullptr, "Print the answer as one JSON object", setFlag<&Options::json>},
+    {"--trace", nullptr, "Write the toolbox calls to standard error", setFlag<&Options::trace>},
     {"--trace-file", "FILE", "Write the toolbox calls into a file", takePath<&Options::traceFile>},
-};
-
-struct Flag {
-    const char* name;
-    const char* meaning;
-    bool Options::*flag;
-};
-
-const Flag FLAGS[] = {
-    {"--require-admin", "Have it ask for the administrator's right", &Options::requireAdmin},
-    {"--json", "Print the answer as one JSON object", &Options::json},
-    {"--trace", "Write the toolbox calls to standard error", &Options::trace},
 };
 
 // Leaves out the section on BUNDLE, which the first line of --help has explained.
@@ -231,8 +227,6 @@ Problem describe(const CLI::ParseError& error, const CLI::App& commandLine)
         std::vector<std::string> names = {"--help", "--version"};
         for (const Option& option : OPTIONS)
             names.emplace_back(option.name);
-        for (const Flag& flag : FLAGS)
-            names.emplace_back(flag.name);
         return wrongUsage("there is no option '" + first + "'" + suggestion(first, names));
     }
     const std::string text = error.what();
@@ -255,6 +249,11 @@ void addExternal(CLI::App& app, Options& options)
 
 void addOption(CLI::App& app, const Option& option, Options& options)
 {
+    if (option.value == nullptr) {
+        const auto set = [&option, &options] { option.take(options, std::string()); };
+        app.add_flag_callback(option.name, set, option.meaning)->disable_flag_override();
+        return;
+    }
     const auto take = [&option, &options](const std::vector<std::string>& texts) {
         for (const std::string& text : texts) {
             if (text.empty())
@@ -279,8 +278,6 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
     addExternal(app, options);
     for (const Option& option : OPTIONS)
         addOption(app, option, options);
-    for (const Flag& flag : FLAGS)
-        app.add_flag(flag.name, options.*flag.flag, flag.meaning)->disable_flag_override();
     app.set_help_flag("-h,--help", "Print this");
     app.set_version_flag("--version", "visex-host " HOST_VERSION, "Say which version this is");
 
