@@ -6,7 +6,6 @@
 #include <pthread.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
-#include <sys/uio.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,7 +14,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
-#include <iterator>
 #include <new>
 #include <string>
 #include <typeinfo>
@@ -49,18 +47,11 @@ struct Progress {
 Progress unwatched = {Running::Host, -1};
 volatile Progress* progress = &unwatched;
 
-iovec part(const char* text)
-{
-    return {const_cast<char*>(text), std::strlen(text)};
-}
-
 // Without allocating anything: memory may have run out, or be in disorder.
 ExitStatus say(const char* whatHappened)
 {
     const Words& around = WORDS[static_cast<std::size_t>(progress->running)];
-    const iovec line[] = {
-        part("visex-host: "), part(around.before), part(whatHappened), part(around.after), part("\n")};
-    [[maybe_unused]] const ssize_t written = writev(STDERR_FILENO, line, static_cast<int>(std::size(line)));
+    tell({"visex-host: ", around.before, whatHappened, around.after, "\n"});
     return around.status;
 }
 
@@ -131,16 +122,20 @@ ExitStatus watch()
 {
     int end = 0;
     while (waitpid(child, &end, 0) < 0 && errno == EINTR) { }
+    const std::string left(unsaid, strnlen(unsaid, UNSAID_SIZE));  // as when the external has closed standard error
+    tell({left.c_str()});
     return judge(end);
 }
 
 // Gives the child what it needs to tell how far it is. False, with the reason in errno, if it cannot be had.
 bool shareProgress()
 {
-    void* const shared = mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    void* const shared =
+        mmap(nullptr, sizeof(Progress) + UNSAID_SIZE, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     if (shared == MAP_FAILED)
         return false;
     progress = new (shared) Progress(unwatched);
+    unsaid = static_cast<char*>(shared) + sizeof(Progress);
     return true;
 }
 
@@ -168,7 +163,7 @@ ExitStatus watched(const std::function<ExitStatus()>& program)
     if (getppid() != watcher)
         _exit(EXIT_FAILURE);  // it has gone already
     std::atexit(endAtOnce);
-    pthread_atfork(nullptr, nullptr, [] { progress = &unwatched; });  // a copy of the child has nobody to tell
+    pthread_atfork(nullptr, nullptr, [] { progress = &unwatched, unsaid = nullptr; });  // a copy has nobody to tell
     const ExitStatus status = program();
     progress->running = externalWasRun ? Running::End : Running::Host;
     progress->status = static_cast<int>(status);

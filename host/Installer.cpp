@@ -59,6 +59,8 @@ const char* describe(OSErr error, const fs::path& file)
     case mapReadErr:
         return "it is no resource file, or a damaged one";
     default:
+        if (fs::is_directory(file, unknown))
+            return "it is a folder";
         return fs::is_regular_file(file, unknown) ? "it cannot be read" : "it is not a regular file";
     }
 }

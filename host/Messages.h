@@ -6,6 +6,8 @@
 
 #include <Toolbox/OneLine.h>
 
+#include <cstddef>
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -41,11 +43,19 @@ using Toolbox::oneLine;
 /// Writes `line` to standard error, after the program's name, and made one line if it is more.
 void complain(const std::string& line);
 
+/// Writes these, up to eight, to standard error in one go, and allocates nothing.
+void tell(std::initializer_list<const char*> texts);
+
+/// Where tell() puts what standard error does not take, so that somebody else can say it: zeros at first. Null for
+/// nowhere, as it is until this is set.
+constexpr std::size_t UNSAID_SIZE = 16384;
+extern char* unsaid;
+
 /// What errno says.
 std::string lastError();
 
-/// Writes the answer to standard output. False, with the reason in `*problem`, when not all of it arrives there.
-bool printAnswer(const std::string& answer, std::string* problem);
+/// Writes the answer to standard output. Throws Problem when not all of it arrives there.
+void print(const std::string& answer);
 
 }  // namespace Host
 

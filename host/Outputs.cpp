@@ -2,8 +2,10 @@
 
 #include "host/Messages.h"
 #include "host/Paths.h"
+#include "host/Record.h"
 #include "host/WrittenFiles.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <utility>
 
@@ -87,19 +89,28 @@ void checkThatNothingIsSpoiled(const Options& options)
     }
 }
 
+// Something else that stands there was hardly meant. An empty file holds nothing that could be lost.
+void checkThatARecordIsReplaced(const std::string& file)
+{
+    std::error_code isNone;
+    const std::uintmax_t size = fs::file_size(file, isNone);
+    if (!isNone && size != 0 && !Record::canHave(size))
+        throw Problem(ExitStatus::NotDone,
+            notWritten("record", file, "what is there is no record; name another file, or remove this one"));
+}
+
 }  // namespace
 
 void settleOutputs(Options& options)
 {
     checkThatFilesDiffer(options);
     checkThatNothingIsSpoiled(options);
-    if (options.writeRecord)
+    if (options.writeRecord) {
         checkWritable("record", *options.writeRecord);
-    if (options.picture) {
-        checkWritable("picture", *options.picture);
-        if (!isUtf8(fs::absolute(*options.picture).native()))
-            throw Problem(ExitStatus::NotDone, notWritten("picture", *options.picture, "its path is not UTF-8"));
+        checkThatARecordIsReplaced(*options.writeRecord);
     }
+    if (options.picture)
+        checkWritable("picture", *options.picture);
     for (const NamedFile& written : {WRITTEN_RECORD, PICTURE, TRACE}) {
         auto& file = options.*written.name;
         if (file)

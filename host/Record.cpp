@@ -38,7 +38,7 @@ std::unique_ptr<std::FILE, int (*)(std::FILE*)> openRegular(const fs::path& file
     if (descriptor < 0 || fstat(descriptor, &facts) != 0)
         *reason = lastError();
     else if (!S_ISREG(facts.st_mode))
-        *reason = "it is not a regular file";
+        *reason = S_ISDIR(facts.st_mode) ? "it is a folder" : "it is not a regular file";
     else if ((stream = fdopen(descriptor, "rb")) == nullptr)
         *reason = lastError();
     if (stream == nullptr && descriptor >= 0)
@@ -85,6 +85,11 @@ Record Record::load(const std::filesystem::path& file)
             "the record '" + file.string() + "' has " + std::to_string(bytes.size())
                 + " bytes, and a record has at least " + std::to_string(sizeof(ExternParmBlock)));
     return Record(std::move(bytes));
+}
+
+bool Record::canHave(std::uintmax_t size)
+{
+    return size >= sizeof(ExternParmBlock) && size <= LARGEST;
 }
 
 void Record::save(const std::filesystem::path& file) const

@@ -22,6 +22,9 @@ public:
     /// fewer than 614 bytes or more than 1 MiB.
     static Record load(const std::filesystem::path& file);
 
+    /// Whether a file of `size` bytes can be a record.
+    static bool canHave(std::uintmax_t size);
+
     /// Saves the record and its tail in `file`, whole or not at all: what was there before stays until all is written.
     /// Throws Problem.
     void save(const std::filesystem::path& file) const;

@@ -2,7 +2,6 @@
 
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
 #include "host/Languages.h"
-#include "host/WrittenFiles.h"
 
 #include <nlohmann/json.hpp>
 
@@ -156,16 +155,13 @@ std::string inJson(const Report& report)
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-bool tellCallProblems(const Options& options, const Toolbox::CallReport& report)
+void tellCallProblems(const Options& options, const Toolbox::CallReport& report)
 {
     for (const std::string& remark : report.remarks)
         complain(remark);
     if (!report.displayProblem.empty())
         complain("the dialog could not go on: " + report.displayProblem);
     tellOfAnswers(options, report);
-    if (options.picture && !report.pictureProblem.empty())
-        complain(notWritten("picture", *options.picture, report.pictureProblem));
-    return report.pictureProblem.empty();
 }
 
 }  // namespace Host

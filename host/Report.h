@@ -38,8 +38,8 @@ std::string inWords(const Report& report);
 std::string inJson(const Report& report);
 
 /// Says on standard error, a line each, what went wrong around the call with these options, or was met with on the way,
-/// without making its answer worthless. False when a picture was wanted and there is none.
-bool tellCallProblems(const Options& options, const Toolbox::CallReport& report);
+/// without making its answer worthless.
+void tellCallProblems(const Options& options, const Toolbox::CallReport& report);
 
 }  // namespace Host
 

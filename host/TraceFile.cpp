@@ -13,9 +13,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string traceFailure(const fs::path& file, int error)
+Problem traceFailure(const fs::path& file, int error)
 {
-    return "cannot write the trace into '" + file.string() + "': " + std::generic_category().message(error);
+    return Problem(ExitStatus::NotDone,
+        "cannot write the trace into '" + file.string() + "': " + std::generic_category().message(error));
 }
 
 // Null, with the reason in errno, also for a pipe that nobody reads: opening that would wait for a reader.
@@ -35,7 +36,7 @@ TraceFile::TraceFile(const fs::path& file)
     , m_stream(openForWriting(file))
 {
     if (!m_stream)
-        throw Problem(ExitStatus::NotDone, traceFailure(m_path, errno));
+        throw traceFailure(m_path, errno);
 }
 
 void TraceFile::write(const std::string& line)
@@ -46,13 +47,12 @@ void TraceFile::write(const std::string& line)
         m_error = errno;
 }
 
-bool TraceFile::finish(std::string* problem)
+void TraceFile::finish()
 {
     if (std::fclose(m_stream.release()) != 0 && m_error == 0)
         m_error = errno;
     if (m_error != 0)
-        *problem = traceFailure(m_path, m_error);
-    return m_error == 0;
+        throw traceFailure(m_path, m_error);
 }
 
 }  // namespace Host

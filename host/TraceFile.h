@@ -18,8 +18,8 @@ public:
     /// Adds `line`, made one if it is more.
     void write(const std::string& line);
 
-    /// Whether everything was written; the reason in `*problem` when it was not. Nothing can be written any more.
-    bool finish(std::string* problem);
+    /// Nothing can be written any more. Throws Problem when not everything was.
+    void finish();
 
 private:
     struct Closer {

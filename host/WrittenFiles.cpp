@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <climits>
 #include <optional>
 #include <system_error>
@@ -38,6 +39,8 @@ fs::path targetOf(const std::string& name, const fs::path& file)
         throw saveFailure(name, file, error.message());
     if (fs::is_symlink(target, error))  // the others were followed
         throw saveFailure(name, file, "it is a link that leads nowhere");
+    if (fs::is_directory(target, error))
+        throw saveFailure(name, file, "it is a folder");
     if (fs::exists(target, error) && !fs::is_regular_file(target, error))
         throw saveFailure(name, file, "it is not a regular file");
     if (target.filename().native().size() > LONGEST_NAME)
@@ -156,7 +159,9 @@ void checkWritable(const std::string& name, const fs::path& file)
         throw saveFailure(name, file, lastError());
     // What is written takes the place of what is there, so the folder has to take it, and be one.
     if (access((target.parent_path() / "").c_str(), W_OK | X_OK) != 0)
-        throw saveFailure(name, file, "its folder takes no new file: " + lastError());
+        throw saveFailure(name, file,
+            errno == ENOENT || errno == ENOTDIR ? "there is no such folder"
+                                                : "its folder takes no new file: " + lastError());
     if (const std::string reason = whatKeeps(target); !reason.empty())
         throw saveFailure(name, file, reason);
 

@@ -12,12 +12,14 @@
 #include "host/Paths.h"
 #include "host/Process.h"
 #include "host/TraceFile.h"
+#include "host/WrittenFiles.h"
 
 #include <Toolbox/Application.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <new>
 #include <optional>
 #include <string>
@@ -60,22 +62,23 @@ Toolbox::TraceSink traceSink(const Options& options, std::optional<TraceFile>& f
     return options.trace ? Toolbox::TraceSink(complain) : nullptr;
 }
 
-bool finish(std::optional<TraceFile>& traceFile)
+void savePicture(const std::string& file, const Toolbox::CallReport& report)
 {
-    std::string problem;
-    if (!traceFile || traceFile->finish(&problem))
-        return true;
-    complain(problem);
-    return false;
+    if (!report.pictureProblem.empty())
+        throw Problem(ExitStatus::NotDone, notWritten("picture", file, report.pictureProblem));
+    writeFile("picture", file, report.picture);
 }
 
-bool print(const std::string& answer)
+// Does `work`. What becomes of the rest does not depend on it: where it fails, a line says so, and this is false.
+bool isDone(const std::function<void()>& work)
 {
-    std::string problem;
-    if (printAnswer(answer, &problem))
+    try {
+        work();
         return true;
-    complain(problem);
-    return false;
+    } catch (const Problem& problem) {
+        complain(problem.what());
+        return false;
+    }
 }
 
 ExitStatus callWith(Options options)
@@ -96,15 +99,16 @@ ExitStatus callWith(Options options)
         traceFile.emplace(*options.traceFile);
     Report report = external.call(record, display, traceSink(options, traceFile));
     report.toolbox = Toolbox::TakeReport();
-    const bool traced = finish(traceFile);
-    const bool noProblem = tellCallProblems(options, report.toolbox) && traced;
+    const bool traced = !traceFile || isDone([&] { traceFile->finish(); });
+    tellCallProblems(options, report.toolbox);
     // The answer is printed when the record is stored, so that it is true; and both before the external is released,
     // because its code may end the process.
     if (options.writeRecord)
         record.save(*options.writeRecord);
-    const bool printed = print(options.json ? inJson(report) : inWords(report));
+    const bool pictured = !options.picture || isDone([&] { savePicture(*options.picture, report.toolbox); });
+    const bool printed = isDone([&] { print(options.json ? inJson(report) : inWords(report)); });
     external.release();
-    return noProblem && printed ? statusOf(report) : ExitStatus::NotDone;
+    return traced && pictured && printed ? statusOf(report) : ExitStatus::NotDone;
 }
 
 ExitStatus run(const std::vector<std::string>& arguments)
@@ -112,7 +116,8 @@ ExitStatus run(const std::vector<std::string>& arguments)
     const std::variant<Options, std::string> parsed = parseOptions(arguments);
     if (const Options* const options = std::get_if<Options>(&parsed))
         return callWith(*options);
-    return print(std::get<std::string>(parsed)) ? ExitStatus::Chosen : ExitStatus::NotDone;
+    print(std::get<std::string>(parsed));
+    return ExitStatus::Chosen;
 }
 
 ExitStatus runAndTell(const std::vector<std::string>& arguments)

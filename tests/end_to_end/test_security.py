@@ -1,5 +1,6 @@
 """What docs/security.md states: what is trusted, what is not, and that nothing is written that was not asked for."""
 
+import itertools
 import os
 import re
 import resource
@@ -154,11 +155,12 @@ def limit_files(size):
 class Files(HostTest):
     """A file is written whole or stays what it was."""
 
-    OPTIONS = (("--write-record", "record"), ("--picture", "picture"))
+    OPTIONS = ("--write-record", "--picture")
+    BEFORE = record(filler=0x5A)
 
     def setUp(self):
         super().setUp()
-        self.target = self.file("target", b"what stood here before")
+        self.target = self.file("target", self.BEFORE)
 
     def saved(self, *arguments, signal_in_rename=None):
         """The outcome under the eyes of what is loaded before."""
@@ -184,7 +186,7 @@ class Files(HostTest):
         self.assertEqual(outcome.status, NOT_DONE)
         self.assertRegex(outcome.errors, rf"\Avisex-host: cannot save the picture in '{picture}': .+\n\Z")
         self.assertIn("German (2) was written to the record.", outcome.output)
-        self.assertEqual(tree(self.folder), {self.target: b"what stood here before", stored: record(chosen=GERMAN)})
+        self.assertEqual(tree(self.folder), {self.target: self.BEFORE, stored: record(chosen=GERMAN)})
 
     def test_what_is_printed_was_stored_before(self):
         reader, writer = os.pipe()
@@ -206,24 +208,25 @@ class Files(HostTest):
         self.assertEqual(blocked.returncode, NOT_DONE)
 
     def test_it_is_on_the_disk_before_it_takes_the_place_of_another(self):
-        for option, _ in self.OPTIONS:
+        for option in self.OPTIONS:
             with self.subTest(option):
                 self.assert_chose(self.saved(option, self.target))
-                self.assertNotEqual(self.target.read_bytes(), b"what stood here before")
+                self.assertNotEqual(self.target.read_bytes(), self.BEFORE)
 
     def test_being_killed_on_the_way_leaves_what_was_there(self):
-        for option, _ in self.OPTIONS:
+        for option in self.OPTIONS:
             with self.subTest(option):
                 outcome = self.saved(option, self.target, signal_in_rename=signal.SIGKILL)
                 self.assertEqual(outcome.status, -signal.SIGKILL)
-                self.assertEqual(self.target.read_bytes(), b"what stood here before")
+                self.assertEqual(self.target.read_bytes(), self.BEFORE)
 
     def test_a_signal_on_the_way_leaves_nothing_beside_it(self):
-        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
-            with self.subTest(number):
-                outcome = self.saved("--write-record", self.target, signal_in_rename=number)
+        for option, number in itertools.product(self.OPTIONS, (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)):
+            with self.subTest(option, number=number):
+                outcome = self.saved(option, self.target, signal_in_rename=number)
                 self.assertEqual(outcome.status, -number)
-                self.assertEqual(tree(self.folder), {self.target: record()})
+                self.assertNotEqual(self.target.read_bytes(), self.BEFORE)
+                self.assertEqual(list(tree(self.folder)), [self.target])
 
     def test_a_pipe_that_is_put_in_place_of_a_record_is_not_waited_for(self):
         pipe = self.folder / "pipe"

@@ -93,6 +93,8 @@ const EndCase END_CASES[] = {
         "the external ran out of memory while it was loaded"},
     {"BySomethingThrownWhereNothingMayBe", Running::Call, []() noexcept { fail<int>(); },
         "the call did not return: the external called abort, or threw where nothing may be thrown"},
+    {"WithEveryFileClosed", Running::Call, [] { closefrom(0), complain("a word"), throw std::logic_error("why"); },
+        "a word\nvisex-host: the call did not return: the external threw an exception, \"why\""},
     {"BySomethingThrown", Running::Call, [] { throw 7; },
         "the call did not return: the external ended the host's thread, or threw something other than a "
         "std::exception"},

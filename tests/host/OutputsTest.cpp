@@ -28,6 +28,8 @@ std::string problemWith(Options options)
     return "none";
 }
 
+const std::string RECORD(614, 'x');
+
 // The file of the C library.
 const char* loadedLibrary()
 {
@@ -94,7 +96,7 @@ TEST_P(OutputPair, MayNotBeOneFile)
     const fs::path file = folder / "file";
     EXPECT_EQ(problemOf(file, file), refusalOf(file)) << "not there yet";
     EXPECT_EQ(problemOf(file, folder / "." / "file"), refusalOf(file)) << "in another spelling";
-    std::ofstream(file).put('x');
+    folder.write("file", RECORD);
     EXPECT_EQ(problemOf(file, file), refusalOf(file)) << "there";
     const fs::path link = folder / "link";
     fs::create_hard_link(file, link);
@@ -125,8 +127,22 @@ TEST(Outputs, MayWriteTheRecordOver)
 {
     const TemporaryFolder folder;
     Options options;
-    options.record = options.writeRecord = (folder / "record").string();
+    options.record = options.writeRecord = folder.write("record", RECORD).string();
     EXPECT_EQ(problemWith(options), "none");
+}
+
+TEST(Outputs, ReplaceNothingByARecordThatCanBeNone)
+{
+    const TemporaryFolder folder;
+    for (const std::size_t size : {1, 613, 614, 1024 * 1024, 1024 * 1024 + 1, 0}) {
+        Options options;
+        options.writeRecord = folder.write("file", std::string(size, 'x')).string();
+        const bool isTaken = size == 0 || (size >= 614 && size <= 1024 * 1024);
+        EXPECT_EQ(problemWith(options),
+            isTaken ? "none"
+                    : "cannot save the record in '" + *options.writeRecord
+                    + "': what is there is no record; name another file, or remove this one");
+    }
 }
 
 // What is read or loaded may not be written over under another name either.
@@ -173,11 +189,11 @@ protected:
 TEST_P(OutputFile, NeedsAFolderAndReplacesRegularFilesAlone)
 {
     const fs::path file = folder / "missing" / "file";
-    EXPECT_EQ(problemOf(file), refusalOf(file, "its folder takes no new file: No such file or directory"));
+    EXPECT_EQ(problemOf(file), refusalOf(file, "there is no such folder"));
     std::ofstream(folder / "no folder").put('x');
-    EXPECT_EQ(problemOf(folder / "no folder" / "file"),
-        refusalOf(folder / "no folder" / "file", "its folder takes no new file: Not a directory"));
-    EXPECT_EQ(problemOf(folder / ""), refusalOf(folder / "", "it is not a regular file"));
+    EXPECT_EQ(
+        problemOf(folder / "no folder" / "file"), refusalOf(folder / "no folder" / "file", "there is no such folder"));
+    EXPECT_EQ(problemOf(folder / ""), refusalOf(folder / "", "it is a folder"));
     EXPECT_EQ(problemOf("/dev/null"), refusalOf("/dev/null", "it is not a regular file"));
 }
 
@@ -185,13 +201,13 @@ TEST_P(OutputFile, IsNeitherMadeNorChangedNorALinkThatLeadsNowhere)
 {
     fs::create_symlink("nowhere", folder / "link");
     EXPECT_EQ(problemOf(folder / "link"), refusalOf(folder / "link", "it is a link that leads nowhere"));
-    std::ofstream(folder / "nowhere").put('x');
+    folder.write("nowhere", RECORD);
     EXPECT_EQ(problemOf(folder / "link"), "none");
     EXPECT_EQ(problemOf(folder / "new"), "none");
     EXPECT_FALSE(fs::exists(folder / "new"));
-    std::ofstream(folder / "old").put('x');
+    folder.write("old", RECORD);
     EXPECT_EQ(problemOf(folder / "old"), "none");
-    EXPECT_EQ(fs::file_size(folder / "old"), 1u);
+    EXPECT_EQ(contents(folder / "old"), RECORD);
 }
 
 TEST_P(OutputFile, MayHaveANameThatLeavesRoomForMore)

@@ -71,7 +71,7 @@ TEST(RecordFile, IsRefusedWithTheReason)
     const std::pair<fs::path, const char*> unreadable[] = {
         {folder.write("huge", bytes(1024 * 1024 + 1)), "it has more than 1048576 bytes"},
         {folder / "none", "No such file or directory"},
-        {folder.path(), "it is not a regular file"},
+        {folder.path(), "it is a folder"},
         {pipe, "it is not a regular file"},
         {"/dev/zero", "it is not a regular file"},
     };
@@ -116,10 +116,9 @@ TEST(SavingARecord, ReplacesNothingButRegularFilesAndSaysWhyItCannot)
     const fs::path pipe = folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     fs::create_directory(folder / "folder");
-    for (const fs::path& file : {pipe, folder / "folder"}) {
-        EXPECT_EQ(problemOf([&] { Record().save(file); }),
-            "cannot save the record in '" + file.string() + "': it is not a regular file");
-    }
+    for (const auto& [file, what] : {std::pair(pipe, "not a regular file"), std::pair(folder / "folder", "a folder")})
+        EXPECT_EQ(problemOf([file = file] { Record().save(file); }),
+            "cannot save the record in '" + file.string() + "': it is " + what);
     EXPECT_EQ(folder.entries(), 2u);
 }
 

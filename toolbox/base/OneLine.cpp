@@ -1,6 +1,7 @@
 #include <Toolbox/OneLine.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <iterator>
 #include <optional>
@@ -47,6 +48,9 @@ constexpr struct {
     {0x2066, 0x2069},  // isolates, likewise
 };
 
+// How much of either end of a text is shown if it is a long one. No path is so long.
+constexpr std::size_t LONGEST_END = PATH_MAX;
+
 bool isUnseen(char32_t code)
 {
     return std::any_of(std::begin(UNSEEN), std::end(UNSEEN),
@@ -86,6 +90,11 @@ std::string oneLine(std::string_view text)
         else
             line += isUnseen(*first.code) ? escaped(*first.code) : std::string(text.substr(0, first.length));
         text.remove_prefix(first.length);
+        if (line.size() >= LONGEST_END && text.size() > LONGEST_END) {
+            const std::size_t leftOut = text.size() - LONGEST_END;
+            line += " \u2026 (" + std::to_string(leftOut) + " bytes left out) \u2026 ";
+            text.remove_prefix(leftOut);
+        }
     }
     return line;
 }

@@ -8,9 +8,8 @@
 #include "toolbox/screen/WindowDialog.h"
 
 #include <QApplication>
-#include <QFileInfo>
+#include <QBuffer>
 #include <QPixmap>
-#include <QSaveFile>
 #include <QScreen>
 #include <QTimer>
 
@@ -18,28 +17,19 @@ namespace Toolbox {
 
 namespace {
 
-// Whole or not at all; returns what went wrong, or nothing.
-QString savePicture(QWidget& widget, const QString& name)
+void grabPicture(QWidget& widget)
 {
-    // What is saved takes the place of what has the name, and a device or a pipe must not lose its own.
-    if (const QFileInfo present(name); present.exists() && !present.isFile())
-        return QStringLiteral("it is not a regular file");
-    const QPixmap picture = widget.grab();
-    if (picture.isNull())
-        return QStringLiteral("there is nothing to draw");
-    QSaveFile file(name);
-    // Flushed before it is committed, which takes no notice when what is still held back cannot be written.
-    const bool saved = file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.flush() && file.commit();
-    return saved ? QString() : file.errorString();
+    QBuffer png;
+    const bool drawn = widget.grab().save(&png, "PNG");
+    notePicture(png.data(), drawn ? QString() : QStringLiteral("there is nothing to draw"));
 }
 
-// Shows `dialog`, of which a picture is saved if one was asked for, over the one that is up, which is the one to type
+// Shows `dialog`, of which a picture is taken if one was asked for, over the one that is up, which is the one to type
 // in again when it has ended: not every window manager, and no screen without one, sees to that.
 void runOverOthers(QDialog& dialog)
 {
-    const std::optional<QString> picture = takePictureRequest();
-    if (picture)
-        QTimer::singleShot(0, &dialog, [&] { notePictureProblem(savePicture(dialog, *picture)); });
+    if (takePictureRequest())
+        QTimer::singleShot(0, &dialog, [&] { grabPicture(dialog); });
     dialog.exec();
     if (dialog.parentWidget() != nullptr)
         dialog.parentWidget()->activateWindow();
@@ -85,28 +75,29 @@ std::unique_ptr<Display> makeDisplay(const QByteArray& platform)
     return std::make_unique<ScreenDisplay>(platform);
 }
 
-QString saveShown(QDialog& dialog, const QString& file)
+void drawUnseen(QDialog& dialog)
 {
     constexpr qreal LARGEST_SCALE = 8;  // a dialog is drawn within a second; ten times that takes gigabytes
-    if (dialog.devicePixelRatioF() > LARGEST_SCALE)
-        return QStringLiteral("it would be %1 times as large as a dialog is").arg(dialog.devicePixelRatioF());
+    const qreal scale = dialog.devicePixelRatioF();
+    if (scale > LARGEST_SCALE)
+        return notePicture({}, QStringLiteral("it would be %1 times as large as a dialog is").arg(scale));
     dialog.show();
     QCoreApplication::processEvents();  // it becomes active, and shows where the focus is
-    return savePicture(dialog, file);
+    grabPicture(dialog);
 }
 
-QString drawPicture(Window& window, const QString& file)
+void drawPicture(Window& window)
 {
     const QtApplication application("offscreen");
     WindowDialog dialog(window, nullptr);
-    return saveShown(dialog, file);
+    drawUnseen(dialog);
 }
 
-QString drawAlertPicture(const Alert& alert, const QString& file)
+void drawAlertPicture(const Alert& alert)
 {
     const QtApplication application("offscreen");
     AlertDialog dialog(alert, nullptr);
-    return saveShown(dialog, file);
+    drawUnseen(dialog);
 }
 
 }  // namespace

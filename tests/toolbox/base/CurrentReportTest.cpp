@@ -19,13 +19,14 @@ TEST(CurrentReport, KeepsRemarksInTheirOrderEachOnce)
 TEST(CurrentReport, BeginsAnewWhenItWasTaken)
 {
     Toolbox::CallReport& current = Toolbox::currentReport();
-    current = {{{"note", std::nullopt, "Text", "", {"OK"}, 1}}, true, {"remark"}, "display", "picture", 1, true, true};
+    current = {
+        {{"note", std::nullopt, "Text", "", {"OK"}, 1}}, true, {"remark"}, "display", {1}, "picture", 1, true, true};
     const Toolbox::CallReport taken = TakeReport();
     EXPECT_EQ(taken.alerts.size(), 1u);
     EXPECT_TRUE(taken.windowShown && taken.answersRanOut && taken.answerWasUnfit);
 
     const Toolbox::CallReport next = TakeReport();
-    EXPECT_TRUE(next.alerts.empty() && next.remarks.empty());
+    EXPECT_TRUE(next.alerts.empty() && next.remarks.empty() && next.picture.empty());
     EXPECT_EQ(next.displayProblem + next.pictureProblem, "");
     EXPECT_EQ(next.answersTaken, 0u);
     EXPECT_FALSE(next.windowShown || next.answersRanOut || next.answerWasUnfit);

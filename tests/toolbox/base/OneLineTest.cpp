@@ -8,7 +8,7 @@ namespace {
 
 using Toolbox::oneLine;
 
-const std::tuple<const char*, std::string, const char*> LINE_CASES[] = {
+const std::tuple<const char*, std::string, std::string> LINE_CASES[] = {
     {"Text", "a b~\\ \u00E4\u65E5\U0001F600", "a b~\\ \u00E4\u65E5\U0001F600"},
     {"Empty", "", ""},
     {"EndsOfLines", "a\r\nb\tc", R"(a\r\nb\tc)"},
@@ -26,6 +26,9 @@ const std::tuple<const char*, std::string, const char*> LINE_CASES[] = {
     {"Overlong", "\xC0\xAF\xE0\x80\xAF\xF0\x80\x80\xAF", R"(\xc0\xaf\xe0\x80\xaf\xf0\x80\x80\xaf)"},
     {"FirstSurrogate", "\xED\x9F\xBF\xED\xA0\x80", "\xED\x9F\xBF\\xed\\xa0\\x80"},
     {"LastSurrogate", "\xED\xBF\xBF\xEE\x80\x80", "\\xed\\xbf\\xbf\xEE\x80\x80"},
+    {"Long", std::string(8192, 'a'), std::string(8192, 'a')},
+    {"TooLong", std::string(5000, 'a') + std::string(95000, 'b'),
+        std::string(4096, 'a') + " \u2026 (91808 bytes left out) \u2026 " + std::string(4096, 'b')},
     {"PastTheEnd", "\xF4\x8F\xBF\xBF\xF4\x90\x80\x80\xF5", "\xF4\x8F\xBF\xBF\\xf4\\x90\\x80\\x80\\xf5"},
 };
 

@@ -7,7 +7,6 @@
 #include <Toolbox/Displays.h>
 
 #include <QCoreApplication>
-#include <QFile>
 
 #include <functional>
 #include <utility>
@@ -16,51 +15,49 @@ namespace Toolbox {
 
 namespace {
 
-std::optional<QString> request;
+bool isRequested = false;
 
-QString drawPicture(const std::function<QString(const ScreenLibrary&)>& draw)
+void drawIfRequested(const std::function<void(const ScreenLibrary&)>& draw)
 {
+    if (!takePictureRequest())
+        return;
     QString problem;
     const ScreenLibrary* const library = screenLibrary(&problem);
     if (library == nullptr)
-        return problem;
-    if (QCoreApplication::instance() == nullptr && !platformAnswers("offscreen"))
-        return QStringLiteral("Qt cannot draw without a screen");
-    return draw(*library);
+        notePicture({}, problem);
+    else if (QCoreApplication::instance() == nullptr && !platformAnswers("offscreen"))
+        notePicture({}, QStringLiteral("Qt cannot draw without a screen"));
+    else
+        draw(*library);
 }
 
 }  // namespace
 
-std::optional<QString> takePictureRequest()
+bool takePictureRequest()
 {
-    return std::exchange(request, std::nullopt);
+    return std::exchange(isRequested, false);
 }
 
-void notePictureProblem(const QString& problem)
+void notePicture(const QByteArray& png, const QString& problem)
 {
+    currentReport().picture.assign(png.begin(), png.end());
     currentReport().pictureProblem = problem.toStdString();
 }
 
 void drawRequestedPicture(Window& window)
 {
-    const std::optional<QString> file = takePictureRequest();
-    if (file)
-        notePictureProblem(
-            drawPicture([&](const ScreenLibrary& library) { return library.drawPicture(window, *file); }));
+    drawIfRequested([&window](const ScreenLibrary& library) { library.drawPicture(window); });
 }
 
 void drawRequestedPicture(const Alert& alert)
 {
-    const std::optional<QString> file = takePictureRequest();
-    if (file)
-        notePictureProblem(
-            drawPicture([&](const ScreenLibrary& library) { return library.drawAlertPicture(alert, *file); }));
+    drawIfRequested([&alert](const ScreenLibrary& library) { library.drawAlertPicture(alert); });
 }
 
-void SavePicture(const std::string& file)
+void WantPicture()
 {
-    request = QFile::decodeName(QByteArray::fromStdString(file));
-    currentReport().pictureProblem = "nothing was shown";
+    isRequested = true;
+    notePicture({}, QStringLiteral("nothing was shown"));
 }
 
 }  // namespace Toolbox

@@ -1,4 +1,4 @@
-// The picture that SavePicture asked for: one file, of the next window or alert that is run.
+// The picture that WantPicture asked for: one, of the next window or alert that is run.
 
 #ifndef TOOLBOX_CORE_DISPLAYS_PICTURE_H
 #define TOOLBOX_CORE_DISPLAYS_PICTURE_H
@@ -6,20 +6,18 @@
 #include "toolbox/core/dialogs/Alert.h"
 #include "toolbox/core/dialogs/Window.h"
 
+#include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 namespace Toolbox {
 
-/// Takes the file that was asked for; nothing when none was, or when it was taken already. The caller then saves the
-/// picture and reports with notePictureProblem() what went wrong.
-std::optional<QString> takePictureRequest();
+/// Whether a picture was asked for and nobody has asked this since. The caller then reports it with notePicture().
+bool takePictureRequest();
 
-/// Reports `problem`, empty for none.
-void notePictureProblem(const QString& problem);
+/// Reports the picture `png`, or why there is none.
+void notePicture(const QByteArray& png, const QString& problem);
 
-/// For a display without a screen: if a picture was asked for, draws `window` as it would be shown on one, and saves
+/// For a display without a screen: if a picture was asked for, draws `window` as it would be shown on one, and reports
 /// it.
 void drawRequestedPicture(Window& window);
 

@@ -121,13 +121,17 @@ std::optional<QByteArray> answeringPlatform(QString* problem)
     return std::nullopt;
 }
 
-bool ScreenAnswers()
+bool ScreenIsSeen()
 {
     const QByteArray named = qgetenv("QT_QPA_PLATFORM");
-    const bool isSeen = !named.startsWith("offscreen") && !named.startsWith("minimal");
+    return !named.startsWith("offscreen") && !named.startsWith("minimal");
+}
+
+bool ScreenAnswers()
+{
     QString problem;
-    const bool answers = isSeen && answeringPlatform(&problem).has_value();
-    if (isSeen && !answers && !namedPlatforms().isEmpty())  // or nobody has spoken of a screen
+    const bool answers = ScreenIsSeen() && answeringPlatform(&problem).has_value();
+    if (ScreenIsSeen() && !answers && !namedPlatforms().isEmpty())  // or nobody has spoken of a screen
         remark(problem.toStdString());
     return answers;
 }

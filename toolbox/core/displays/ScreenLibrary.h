@@ -23,11 +23,11 @@ struct ScreenLibrary {
     /// A display that shows windows on `platform`, which must be usable.
     std::unique_ptr<Display> (*makeDisplay)(const QByteArray& platform);
 
-    /// Draws `window` as it would be shown, on no screen, and saves it as `file`. Returns what went wrong, or nothing.
-    QString (*drawPicture)(Window& window, const QString& file);
+    /// Draws `window` as it would be shown, on no screen, and reports the picture (Picture.h).
+    void (*drawPicture)(Window& window);
 
     /// The same of `alert`.
-    QString (*drawAlertPicture)(const Alert& alert, const QString& file);
+    void (*drawAlertPicture)(const Alert& alert);
 };
 
 /// The library, or null with the reason in `*problem`.

@@ -29,7 +29,8 @@ struct CallReport {
     bool windowShown = false;          // one was run, on whichever display
     std::vector<std::string> remarks;  // why an alert was not shown, a right not granted...: a clause each, each once
     std::string displayProblem;        // why a modal loop failed, in a few words: the last one that did
-    std::string pictureProblem;        // why the picture that was asked for was not saved; empty when none was
+    std::vector<UInt8> picture;        // the one that was asked for (PNG)
+    std::string pictureProblem;        // why there is none; empty when none was asked for
     std::size_t answersTaken = 0;      // how many of the unattended display's list
     bool answersRanOut = false;        // none was left where one was wanted, so a default button was pressed
     bool answerWasUnfit = false;       // one fitted nothing that was shown: a window was cancelled for that, or an

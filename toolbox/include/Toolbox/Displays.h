@@ -20,11 +20,14 @@ struct Answer {
     UInt32 value;
 };
 
-/// Whether there is a screen that answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X display.
-/// A platform that nobody sees, as build servers name one, is none: its windows would wait for ever. A screen is tried
-/// in a process of its own, so that nothing that is wrong with it ends this one, and for two seconds at most. A display
-/// that hangs, or that refuses this user, does not answer. One that is named and does not answer is remarked upon in
-/// the report.
+/// Whether somebody can see the windows of the platform that QT_QPA_PLATFORM names, if it names any. Those of the ones
+/// that build servers name, offscreen and minimal, would wait for ever.
+bool ScreenIsSeen();
+
+/// Whether there is a screen that is seen and answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X
+/// display. A screen is tried in a process of its own, so that nothing that is wrong with it ends this one, and for two
+/// seconds at most. A display that hangs, or that refuses this user, does not answer. One that is named and does not
+/// answer is remarked upon in the report.
 bool ScreenAnswers();
 
 /// Whether there is a terminal to ask on: the process has one, whatever its standard streams are, and is not in the
@@ -51,9 +54,9 @@ void UseTerminalDisplay();
 /// can only be meant for a window, which then stays in the list.
 void UseUnattendedDisplay(const std::vector<Answer>& answers);
 
-/// Saves the next window or alert that is run as a picture (PNG) in `file`, as it looks at first, whichever display
-/// runs it. The file is written whole or not at all. Until then the report's problem is that nothing was shown.
-void SavePicture(const std::string& file);
+/// Has the report give a picture of the next window or alert that is run, as it looks at first, whichever display runs
+/// it. Until then the report's problem is that nothing was shown.
+void WantPicture();
 
 }  // namespace Toolbox
 
