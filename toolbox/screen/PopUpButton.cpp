@@ -2,6 +2,7 @@
 
 #include "toolbox/screen/PlainText.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QKeyEvent>
@@ -35,6 +36,15 @@ QString withoutBoxes(const QString& text, const QFontMetrics& metrics)
     return shown;
 }
 
+// Tells assistive technology that the focus is on this item. Screen readers say an item then, and neither when its list
+// has the focus nor when a closed pop-up gets another value.
+void tellOfFocus(QAbstractItemView* list, int row)
+{
+    QAccessibleEvent focus(list, QAccessible::Focus);
+    focus.setChild(row);
+    QAccessible::updateAccessibility(&focus);
+}
+
 bool isOneLetterOnly(const QString& text)
 {
     return text.count(text.front()) == text.size();
@@ -45,13 +55,14 @@ bool isOneLetterOnly(const QString& text)
 PopUpButton::PopUpButton(const Control& control, QWidget* parent)
     : QComboBox(parent)
 {
+    connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectCurrent);
+    connect(this, &QComboBox::currentTextChanged, this, &PopUpButton::describe);
     for (std::size_t index = 0; index < control.items.size(); ++index)
         addItem(control, static_cast<int>(index));
     view()->installEventFilter(this);
     // Later, when the keys and the mouse have made what they select the current item of the open menu.
     connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this, &PopUpButton::chooseSelected,
         Qt::QueuedConnection);
-    connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectCurrent);
 }
 
 // With what nobody can choose marked as such.
@@ -80,12 +91,15 @@ bool PopUpButton::eventFilter(QObject* watched, QEvent* event)
 
 void PopUpButton::keyPressEvent(QKeyEvent* event)
 {
-    if (typeAhead(*event))
-        return;
-    if (hasALetter(*event))
-        event->ignore();  // or a combo box would take the command for a letter
-    else
-        QComboBox::keyPressEvent(event);
+    const int before = currentIndex();
+    if (!typeAhead(*event)) {
+        if (hasALetter(*event))
+            event->ignore();  // or a combo box would take the command for a letter
+        else
+            QComboBox::keyPressEvent(event);
+    }
+    if (currentIndex() != before)
+        tellOfFocus(view(), currentIndex());
 }
 
 // False when the key is none for this.
@@ -133,6 +147,12 @@ int PopUpButton::presentRow() const
     return shown.isValid() ? shown.row() : currentIndex();
 }
 
+void PopUpButton::showPopup()
+{
+    QComboBox::showPopup();
+    tellOfFocus(view(), presentRow());
+}
+
 // Later, when the choice that closed the menu, if one did, was told: what is closed has no item with the focus, and the
 // chosen one is selected.
 void PopUpButton::hidePopup()
@@ -152,6 +172,12 @@ void PopUpButton::selectCurrent()
 {
     view()->selectionModel()->select(
         model()->index(currentIndex(), modelColumn()), QItemSelectionModel::ClearAndSelect);
+}
+
+// Screen readers that say the label of a pop-up leave out its name, which is the current item, and say a description.
+void PopUpButton::describe(const QString& item)
+{
+    setAccessibleDescription(item.isEmpty() ? QString() : QStringLiteral("%1 is chosen").arg(item));
 }
 
 void PopUpButton::chooseSelected()

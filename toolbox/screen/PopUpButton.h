@@ -21,6 +21,7 @@ public:
     PopUpButton(const Control& control, QWidget* parent);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showPopup() override;
     void hidePopup() override;
 
 protected:
@@ -33,6 +34,7 @@ private:
     int presentRow() const;
     void goTo(int row);
     void selectCurrent();
+    void describe(const QString& item);
     void chooseSelected();
 
     Choices m_names;
