@@ -80,7 +80,7 @@ std::string escaped(char32_t code)
 
 }  // namespace
 
-std::string oneLine(std::string_view text)
+std::string withEscapes(std::string_view text)
 {
     std::string line;
     while (!text.empty()) {
@@ -90,13 +90,16 @@ std::string oneLine(std::string_view text)
         else
             line += isUnseen(*first.code) ? escaped(*first.code) : std::string(text.substr(0, first.length));
         text.remove_prefix(first.length);
-        if (line.size() >= LONGEST_END && text.size() > LONGEST_END) {
-            const std::size_t leftOut = text.size() - LONGEST_END;
-            line += " \u2026 (" + std::to_string(leftOut) + " bytes left out) \u2026 ";
-            text.remove_prefix(leftOut);
-        }
     }
     return line;
+}
+
+std::string oneLine(std::string_view text)
+{
+    if (text.size() <= 2 * LONGEST_END)
+        return withEscapes(text);
+    return withEscapes(text.substr(0, LONGEST_END)) + " \u2026 (" + std::to_string(text.size() - 2 * LONGEST_END)
+        + " bytes left out) \u2026 " + withEscapes(text.substr(text.size() - LONGEST_END));
 }
 
 bool isUtf8(std::string_view text)

@@ -108,7 +108,7 @@ QString TerminalEncoding::showable(const QString& text) const
     QString shown;
     for (const QString& line : text.split(QLatin1Char('\n'))) {
         shown += shown.isNull() ? QString(QLatin1String("")) : QString(QLatin1Char('\n'));
-        for (const uint each : QString::fromStdString(oneLine(line.toStdString())).toUcs4())
+        for (const uint each : QString::fromStdString(withEscapes(line.toStdString())).toUcs4())
             shown += showableCharacter(each);
     }
     return shown;
