@@ -77,10 +77,10 @@ class ScreenThatNoticesOnly:
 class XServer:
     """An X server without a screen to look at."""
 
-    def __init__(self):
+    def __init__(self, *options):
         reader, writer = os.pipe()
         self.process = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24", "-nolisten", "tcp", *options],
             pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(writer)
         with os.fdopen(reader) as number:  # which the server writes when it is ready

@@ -134,6 +134,19 @@ class InAWindow(HostTest):
             with self.subTest(keys):
                 self.assert_chosen(self.press(*keys, "Return", arguments=["--current", current, "--json"]), code)
 
+    def test_it_is_shown_beside_a_wayland_display_that_is_dead(self):
+        picture = self.folder / "picture.png"
+        self.assert_chosen(self.press("Return", arguments=["--json", "--picture", picture],
+                                      WAYLAND_DISPLAY="wayland-4711"), ENGLISH)
+        self.assertEqual(picture.read_bytes()[:4], b"\x89PNG")
+
+    def test_a_screen_that_refuses_is_none(self):
+        cookie = b"".join(bytes([0, len(part)]) + part for part in (b"host", b"0", b"MIT-MAGIC-COOKIE-1", b"sixteen bytes..."))
+        refusing = XServer("-auth", self.file("cookies", b"\1\0" + cookie))  # whom it does not know from this file
+        self.addCleanup(refusing.close)
+        outcome = run("--display", "window", variables={"DISPLAY": refusing.display, "XAUTHORITY": "/dev/null"})
+        self.assert_fails(outcome, NOT_DONE, f"cannot open a window: no screen answers at DISPLAY={refusing.display}")
+
     def test_nothing_is_remembered(self):
         folders = {name: str(self.folder) for name in
                    ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR")}

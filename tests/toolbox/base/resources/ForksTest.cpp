@@ -12,8 +12,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
-#include <random>
 #include <tuple>
 
 namespace {
@@ -124,21 +122,6 @@ TEST_F(Forks, EntryMustLieInTheFile)
         setNumber(file, position, width, value);
         EXPECT_EQ(readBeside(file), result) << name;
         EXPECT_EQ(readData(file), result) << name;
-    }
-}
-
-TEST(AppleDouble, IsReadWithinItsBytes)
-{
-    std::mt19937 random(3);
-    for (int round = 0; round < 20000; ++round) {
-        const std::size_t length = random() % 60;
-        const auto block = std::make_unique<unsigned char[]>(length);
-        std::generate_n(block.get(), length, [&] { return static_cast<unsigned char>(random() % 3); });
-        const Toolbox::BigEndianBytes bytes(block.get(), length);
-        EXPECT_FALSE(Toolbox::isAppleDouble(bytes));
-        Toolbox::ForkPlace place = {1, 1};
-        const OSErr result = Toolbox::findResourceFork(bytes, &place);
-        EXPECT_EQ(result, place.length == 0 ? int(errFSForkNotFound) : int(noErr));
     }
 }
 

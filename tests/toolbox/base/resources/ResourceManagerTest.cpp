@@ -83,15 +83,6 @@ TEST_F(ResourceManager, GetsTheDataOfAResource)
     EXPECT_EQ(dataOf(GetResource('CALL', -5)), "");
 }
 
-TEST_F(ResourceManager, ReadsZerosPastAShortResource)
-{
-    open({{'CALL', 1000, "abc"}});
-    const Handle handle = GetResource('CALL', 1000);
-    ASSERT_NE(handle, nullptr);
-    EXPECT_EQ((*handle)[401], 0);
-    EXPECT_TRUE(std::all_of(*handle + 3, *handle + 3 + 1024, [](char byte) { return byte == 0; }));
-}
-
 TEST_F(ResourceManager, GivesTheSameHandleUntilItIsReleased)
 {
     open({{'CALL', 1, "below"}});
@@ -301,15 +292,6 @@ TEST_F(ResourceManager, GetsNothingWhicheverAllocationFails)
             EXPECT_EQ(alive("handle"), refused ? 0u : 1u);
         });
     EXPECT_EQ(dataOf(handle), "one");
-}
-
-TEST_F(ResourceManager, PicksNothingUpFromTheWorkingDirectory)
-{
-    const std::filesystem::path before = std::filesystem::current_path();
-    write({{'CALL', 1, "one"}});
-    std::filesystem::current_path(m_folder.path());
-    EXPECT_EQ(GetResource('CALL', 1), nullptr);
-    std::filesystem::current_path(before);
 }
 
 }  // namespace

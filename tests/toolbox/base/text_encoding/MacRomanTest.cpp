@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <vector>
 
 namespace {
@@ -27,27 +26,6 @@ int byteOf(unsigned unit)
     const UniChar unicode = static_cast<UniChar>(unit);
     UInt8 text = 0;
     return unicodeToMacRoman(&unicode, 1, &text) == 1 ? int(text) : -1;
-}
-
-TEST(MacRoman, IsAsciiBelow128)
-{
-    for (unsigned byte = 0; byte < 128; ++byte) {
-        EXPECT_EQ(unicodeOf(byte), byte);
-        EXPECT_EQ(byteOf(byte), int(byte));
-    }
-}
-
-// Every unit of UTF-16 against a search of the 256 characters.
-TEST(MacRoman, MapsOneToOneBothWays)
-{
-    std::map<unsigned, int> bytes;
-    for (unsigned byte = 0; byte < 256; ++byte)
-        bytes[unicodeOf(byte)] = int(byte);
-    EXPECT_EQ(bytes.size(), 256u);
-    for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
-        const auto byte = bytes.find(unit);
-        EXPECT_EQ(byteOf(unit), byte == bytes.end() ? -1 : byte->second) << std::hex << unit;
-    }
 }
 
 // Text is converted in blocks of 16, ASCII apart: each unit has to come out the same in every place of one and of

@@ -1,5 +1,3 @@
-#include "tests/support/RowName.h"
-
 #include <Carbon/UnicodeConverter.h>
 
 #include <gtest/gtest.h>
@@ -7,6 +5,7 @@
 #include <numeric>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -163,89 +162,77 @@ TEST(UnicodeToText, ConvertsWhatFitsAndCanBeMapped)
     }
 }
 
-// What is wrong with the arguments of one call in either direction.
-enum Wrong : unsigned {
-    NULL_CONVERTER = 1 << 0,
-    FOREIGN_CONVERTER = 1 << 1,
-    NULL_SOURCE = 1 << 2,
-    NO_LENGTH = 1 << 3,
-    FLAGS = 1 << 4,
-    OFFSET_COUNT = 1 << 5,
-    OFFSETS = 1 << 6,
-    OFFSETS_USED = 1 << 7,
-    RESULT_OFFSETS = 1 << 8,
-    NULL_BUFFER = 1 << 9,
-    NO_ROOM = 1 << 10,
-    NULL_READ = 1 << 11,
-    NULL_WRITTEN = 1 << 12,
+// The arguments of one call in either direction, good ones but for what a row spoils.
+struct Arguments {
+    bool isForeign = false;  // the converter is one for the other direction
+    bool hasConverter = true;
+    ByteCount length = 2;
+    bool hasSource = true;
+    OptionBits flags = 0;
+    ItemCount offsetCount = 0;
+    ByteOffset* offsets = nullptr;
+    ItemCount* offsetsUsed = nullptr;
+    ByteOffset* resultOffsets = nullptr;
+    ByteCount room = 4;
+    ByteCount* read;
+    ByteCount* written;
+    bool hasBuffer = true;
 };
 
-struct ArgumentsCase {
-    const char* name;
-    unsigned wrong;
-    OSStatus result;
+ByteOffset anOffset = 0;
+ItemCount anItemCount = 0;
+
+const std::tuple<const char*, void (*)(Arguments&), OSStatus> ARGUMENTS_CASES[] = {
+    {"AllGood", [](Arguments&) {}, noErr},
+    {"NullConverter", [](Arguments& a) { a.hasConverter = false; }, paramErr},
+    {"ForeignConverter", [](Arguments& a) { a.isForeign = true; }, kTECCorruptConverterErr},
+    {"NullSource", [](Arguments& a) { a.hasSource = false; }, paramErr},
+    {"NullBuffer", [](Arguments& a) { a.hasBuffer = false; }, paramErr},
+    {"NullRead", [](Arguments& a) { a.read = nullptr; }, paramErr},
+    {"NullWritten", [](Arguments& a) { a.written = nullptr; }, paramErr},
+    {"Flags", [](Arguments& a) { a.flags = 1; }, paramErr},
+    {"OffsetCount", [](Arguments& a) { a.offsetCount = 1; }, paramErr},
+    {"Offsets", [](Arguments& a) { a.offsets = &anOffset; }, paramErr},
+    {"OffsetsUsed", [](Arguments& a) { a.offsetsUsed = &anItemCount; }, paramErr},
+    {"ResultOffsets", [](Arguments& a) { a.resultOffsets = &anOffset; }, paramErr},
+    {"NullBufferOfNoSize", [](Arguments& a) { a.hasBuffer = false, a.room = 0; }, kTECBufferBelowMinimumSizeErr},
+    {"NullSourceOfNoLength", [](Arguments& a) { a.hasSource = false, a.length = 0; }, noErr},
+    {"NothingToConvertIntoNowhere", [](Arguments& a) { a.length = 0, a.hasBuffer = false; }, noErr},
 };
 
-const ArgumentsCase ARGUMENTS_CASES[] = {
-    {"AllGood", 0, noErr},
-    {"NullConverter", NULL_CONVERTER, paramErr},
-    {"ForeignConverter", FOREIGN_CONVERTER, kTECCorruptConverterErr},
-    {"NullSource", NULL_SOURCE, paramErr},
-    {"NullBuffer", NULL_BUFFER, paramErr},
-    {"NullRead", NULL_READ, paramErr},
-    {"NullWritten", NULL_WRITTEN, paramErr},
-    {"Flags", FLAGS, paramErr},
-    {"OffsetCount", OFFSET_COUNT, paramErr},
-    {"Offsets", OFFSETS, paramErr},
-    {"OffsetsUsed", OFFSETS_USED, paramErr},
-    {"ResultOffsets", RESULT_OFFSETS, paramErr},
-    {"NullBufferOfNoSize", NULL_BUFFER | NO_ROOM, kTECBufferBelowMinimumSizeErr},
-    {"NullSourceOfNoLength", NULL_SOURCE | NO_LENGTH, noErr},
-    {"NothingToConvertIntoNowhere", NO_LENGTH | NULL_BUFFER, noErr},
-};
-
-class ConverterArguments : public testing::TestWithParam<ArgumentsCase> {
-protected:
-    template <typename Converter, typename Source, typename Buffer, typename Convert>
-    void expectResult(Converter good, Converter foreign, Source* source, Buffer* buffer, Convert convert)
-    {
-        ByteOffset offset = 0;
-        ItemCount used = 0;
+template <typename Converter, typename Source, typename Buffer, typename Convert>
+void expectArgumentsToBeJudged(Converter good, Converter foreign, Source* source, Buffer* buffer, Convert convert)
+{
+    for (const auto& [name, spoil, result] : ARGUMENTS_CASES) {
+        SCOPED_TRACE(name);
         ByteCount read = UNTOUCHED;
         ByteCount written = UNTOUCHED;
-        EXPECT_EQ(convert(is(FOREIGN_CONVERTER) ? foreign : orNull(good, NULL_CONVERTER), is(NO_LENGTH) ? 0 : 2,
-                      orNull(source, NULL_SOURCE), is(FLAGS) ? 1 : 0, is(OFFSET_COUNT) ? 1 : 0,
-                      is(OFFSETS) ? &offset : nullptr, is(OFFSETS_USED) ? &used : nullptr,
-                      is(RESULT_OFFSETS) ? &offset : nullptr, is(NO_ROOM) ? 0 : 4, orNull(&read, NULL_READ),
-                      orNull(&written, NULL_WRITTEN), orNull(buffer, NULL_BUFFER)),
-            GetParam().result);
-        if (GetParam().result != noErr) {
-            EXPECT_EQ(read, is(NULL_READ) ? UNTOUCHED : 0);
-            EXPECT_EQ(written, is(NULL_WRITTEN) ? UNTOUCHED : 0);
+        Arguments a;
+        a.read = &read;
+        a.written = &written;
+        spoil(a);
+        EXPECT_EQ(convert(a.isForeign      ? foreign
+                          : a.hasConverter ? good
+                                           : nullptr,
+                      a.length, a.hasSource ? source : nullptr, a.flags, a.offsetCount, a.offsets, a.offsetsUsed,
+                      a.resultOffsets, a.room, a.read, a.written, a.hasBuffer ? buffer : nullptr),
+            result);
+        if (result != noErr) {
+            EXPECT_EQ(read, a.read == nullptr ? UNTOUCHED : 0);
+            EXPECT_EQ(written, a.written == nullptr ? UNTOUCHED : 0);
         }
     }
-
-private:
-    bool is(Wrong wrong) const { return (GetParam().wrong & wrong) != 0; }
-    template <typename T> T* orNull(T* good, Wrong wrong) const { return is(wrong) ? nullptr : good; }
-};
-
-TEST_P(ConverterArguments, AreJudgedFromTextToUnicode)
-{
-    UniChar buffer[2] = {};
-    expectResult(
-        textToUnicode(), reinterpret_cast<TextToUnicodeInfo>(unicodeToText()), "ab", buffer, ConvertFromTextToUnicode);
 }
 
-TEST_P(ConverterArguments, AreJudgedFromUnicodeToText)
+TEST(ConverterArguments, AreJudgedInBothDirections)
 {
-    const UniChar source[] = {'a'};
-    char buffer[4] = {};
-    expectResult(unicodeToText(), reinterpret_cast<UnicodeToTextInfo>(textToUnicode()), source, buffer,
-        ConvertFromUnicodeToText);
+    UniChar units[2] = {'a'};
+    char text[] = "abc";
+    expectArgumentsToBeJudged(textToUnicode(), reinterpret_cast<TextToUnicodeInfo>(unicodeToText()),
+        static_cast<const char*>("ab"), units, ConvertFromTextToUnicode);
+    expectArgumentsToBeJudged(unicodeToText(), reinterpret_cast<UnicodeToTextInfo>(textToUnicode()),
+        static_cast<const UniChar*>(units), text, ConvertFromUnicodeToText);
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, ConverterArguments, testing::ValuesIn(ARGUMENTS_CASES), RowName());
 
 // Every byte converts to Unicode and back to itself.
 void convertAllBytes(int rounds, bool* allRight)

@@ -1,12 +1,9 @@
 #include "tests/toolbox/core/bundles/PlugInBundle.h"
 #include "toolbox/core/bundles/Bundle.h"
 
-#include <Toolbox/Trace.h>
-
 #include <sys/stat.h>
 
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -97,20 +94,6 @@ TEST_F(CFBundle, ItsBuiltInPlugInsLieByItsLayout)
     const Owned b = createBundle(in("b.app"));
     EXPECT_EQ(takePath(CFBundleCopyBuiltInPlugInsURL(a)), in("a.app/Contents/PlugIns"));
     EXPECT_EQ(takePath(CFBundleCopyBuiltInPlugInsURL(b)), in("b.app/PlugIns"));
-}
-
-TEST_F(CFBundle, ItsOwnCallsAreNotTraced)
-{
-    makePlugIn(in("a.bundle"), "");
-    std::vector<std::string> lines;
-    Toolbox::SetTrace([&](const std::string& line) { lines.push_back(line.substr(0, line.find('('))); });
-    const CFBundleRef bundle = createBundle(in("a.bundle"));
-    CFBundleGetFunctionPointerForName(bundle, nullptr);
-    CFRelease(bundle);
-    Toolbox::SetTrace(nullptr);
-    EXPECT_EQ(lines,
-        std::vector<std::string>({"CFURLCreateFromFileSystemRepresentation", "CFBundleCreate", "CFRelease",
-            "CFBundleGetFunctionPointerForName", "CFRelease"}));
 }
 
 }  // namespace

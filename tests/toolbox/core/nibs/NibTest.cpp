@@ -134,22 +134,6 @@ TEST_F(NibServices, TakeANibWithoutALanguageBeforeOneWithIt)
     EXPECT_EQ(tryToMake("Global"), noErr);
 }
 
-TEST_F(NibServices, FindNothingByNoNameOrOutsideTheBundle)
-{
-    const TemporaryFolder outside;
-    outside.makeFolder("Demo.nib");
-    std::ofstream(outside / "Demo.nib/objects.xib") << SAMPLE_NIB;
-    const std::string way = fs::relative(outside / "Demo", inResources("")).string();
-    for (const std::string& name : {std::string(), way, (outside / "Demo").string()}) {
-        const CFStringRef text = CFStringCreateWithCString(nullptr, name.c_str(), kCFStringEncodingUTF8);
-        IBNibRef nib = nullptr;
-        EXPECT_EQ(CreateNibReference(text, &nib), kIBCarbonRuntimeCantFindNibFile) << name;
-        CFRelease(text);
-    }
-    fs::create_symlink(outside / "Demo.nib", inResources("Demo.nib"));
-    EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
-}
-
 // ---- Files that are none
 
 TEST_F(NibServices, OpenNothingButAFileInAFolder)

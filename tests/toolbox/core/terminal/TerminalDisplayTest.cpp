@@ -33,9 +33,20 @@ const std::string HINT = "\n? shows this again, q cancels.\n";
 const std::string QUESTION = "Line or name, or Return for OK: ";
 const std::string SHORT = "Choices: 1 Small, 2 日本 (Medium), 3 Large, OK, Cancel.\n";
 
+// Makes standard input a pipe that holds these bytes. If there are any, what is shown begins with the words for that.
+void fillStandardInput(const std::string& bytes)
+{
+    int input[2];
+    EXPECT_EQ(pipe(input), 0);
+    EXPECT_EQ(write(input[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    dup2(input[0], STDIN_FILENO);
+}
+
+const std::string NOT_READ = "What standard input holds is not read: answer here.\n";
+
 TEST(TerminalWindow, ShowsItsTextsAndNumbersItsItemsAndAgainWhenAsked)
 {
-    PseudoTerminal terminal("C.UTF-8", runChanged(leaveAsItIs));
+    PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog&) { fillStandardInput(""); }));
     const std::string shown = "\nPaper & ink\n"
                               "\n"
                               "Choose a size:\n"
@@ -46,17 +57,6 @@ TEST(TerminalWindow, ShowsItsTextsAndNumbersItsItemsAndAgainWhenAsked)
     EXPECT_EQ(terminal.readUntil(QUESTION), shown);
     EXPECT_EQ(terminal.readAfter("?\n", QUESTION), "?\n" + shown);
 }
-
-// So that what is shown begins with the words for that.
-void fillStandardInput()
-{
-    int input[2];
-    EXPECT_EQ(pipe(input), 0);
-    EXPECT_EQ(write(input[1], "\n", 1), 1);
-    dup2(input[0], STDIN_FILENO);
-}
-
-const std::string NOT_READ = "What standard input holds is not read: answer here.\n";
 
 TEST(TerminalWindow, StaysReadableInASCII)
 {
@@ -173,7 +173,7 @@ TEST(TerminalWindow, SaysThatReturnMeansNothingWithoutADefaultButton)
 TEST(TerminalWindow, ShowsEveryKindOfControl)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) {
-        fillStandardInput();
+        fillStandardInput("\n");
         dialog.made.window().title = QStringLiteral("Paper\r& ink ");
         dialog.popUp.title = QStringLiteral("Size:");
         dialog.popUp.items[0].title = QStringLiteral("\rSmall");
@@ -250,6 +250,7 @@ Alert withoutKeys()
 {
     Alert alert = withoutCancel();
     alert.defaultButton = 0;
+    alert.buttons[0].enabled = false;
     return alert;
 }
 
@@ -266,7 +267,7 @@ const std::string ALERT_QUESTION = "Number or name, or Return for Yes & no: ";
 TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
 {
     PseudoTerminal terminal("C.UTF-8", [] {
-        fillStandardInput();
+        fillStandardInput("\n");
         return runAlertOf(threeUsable)();
     });
     EXPECT_EQ(terminal.readUntil(ALERT_QUESTION),
@@ -312,7 +313,7 @@ const std::tuple<const char*, Alert (*)(), const char*, const char*> ALERT_CASES
     {"QuitIsNothingWithoutCancel", withoutCancel, "q\n3\n", "3"},
     {"EndOfInputCancels", threeUsable, "\x04", "2"},
     {"EndOfInputTakesTheDefault", withoutCancel, "\x04", "1"},
-    {"EndOfInputTakesTheFirst", withoutKeys, "\x04", "1"},
+    {"EndOfInputTakesTheFirstThatCanBePressed", withoutKeys, "\x04", "2"},
     {"ReturnWithoutADefault", withoutKeys, "\n3\n", "3"},
 };
 
@@ -324,6 +325,7 @@ TEST(TerminalAlert, TakesAButton)
         EXPECT_EQ(terminal.reportAfter(question, keys), report) << name;
     }
     EXPECT_EQ(reportWithoutTerminal(runAlertOf(threeUsable)), "2");
+    EXPECT_EQ(Alert().unansweredButton(), 0) << "there is none";
 }
 
 }  // namespace

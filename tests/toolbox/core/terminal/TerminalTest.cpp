@@ -164,12 +164,6 @@ TEST(TerminalAnswer, EndsWithReturnWhereTheTerminalDoesNotMakeItALineFeed)
     EXPECT_EQ(terminal.reportAfter("? ", "yes\r"), "[yes]");
 }
 
-TEST(TerminalAnswer, LeavesTheNextLineForTheNextQuestion)
-{
-    PseudoTerminal terminal("C.UTF-8", answersToTwo);
-    EXPECT_EQ(terminal.reportAfter("1? ", "one\ntwo\n"), "[one][two]");
-}
-
 TEST(TerminalAnswer, MayFollowAnEndOfInput)
 {
     PseudoTerminal terminal("C.UTF-8", answersToTwo);
@@ -177,17 +171,6 @@ TEST(TerminalAnswer, MayFollowAnEndOfInput)
     EXPECT_EQ(terminal.readAfter("\x04", "2? "), "\n2? ") << "the line that nobody ended is ended";
     terminal.type("two\n");
     EXPECT_EQ(terminal.report(), "nothing[two]");
-}
-
-TEST(TerminalAnswer, IsNothingOnceTheTerminalHangsUp)
-{
-    PseudoTerminal terminal("C.UTF-8", [] {
-        std::signal(SIGHUP, SIG_IGN);
-        return describe(Terminal().ask(QStringLiteral("? ")));
-    });
-    terminal.readUntil("? ");
-    terminal.hangUp();
-    EXPECT_EQ(terminal.report(), "nothing");
 }
 
 TEST(TerminalQuestion, StandsThereAgainAfterAStop)
@@ -219,36 +202,6 @@ TEST(TerminalQuestion, LeavesTheSignalOfContinuingAsItWas)
     EXPECT_EQ(terminal.report(), "as it was");
 }
 
-TEST(TerminalQuestion, SaysThatStandardInputIsNotRead)
-{
-    for (const bool holdsSomething : {true, false}) {
-        PseudoTerminal terminal("C.UTF-8", [holdsSomething] {
-            int input[2];
-            EXPECT_EQ(pipe(input), 0);
-            EXPECT_EQ(write(input[1], "\n", holdsSomething ? 1 : 0), holdsSomething ? 1 : 0);
-            dup2(input[0], STDIN_FILENO);
-            Terminal opened;
-            opened.sayWhatIsNotRead();
-            opened.writeLines(QStringLiteral("done"));
-            return "";
-        });
-        EXPECT_EQ(terminal.readUntil(DONE),
-            (holdsSomething ? "What standard input holds is not read: answer here.\n" : "") + DONE);
-    }
-}
-
-TEST(TerminalFile, IsClosedInWhatTheProcessStarts)
-{
-    PseudoTerminal terminal("C", [] {
-        const int before = dup(STDERR_FILENO);
-        close(before);
-        const Terminal opened;
-        EXPECT_TRUE(opened.answers());
-        return std::to_string(fcntl(before, F_GETFD));  // the lowest that was free
-    });
-    EXPECT_EQ(terminal.report(), std::to_string(FD_CLOEXEC));
-}
-
 // ---- Whether there is a terminal
 
 std::string whetherTerminalAnswers()
@@ -275,16 +228,6 @@ TEST(TerminalAnswers, NotInTheBackground)
         return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? "no" : "yes";
     });
     EXPECT_EQ(terminal.report(), "no");
-}
-
-TEST(TerminalWithoutOne, TakesTextsAndGivesNothing)
-{
-    EXPECT_EQ(reportWithoutTerminal([] {
-        Terminal terminal;
-        terminal.writeLines(QStringLiteral("text"));
-        return describe(terminal.ask(QStringLiteral("? ")));
-    }),
-        "nothing");
 }
 
 }  // namespace
