@@ -30,7 +30,7 @@ std::string inHexadecimal(std::uint32_t flags)
 
 std::string change(const std::string& before, const std::string& after)
 {
-    return before == after ? before : before + " -> " + after;
+    return before == after ? before + ", as before" : before + " -> " + after;
 }
 
 std::string alertInWords(const ShownAlert& alert)
@@ -130,12 +130,11 @@ std::string inWords(const Report& report)
     std::string words = outcomeInWords(report) + "\n";
     for (const ShownAlert& alert : report.toolbox.alerts)
         words += "  alert    " + alertInWords(alert) + "\n";
-    // Of the languages, a number alone where a name would say that somebody chose it: 0 is English, and nothing yet.
     words += "  message  " + std::to_string(report.message) + "\n";
     words += "  current  " + describeLanguage(report.current) + "\n";
-    words += "  chosen   "
-        + change(std::to_string(report.chosenBefore), std::to_string(report.chosen.value_or(report.chosenBefore)))
-        + "\n";
+    // "as before", since 0 is English as well as what stands there before anybody has chosen.
+    const std::string chosen = describeLanguage(report.chosen.value_or(report.chosenBefore));
+    words += "  chosen   " + change(describeLanguage(report.chosenBefore), chosen) + "\n";
     return words + "  flags    " + change(inHexadecimal(report.flagsBefore), inHexadecimal(report.flagsAfter)) + "\n";
 }
 

@@ -89,7 +89,7 @@ class Unattended(HostTest):
                 terminal.type("japanese\n")  # read by nobody; echoed, unless the host has ended already
                 self.assertIn(terminal.read_rest(), ("", "japanese\r\n"))
                 output = terminal.finish().output
-                self.assertIn("\n  chosen   0", output)
+                self.assertIn("\n  chosen   English (0)", output)
                 self.assertNotIn("Japanese", output)
                 self.assertFalse(self.screen.was_asked())
 

@@ -78,14 +78,14 @@ TEST(InWords, TellsWhetherALanguageWasChosen)
         "Japanese (11) was written to the record.\n"
         "  message  1000\n"
         "  current  German (2)\n"
-        "  chosen   1 -> 11\n"
-        "  flags    0x80\n");
+        "  chosen   French (1) -> Japanese (11)\n"
+        "  flags    0x80, as before\n");
     EXPECT_EQ(inWords(plainReport()),
         "No language was written to the record.\n"
         "  message  1000\n"
         "  current  German (2)\n"
-        "  chosen   1\n"
-        "  flags    0x80\n");
+        "  chosen   French (1), as before\n"
+        "  flags    0x80, as before\n");
 }
 
 TEST(InWords, TellsOfAMessageThatIsNotServed)
@@ -100,7 +100,7 @@ TEST(InWords, TellsOfAMessageThatIsNotServed)
         "  alert    stop 5000, \"Not served.\" [OK], button 1 was pressed\n"
         "  message  -1\n"
         "  current  unknown (4)\n"
-        "  chosen   1\n"
+        "  chosen   French (1), as before\n"
         "  flags    0x80 -> 0xffffff81\n");
 }
 
