@@ -66,12 +66,10 @@ QScrollArea* makeScrollArea(QWidget* content, const QSize& most, QWidget* parent
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(content);
     area->setFixedSize((content->size() + bars).boundedTo(most));
-    if (bars.isNull()) {
+    if (bars.isNull())
         area->setFocusPolicy(Qt::NoFocus);
-    } else {  // the keys scroll it, once the focus is seen or heard to be there
+    else  // the keys scroll it, once the focus is heard to be there
         area->setAccessibleName(area->window()->windowTitle());
-        area->setStyleSheet(QStringLiteral("QScrollArea:focus { border: 2px solid palette(highlight); }"));
-    }
     return area;
 }
 

@@ -91,7 +91,7 @@ TEST_F(AlertOnScreen, GoesWhenItsWindowIsDestroyedThoughNothingCancelsIt)
 TEST_F(AlertOnScreen, HasItsButtonsInTheOrderOfThePlatform)
 {
     Alert wide = fourButtons();
-    wide.explanation = QStringLiteral("word ").repeated(60);
+    wide.text = QStringLiteral("word ").repeated(60);
     lookAt(wide, [](QDialog& shown) {
         const QRect ok = buttonPlace(shown, "Yes && no");
         const QRect cancel = buttonPlace(shown, "Cancel");
@@ -251,8 +251,10 @@ TEST_F(AlertOnScreen, StaysWithinTheScreenForButtonsThatDoNot)
 {
     Alert alert = oneButton();
     alert.buttons[0].title = QString(5000, QLatin1Char('W'));
-    lookAt(alert,
-        [](QDialog& shown) { EXPECT_EQ(shown.size(), shown.size().boundedTo(shown.screen()->availableSize())); });
+    lookAt(alert, [](QDialog& shown) {
+        EXPECT_EQ(shown.size(), shown.size().boundedTo(shown.screen()->availableSize()));
+        EXPECT_EQ(only<QPushButton>(shown).width(), 3000) << "that is drawn whole";
+    });
 }
 
 // ---- The layout of resources

@@ -107,7 +107,11 @@ TEST_P(EverySize, LeavesAStandardAlertWhole)
 
 TEST_P(EverySize, LeavesAnAlertFromResourcesWhole)
 {
-    lookAt(fromResources(), [](QDialog& shown) { look(shown, "resources"); });
+    lookAt(fromResources(), [](QDialog& shown) {
+        look(shown, "resources");
+        const QLabel& text = titled<QLabel>(shown, "This external cannot do what the installer asks of it.");
+        EXPECT_GE(text.width(), 225 * text.fontInfo().pixelSize() / 13);
+    });
 }
 
 TEST_F(OnScreen, HasTheTextsOfAnAlertNoWiderThanItCanBe)

@@ -119,6 +119,10 @@ TEST_F(Picture, SaysWhyThereIsNone)
     RunAppModalLoopForWindow(empty.ref);
     EXPECT_EQ(pictureProblem(), "there is nothing to draw");
 
+    setenv("QT_SCALE_FACTOR", "8", 1);
+    Toolbox::WantPicture();
+    EXPECT_EQ(Dialog().run(), "ended: ok");
+    EXPECT_EQ(picture().width(), 8 * 340);
     setenv("QT_SCALE_FACTOR", "9", 1);
     Toolbox::WantPicture();
     EXPECT_EQ(Dialog().run(), "ended: ok");
