@@ -12,8 +12,10 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -174,22 +176,21 @@ inline Text write(const Text& text, std::uint32_t index, char c)
 
 // ---- Comparison and search
 
-/// Less than, equal to or greater than 0, as the C strings `a` and `b` compare with their bytes read as unsigned.
+/// Less than, equal to or greater than 0, as the C strings `a` and `b` compare, with their bytes read as unsigned.
 inline int compare(const std::string& a, const std::string& b)
 {
-    std::size_t i = 0;
-    while (a.c_str()[i] != '\0' && a.c_str()[i] == b.c_str()[i])
-        ++i;
-    return unsignedByte(a.c_str()[i]) - unsignedByte(b.c_str()[i]);
+    return std::strcmp(a.c_str(), b.c_str());
+}
+
+/// What std::string found.
+inline Position positionOf(std::size_t hit)
+{
+    return hit == std::string::npos ? Position() : Position(static_cast<std::uint32_t>(hit));
 }
 
 inline Position find(const Text& text, char c, std::uint32_t from, bool caseSensitive)
 {
-    for (std::uint32_t i = from; i < length(text); ++i) {
-        if (caseSensitive ? (*text)[i] == c : lowerOf((*text)[i]) == lowerOf(c))
-            return i;
-    }
-    return std::nullopt;
+    return positionOf(caseSensitive ? bytes(text).find(c, from) : mapped(bytes(text), lowerOf).find(lowerOf(c), from));
 }
 
 inline Position find(const Text& text, const std::string& needle, std::uint32_t from, bool caseSensitive)
@@ -200,24 +201,17 @@ inline Position find(const Text& text, const std::string& needle, std::uint32_t 
     const std::string searched = caseSensitive ? *text : mapped(cString(text), lowerOf);
     const std::string rest = from < searched.size() ? searched.substr(from).c_str() : std::string();
     const std::string sought = caseSensitive ? needle.c_str() : mapped(needle.c_str(), lowerOf);
-    const std::size_t hit = rest.find(sought);
-    if (hit == std::string::npos)
-        return std::nullopt;
-    return static_cast<std::uint32_t>(from + hit);
+    const Position hit = positionOf(rest.find(sought));
+    return hit ? Position(from + *hit) : hit;
 }
 
 inline Position findRev(const Text& text, char c, const Position& from, bool caseSensitive)
 {
-    if (length(text) == 0)
+    if (from && *from >= length(text))
         return std::nullopt;
-    const std::uint32_t start = from.value_or(length(text) - 1);
-    if (start >= length(text))
-        return std::nullopt;
-    for (std::uint32_t i = start + 1; i-- > 0;) {
-        if (caseSensitive ? (*text)[i] == c : lowerOf((*text)[i]) == lowerOf(c))
-            return i;
-    }
-    return std::nullopt;
+    const std::size_t start = from ? *from : std::string::npos;
+    return positionOf(
+        caseSensitive ? bytes(text).rfind(c, start) : mapped(bytes(text), lowerOf).rfind(lowerOf(c), start));
 }
 
 // ---- Changed copies
@@ -280,18 +274,10 @@ inline Text simplifyWhiteSpace(const Text& text)
 {
     if (length(text) == 0)
         return text;
+    std::istringstream words(mapped(*text, [](char c) { return isSpace(c) ? ' ' : c; }));
     std::string simplified;
-    bool spaceIsDue = false;
-    for (const char c : *text) {
-        if (isSpace(c)) {
-            spaceIsDue = !simplified.empty();
-            continue;
-        }
-        if (spaceIsDue)
-            simplified += ' ';
-        spaceIsDue = false;
-        simplified += c;
-    }
+    for (std::string word; words >> word;)
+        simplified += (simplified.empty() ? "" : " ") + word;
     return newText(simplified);
 }
 

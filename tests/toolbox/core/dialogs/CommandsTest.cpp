@@ -165,34 +165,4 @@ TEST_F(Commands, ReachAWindowOnlyWhileItIsRun)
     EXPECT_EQ(recorder.ids().size(), 3u) << "after its loop";
 }
 
-TEST_F(Commands, DoNotReachAWindowWhoseLoopFailed)
-{
-    Control& button = made.addButton('butt');
-    EXPECT_EQ(runWhile(made.ref, [] {}), eventInternalErr);
-    pressControl(button);
-    EXPECT_TRUE(recorder.ids().empty());
-}
-
-TEST_F(Commands, MayRunAnotherWindow)
-{
-    TestWindow outer;
-    TestWindow inner;
-    Control& outerButton = outer.addButton('outr');
-    Control& innerButton = inner.addButton('innr');
-    CommandRecorder outerRecorder(outer.target());
-    CommandRecorder innerRecorder(inner.target());
-    innerRecorder.action = [&](const HICommand&) { QuitAppModalLoopForWindow(inner.ref); };
-    outerRecorder.action = [&](const HICommand&) {
-        const OSStatus status = runWhile(inner.ref, [&] {
-            pressControl(outerButton);  // nobody can reach it
-            pressControl(innerButton);
-        });
-        EXPECT_EQ(status, noErr);
-        QuitAppModalLoopForWindow(outer.ref);
-    };
-    EXPECT_EQ(runWhile(outer.ref, [&] { pressControl(outerButton); }), noErr);
-    EXPECT_EQ(outerRecorder.ids(), std::vector<MenuCommand>{'outr'});
-    EXPECT_EQ(innerRecorder.ids(), std::vector<MenuCommand>{'innr'});
-}
-
 }  // namespace

@@ -98,6 +98,7 @@ TEST_F(ModalLoop, FailsWhenTheDisplayCannotGoOnOrThrows)
 {
     EXPECT_EQ(runWhile(made.ref, [] {}), eventInternalErr);
     EXPECT_EQ(Toolbox::TakeReport().displayProblem, "the person has left \u2026");
+    EXPECT_FALSE(Toolbox::takesCommands(made.ref));
     EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
     EXPECT_THROW(runWhile(made.ref, [] { throw std::bad_alloc(); }), std::bad_alloc);
     EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);

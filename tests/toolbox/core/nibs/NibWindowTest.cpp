@@ -398,34 +398,4 @@ TEST_F(NibWindow, MayNestTo100Controls)
     EXPECT_THROW(windowOf(chain(10000)), Unfit);
 }
 
-TEST_F(NibWindow, HasRoomForManyControls)
-{
-    std::string controls;
-    for (int i = 0; i < 2000; ++i)
-        controls += controlOf("IBCarbonButton");
-    EXPECT_EQ(windowOf(nibOf(controls))->controls().size(), 2001u);
-}
-
-// Most of these are no archives, and some are ones whose window cannot be made. What is made is whole.
-TEST_F(NibWindow, IsWholeOrNotMadeWhateverByteIsWrong)
-{
-    int made = 0;
-    for (std::size_t at = 0; at < SAMPLE_NIB.size(); ++at) {
-        for (const char wrong : {'\0', '<', '"', '1'}) {
-            std::string xml = SAMPLE_NIB;
-            xml[at] = wrong;
-            QString problem;
-            const auto archive = NibArchive::read(QByteArray::fromStdString(xml), &problem);
-            const NibObject* const object = archive ? archive->find({QStringLiteral("2")}) : nullptr;
-            const auto window = object == nullptr ? nullptr : Toolbox::makeWindow(*archive, *object, {}, &problem);
-            if (window == nullptr)
-                continue;
-            ++made;
-            for (const Control* const control : window->controls())
-                EXPECT_TRUE(&control->window == window.get() && control->value <= std::max(control->maximum, 1));
-        }
-    }
-    EXPECT_GT(made, 0);
-}
-
 }  // namespace
