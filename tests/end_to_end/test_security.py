@@ -61,6 +61,14 @@ class Links(HostTest):
                 self.assert_fails(self.outcome_without(place), NOT_LOADED, "there is no external in "
                                   f"'{self.folder}/DemoInstaller.app/Contents/PlugIns'; name one as BUNDLE")
 
+    def test_an_external_that_a_link_within_leads_to(self):
+        app = self.demo_copy()
+        external = app / "Contents/PlugIns/LanguageSelector.bundle"
+        external.rename(app / "Contents/External")
+        external.symlink_to("../External")
+        external.with_name("Dangling.bundle").symlink_to("none")  # is as if it were not there
+        self.assert_chose(unattended("--app", app))
+
     def test_what_an_external_is_made_of(self):
         bundle = self.folder / "Test.bundle"
         for place in ("Contents/Info.plist", "Contents/Linux", "Contents/Linux/LanguageSelector", "Contents"):

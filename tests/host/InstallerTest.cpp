@@ -1,6 +1,5 @@
 #include "host/Installer.h"
 
-#include "host/Messages.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -69,27 +68,6 @@ TEST(Installer, SetsTheFlagForEveryCallAndNotInTheFile)
     EXPECT_EQ(contents(DEMO_RESOURCES), before);
     const Installer again(DEMO, std::nullopt);
     EXPECT_EQ(flagByte(), 0u);
-}
-
-TEST(Installer, BringsNoExternalThatALinkLeadsTo)
-{
-    namespace fs = std::filesystem;
-    const TemporaryFolder folder;
-    const fs::path outside = folder / "Outside.bundle";
-    const fs::path plugIns = folder / "Test.app/Contents/PlugIns";
-    fs::create_directory(outside);
-    fs::create_directories(plugIns);
-    fs::create_directory_symlink(outside, plugIns / "Link.bundle");
-    fs::create_directory_symlink(folder / "none", plugIns / "Dangling.bundle");
-    const Installer installer(folder / "Test.app", std::nullopt);
-    EXPECT_THROW(installer.builtInExternal(), Problem);
-
-    fs::create_directory(plugIns / "Own.bundle");
-    EXPECT_EQ(installer.builtInExternal().filename(), "Own.bundle");
-    fs::remove(plugIns / "Own.bundle");
-    fs::create_directory(plugIns.parent_path() / "Others");
-    fs::create_directory_symlink("../Others", plugIns / "Own.bundle");
-    EXPECT_EQ(installer.builtInExternal().filename(), "Own.bundle") << "a link may lead about in the application";
 }
 
 }  // namespace

@@ -1,13 +1,12 @@
 #include "host/Options.h"
 
-#include "host/Messages.h"
+#include "tests/host/ProblemOf.h"
 
 #include <Carbon/CarbonEvents.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
 #include <string>
 #include <utility>
@@ -22,18 +21,6 @@ using Arguments = std::vector<std::string>;
 Options options(const Arguments& arguments)
 {
     return std::get<Options>(parseOptions(arguments));
-}
-
-// What is said of wrong usage that `parse` meets; "nothing" if it meets none.
-std::string refusalOf(const std::function<void()>& parse)
-{
-    try {
-        parse();
-    } catch (const Problem& problem) {
-        EXPECT_EQ(problem.status, ExitStatus::NotDone);
-        return problem.what();
-    }
-    return "nothing";
 }
 
 TEST(Options, AreEmptyWhenNothingIsGiven)
@@ -155,7 +142,7 @@ const WrongCase WRONG_CASES[] = {
 TEST(WrongOptions, AreRefusedInOneLine)
 {
     for (const WrongCase& row : WRONG_CASES)
-        EXPECT_EQ(refusalOf([&] { parseOptions(row.arguments); }), row.line + "; --help lists the options") << row.name;
+        EXPECT_EQ(problemOf([&] { parseOptions(row.arguments); }), row.line + "; --help lists the options") << row.name;
 }
 
 // ---- Answers
@@ -190,7 +177,7 @@ TEST(ParseAnswer, RefusesAnythingElseWithAWordOnIt)
 {
     for (const char* const text : {"", "maybe", "e", "4", "-1", "button", "button:", "button:0", "button:-1",
              "button:32768", "button:one", "button:1 ", "ok "}) {
-        const std::string refusal = refusalOf([&] { parseAnswer(text); });
+        const std::string refusal = problemOf([&] { parseAnswer(text); });
         EXPECT_NE(refusal.find("'" + std::string(text) + "'"), std::string::npos) << refusal;
     }
 }

@@ -1,6 +1,6 @@
 #include "host/Outputs.h"
 
-#include "host/Messages.h"
+#include "tests/host/ProblemOf.h"
 #include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -19,13 +19,7 @@ namespace fs = std::filesystem;
 
 std::string problemWith(Options options)
 {
-    try {
-        settleOutputs(options);
-    } catch (const Problem& problem) {
-        EXPECT_EQ(problem.status, ExitStatus::NotDone);
-        return problem.what();
-    }
-    return "none";
+    return problemOf([&] { settleOutputs(options); });
 }
 
 const std::string RECORD(614, 'x');

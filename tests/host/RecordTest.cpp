@@ -1,6 +1,6 @@
 #include "host/Record.h"
 
-#include "host/Messages.h"
+#include "tests/host/ProblemOf.h"
 #include "tests/support/RecordDifferences.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -9,7 +9,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <functional>
 #include <utility>
 
 namespace {
@@ -24,17 +23,6 @@ std::string bytes(std::size_t size)
     for (std::size_t i = 0; i < size; ++i)
         made[i] = static_cast<char>(i * 7 % 251);
     return made;
-}
-
-std::string problemOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const Problem& problem) {
-        EXPECT_EQ(problem.status, ExitStatus::NotDone);
-        return problem.what();
-    }
-    return "none";
 }
 
 TEST(Record, BeginsAsZerosAndIsSavedAndLoadedWithItsFields)

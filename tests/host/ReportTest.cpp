@@ -143,20 +143,6 @@ TEST(InWords, KeepsTheTextsOfAlertsWithinTheirLine)
     EXPECT_NE(inWords(report).find(R"(note, "one\rtwo\nthree\x1b[2J", "four\tfive\x7f" [O\nK],)"), std::string::npos);
 }
 
-TEST(InJson, HasEveryField)
-{
-    EXPECT_EQ(json::parse(inJson(chosenReport(11))), json::parse(R"({
-            "message": 1000,
-            "current": {"code": 2, "name": "German"},
-            "chosen": {"code": 11, "name": "Japanese"},
-            "flags": {"before": 128, "after": 128},
-            "alerts": [],
-            "display": "unattended",
-            "asked": false,
-            "result": "chosen"
-        })"));
-}
-
 TEST(InJson, SaysNullForWhatIsNotThere)
 {
     Report report = plainReport();
@@ -167,21 +153,6 @@ TEST(InJson, SaysNullForWhatIsNotThere)
     EXPECT_EQ(parsed["result"], "nothing chosen");
     report.toolbox.answerWasUnfit = true;
     EXPECT_EQ(json::parse(inJson(report))["result"], "unfit answer");
-}
-
-TEST(InJson, TellsOfAlertsWithAnIdOnlyIfTheyHaveOne)
-{
-    Report report = plainReport();
-    report.flagsAfter = 0x81;
-    report.toolbox.alerts = {ALERT_5000, ERROR_BOX};
-    const json parsed = json::parse(inJson(report));
-    EXPECT_EQ(parsed["alerts"], json::parse(R"([
-        {"kind": "stop", "id": 5000, "text": "Not served.", "explanation": "", "buttons": ["OK"], "pressed": 1},
-        {"kind": "note", "text": "Language Selector Error", "explanation": "Can't find <b>", "buttons": ["OK"],
-         "pressed": 1}
-    ])"));
-    EXPECT_EQ(parsed["flags"], json::parse(R"({"before": 128, "after": 129})"));
-    EXPECT_EQ(parsed["result"], "refused");
 }
 
 TEST(InJson, TellsHowTheAnswerCameAbout)

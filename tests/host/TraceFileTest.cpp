@@ -9,7 +9,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <functional>
 #include <string>
 #include <thread>
 
@@ -37,26 +36,6 @@ TEST(TraceFile, KeepsACallInItsLine)
     TraceFile trace(folder / "calls");
     trace.write("a\nb\x1b");
     EXPECT_EQ(contents(folder / "calls"), "a\\nb\\x1b\n");
-}
-
-TEST(TraceFile, TellsWhenItCannotBeMadeOrTheDeviceIsFull)
-{
-    const auto problemOf = [](const std::function<void()>& work) -> std::string {
-        try {
-            work();
-        } catch (const Problem& problem) {
-            EXPECT_EQ(problem.status, ExitStatus::NotDone);
-            return problem.what();
-        }
-        return "none";
-    };
-    EXPECT_EQ(problemOf([] { TraceFile("/not there/calls"); }),
-        "cannot write the trace into '/not there/calls': No such file or directory");
-    TraceFile trace("/dev/full");
-    trace.write("First()");
-    trace.write("Second()");
-    EXPECT_EQ(
-        problemOf([&trace] { trace.finish(); }), "cannot write the trace into '/dev/full': No space left on device");
 }
 
 TEST(TraceFile, DoesNotWaitForAReaderOfAPipe)
