@@ -10,8 +10,10 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <exception>
 #include <stdexcept>
 #include <string>
@@ -94,6 +96,13 @@ XcodFunctionBlock* cutTable()
     return reinterpret_cast<XcodFunctionBlock*>(pages + page - sizeof(void*));
 }
 
+// A copy of these bytes, good but for where it lies.
+void* misaligned(const void* bytes, std::size_t size)
+{
+    alignas(std::max_align_t) static char copy[64];
+    return std::memcpy(copy + 1, bytes, size);
+}
+
 XcodFunctionBlock functions = {nullptr, queryInterface, addRef, release, call};
 XcodInstance instance = {&functions, nullptr, 1};
 
@@ -114,9 +123,9 @@ extern "C" void* MyFactory(CFAllocatorRef, CFUUIDRef)
     if (gives == "a table that is cut off")
         instance.functions = cutTable();
     if (gives == "a misaligned table")
-        instance.functions = reinterpret_cast<XcodFunctionBlock*>(reinterpret_cast<std::uintptr_t>(&functions) + 1);
+        instance.functions = static_cast<XcodFunctionBlock*>(misaligned(&functions, sizeof functions));
     if (gives == "a misaligned instance")
-        return reinterpret_cast<char*>(&instance) + 1;
+        return misaligned(&instance, sizeof instance);
     if (gives == "no call")
         functions.XCodMain = nullptr;
     if (gives == "data to release")

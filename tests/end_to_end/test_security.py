@@ -215,7 +215,8 @@ class Files(HostTest):
             os.close(reader)
         self.assertEqual(blocked.returncode, NOT_DONE)
 
-    def test_it_is_on_the_disk_before_it_takes_the_place_of_another(self):
+    def test_it_is_on_the_disk_with_its_mode_before_it_takes_the_place_of_another(self):
+        self.target.chmod(0o640)
         for option in self.OPTIONS:
             with self.subTest(option):
                 self.assert_chose(self.saved(option, self.target))

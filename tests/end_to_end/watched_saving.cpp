@@ -1,8 +1,8 @@
 // Sends the host, both of its processes, the signal SIGNAL_IN_RENAME when it has written a file beside another that it
 // is to replace: the last moment at which anything of the new one could be where the old one is. What is not on the
-// disk by then is not moved, nor what a program that is started meanwhile would have open. And says of every pipe that
-// it is a regular file, to whoever asks for it by name: another may stand there by the time that it is opened. Loaded
-// before the host's libraries.
+// disk by then is not moved, nor what has another mode than the old one, nor what a program that is started meanwhile
+// would have open. And says of every pipe that it is a regular file, to whoever asks for it by name: another may stand
+// there by the time that it is opened. Loaded before the host's libraries.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,6 +33,14 @@ bool isHandedOn(const char* path)
     return false;
 }
 
+bool hasModeOf(const char* other, const char* path)
+{
+    struct stat facts;
+    struct stat others;
+    return fstatat(AT_FDCWD, other, &others, 0) != 0
+        || (fstatat(AT_FDCWD, path, &facts, 0) == 0 && facts.st_mode == others.st_mode);
+}
+
 }  // namespace
 
 extern "C" int fsync(int file)
@@ -48,7 +56,7 @@ extern "C" int fdatasync(int file)
 
 extern "C" int rename(const char* from, const char* to) noexcept
 {
-    if (!synchronized || isHandedOn(from)) {
+    if (!synchronized || !hasModeOf(to, from) || isHandedOn(from)) {
         errno = EIO;
         return -1;
     }
