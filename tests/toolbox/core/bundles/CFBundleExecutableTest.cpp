@@ -114,37 +114,27 @@ TEST_F(CFBundleExecutable, GivesOnlyTheNamesThatItsOwnCodeExports)
 {
     makePlugIn(in("a.bundle"), "");
     const Owned bundle = createBundle(in("a.bundle"));
-    EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")), nullptr);
-    EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, CFSTR("secondFactory")), nullptr);
-    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("noFactory")), nullptr);
-    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("")), nullptr);
-    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("CFRelease")), nullptr) << "it only uses that one";
-    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("malloc")), nullptr);
-    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, deadString()), nullptr);
+    const UniChar units[] = {'f', 'i', 'r', 's', 't', 'F', 'a', 'c', 't', 'o', 'r', 'y', 0, 'x'};
+    const Owned withZero = CFStringCreateWithCharacters(nullptr, units, 14);
+    const Owned cutBefore = CFStringCreateWithCharacters(nullptr, units, 12);
+    for (const CFStringRef name : {CFSTR("firstFactory"), CFSTR("secondFactory"), CFStringRef(cutBefore)})
+        EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, name), nullptr);
+    // CFRelease it only uses.
+    for (const CFStringRef name :
+        {CFSTR("noFactory"), CFSTR(""), CFSTR("CFRelease"), CFSTR("malloc"), CFStringRef(withZero), deadString()})
+        EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, name), nullptr);
 }
 
 TEST_F(CFBundleExecutable, KeepsTheNamesOfItsCodeToItself)
 {
-    makePlugIn(in("a.bundle"), "");
-    makePlugIn(in("b.bundle"), "");
-    const Owned a = createBundle(in("a.bundle"));
-    const Owned b = createBundle(in("b.bundle"));
-    void* const ofA = CFBundleGetFunctionPointerForName(a, CFSTR("firstFactory"));
-    void* const ofB = CFBundleGetFunctionPointerForName(b, CFSTR("firstFactory"));
-    EXPECT_NE(ofA, nullptr);
-    EXPECT_NE(ofB, nullptr);
-    EXPECT_NE(ofA, ofB);
-}
-
-TEST_F(CFBundleExecutable, TakesNoNameThatIsNone)
-{
-    makePlugIn(in("a.bundle"), "");
-    const Owned bundle = createBundle(in("a.bundle"));
-    const UniChar units[] = {'f', 'i', 'r', 's', 't', 'F', 'a', 'c', 't', 'o', 'r', 'y', 0, 'x'};
-    const Owned withZero = CFStringCreateWithCharacters(nullptr, units, 14);
-    const Owned cutBefore = CFStringCreateWithCharacters(nullptr, units, 12);
-    EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, withZero), nullptr);
-    EXPECT_NE(CFBundleGetFunctionPointerForName(bundle, cutBefore), nullptr);
+    void* factories[2];
+    for (const int each : {0, 1}) {
+        const fs::path folder = in(std::to_string(each) + ".bundle");
+        makePlugIn(folder, "");
+        factories[each] = CFBundleGetFunctionPointerForName(Owned(createBundle(folder)), CFSTR("firstFactory"));
+        EXPECT_NE(factories[each], nullptr);
+    }
+    EXPECT_NE(factories[0], factories[1]);
 }
 
 TEST_F(CFBundleExecutable, RefusesCodeThatIsNone)

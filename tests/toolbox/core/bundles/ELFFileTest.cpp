@@ -6,60 +6,70 @@
 
 #include <algorithm>
 #include <cstring>
+#include <tuple>
+#include <vector>
 
 namespace {
 
-using Toolbox::isWholeELFFile;
-
-using FileHeader = ElfW(Ehdr);
 using Segment = ElfW(Phdr);
+
+// The plug-in's file, whose header and segments a test may change.
+class Code {
+public:
+    Code()
+        : m_bytes(contents(PLUG_IN_FILE))
+    {
+        std::memcpy(&header, m_bytes.data(), sizeof header);
+        segments.resize(header.e_phnum);
+        m_table = header.e_phoff;
+        std::memcpy(segments.data(), m_bytes.data() + m_table, segments.size() * sizeof(Segment));
+    }
+
+    std::size_t size() const { return m_bytes.size(); }
+
+    std::string bytes() const
+    {
+        std::string all = m_bytes;
+        std::memcpy(all.data(), &header, sizeof header);
+        std::memcpy(all.data() + m_table, segments.data(), segments.size() * sizeof(Segment));
+        return all;
+    }
+
+    // The first segment that is mapped, or that is not. Which there are, and in what order, depends on the linker.
+    Segment& first(bool isMapped)
+    {
+        return *std::find_if(segments.begin(), segments.end(),
+            [isMapped](const Segment& each) { return (each.p_type == PT_LOAD) == isMapped; });
+    }
+
+    ElfW(Ehdr) header;
+    std::vector<Segment> segments;
+
+private:
+    std::string m_bytes;
+    std::size_t m_table;
+};
+
+constexpr ElfW(Off) PAST_THE_END = 1U << 30;
 
 class ELFFile : public BundleTest {
 protected:
     bool isWhole(const std::string& content)
     {
         writeFile(in("code"), content);
-        return isWholeELFFile(in("code"));
+        return Toolbox::isWholeELFFile(in("code"));
     }
 };
 
-// The header of the plug-in with these bytes.
-FileHeader headerOf(const std::string& content)
-{
-    FileHeader header;
-    std::memcpy(&header, content.data(), sizeof header);
-    return header;
-}
-
-// The plug-in, with its header changed by `change`.
-template <typename Change> std::string withHeader(Change change)
-{
-    std::string content = contents(PLUG_IN_FILE);
-    FileHeader header = headerOf(content);
-    change(header);
-    std::memcpy(content.data(), &header, sizeof header);
-    return content;
-}
-
-// Where the last of what is mapped of the plug-in ends.
-std::size_t endOfSegments()
-{
-    const std::string content = contents(PLUG_IN_FILE);
-    const FileHeader header = headerOf(content);
-    std::size_t end = 0;
-    for (std::size_t index = 0; index < header.e_phnum; ++index) {
-        Segment segment;
-        std::memcpy(&segment, content.data() + header.e_phoff + index * sizeof segment, sizeof segment);
-        if (segment.p_type == PT_LOAD)
-            end = std::max(end, static_cast<std::size_t>(segment.p_offset + segment.p_filesz));
-    }
-    return end;
-}
-
 TEST_F(ELFFile, IsWholeUpToTheEndOfItsSegments)
 {
-    const std::string content = contents(PLUG_IN_FILE);
-    const std::size_t end = endOfSegments();
+    const Code code;
+    std::size_t end = 0;
+    for (const Segment& each : code.segments) {
+        if (each.p_type == PT_LOAD)
+            end = std::max(end, static_cast<std::size_t>(each.p_offset + each.p_filesz));
+    }
+    const std::string content = code.bytes();
     ASSERT_LT(end, content.size()) << "what follows is for the debugger and is not mapped";
     EXPECT_TRUE(isWhole(content));
     EXPECT_TRUE(isWhole(content + "more"));
@@ -67,96 +77,37 @@ TEST_F(ELFFile, IsWholeUpToTheEndOfItsSegments)
     EXPECT_FALSE(isWhole(content.substr(0, end - 1)));
     for (std::size_t length = 0; length < end; length += 97)
         EXPECT_FALSE(isWhole(content.substr(0, length))) << length;
+    EXPECT_FALSE(Toolbox::isWholeELFFile(in("missing")));
+    EXPECT_FALSE(Toolbox::isWholeELFFile(in("")));
 }
 
-TEST_F(ELFFile, ThatIsNotThereOrHasAnImpossibleHeaderIsNotWhole)
+TEST_F(ELFFile, IsNotWholeWithAnImpossibleHeaderOrWhereASegmentThatIsMappedIsNotThere)
 {
-    EXPECT_TRUE(isWhole(withHeader([](FileHeader&) {})));
-    EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phoff = static_cast<ElfW(Off)>(-1); })));
-    EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phoff = 1U << 30; })));
-    EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phnum = 0xFFFF; })));
-    EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phentsize = 0; })));
-    EXPECT_FALSE(isWhole(withHeader([](FileHeader& header) { header.e_phentsize += 1; })));
-    EXPECT_FALSE(isWholeELFFile(in("missing")));
-    EXPECT_FALSE(isWholeELFFile(in("")));
-}
-
-// The plug-in with one of its segments, which `isWanted` picks by its place and content, changed by `change`.
-template <typename IsWanted, typename Change> std::string withSegment(IsWanted isWanted, Change change)
-{
-    std::string content = contents(PLUG_IN_FILE);
-    const FileHeader header = headerOf(content);
-    for (int index = 0; index < header.e_phnum; ++index) {
-        char* const place = content.data() + header.e_phoff + static_cast<std::size_t>(index) * sizeof(Segment);
-        Segment segment;
-        std::memcpy(&segment, place, sizeof segment);
-        if (isWanted(segment, header.e_phnum - 1 - index)) {
-            change(segment);
-            std::memcpy(place, &segment, sizeof segment);
-            return content;
-        }
+    const std::tuple<const char*, void (*)(Code&), bool> rows[] = {
+        {"nothing changed", [](Code&) {}, true},
+        {"table that wraps", [](Code& c) { c.header.e_phoff = static_cast<ElfW(Off)>(-1); }, false},
+        {"table past the end", [](Code& c) { c.header.e_phoff = PAST_THE_END; }, false},
+        {"most segments", [](Code& c) { c.header.e_phnum = 0xFFFF; }, false},
+        {"segments of no size", [](Code& c) { c.header.e_phentsize = 0; }, false},
+        {"segments of another size", [](Code& c) { c.header.e_phentsize += 1; }, false},
+        {"mapped segment past the end", [](Code& c) { c.first(true).p_offset = PAST_THE_END; }, false},
+        {"last segment past the end",
+            [](Code& c) { c.segments.back().p_type = PT_LOAD, c.segments.back().p_offset = PAST_THE_END; }, false},
+        {"offset and size that are a small number together",
+            [](Code& c) { c.first(true).p_offset = 2, c.first(true).p_filesz -= c.first(true).p_filesz + 1; }, false},
+        {"segment past the end that is not mapped", [](Code& c) { c.first(false).p_offset = PAST_THE_END; }, true},
+        {"empty segment at the end", [](Code& c) { c.first(true).p_offset = c.size(), c.first(true).p_filesz = 0; },
+            true},
+        {"empty segment behind the end",
+            [](Code& c) { c.first(true).p_offset = c.size() + 1, c.first(true).p_filesz = 0; }, false},
+        {"what would be one more segment",
+            [](Code& c) { c.segments.push_back(c.first(true)), c.segments.back().p_offset = PAST_THE_END; }, true},
+    };
+    for (const auto& [name, change, whole] : rows) {
+        Code code;
+        change(code);
+        EXPECT_EQ(isWhole(code.bytes()), whole) << name;
     }
-    ADD_FAILURE() << "there is no such segment";
-    return content;
-}
-
-// Which segments there are, and in what order, depends on the linker.
-bool isMapped(const Segment& segment, int)
-{
-    return segment.p_type == PT_LOAD;
-}
-
-bool isNotMapped(const Segment& segment, int)
-{
-    return segment.p_type != PT_LOAD;
-}
-
-bool isLast(const Segment&, int followers)
-{
-    return followers == 0;
-}
-
-void leadPastTheEnd(Segment& segment)
-{
-    segment.p_offset = 1U << 30;
-}
-
-TEST_F(ELFFile, IsNotWholeWhereASegmentThatIsMappedIsNotThere)
-{
-    EXPECT_TRUE(isWhole(withSegment(isMapped, [](Segment&) {})));
-    EXPECT_FALSE(isWhole(withSegment(isMapped, leadPastTheEnd)));
-    EXPECT_FALSE(isWhole(withSegment(isLast, [](Segment& segment) {
-        segment.p_type = PT_LOAD;
-        leadPastTheEnd(segment);
-    })));
-    EXPECT_FALSE(isWhole(withSegment(isMapped, [](Segment& segment) {
-        segment.p_offset = static_cast<ElfW(Off)>(-1);  // offset and size together are a small number again
-        segment.p_filesz = 2;
-    })));
-    EXPECT_TRUE(isWhole(withSegment(isNotMapped, leadPastTheEnd)));
-}
-
-TEST_F(ELFFile, MayHaveAnEmptySegmentAtItsEndAndNotBehind)
-{
-    const std::size_t size = contents(PLUG_IN_FILE).size();
-    for (const std::size_t past : {std::size_t(0), std::size_t(1)}) {
-        const std::string content = withSegment(isMapped, [&](Segment& segment) {
-            segment.p_offset = size + past;
-            segment.p_filesz = 0;
-        });
-        EXPECT_EQ(isWhole(content), past == 0) << past << " past the end";
-    }
-}
-
-TEST_F(ELFFile, HasNoSegmentsBehindItsTable)
-{
-    std::string content = contents(PLUG_IN_FILE);
-    const FileHeader header = headerOf(content);
-    Segment segment = {};
-    segment.p_type = PT_LOAD;
-    leadPastTheEnd(segment);
-    std::memcpy(content.data() + header.e_phoff + header.e_phnum * sizeof segment, &segment, sizeof segment);
-    EXPECT_TRUE(isWhole(content));
 }
 
 }  // namespace
