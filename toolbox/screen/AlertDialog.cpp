@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -116,7 +117,8 @@ bool AlertDialog::layoutIsUsable() const
     if (!m_alert.layout)
         return false;
     const QSize size = areaOf(m_alert.layout->bounds).size();
-    return size == size.boundedTo(largestSize())
+    const QSize needed(scaled(size.width(), *this), scaled(size.height(), *this));
+    return needed == needed.boundedTo(largestSize())
         && std::all_of(m_alert.buttons.begin(), m_alert.buttons.end(),
             [&size](const AlertButton& each) { return QRect(QPoint(0, 0), size).contains(areaOf(each.bounds)); });
 }
@@ -138,7 +140,8 @@ void AlertDialog::arrangeAsStandardAlert(QWidget* content)
 {
     auto* const upper = new QHBoxLayout;
     upper->setSpacing(GAP);
-    int mostForTexts = largestSize().width() - 2 * MARGIN;
+    int mostForTexts = largestSize().width() - 2 * MARGIN - 2 * SCROLLED_BORDER
+        - style()->pixelMetric(QStyle::PM_ScrollBarExtent);  // which they may get
     const int iconSize = scaled(ICON_SIZE, *this);
     QLabel* const icon = makeIcon(m_alert.type, iconSize, content);
     if (icon != nullptr) {
@@ -179,7 +182,7 @@ QWidget* AlertDialog::makeTexts(int most, QWidget* parent) const
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(TEXT_GAP);
     QFont bold = font();
-    bold.setBold(true);
+    bold.setBold(!m_alert.layout);  // which would have had it plain
     QFont small = font();
     small.setPixelSize(small.pixelSize() * SMALL_FONT / DRAWN_FONT);
     std::vector<QLabel*> labels;

@@ -11,8 +11,8 @@ class QPushButton;
 namespace Toolbox {
 
 /// Shows the icon, the texts and the buttons of an alert, and closes when one of the buttons is pressed. An alert from
-/// resources has them where its resources say, if every button lies within the alert and the alert within the screen.
-/// Any other alert has the arrangement of standard alerts.
+/// resources has them where its resources say, if every button lies within the alert, and the alert within the screen
+/// when it has grown with the font. Any other alert has the arrangement of standard alerts.
 class AlertDialog : public ScreenDialog {
 public:
     AlertDialog(const Alert& alert, QWidget* parent);

@@ -62,14 +62,20 @@ QScrollArea* makeScrollArea(QWidget* content, const QSize& most, QWidget* parent
     const int scrollBar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const bool isTooHigh = content->height() > most.height();
     const bool isTooWide = content->width() > most.width();
-    const QSize bars(isTooHigh ? scrollBar : 0, isTooWide ? scrollBar : 0);
+    QSize around(isTooHigh ? scrollBar : 0, isTooWide ? scrollBar : 0);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(content);
-    area->setFixedSize((content->size() + bars).boundedTo(most));
-    if (bars.isNull())
+    if (around.isNull()) {
         area->setFocusPolicy(Qt::NoFocus);
-    else  // the keys scroll it, once the focus is heard to be there
+    } else {  // the keys scroll it, once the focus is seen or heard to be there
+        around += 2 * QSize(SCROLLED_BORDER, SCROLLED_BORDER);
         area->setAccessibleName(area->window()->windowTitle());
+        area->setObjectName(QStringLiteral("scrolled"));  // and not what is inside it
+        area->setStyleSheet(QStringLiteral("#scrolled { border: %1px solid transparent; }"
+                                           "#scrolled:focus { border-color: palette(highlight); }")
+                                .arg(SCROLLED_BORDER));
+    }
+    area->setFixedSize((content->size() + around).boundedTo(most));
     return area;
 }
 

@@ -13,6 +13,9 @@ namespace Toolbox {
 /// How many pixels high the letters are for which nibs and resources are drawn.
 constexpr int DRAWN_FONT = 13;
 
+/// The border of what can be scrolled, which shows whether it has the focus.
+constexpr int SCROLLED_BORDER = 2;
+
 /// `length`, drawn for that font, as the font of `widget` needs it.
 int scaled(int length, const QWidget& widget);
 

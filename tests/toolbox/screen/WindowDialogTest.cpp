@@ -697,6 +697,9 @@ TEST_F(WindowOnScreen, ScrollsWhatIsLargerThanTheScreen)
         EXPECT_EQ(shown.size(), screen - QSize(0, 24)) << "with room for the title bar";
         EXPECT_GT(only<QScrollArea>(shown).widget()->width(), screen.width());
         EXPECT_GT(only<QScrollArea>(shown).widget()->height(), screen.height());
+        only<QScrollArea>(shown).setFocus();
+        EXPECT_EQ(shown.grab().toImage().pixelColor(0, 0), shown.palette().color(QPalette::Highlight))
+            << "seen to be there";
     });
 }
 
