@@ -62,6 +62,7 @@ TEST(RecordFile, IsRefusedWithTheReason)
         {folder.path(), "it is a folder"},
         {pipe, "it is not a regular file"},
         {"/dev/zero", "it is not a regular file"},
+        {"/proc/self/mem", "Input/output error"},
     };
     for (const auto& [file, reason] : unreadable)
         EXPECT_EQ(problemOf([file = file] { Record::load(file); }),

@@ -161,7 +161,8 @@ TEST(TerminalAnswer, EndsWithReturnWhereTheTerminalDoesNotMakeItALineFeed)
         tcsetattr(file, TCSANOW, &settings);
         return describe(Terminal().ask(QStringLiteral("? ")));
     });
-    EXPECT_EQ(terminal.reportAfter("? ", "yes\r"), "[yes]");
+    const std::string longest(4096, 'y');
+    EXPECT_EQ(terminal.reportAfter("? ", longest + "no more\r"), "[" + longest + "]");
 }
 
 TEST(TerminalAnswer, MayFollowAnEndOfInput)
