@@ -1,8 +1,9 @@
-// Sends the host, both of its processes, the signal SIGNAL_IN_RENAME when it has written a file beside another that it
-// is to replace: the last moment at which anything of the new one could be where the old one is. What is not on the
-// disk by then is not moved, nor what has another mode than the old one, nor what a program that is started meanwhile
-// would have open. And says of every pipe that it is a regular file, to whoever asks for it by name: another may stand
-// there by the time that it is opened. Loaded before the host's libraries.
+// Sends the host, both of its processes, a signal when it has written a file beside another that it is to replace: the
+// signal SIGNAL_IN_RENAME at the last moment at which anything of the new one could be where the old one is, and
+// SIGNAL_IN_SYNC as soon as the file is there, which it also is when it is only tried. What is not on the disk by then
+// is not moved, nor what has another mode than the old one, nor what a program that is started meanwhile would have
+// open. And says of every pipe that it is a regular file, to whoever asks for it by name: another may stand there by
+// the time that it is opened. Loaded before the host's libraries.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -41,10 +42,19 @@ bool hasModeOf(const char* other, const char* path)
         || (fstatat(AT_FDCWD, path, &facts, 0) == 0 && facts.st_mode == others.st_mode);
 }
 
+void sendSignalOf(const char* moment)
+{
+    if (const char* const signal = std::getenv(moment)) {
+        kill(getppid(), std::atoi(signal));
+        raise(std::atoi(signal));
+    }
+}
+
 }  // namespace
 
 extern "C" int fsync(int file)
 {
+    sendSignalOf("SIGNAL_IN_SYNC");
     synchronized = true;
     return static_cast<int>(syscall(SYS_fsync, file));
 }
@@ -60,10 +70,7 @@ extern "C" int rename(const char* from, const char* to) noexcept
         errno = EIO;
         return -1;
     }
-    if (const char* const signal = std::getenv("SIGNAL_IN_RENAME")) {
-        kill(getppid(), std::atoi(signal));
-        raise(std::atoi(signal));
-    }
+    sendSignalOf("SIGNAL_IN_RENAME");
     return static_cast<int>(syscall(SYS_rename, from, to));
 }
 

@@ -163,6 +163,7 @@ const DocumentCase REFUSED_CASES[] = {
     {"ElementInKey", propertyList("<key>k<b/></key><string>v</string>")},
     {"ElementInTrue", propertyList("<key>k</key><true><dict/></true>")},
     {"Unclosed", "<plist><dict>"},
+    {"BeyondTheLimits", std::string("<!DOCTYPE plist [<!ELEMENT plist ANY>]>") + DICTIONARY},
     {"UndeclaredEntity", WITH_ENTITY},
     {"EntityOfAnExternalDocumentType", EXTERNAL_TYPE + WITH_ENTITY},
     {"EntityBetweenKeyAndValue", EXTERNAL_TYPE + "<plist><dict><key>k</key>&e;<string>v</string></dict></plist>"},

@@ -195,6 +195,7 @@ const std::pair<const char*, std::string> REFUSED_CASES[] = {
     {"IntThatIsEmpty", "<object class='A'><int name='n'/></object>"},
     {"IntWithAFraction", "<object class='A'><int name='n'>1.5</int></object>"},
     {"IntInAnotherBase", "<object class='A'><int name='n'>0x10</int></object>"},
+    {"BeyondTheLimits", "<!DOCTYPE object [<!ELEMENT object ANY>]><object class='A'/>"},
     {"IntOfTooManyDigits", "<object class='A'><int name='n'>99999999999999999999</int></object>"},
     {"UnsignedIntOfLetters", "<object class='A'><unsigned_int name='n'>x</unsigned_int></object>"},
     {"BooleanInLowerCase", "<object class='A'><boolean name='b'>true</boolean></object>"},

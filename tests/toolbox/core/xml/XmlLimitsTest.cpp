@@ -18,11 +18,11 @@ std::string repeated(const std::string& text, int times)
     return all;
 }
 
-std::string attributes(int count)
+std::string attributes(int count, const std::string& name = "a")
 {
     std::string all;
     for (int i = 0; i < count; ++i)
-        all += " a" + std::to_string(i) + "=''";
+        all += ' ' + name + std::to_string(i) + "='u'";
     return all;
 }
 
@@ -94,7 +94,8 @@ const LimitCase WORST_CASES[] = {
     {"Depth", filled("", "<a>"), ""},
     {"Elements", filled("<r>", "<a/>"), ""},
     {"Objects", filled("<object class='A'>", "<object/>"), ""},
-    {"Namespaces", repeated("<a" + repeated(" xmlns:n='u'", 16) + ">", 199) + repeated("<a/>", 99000), ""},
+    {"Namespaces",
+        "<a xmlns:n='u'>" + repeated("<a" + attributes(16, "xmlns:a") + ">", 198) + repeated("<n:b/>", 99000), ""},
     {"DocumentType", filled("<!DOCTYPE a [", "<!ATTLIST a b CDATA ''>"), ""},
     {"Entities", filled("<r>", "&amp;"), ""},
     {"Comments", filled("<r>", "<!---->"), ""},
