@@ -168,17 +168,12 @@ class InAWindow(HostTest):
         self.assertEqual(outcome.status, REFUSED)
         self.assertEqual(outcome.json()["alerts"][0]["id"], 5000)
 
-    def test_a_window_that_somebody_else_destroys_counts_as_cancelled(self):
-        with started(DISPLAY=self.server.display) as process:
-            self.server.tool("windowclose", self.server.window(WINDOW_TITLE))
-            outcome = outcome_of(process)
-        self.assertEqual((outcome.status, outcome.errors), (NOTHING_CHOSEN, ""))
-
-    def test_so_does_an_alert(self):
-        with started("--message", "999", "--json", DISPLAY=self.server.display) as process:
-            self.server.tool("windowclose", self.server.window("^Stop - Demo Installer$"))
-            outcome = outcome_of(process)
-        self.assertEqual((outcome.status, outcome.errors), (REFUSED, ""))
+    def test_a_window_that_somebody_else_destroys_counts_as_cancelled_and_so_does_an_alert(self):
+        for title, message, status in ((WINDOW_TITLE, "1000", NOTHING_CHOSEN), ("^Stop - Demo Installer$", "999", REFUSED)):
+            with started("--message", message, "--json", DISPLAY=self.server.display) as process:
+                self.server.tool("windowclose", self.server.window(title))
+                outcome = outcome_of(process)
+            self.assertEqual((outcome.status, outcome.errors), (status, ""))
         self.assertEqual(outcome.json()["alerts"][0]["pressed"], 1)
 
     def test_the_window_belongs_to_the_host_and_its_application(self):

@@ -34,7 +34,7 @@ Answer button(UInt32 value)
 // ---- A window like a dialog: a pop-up, OK, Cancel, and buttons that do not end it
 
 class UnattendedWindow : public WindowTest {
-protected:
+public:
     UnattendedWindow()
         : disabledPopUp(made.addPopUp({{QStringLiteral("Nothing")}}))
         , popUp(made.addPopUp({{QStringLiteral("Small")}, {QStringLiteral("Medium")}, {QString(), 0, true, true},
@@ -81,6 +81,8 @@ struct WindowCase {
     std::vector<MenuCommand> sent;  // a 0 for each item chosen
     SInt32 value;                   // of the pop-up, 1 before
     bool unfit;
+    void (*change)(UnattendedWindow&) = [](UnattendedWindow&) {};  // of the window
+    const char* problem = "";                                      // of a window that was not ended
 };
 
 // clang-format off
@@ -101,6 +103,20 @@ const WindowCase WINDOW_CASES[] = {
     {"ButtonOfAnAlertIsUnfit",     {button(1)},                      {kHICommandCancel},           1,    true},
     {"UnfitAfterAnItem",           {item(2), item(9)},               {0, kHICommandCancel},        2,    true},
     {"NothingAfterAnUnfitOne",     {item(9), command(kHICommandOK)}, {kHICommandCancel},           1,    true},
+    {"ItemThatAHandlerTakes",      {item(2)},                        {0, kHICommandOK},            1,    false,
+        [](UnattendedWindow& w) { w.recorder.answer = noErr; }},
+    {"ItemWithoutAPopUpIsUnfit",   {item(1)},                        {kHICommandCancel},           1,    true,
+        [](UnattendedWindow& w) { w.popUp.hidden = true, w.secondPopUp.enabled = false; }},
+    {"ButtonsOfARoleWhateverTheyCarry", {command(kHICommandOK), command(kHICommandCancel)}, {'inst', 'stop'}, 1, false,
+        [](UnattendedWindow& w) { w.ok.command = 'inst', w.cancel.command = 'stop', w.endAt({'stop'}); }},
+    {"NoDefaultButtonConfirmsByTheCommand", {},                      {kHICommandOK},               1,    false,
+        [](UnattendedWindow& w) { w.ok.role = ButtonRole::Plain; }},
+    {"AnotherDefaultButtonConfirms", {},                             {'more'},                     1,    false,
+        [](UnattendedWindow& w) { w.ok.role = ButtonRole::Plain, w.more.role = ButtonRole::Default, w.endAt({'more'}); }},
+    {"NothingToConfirmItWith",     {},                               {},                           1,    false,
+        [](UnattendedWindow& w) { w.ok.enabled = false; }, "no answer is left, and confirming the window does not end it"},
+    {"CancellingDoesNotEndIt",     {item(9)},                        {kHICommandCancel},           1,    true,
+        [](UnattendedWindow& w) { w.recorder.action = nullptr; }, "an answer fits nothing in the window, and cancelling does not end it"},
 };
 // clang-format on
 
@@ -108,12 +124,13 @@ class UnattendedAnswers : public UnattendedWindow, public testing::WithParamInte
 
 TEST_P(UnattendedAnswers, AreGivenInOrderUntilTheWindowEnds)
 {
-    EXPECT_EQ(run(GetParam().answers), noErr);
+    GetParam().change(*this);
+    EXPECT_EQ(run(GetParam().answers) == noErr, GetParam().problem == std::string());
     EXPECT_EQ(recorder.ids(), GetParam().sent);
     EXPECT_EQ(popUp.value, GetParam().value);
     EXPECT_EQ(secondPopUp.value, 1);
     EXPECT_EQ(currentReport().answerWasUnfit, GetParam().unfit);
-    EXPECT_EQ(currentReport().displayProblem, "");
+    EXPECT_EQ(currentReport().displayProblem, GetParam().problem);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, UnattendedAnswers, testing::ValuesIn(WINDOW_CASES), RowName());
@@ -137,23 +154,6 @@ TEST_F(UnattendedWindow, SaysWhetherTheAnswersRanOut)
     EXPECT_TRUE(currentReport().answersRanOut) << "in the next window";
 }
 
-TEST_F(UnattendedWindow, ChoosesAnItemThatAHandlerTakes)
-{
-    recorder.answer = noErr;
-    EXPECT_EQ(run({item(2)}), noErr);
-    EXPECT_EQ(popUp.value, 1);
-    EXPECT_FALSE(currentReport().answerWasUnfit);
-}
-
-TEST_F(UnattendedWindow, WithoutAPopUpMakesAnItemUnfit)
-{
-    popUp.hidden = true;
-    secondPopUp.enabled = false;
-    EXPECT_EQ(run({item(1)}), noErr);
-    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
-    EXPECT_TRUE(currentReport().answerWasUnfit);
-}
-
 TEST_F(UnattendedWindow, PressesTheFirstUsableControlOfACommand)
 {
     made.addButton('many').hidden = true;
@@ -164,27 +164,6 @@ TEST_F(UnattendedWindow, PressesTheFirstUsableControlOfACommand)
     EXPECT_EQ(run({command('many')}), noErr);
     ASSERT_EQ(recorder.ids(), (std::vector<MenuCommand>{'many', kHICommandOK}));
     EXPECT_EQ(static_cast<void*>(recorder.commands[0].menu.menuRef), static_cast<void*>(usable.ref()));
-}
-
-TEST_F(UnattendedWindow, PressesTheDefaultAndCancelButtonsForOKAndCancelWhateverTheyCarry)
-{
-    ok.command = 'inst';
-    cancel.command = 'stop';
-    endAt({'stop'});
-    EXPECT_EQ(run({command(kHICommandOK), command(kHICommandCancel)}), noErr);
-    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{'inst', 'stop'}));
-    EXPECT_FALSE(currentReport().answerWasUnfit);
-}
-
-TEST_F(UnattendedWindow, ConfirmsByTheDefaultButtonElseByTheCommand)
-{
-    ok.role = ButtonRole::Plain;
-    EXPECT_EQ(run({}), noErr);
-    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandOK});
-    more.role = ButtonRole::Default;
-    endAt({'more'});
-    EXPECT_EQ(run({}), noErr);
-    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{kHICommandOK, 'more'}));
 }
 
 TEST_F(UnattendedWindow, CancelsByTheWindowsOwnCommandWhereThereIsNoCancelButton)
@@ -213,23 +192,6 @@ TEST_F(UnattendedWindow, FailsWhenConfirmingDoesNotEndItAlsoInWordsForInstallers
     ToolboxTellReport([](const char* line) { lines.push_back(line); });
     EXPECT_EQ(
         lines, (std::vector<std::string>{"a remark", "no answer is left, and confirming the window does not end it"}));
-}
-
-TEST_F(UnattendedWindow, FailsWhenThereIsNothingToConfirmItWith)
-{
-    ok.enabled = false;
-    EXPECT_EQ(run({}), eventInternalErr);
-    EXPECT_TRUE(recorder.ids().empty());
-    EXPECT_NE(currentReport().displayProblem, "");
-}
-
-TEST_F(UnattendedWindow, FailsRatherThanConfirmsWhenCancellingDoesNotEndIt)
-{
-    recorder.action = nullptr;
-    EXPECT_EQ(run({item(9)}), eventInternalErr);
-    EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
-    EXPECT_EQ(currentReport().displayProblem, "an answer fits nothing in the window, and cancelling does not end it");
-    EXPECT_TRUE(currentReport().answerWasUnfit);
 }
 
 // ---- What handlers do meanwhile
