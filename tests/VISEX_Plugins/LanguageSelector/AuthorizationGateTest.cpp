@@ -4,6 +4,7 @@
 
 #include <Carbon/Carbon.h>
 
+#include <string>
 #include <vector>
 
 namespace {
@@ -64,40 +65,24 @@ TEST_F(AuthorizationFlag, IsReadFromAResourceThatEndsWithIt)
 
 // ---- How the two results are judged
 
-const long GRANTED[] = {0, 0x10000, -0x10000, 0x7FFF0000, -0x7FFFFFFFL - 1};
-const long REFUSED[] = {1, -1, -60005, -60006, -60007, -60008, -60008 & 0xFFFF, 0x7FFF, 0x8000, 0xFFFF, 0x10001,
-    -0xFFFF, 0x7FFFFFFF, 0x7FFF0001};
+const std::vector<long> GRANTED = {0, 0x10000, -0x10000, 0x7FFF0000, -0x7FFFFFFFL - 1};
+const std::vector<long> REFUSED = {1, -1, -60005, -60006, -60007, -60008, -60008 & 0xFFFF, 0x7FFF, 0x8000, 0xFFFF,
+    0x10001, -0xFFFF, 0x7FFFFFFF, 0x7FFF0001};
 
-class AuthorizationStatus : public ToolboxTest {
-protected:
-    // Whether the gate goes on when `function` returns `status`.
-    static bool passesWith(const char* function, long status)
-    {
-        ToolboxDouble::Reset();
-        provideFlag(0x80);
-        ToolboxDouble::FailCall(function, status);
-        return passAuthorizationGate();
-    }
-};
-
-TEST_F(AuthorizationStatus, OfCreateIsJudgedByItsLow16Bits)
+TEST_F(AuthorizationFlag, DemandsThatTheLow16BitsOfBothResultsAreZero)
 {
-    for (const long status : GRANTED) {
-        EXPECT_TRUE(passesWith("AuthorizationCreate", status)) << "status " << status;
-        EXPECT_TRUE(logged("AuthorizationCopyRights(")) << "status " << status;
+    for (const bool isGranted : {true, false}) {
+        for (const long status : isGranted ? GRANTED : REFUSED) {
+            for (const char* const function : {"AuthorizationCreate", "AuthorizationCopyRights"}) {
+                ToolboxDouble::Reset();
+                provideFlag(0x80);
+                ToolboxDouble::FailCall(function, status);
+                EXPECT_EQ(passAuthorizationGate(), isGranted) << function << " gives " << status;
+                const bool goesOn = isGranted || function != std::string("AuthorizationCreate");
+                EXPECT_EQ(logged("AuthorizationCopyRights("), goesOn) << function << " gives " << status;
+            }
+        }
     }
-    for (const long status : REFUSED) {
-        EXPECT_FALSE(passesWith("AuthorizationCreate", status)) << "status " << status;
-        EXPECT_FALSE(logged("AuthorizationCopyRights(")) << "status " << status;
-    }
-}
-
-TEST_F(AuthorizationStatus, OfCopyRightsIsJudgedByItsLow16Bits)
-{
-    for (const long status : GRANTED)
-        EXPECT_TRUE(passesWith("AuthorizationCopyRights", status)) << "status " << status;
-    for (const long status : REFUSED)
-        EXPECT_FALSE(passesWith("AuthorizationCopyRights", status)) << "status " << status;
 }
 
 TEST_F(AuthorizationFlag, IsReadAnewEveryTime)

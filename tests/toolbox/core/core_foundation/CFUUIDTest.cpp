@@ -54,24 +54,16 @@ TEST_F(CFUUID, EveryByteCounts)
     }
 }
 
-TEST_F(CFUUID, AConstantIsTheObjectThatIsCreatedOfItsBytes)
-{
-    const CFUUIDRef immortal = constant(bytesFrom(30));
-    EXPECT_EQ(constant(bytesFrom(30)), immortal);
-    const CFUUIDRef created = create(bytesFrom(30));
-    EXPECT_TRUE(CFEqual(created, immortal));
-    EXPECT_EQ(created, immortal);
-    CFRelease(created);
-    EXPECT_TRUE(CFEqual(immortal, immortal));
-}
-
-TEST_F(CFUUID, AConstantSurvivesEveryRelease)
+TEST_F(CFUUID, AConstantIsTheObjectThatIsCreatedOfItsBytesAndSurvivesEveryRelease)
 {
     const std::size_t constants = liveConstants();
     const CFUUIDBytes bytes = bytesFrom(static_cast<UInt8>(100 + constants));  // new each time
     const CFUUIDRef immortal = constant(bytes);
+    EXPECT_EQ(constant(bytes), immortal);
+    EXPECT_EQ(create(bytes), immortal);
     for (int time = 0; time < 3; ++time)
         CFRelease(immortal);
+    EXPECT_TRUE(CFEqual(immortal, immortal));
     EXPECT_EQ(constant(bytes), immortal);
     EXPECT_EQ(liveConstants(), constants + 1);
 }

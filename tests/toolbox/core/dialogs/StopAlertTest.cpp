@@ -137,38 +137,24 @@ TEST_F(StopAlertCall, ReplacesPlaceholdersByNothing)
 
 // ---- Stages
 
-TEST_F(StopAlertCall, GoesThroughItsStagesAndStaysAtTheLast)
+TEST_F(StopAlertCall, GoesThroughItsStagesAndStaysAtTheLastUntilAnotherIsShown)
 {
-    openAlert(alertTemplate(6000, 0xC4C4), OK_AND_CANCEL);
-    std::vector<SInt16> defaults;
-    for (int occurrence = 0; occurrence < 6; ++occurrence) {
-        EXPECT_EQ(StopAlert(5000, nullptr), 1);
-        defaults.push_back(lastShown().defaultButton);
+    // defaults: the default buttons, or NO_BOX where a stage draws none
+    const std::tuple<const char*, int, std::vector<SInt16>, std::vector<SInt16>> rows[] = {
+        {"stages", 0xC4C4, {5000, 5000, 5000, 5000, 5000, 5000}, {1, 2, 1, 2, 2, 2}},
+        {"stages that draw no box", 0x4040, {5001, 5001, 5001, 5001, 5001}, {NO_BOX, 1, NO_BOX, 1, 1}},
+        {"another between them", 0xCCC4, {5000, 5000, 5001, 5000, 5000}, {1, 2, 1, 1, 2}},
+    };
+    for (const auto& [name, stages, ids, defaults] : rows) {
+        open({{'ALRT', 5000, alertTemplate(6000, stages)}, {'ALRT', 5001, alertTemplate(6000, stages)},
+            {'DITL', 6000, OK_AND_CANCEL}});
+        std::vector<SInt16> shownDefaults;
+        for (const SInt16 id : ids) {
+            const bool hasBox = StopAlert(id, nullptr) != NO_BOX;
+            shownDefaults.push_back(hasBox ? lastShown().defaultButton : NO_BOX);
+        }
+        EXPECT_EQ(shownDefaults, defaults) << name;
     }
-    EXPECT_EQ(defaults, (std::vector<SInt16>{1, 2, 1, 2, 2, 2}));
-}
-
-TEST_F(StopAlertCall, DrawsNoBoxAtAStageThatSaysSo)
-{
-    openAlert(alertTemplate(6000, 0x4040), OK_AND_CANCEL);
-    std::vector<SInt16> hits;
-    for (int occurrence = 0; occurrence < 5; ++occurrence)
-        hits.push_back(StopAlert(5000, nullptr));
-    EXPECT_EQ(hits, (std::vector<SInt16>{NO_BOX, 1, NO_BOX, 1, 1}));
-    EXPECT_EQ(shown().size(), 3u);
-}
-
-TEST_F(StopAlertCall, BeginsAtTheFirstStageAfterAnotherAlert)
-{
-    open({{'ALRT', 5000, alertTemplate(6000, 0xCCC4)}, {'ALRT', 5001, alertTemplate(6000, 0xCCC4)},
-        {'DITL', 6000, OK_AND_CANCEL}});
-    std::vector<SInt16> defaults;
-    constexpr SInt16 IDS[] = {5000, 5000, 5001, 5000, 5000};
-    for (const SInt16 id : IDS) {
-        EXPECT_EQ(StopAlert(id, nullptr), 1);
-        defaults.push_back(lastShown().defaultButton);
-    }
-    EXPECT_EQ(defaults, (std::vector<SInt16>{1, 2, 1, 1, 2}));
 }
 
 TEST_F(StopAlertCall, IsAnsweredByReturnAndEscapeWithItsSecondItemIfThatIsAButton)
