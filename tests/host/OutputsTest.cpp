@@ -31,21 +31,6 @@ const char* loadedLibrary()
     return dladdr(reinterpret_cast<const void*>(&std::puts), &info) == 0 ? "" : info.dli_fname;
 }
 
-// A working folder that is none of the host's own, for as long as it lasts.
-class OtherWorkingFolder {
-public:
-    OtherWorkingFolder()
-        : m_before(fs::current_path())
-    {
-        fs::current_path(m_folder.path());
-    }
-    ~OtherWorkingFolder() { fs::current_path(m_before); }
-
-private:
-    const fs::path m_before;
-    const TemporaryFolder m_folder;
-};
-
 struct PairCase {
     const char* name;
     std::optional<std::string> Options::*written;
@@ -104,16 +89,16 @@ INSTANTIATE_TEST_SUITE_P(Cases, OutputPair, testing::ValuesIn(PAIR_CASES), RowNa
 
 TEST(Outputs, AreNamedFromTheRoot)
 {
-    const OtherWorkingFolder other;
+    const TemporaryFolder folder;
+    const WorkingFolder here(folder.path());  // none of the host's own
     Options options;
     options.record = options.writeRecord = "a record";
     options.picture = "a picture";
     options.traceFile = "a trace";
     settleOutputs(options);
-    const fs::path here = fs::current_path();
-    EXPECT_EQ(options.writeRecord, here / "a record");
-    EXPECT_EQ(options.picture, here / "a picture");
-    EXPECT_EQ(options.traceFile, here / "a trace");
+    EXPECT_EQ(options.writeRecord, folder / "a record");
+    EXPECT_EQ(options.picture, folder / "a picture");
+    EXPECT_EQ(options.traceFile, folder / "a trace");
     EXPECT_EQ(options.record, "a record") << "it is read before the call";
 }
 

@@ -141,13 +141,4 @@ TEST(ChosenLanguage, IsNoneWhenNothingWasWritten)
     EXPECT_EQ(record.block().chosenLanguage, 6) << "the field has its own value again";
 }
 
-TEST(ChosenLanguage, TouchesNoOtherByte)
-{
-    const TemporaryFolder folder;
-    Record record = Record::load(folder.write("record", bytes(614)));
-    const ExternParmBlock before = record.block();
-    ChosenLanguage(record.block()).settle();
-    EXPECT_EQ(recordDifferences(record.block(), before), "");
-}
-
 }  // namespace

@@ -1,4 +1,4 @@
-// A folder for the files of one test, gone with everything in it when the test ends.
+// A folder for the files of one test, gone with everything in it when the test ends, and a working folder.
 
 #ifndef TESTS_SUPPORT_TEMPORARYFOLDER_H
 #define TESTS_SUPPORT_TEMPORARYFOLDER_H
@@ -64,6 +64,23 @@ public:
 
 private:
     std::filesystem::path m_path;
+};
+
+/// Makes `folder` the working folder for as long as this lives.
+class WorkingFolder {
+public:
+    explicit WorkingFolder(const std::filesystem::path& folder)
+        : m_before(std::filesystem::current_path())
+    {
+        std::filesystem::current_path(folder);
+    }
+
+    ~WorkingFolder() { std::filesystem::current_path(m_before); }
+    WorkingFolder(const WorkingFolder&) = delete;
+    WorkingFolder& operator=(const WorkingFolder&) = delete;
+
+private:
+    const std::filesystem::path m_before;
 };
 
 /// The bytes of `file`.

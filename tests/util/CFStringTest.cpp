@@ -1,8 +1,6 @@
 #include "util/CFString.h"
 
-#include "tests/double/ToolboxDouble.h"
-
-#include <gtest/gtest.h>
+#include "tests/double/ToolboxTest.h"
 
 #include <cstring>
 #include <new>
@@ -19,10 +17,7 @@ static_assert(!std::is_copy_constructible<CFString>::value, "one string has one 
 static_assert(!std::is_copy_assignable<CFString>::value, "one string has one owner");
 static_assert(CFString::ReleaseBehavior(0) == CFString::Release, "value 0 releases");
 
-class CFStringTest : public testing::Test {
-protected:
-    CFStringTest() { ToolboxDouble::Reset(); }
-};
+class CFStringTest : public ToolboxTest { };
 
 TEST_F(CFStringTest, TextIsMacOSRomanAndReleasedAtTheEnd)
 {

@@ -36,23 +36,6 @@ FSRef garbage()
     return reference;
 }
 
-// Makes `folder` the working directory for as long as this lives.
-class WorkingDirectory {
-public:
-    explicit WorkingDirectory(const std::string& folder)
-        : m_before(std::filesystem::current_path())
-    {
-        std::filesystem::current_path(folder);
-    }
-
-    ~WorkingDirectory() { std::filesystem::current_path(m_before); }
-    WorkingDirectory(const WorkingDirectory&) = delete;
-    WorkingDirectory& operator=(const WorkingDirectory&) = delete;
-
-private:
-    const std::filesystem::path m_before;
-};
-
 TEST(FileReference, GivesItsPathBack)
 {
     const TemporaryFolder folder;
@@ -90,7 +73,7 @@ TEST(FileReference, ToARelativePathStaysWhereItWas)
     folder.write("file", "");
     FSRef reference;
     {
-        const WorkingDirectory here(folder.path());
+        const WorkingFolder here(folder.path());
         EXPECT_EQ(makeFileReference("file", &reference), noErr);
     }
     EXPECT_EQ(pathOf(&reference), folder / "file");
@@ -123,7 +106,7 @@ TEST(FileReference, IsNotMadeInAWorkingDirectoryThatIsGone)
 {
     const TemporaryFolder folder;
     const std::string gone = folder.makeFolder("gone");
-    const WorkingDirectory here(gone);
+    const WorkingFolder here(gone);
     std::filesystem::remove(gone);
     FSRef reference = garbage();
     EXPECT_EQ(makeFileReference(".", &reference), fnfErr);
@@ -252,7 +235,7 @@ TEST_F(FindFolder, NeverCreatesTheFolderAndLooksWhenItIsAsked)
 
 TEST_F(FindFolder, KnowsNoFolderThatTheHostDidNotName)
 {
-    const WorkingDirectory here(m_folder.path());
+    const WorkingFolder here(m_folder.path());
     m_folder.makeFolder("Frameworks");
     for (const char* unnamed : {"", "\0"}) {
         Toolbox::SetFrameworksFolder(unnamed);
@@ -264,7 +247,7 @@ TEST_F(FindFolder, StaysWithTheFolderThatARelativePathNamed)
 {
     const std::string frameworks = m_folder.makeFolder("Frameworks");
     {
-        const WorkingDirectory here(m_folder.path());
+        const WorkingFolder here(m_folder.path());
         Toolbox::SetFrameworksFolder("Frameworks");
     }
     EXPECT_EQ(find(), Found(noErr, frameworks));

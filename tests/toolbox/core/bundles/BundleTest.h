@@ -68,8 +68,8 @@ inline fs::path takePath(CFURLRef url)
     return isThere ? reinterpret_cast<const char*>(path) : "";
 }
 
-/// A test with a folder of its own, that leaves as many Core Foundation objects as it found.
-class BundleTest : public CoreFoundationTest {
+/// A test with a folder of its own.
+template <typename Test> class TestInAFolder : public Test {
 protected:
     /// The path `name` in the test's folder.
     fs::path in(const std::string& name) const { return m_folder.path() / name; }
@@ -77,5 +77,8 @@ protected:
 private:
     const TemporaryFolder m_folder;
 };
+
+/// One that leaves as many Core Foundation objects as it found.
+using BundleTest = TestInAFolder<CoreFoundationTest>;
 
 #endif

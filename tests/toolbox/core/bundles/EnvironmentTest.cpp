@@ -9,7 +9,7 @@
 namespace {
 
 // In a process of its own, so that no main bundle was named before, and the loader has read the variables at its start.
-class EnvironmentDeathTest : public testing::Test {
+class EnvironmentDeathTest : public TestInAFolder<testing::Test> {
 protected:
     void SetUp() override
     {
@@ -33,17 +33,12 @@ protected:
 
     void TearDown() override { fs::current_path("/"); }  // before the folder goes
 
-    fs::path in(const std::string& name) const { return m_folder.path() / name; }
-
     // Ends the process, whose folder nobody would remove afterwards.
     [[noreturn]] void exitWith(bool success) const
     {
-        fs::remove_all(m_folder.path());
+        fs::remove_all(in(""));
         std::exit(success ? EXIT_SUCCESS : EXIT_FAILURE);
     }
-
-private:
-    const TemporaryFolder m_folder;
 };
 
 TEST_F(EnvironmentDeathTest, NamesNoMainBundleAndLendsNoResource)

@@ -10,13 +10,7 @@ using Toolbox::mainBundleResource;
 using Toolbox::SetMainBundle;
 
 // The main bundle outlives a test: so these look at what is alive themselves.
-class MainBundle : public testing::Test {
-protected:
-    fs::path in(const std::string& name) const { return m_folder.path() / name; }
-
-private:
-    const TemporaryFolder m_folder;
-};
+using MainBundle = TestInAFolder<testing::Test>;
 
 TEST_F(MainBundle, IsTheOneThatWasNamed)
 {

@@ -46,23 +46,21 @@ TEST_F(CFURL, HasThePathThatItWasMadeOf)
 
 TEST_F(CFURL, TakesARelativePathFromTheWorkingDirectoryOfThatMoment)
 {
-    const fs::path before = fs::current_path();
-    fs::current_path(m_folder.path());
-    const Owned url = makeURL("a/b");
-    fs::current_path(before);
-    EXPECT_EQ(pathOf(url), m_folder / "a/b");
+    CFURLRef url = nullptr;
+    {
+        const WorkingFolder here(m_folder.path());
+        url = makeURL("a/b");
+    }
+    EXPECT_EQ(pathOf(Owned(url)), m_folder / "a/b");
 }
 
 TEST_F(CFURL, IsNotMadeOfARelativePathWhenThereIsNoWorkingDirectory)
 {
-    const fs::path before = fs::current_path();
-    fs::create_directory(m_folder / "gone");
-    fs::current_path(m_folder / "gone");
+    const WorkingFolder gone(m_folder.makeFolder("gone"));
     fs::remove(m_folder / "gone");
     EXPECT_EQ(makeURL("a"), nullptr);
     const Owned absolute = makeURL("/a");
     EXPECT_EQ(pathOf(absolute), "/a");
-    fs::current_path(before);
 }
 
 TEST_F(CFURL, TakesOnlyTheBytesThatAreCountedAndNoWrongArguments)

@@ -163,14 +163,6 @@ TEST(NibNameTable, NamesObjectsOfTheArchive)
     EXPECT_EQ(archive->named(QString()), nullptr);
 }
 
-TEST(NibNameTable, GivesTheFirstOfTwoOfOneName)
-{
-    const auto archive = readObject("<dictionary name='nameTable'><string>A</string><reference idRef='first'/>"
-                                    "<string>A</string><reference idRef='second'/></dictionary>");
-    ASSERT_TRUE(archive.has_value());
-    EXPECT_EQ(archive->named(QStringLiteral("A"))->as<NibReference>()->id, QStringLiteral("first"));
-}
-
 TEST(NibNameTable, MayBeMissing)
 {
     for (const char* const properties : {"", "<string name='nameTable'>A</string>"}) {
@@ -222,13 +214,6 @@ TEST(NibArchiveRefused, WhenItIsCorruptOrCutOff)
 }
 
 // ---- Limits
-
-TEST(NibArchive, MayNameATypeOfDocumentThatIsNeverFetched)
-{
-    EXPECT_TRUE(
-        read("<!DOCTYPE object PUBLIC '-//Demo//EN' 'http://127.0.0.1:1/x.dtd'><object class='A'/>").has_value());
-    EXPECT_TRUE(read("<!DOCTYPE object SYSTEM 'file:///dev/zero'><object class='A'/>").has_value());
-}
 
 TEST(NibArchive, MayHaveAnyNumberOfElementsAndDoesNotBelieveItsCounts)
 {
