@@ -141,7 +141,8 @@ class InAWindow(HostTest):
         self.assertEqual(picture.read_bytes()[:4], b"\x89PNG")
 
     def test_a_screen_that_refuses_is_none(self):
-        cookie = b"".join(bytes([0, len(part)]) + part for part in (b"host", b"0", b"MIT-MAGIC-COOKIE-1", b"sixteen bytes..."))
+        parts = (b"host", b"0", b"MIT-MAGIC-COOKIE-1", b"sixteen bytes...")
+        cookie = b"".join(bytes([0, len(part)]) + part for part in parts)
         refusing = XServer("-auth", self.file("cookies", b"\1\0" + cookie))  # whom it does not know from this file
         self.addCleanup(refusing.close)
         outcome = run("--display", "window", variables={"DISPLAY": refusing.display, "XAUTHORITY": "/dev/null"})
@@ -169,7 +170,8 @@ class InAWindow(HostTest):
         self.assertEqual(outcome.json()["alerts"][0]["id"], 5000)
 
     def test_a_window_that_somebody_else_destroys_counts_as_cancelled_and_so_does_an_alert(self):
-        for title, message, status in ((WINDOW_TITLE, "1000", NOTHING_CHOSEN), ("^Stop - Demo Installer$", "999", REFUSED)):
+        for title, message, status in ((WINDOW_TITLE, "1000", NOTHING_CHOSEN),
+                                       ("^Stop - Demo Installer$", "999", REFUSED)):
             with started("--message", message, "--json", DISPLAY=self.server.display) as process:
                 self.server.tool("windowclose", self.server.window(title))
                 outcome = outcome_of(process)

@@ -114,9 +114,11 @@ const WindowCase WINDOW_CASES[] = {
     {"AnotherDefaultButtonConfirms", {},                             {'more'},                     1,    false,
         [](UnattendedWindow& w) { w.ok.role = ButtonRole::Plain, w.more.role = ButtonRole::Default, w.endAt({'more'}); }},
     {"NothingToConfirmItWith",     {},                               {},                           1,    false,
-        [](UnattendedWindow& w) { w.ok.enabled = false; }, "no answer is left, and confirming the window does not end it"},
+        [](UnattendedWindow& w) { w.ok.enabled = false; },
+        "no answer is left, and confirming the window does not end it"},
     {"CancellingDoesNotEndIt",     {item(9)},                        {kHICommandCancel},           1,    true,
-        [](UnattendedWindow& w) { w.recorder.action = nullptr; }, "an answer fits nothing in the window, and cancelling does not end it"},
+        [](UnattendedWindow& w) { w.recorder.action = nullptr; },
+        "an answer fits nothing in the window, and cancelling does not end it"},
 };
 // clang-format on
 
