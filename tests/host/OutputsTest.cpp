@@ -113,7 +113,7 @@ TEST(Outputs, MayWriteTheRecordOver)
 TEST(Outputs, ReplaceNothingByARecordThatCanBeNone)
 {
     const TemporaryFolder folder;
-    for (const std::size_t size : {1, 613, 614, 1024 * 1024, 1024 * 1024 + 1, 0}) {
+    for (const std::size_t size : {1U, 613U, 614U, 1024 * 1024U, 1024 * 1024 + 1U, 0U}) {
         Options options;
         options.writeRecord = folder.write("file", std::string(size, 'x')).string();
         const bool isTaken = size == 0 || (size >= 614 && size <= 1024 * 1024);
