@@ -5,7 +5,6 @@
 #include <Toolbox/Displays.h>
 
 #include <csignal>
-#include <cstdlib>
 #include <string>
 
 namespace Host {
@@ -28,10 +27,6 @@ DisplayKind displayFor(const Options& options)
 
 void useWindow()
 {
-    if (!Toolbox::ScreenIsSeen())
-        throw Problem(ExitStatus::NotDone,
-            "cannot open a window: nobody would see it, as QT_QPA_PLATFORM is '"
-                + std::string(getenv("QT_QPA_PLATFORM")) + "'; unset that, or choose another display");
     std::string reason;
     if (!Toolbox::UseScreenDisplay(&reason))
         throw Problem(ExitStatus::NotDone, "cannot open a window: " + reason);

@@ -242,8 +242,7 @@ class WithoutAScreen(HostTest):
     def test_nor_a_platform_that_nobody_sees(self):
         for platform in ("offscreen", "minimal"):
             self.assert_fails(run("--display", "window", variables={"QT_QPA_PLATFORM": platform}), NOT_DONE,
-                              f"cannot open a window: nobody would see it, as QT_QPA_PLATFORM is '{platform}'; unset that, "
-                              "or choose another display")
+                              f"cannot open a window: no screen answers at QT_QPA_PLATFORM={platform}")
 
     def test_a_display_that_does_not_answer_is_none(self):
         variables = {"DISPLAY": ":54321"}

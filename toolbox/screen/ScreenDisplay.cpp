@@ -64,10 +64,19 @@ private:
     const QByteArray m_platform;
 };
 
+// Not those of the platforms that build servers name, where a dialog would wait for ever. Qt loads them by names in any
+// case, and from lists of names.
+bool windowsAreSeen()
+{
+    const QString platform = QGuiApplication::platformName();
+    return !platform.startsWith(QLatin1String("offscreen"), Qt::CaseInsensitive)
+        && !platform.startsWith(QLatin1String("minimal"), Qt::CaseInsensitive);
+}
+
 bool tryPlatform(const QByteArray& platform)
 {
     const QtApplication application(platform);
-    return QGuiApplication::primaryScreen() != nullptr;
+    return QGuiApplication::primaryScreen() != nullptr && (!platform.isEmpty() || windowsAreSeen());
 }
 
 std::unique_ptr<Display> makeDisplay(const QByteArray& platform)

@@ -12,19 +12,22 @@
 
 #include <stdexcept>
 
-/// Chooses the display of windows before each test, on Qt's platform without a screen. It is not tried first, as
-/// UseScreenDisplay() does in a child process: Qt has threads after the first window, and a child that is forked while
-/// one of them allocates can wait for ever for the sanitizers' heap.
+/// Chooses the display of windows, on Qt's platform without a screen. It is not tried first, as UseScreenDisplay() does
+/// in a child process: Qt has threads after the first window, and a child that is forked while one of them allocates
+/// can wait for ever for the sanitizers' heap.
+inline void useUnseenScreen()
+{
+    QString problem;
+    const Toolbox::ScreenLibrary* const library = Toolbox::screenLibrary(&problem);
+    if (library == nullptr)
+        throw std::runtime_error(problem.toStdString());
+    Toolbox::setCurrentDisplay(library->makeDisplay("offscreen"));
+}
+
+/// Chooses it before each test.
 class OnScreen : public WindowTest {
 protected:
-    OnScreen()
-    {
-        QString problem;
-        const Toolbox::ScreenLibrary* const library = Toolbox::screenLibrary(&problem);
-        if (library == nullptr)
-            throw std::runtime_error(problem.toStdString());
-        Toolbox::setCurrentDisplay(library->makeDisplay("offscreen"));
-    }
+    OnScreen() { useUnseenScreen(); }
 };
 
 /// Runs `dialog` with somebody who does `acts` in it.

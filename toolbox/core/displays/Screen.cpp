@@ -121,17 +121,11 @@ std::optional<QByteArray> answeringPlatform(QString* problem)
     return std::nullopt;
 }
 
-bool ScreenIsSeen()
-{
-    const QByteArray named = qgetenv("QT_QPA_PLATFORM");
-    return !named.startsWith("offscreen") && !named.startsWith("minimal");
-}
-
 bool ScreenAnswers()
 {
     QString problem;
-    const bool answers = ScreenIsSeen() && answeringPlatform(&problem).has_value();
-    if (ScreenIsSeen() && !answers && !namedPlatforms().isEmpty())  // or nobody has spoken of a screen
+    const bool answers = answeringPlatform(&problem).has_value();
+    if (!answers && !namedPlatforms().isEmpty())  // or nobody has spoken of a screen
         remark(problem.toStdString());
     return answers;
 }

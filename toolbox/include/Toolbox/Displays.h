@@ -20,10 +20,6 @@ struct Answer {
     UInt32 value;
 };
 
-/// Whether somebody can see the windows of the platform that QT_QPA_PLATFORM names, if it names any. Those of the ones
-/// that build servers name, offscreen and minimal, would wait for ever.
-bool ScreenIsSeen();
-
 /// Whether there is a screen that is seen and answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X
 /// display. A screen is tried in a process of its own, so that nothing that is wrong with it ends this one, and for two
 /// seconds at most. A display that hangs, or that refuses this user, does not answer. One that is named and does not

@@ -77,9 +77,7 @@ TEST_F(Picture, IsDrawnWhileAskingOnTheTerminal)
 
 TEST_F(Picture, IsThatOfTheRealWindowOnAScreen)
 {
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    std::string problem;
-    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
+    useUnseenScreen();
     Dialog dialog;
     const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
     EXPECT_EQ(dialog.run(), "ended: ok");
@@ -102,9 +100,7 @@ TEST_F(Picture, IsOfTheAlertThatComesFirst)
     }),
         "1 and the same");
 
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    std::string problem;
-    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
+    useUnseenScreen();
     const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
     EXPECT_EQ(Toolbox::runAlert(oneButton()), 1);
     EXPECT_EQ(picture().size(), unattended.size());
