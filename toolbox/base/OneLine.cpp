@@ -51,6 +51,15 @@ constexpr struct {
 // How much of either end of a text is shown if it is a long one. No path is so long.
 constexpr std::size_t LONGEST_END = PATH_MAX;
 
+// The last place up to `place` where no character of UTF-8 is cut, or `place` itself among other bytes.
+std::size_t uncut(std::string_view text, std::size_t place)
+{
+    for (std::size_t start = place - 3; start < place; ++start)
+        if (const Character first = firstOf(text.substr(start)); start + first.length > place)
+            return start;
+    return place;
+}
+
 bool isUnseen(char32_t code)
 {
     return std::any_of(std::begin(UNSEEN), std::end(UNSEEN),
@@ -98,8 +107,10 @@ std::string oneLine(std::string_view text)
 {
     if (text.size() <= 2 * LONGEST_END)
         return withEscapes(text);
-    return withEscapes(text.substr(0, LONGEST_END)) + " \u2026 (" + std::to_string(text.size() - 2 * LONGEST_END)
-        + " bytes left out) \u2026 " + withEscapes(text.substr(text.size() - LONGEST_END));
+    const std::size_t begin = uncut(text, LONGEST_END);
+    const std::size_t end = uncut(text, text.size() - LONGEST_END);
+    return withEscapes(text.substr(0, begin)) + " \u2026 (" + std::to_string(end - begin) + " bytes left out) \u2026 "
+        + withEscapes(text.substr(end));
 }
 
 bool isUtf8(std::string_view text)

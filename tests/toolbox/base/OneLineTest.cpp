@@ -29,6 +29,9 @@ const std::tuple<const char*, std::string, std::string> LINE_CASES[] = {
     {"Long", std::string(8192, 'a'), std::string(8192, 'a')},
     {"TooLong", std::string(5000, 'a') + std::string(95000, 'b'),
         std::string(4096, 'a') + " \u2026 (91808 bytes left out) \u2026 " + std::string(4096, 'b')},
+    {"CutBetweenCharacters",
+        std::string(4095, 'a') + "\u00E9" + std::string(10000, 'b') + "\u00E9" + std::string(4095, 'c'),
+        std::string(4095, 'a') + " \u2026 (10002 bytes left out) \u2026 \u00E9" + std::string(4095, 'c')},
     {"PastTheEnd", "\xF4\x8F\xBF\xBF\xF4\x90\x80\x80\xF5", "\xF4\x8F\xBF\xBF\\xf4\\x90\\x80\\x80\\xf5"},
 };
 
