@@ -16,8 +16,8 @@ namespace Toolbox {
 /// What the library gives to the core, as `toolboxScreenLibrary`. A platform is a name by which Qt knows a way to reach
 /// a screen; an empty one stands for the one that the user's environment names.
 struct ScreenLibrary {
-    /// Whether Qt can use `platform` now, and, if the environment names it, somebody sees its windows. Where it cannot, Qt may end the process or wait for ever, so this is called
-    /// in a process that is there for nothing else.
+    /// Whether Qt can use `platform` now, and, if the environment names it, somebody sees its windows. Where it cannot,
+    /// Qt may end the process or wait for ever, so this is called in a process that is there for nothing else.
     bool (*tryPlatform)(const QByteArray& platform);
 
     /// A display that shows windows on `platform`, which must be usable.
