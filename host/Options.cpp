@@ -68,16 +68,16 @@ std::size_t distance(std::string_view from, std::string_view to)
 }
 
 // " (did you mean ...?)" with the one of `names` that is nearest to `text`; empty if none is near. A name is near when
-// it begins with `text`, or when changing at most a third of the letters of `text`, or one, gives it.
+// it begins with `text`, or when changing at most a third of the letters of `text` gives it.
 std::string suggestion(const std::string& text, const std::vector<std::string>& names)
 {
-    const auto cost = [&text](const std::string& name) {
-        const bool isBeginning = !text.empty() && inSmallLetters(name).rfind(inSmallLetters(text), 0) == 0;
-        return isBeginning ? 0 : distance(inSmallLetters(text), inSmallLetters(name));
+    const auto cost = [typed = inSmallLetters(text)](const std::string& each) {
+        const std::string name = inSmallLetters(each);
+        return name.rfind(typed, 0) == 0 ? 0 : distance(typed, name);
     };
     const auto nearest = std::min_element(names.begin(), names.end(),
         [&cost](const std::string& one, const std::string& other) { return cost(one) < cost(other); });
-    return cost(*nearest) <= std::max<std::size_t>(text.size() / 3, 1) ? " (did you mean " + *nearest + "?)" : "";
+    return cost(*nearest) <= text.size() / 3 ? " (did you mean " + *nearest + "?)" : "";
 }
 
 std::int16_t parseMessage(const std::string& text)
@@ -224,9 +224,9 @@ Problem describe(const CLI::ParseError& error, const CLI::App& commandLine)
         const std::string& first = unexpected.front();
         if (first.substr(0, 1) != "-")
             return wrongUsage("one external at a time, and not also '" + first + "'");
-        std::vector<std::string> names = {"--help", "--version"};
-        for (const Option& option : OPTIONS)
-            names.emplace_back(option.name);
+        std::vector<std::string> names;
+        for (const CLI::Option* const option : commandLine.get_options())
+            names.push_back(option->get_name());
         return wrongUsage("there is no option '" + first + "'" + suggestion(first, names));
     }
     const std::string text = error.what();

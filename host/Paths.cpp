@@ -55,9 +55,8 @@ bool isOneOf(const fs::path& folder, const fs::path& file)
 bool isLoaded(const fs::path& file)
 {
     const auto isThatFile = [](dl_phdr_info* loaded, std::size_t, void* sought) {
-        const char* const name = *loaded->dlpi_name == '\0' ? "/proc/self/exe" : loaded->dlpi_name;
-        std::error_code missing;
-        return fs::equivalent(name, *static_cast<const fs::path*>(sought), missing) ? 1 : 0;
+        std::error_code missing;  // as the program itself is, which has no name here
+        return fs::equivalent(loaded->dlpi_name, *static_cast<const fs::path*>(sought), missing) ? 1 : 0;
     };
     fs::path sought = file;
     return dl_iterate_phdr(isThatFile, &sought) != 0;

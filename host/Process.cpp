@@ -12,11 +12,11 @@ namespace Host {
 
 void holdStandardStreams()
 {
-    // Opened the wrong way round, so that reading and writing fail. A new file gets the lowest free number, which is
-    // the one that was found missing.
+    // As a place alone, so that reading and writing fail. A new file gets the lowest free number, which is the one that
+    // was found missing.
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(stream, F_GETFD) == -1 && errno == EBADF)
-            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+            open("/dev/null", O_PATH);
     }
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);

@@ -32,7 +32,7 @@ Problem notRead(const fs::path& file, const std::string& reason)
 // the time that it is opened. Without O_NONBLOCK, opening a pipe would wait until somebody writes into it.
 std::unique_ptr<std::FILE, int (*)(std::FILE*)> openRegular(const fs::path& file, std::string* reason)
 {
-    const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     struct stat facts;
     std::FILE* stream = nullptr;
     if (descriptor < 0 || fstat(descriptor, &facts) != 0)
@@ -53,11 +53,8 @@ std::vector<std::uint8_t> read(const fs::path& file)
     const auto stream = openRegular(file, &reason);
     if (!stream)
         throw notRead(file, reason);
-    std::vector<std::uint8_t> bytes;
-    std::uint8_t piece[4096];
-    std::size_t count = 0;
-    while (bytes.size() <= LARGEST && (count = std::fread(piece, 1, sizeof piece, stream.get())) > 0)
-        bytes.insert(bytes.end(), piece, piece + count);
+    std::vector<std::uint8_t> bytes(LARGEST + 1);
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
     if (std::ferror(stream.get()) != 0)
         throw notRead(file, lastError());
     if (bytes.size() > LARGEST)

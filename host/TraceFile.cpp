@@ -41,15 +41,13 @@ TraceFile::TraceFile(const fs::path& file)
 
 void TraceFile::write(const std::string& line)
 {
-    if (m_error != 0)
-        return;
     if (std::fputs((oneLine(line) + '\n').c_str(), m_stream.get()) < 0 || std::fflush(m_stream.get()) != 0)
         m_error = errno;
 }
 
 void TraceFile::finish()
 {
-    if (std::fclose(m_stream.release()) != 0 && m_error == 0)
+    if (std::fclose(m_stream.release()) != 0)
         m_error = errno;
     if (m_error != 0)
         throw traceFailure(m_path, m_error);

@@ -28,7 +28,7 @@ private:
 
     const std::filesystem::path m_path;
     std::unique_ptr<std::FILE, Closer> m_stream;
-    int m_error = 0;  // of the first line that could not be written; 0 if there is none
+    int m_error = 0;  // of the last line that could not be written; 0 if there is none
 };
 
 }  // namespace Host

@@ -61,6 +61,7 @@ class Records(HostTest):
         start = self.file("before", record(flags=0x80000002, chosen=FRENCH, current=GERMAN, filler=0x5A, tail=tail))
         outcome = unattended("--record", start, "--write-record", self.folder / "after", answers=["japanese"])
         self.assert_chose(outcome, JAPANESE)
+        self.assertIn("  chosen   French (1) -> Japanese (11)\n", outcome.output)
         expected = record(flags=0x80000002, chosen=JAPANESE, current=GERMAN, filler=0x5A, tail=tail)
         self.assertEqual((self.folder / "after").read_bytes(), expected)
 

@@ -252,7 +252,8 @@ class ResourceFiles(HostTest):
         os.mkfifo(pipe)
         damaged = "it is no resource file, or a damaged one"
         for file, reason in ((self.folder / "missing", "there is no such file"), (pipe, "it is not a regular file"),
-                             (self.folder, "it is a folder"), (self.file("empty", b""), damaged),
+                             ("/proc/self/mem", "it cannot be read"), (self.folder, "it is a folder"),
+                             (self.file("empty", b""), damaged),
                              (self.file("cut", self.resources[:-1]), damaged)):
             self.assert_fails(unattended("--resources", file), NOT_DONE,
                               f"cannot open the resource file '{file}': {reason}")

@@ -35,15 +35,15 @@ class OnATerminal(HostTest):
         self.assertEqual((outcome.json()["chosen"], outcome.json()["alerts"]), (None, []))
 
     def test_what_an_external_starts_does_not_get_it(self):
-        terminal = Terminal("--display", "terminal")
+        terminal = Terminal("--display", "terminal", "--trace-file", self.folder / "calls")
         terminal.read_until(PROMPT)
         process = pathlib.Path(f"/proc/{caller_in(terminal.process)}")
         opened = [each.name for each in (process / "fd").iterdir()
-                  if int(each.name) > 2 and os.readlink(each).startswith("/dev/")]
+                  if int(each.name) > 2 and os.readlink(each).startswith(("/dev/", str(self.folder)))]
         flags = [int((process / "fdinfo" / name).read_text().split("flags:")[1].split()[0], 8) for name in opened]
         terminal.type("\n")
         self.assert_chose(terminal.finish())
-        self.assertEqual([flag & os.O_CLOEXEC for flag in flags], [os.O_CLOEXEC], "of the terminal alone")
+        self.assertEqual([flag & os.O_CLOEXEC for flag in flags], [os.O_CLOEXEC] * 2, "of the terminal and the trace alone")
 
     def test_without_one_it_cannot_be_asked_for(self):
         self.assert_fails(run("--display", "terminal"), NOT_DONE, "cannot ask on the terminal: the process has none")
@@ -125,6 +125,7 @@ class InAWindow(HostTest):
     def assert_chosen(self, outcome, code):
         self.assertEqual(outcome.errors, "")
         self.assertEqual(outcome.json()["chosen"], {"code": code, "name": NAMES[code]})
+        self.assertEqual((outcome.json()["display"], outcome.json()["asked"]), ("window", True))
         self.assertEqual(outcome.status, CHOSE)
 
     def test_arrows_and_the_letters_of_a_name_choose_it(self):

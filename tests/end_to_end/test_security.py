@@ -67,6 +67,7 @@ class Links(HostTest):
         external.rename(app / "Contents/External")
         external.symlink_to("../External")
         external.with_name("Dangling.bundle").symlink_to("none")  # is as if it were not there
+        external.with_name("notes").mkdir()  # and so is what is not called as one
         self.assert_chose(unattended("--app", app))
 
     def test_what_an_external_is_made_of(self):

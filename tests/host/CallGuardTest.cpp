@@ -95,6 +95,14 @@ const EndCase END_CASES[] = {
         "the call did not return: the external called abort, or threw where nothing may be thrown"},
     {"WithEveryFileClosed", Running::Call, [] { closefrom(0), complain("a word"), throw std::logic_error("why"); },
         "a word\nvisex-host: the call did not return: the external threw an exception, \"why\""},
+    {"WithMoreSaidThanIsKept", Running::Call,
+        [] {
+            closefrom(0);
+            for (int lines = 0; lines < 2000; ++lines)
+                complain("a word");
+            _exit(0);
+        },
+        "a word\n.*the external ended the process"},
     {"BySomethingThrown", Running::Call, [] { throw 7; },
         "the call did not return: the external ended the host's thread, or threw something other than a "
         "std::exception"},

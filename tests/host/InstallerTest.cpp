@@ -36,7 +36,7 @@ unsigned flagByte()
 
 TEST(Installer, OpensTheResourceFileThatIsCalledAsItIsAndNamesItsExternal)
 {
-    const Installer installer(DEMO, std::nullopt);
+    const Installer installer(DEMO / "", std::nullopt);
     EXPECT_EQ(flagByte(), 0u);
     EXPECT_EQ(installer.builtInExternal(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
 }

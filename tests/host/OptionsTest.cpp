@@ -111,7 +111,7 @@ const WrongCase WRONG_CASES[] = {
     {"UnknownOption", {"--force"}, "there is no option '--force'"},
     {"UnknownShortOption", {"-x"}, "there is no option '-x'"},
     {"BeginningOfAnOption", {"--mess", "1"}, "there is no option '--mess' (did you mean --message?)"},
-    {"OptionMisspelt", {"--jsno"}, "there is no option '--jsno' (did you mean --json?)"},
+    {"OptionMisspelt", {"--verrsion"}, "there is no option '--verrsion' (did you mean --version?)"},
     {"SecondBundle", {"a", "b"}, "one external at a time, and not also 'b'"},
     {"EmptySecondBundle", {"a", ""}, "one external at a time, and not also ''"},
     {"EmptyBundle", {""}, "BUNDLE needs a value"},
@@ -129,7 +129,7 @@ const WrongCase WRONG_CASES[] = {
     {"CurrentNoLanguage", {"--current", "klingon"}, NO_LANGUAGE + "'klingon'"},
     {"CurrentNegative", {"--current", "-1"}, NO_LANGUAGE + "'-1'"},
     {"CurrentPast32Bits", {"--current", "4294967296"}, NO_LANGUAGE + "'4294967296'"},
-    {"CurrentMisspelt", {"--current", "germna"}, NO_LANGUAGE + "'germna' (did you mean German?)"},
+    {"CurrentMisspelt", {"--current", "Deutshc"}, NO_LANGUAGE + "'Deutshc' (did you mean Deutsch?)"},
     {"CurrentTooFarFromAny", {"--current", "Gean"}, NO_LANGUAGE + "'Gean'"},  // two letters of German are missing
     {"CurrentOfTwo", {"--current", "E"}, NO_LANGUAGE + "'E', which may be English or Spanish"},
     {"PictureOfAnotherKind", {"--picture", "x.jpg"}, "--picture saves a PNG, and 'x.jpg' ends like something else"},
@@ -175,7 +175,9 @@ TEST(ParseAnswer, UnderstandsCommandsButtonsAndLanguages)
 
 TEST(ParseAnswer, RefusesAnythingElseWithAWordOnIt)
 {
-    for (const char* const text : {"", "maybe", "e", "4", "-1", "button", "button:", "button:0", "button:-1",
+    EXPECT_EQ(
+        problemOf([] { parseAnswer("germna"); }).find("'germna' is not an answer (did you mean German?): give"), 0u);
+    for (const char* const text : {"maybe", "e", "4", "-1", "button", "button:", "button:0", "button:-1",
              "button:32768", "button:one", "button:1 ", "ok "}) {
         const std::string refusal = problemOf([&] { parseAnswer(text); });
         EXPECT_NE(refusal.find("'" + std::string(text) + "'"), std::string::npos) << refusal;

@@ -180,6 +180,8 @@ TEST_P(OutputFile, IsNeitherMadeNorChangedNorALinkThatLeadsNowhere)
 {
     fs::create_symlink("nowhere", folder / "link");
     EXPECT_EQ(problemOf(folder / "link"), refusalOf(folder / "link", "it is a link that leads nowhere"));
+    fs::create_symlink("loop", folder / "loop");
+    EXPECT_EQ(problemOf(folder / "loop"), refusalOf(folder / "loop", "Too many levels of symbolic links"));
     folder.write("nowhere", RECORD);
     EXPECT_EQ(problemOf(folder / "link"), "none");
     EXPECT_EQ(problemOf(folder / "new"), "none");

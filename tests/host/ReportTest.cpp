@@ -180,7 +180,7 @@ TEST(InJson, KeepsLineBreaksAndReplacesWhatIsNoText)
     report.toolbox.alerts = {{"note", std::nullopt, "one\ntwo & \"three\"", "bad \xFF byte", {}, 0}};
     const json parsed = json::parse(inJson(report));
     EXPECT_EQ(parsed["alerts"][0]["text"], "one\ntwo & \"three\"");
-    EXPECT_EQ(parsed["alerts"][0]["explanation"], "bad \xEF\xBF\xBD byte");
+    EXPECT_NE(inJson(report).find("\"bad \xEF\xBF\xBD byte\""), std::string::npos);
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 namespace {
 
 using namespace Host;
+namespace fs = std::filesystem;
 
 TEST(TraceFile, HasEachLineAtOnce)
 {
@@ -36,6 +37,7 @@ TEST(TraceFile, KeepsACallInItsLine)
     TraceFile trace(folder / "calls");
     trace.write("a\nb\x1b");
     EXPECT_EQ(contents(folder / "calls"), "a\\nb\\x1b\n");
+    EXPECT_EQ(fs::status(folder / "calls").permissions(), fs::status(folder.write("any", "")).permissions());
 }
 
 TEST(TraceFile, DoesNotWaitForAReaderOfAPipe)

@@ -145,8 +145,9 @@ TEST(CheckWritable, KnowsFoldersInWhichOnlyOwnersReplaceFiles)
     EXPECT_EXIT(checkAs(54321), testing::ExitedWithCode(0), ": its folder lets only the file's owner replace it\n$");
     ASSERT_EQ(chown(file.c_str(), 54321, 54321), 0);
     EXPECT_EXIT(checkAs(54321), testing::ExitedWithCode(0), "^$");
-    ASSERT_EQ(chown(file.c_str(), 0, 0) + chown(folder.path().c_str(), 54321, 54321), 0);
+    ASSERT_EQ(chown(file.c_str(), 12345, 12345) + chown(folder.path().c_str(), 54321, 54321), 0);
     EXPECT_EXIT(checkAs(54321), testing::ExitedWithCode(0), "^$") << "the folder's owner may, too";
+    checkWritable("record", file);
 }
 
 }  // namespace
