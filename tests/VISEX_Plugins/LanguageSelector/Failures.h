@@ -40,8 +40,8 @@ struct Failure {
 /// The table. Between them its rows fail every call that the external makes.
 const std::vector<Failure>& failures();
 
-/// The same, of those rows that end in a message box with a text.
-std::vector<Failure> failuresWithABox();
+/// Whether it ends in a message box with a text.
+bool hasBox(const Failure& failure);
 
 /// The calls of the main entry in `scenario`, as the double logs them, if nothing else fails.
 std::string logOf(Scenario scenario);

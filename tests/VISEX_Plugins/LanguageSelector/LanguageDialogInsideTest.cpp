@@ -3,7 +3,6 @@
 
 #include "VISEX_Plugins/LanguageSelector/LanguageDialog.cpp"
 #include "tests/VISEX_Plugins/LanguageSelector/Failures.h"
-#include "tests/VISEX_Plugins/LanguageSelector/RecordBytes.h"
 #include "tests/double/ToolboxTest.h"
 
 #include <string>
@@ -12,30 +11,23 @@
 namespace {
 
 // The boxes that were shown: "title: message".
-std::vector<std::string> g_boxes;
+typedef std::vector<std::string> Boxes;
+Boxes g_boxes;
 
-class Messages : public ToolboxTestWith<Failure> {
-protected:
-    Messages() { g_boxes.clear(); }
-};
-
-TEST_P(Messages, HaveTheTitleAndTellWhatFailed)
+TEST(Messages, HaveTheTitleAndTellWhatFailedIfAnythingDoes)
 {
-    prepare(GetParam(), GetParam().results.front());
-    ExternParmBlock record = recordFor(Scenario::Served);
-    LanguageSelector(&record);
-    EXPECT_EQ(g_boxes, std::vector<std::string>{std::string("Language Selector Error: ") + GetParam().seen});
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, Messages, testing::ValuesIn(failuresWithABox()), RowName());
-
-TEST(NoMessage, IsShownWhenNothingFails)
-{
-    prepare(Scenario::Served);
-    g_boxes.clear();
-    ExternParmBlock record = recordFor(Scenario::Served);
-    LanguageSelector(&record);
-    EXPECT_EQ(g_boxes, std::vector<std::string>());
+    for (const Failure& failure : failures()) {
+        if (failure.scenario != Scenario::Served)
+            continue;
+        SCOPED_TRACE(failure.name);
+        prepare(failure, failure.results.front());
+        g_boxes.clear();
+        ExternParmBlock record = recordFor(Scenario::Served);
+        LanguageSelector(&record);
+        const auto expected =
+            hasBox(failure) ? Boxes{std::string("Language Selector Error: ") + failure.seen} : Boxes{};
+        EXPECT_EQ(g_boxes, expected);
+    }
 }
 
 TEST(NativeDialogControl, IsFoundBySignatureAndNumberOrNull)
