@@ -51,7 +51,7 @@ OSErr StandardAlert(AlertType type, ConstStr255Param error, ConstStr255Param exp
         [&] { return describeRecord(*parameters); });
     if (state().pressedButton != 0)
         *itemHit = state().pressedButton;
-    return static_cast<OSErr>(call.fails() ? call.returnsStatus(call.failure()) : call.succeeds(*itemHit));
+    return static_cast<OSErr>(call.fails() ? call.returnsStatus(noErr) : call.succeeds(*itemHit));
 }
 
 OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,
@@ -64,11 +64,9 @@ OSStatus CreateStandardAlert(AlertType type, CFStringRef error, CFStringRef expl
 OSStatus RunStandardAlert(DialogRef alert, ModalFilterUPP filter, DialogItemIndex* itemHit)
 {
     Call call("RunStandardAlert", alert, Given{filter != nullptr});
-    Alert* const found = find<Alert>(alert);
-    if (found != nullptr)
-        found->end();  // whether it could be run or not
+    the<Alert>(alert).end();  // whether it could be run or not
     if (call.fails())
-        return call.returnsStatus(call.failure());
+        return call.returnsStatus(noErr);
     *itemHit = state().pressedButton;
     return call.succeeds(*itemHit);
 }

@@ -53,7 +53,7 @@ OSStatus authorizationCopyRights(AuthorizationRef authorization, const Authoriza
     Call call(
         "AuthorizationCopyRights", authorization, [&] { return describeItems(rights); },
         [&] { return describeItems(environment); }, flags, Given{granted != nullptr});
-    return call.returnsStatus(call.failure());
+    return call.returnsStatus(noErr);
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ OSErr FSFindFolder(SInt16 volume, OSType type, Boolean create, FSRef* folder)
 {
     Call call("FSFindFolder", volume, Code{type}, create);
     if (call.fails())
-        return static_cast<OSErr>(call.returnsStatus(call.failure()));
+        return static_cast<OSErr>(call.returnsStatus(noErr));
     Folder& found = add(std::make_unique<Folder>(), numbered("folder"));
     found.borrowed = true;
     const void* const address = &found;

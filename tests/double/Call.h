@@ -80,8 +80,8 @@ public:
         return result;
     }
 
-    /// The same for an error code, of whichever width.
-    OSStatus returnsStatus(long status) { return returns(static_cast<OSStatus>(status)); }
+    /// The same for an error code, of whichever width: that of its failure, if it is to fail.
+    OSStatus returnsStatus(long status) { return returns(static_cast<OSStatus>(m_fails ? m_failure : status)); }
 
     /// The same for noErr, and notes `value` as what the out-parameter is given.
     template <typename T> OSStatus succeeds(const T& value)
@@ -112,10 +112,9 @@ template <typename T, typename Reference> Reference create(Call& call, const cha
 /// The same for a call that returns a status and has the reference in `*made`; a wrong one if it is to fail.
 template <typename T, typename Reference> OSStatus create(Call& call, const char* kind, Reference* made)
 {
-    if (call.fails()) {
-        *made = wrongReference<Reference>();
-        return call.returnsStatus(call.failure());
-    }
+    *made = wrongReference<Reference>();
+    if (call.fails())
+        return call.returnsStatus(noErr);
     *made = referenceTo<Reference>(add(std::make_unique<T>(), numbered(kind)));
     return call.succeeds(*made);
 }

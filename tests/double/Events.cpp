@@ -80,8 +80,7 @@ EventTargetRef GetWindowEventTarget(WindowRef reference)
     Call call("GetWindowEventTarget", reference);
     if (call.fails())
         return call.returns<EventTargetRef>(nullptr);
-    const Window* const window = find<Window>(reference);
-    return call.returns(window != nullptr ? referenceTo<EventTargetRef>(*window->target) : nullptr);
+    return call.returns(referenceTo<EventTargetRef>(*the<Window>(reference).target));
 }
 
 EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr procedure)
@@ -109,9 +108,7 @@ OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, UIn
     Call call(
         "InstallEventHandler", target, reinterpret_cast<const void*>(handler), count,
         [&] { return describeTypes(count, types); }, Given{userData != nullptr}, Given{installed != nullptr});
-    if (call.fails())
-        return call.returnsStatus(call.failure());
-    if (handler == nullptr)
+    if (call.fails() || handler == nullptr)
         return call.returnsStatus(paramErr);
     for (const auto& object : state().objects) {
         Window* const window = dynamic_cast<Window*>(object.get());
@@ -145,14 +142,12 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
 {
     Call call("GetEventParameter", event, Code{name}, Code{type}, Given{actualType != nullptr}, size,
         Given{actualSize != nullptr});
+    // A call that is to fail fills the buffer too: what is in it then is nobody's business.
     const bool isThere = name == kEventParamDirectObject && type == typeHICommand;
     if (isThere) {
         const HICommand& command = find<EventObject>(event)->command;
         std::memcpy(data, &command, std::min<std::size_t>(size, sizeof command));
     }
-    // A call that is to fail has filled the buffer too: what is in it then is nobody's business.
-    if (call.fails())
-        return call.returnsStatus(call.failure());
     return call.returnsStatus(isThere ? OSStatus(noErr) : OSStatus(eventParameterNotFoundErr));
 }
 
@@ -160,14 +155,12 @@ OSStatus RunAppModalLoopForWindow(WindowRef reference)
 {
     Call call("RunAppModalLoopForWindow", reference);
     if (call.fails())
-        return call.returnsStatus(call.failure());
-    Window* const window = find<Window>(reference);
-    if (window == nullptr)
-        return call.returnsStatus(errInvalidWindowRef);
-    state().itemShown = window->control->value;
+        return call.returnsStatus(noErr);
+    Window& window = the<Window>(reference);
+    state().itemShown = window.control->value;
     for (const Act& act : state().acts) {
-        perform(act, *window);
-        if (window->quits)
+        perform(act, window);
+        if (window.quits)
             return call.returnsStatus(noErr);
     }
     return call.returnsStatus(eventInternalErr);
@@ -176,11 +169,7 @@ OSStatus RunAppModalLoopForWindow(WindowRef reference)
 OSStatus QuitAppModalLoopForWindow(WindowRef reference)
 {
     Call call("QuitAppModalLoopForWindow", reference);
-    if (call.fails())
-        return call.returnsStatus(call.failure());
-    Window* const window = find<Window>(reference);
-    if (window == nullptr)
-        return call.returnsStatus(errInvalidWindowRef);
-    window->quits = true;
+    if (!call.fails())
+        the<Window>(reference).quits = true;
     return call.returnsStatus(noErr);
 }

@@ -80,9 +80,8 @@ std::string hexadecimal(const void* bytes, Size count)
 
 void setLocked(const Call& call, Handle handle, bool locked)
 {
-    ResourceHandle* const found = find<ResourceHandle>(handle);
-    if (found != nullptr && !call.fails())
-        found->locked = locked;
+    if (!call.fails())
+        the<ResourceHandle>(handle).locked = locked;
 }
 
 }  // namespace

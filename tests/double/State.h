@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -125,6 +126,13 @@ template <typename T> T* find(const void* reference)
             return dynamic_cast<T*>(object->get());
     }
     return nullptr;
+}
+
+/// The same, which must be there: whoever passes something else fails its test.
+template <typename T> T& the(const void* reference)
+{
+    T* const found = find<T>(reference);
+    return found != nullptr ? *found : throw std::invalid_argument("a reference to nothing of this kind");
 }
 
 /// What a reference that refers to nothing looks like: left in out-parameters after a failure.

@@ -23,13 +23,6 @@ Window& addWindow()
     return window;
 }
 
-void setShown(WindowRef reference, bool shown)
-{
-    Window* const window = find<Window>(reference);
-    if (window != nullptr)
-        window->shown = shown;
-}
-
 }  // namespace
 
 OSStatus CreateNibReference(CFStringRef name, IBNibRef* nib)
@@ -43,7 +36,7 @@ OSStatus CreateWindowFromNib(IBNibRef nib, CFStringRef name, WindowRef* window)
     Call call("CreateWindowFromNib", nib, name);
     if (call.fails()) {
         *window = call.failure() == noErr ? nullptr : wrongReference<WindowRef>();
-        return call.returnsStatus(call.failure());
+        return call.returnsStatus(noErr);
     }
     *window = referenceTo<WindowRef>(addWindow());
     return call.succeeds(*window);
@@ -58,38 +51,33 @@ void DisposeNibReference(IBNibRef nib)
 void ShowWindow(WindowRef window)
 {
     Call call("ShowWindow", window);
-    setShown(window, true);
+    the<Window>(window).shown = true;
 }
 
 void HideWindow(WindowRef window)
 {
     Call call("HideWindow", window);
-    setShown(window, false);
+    the<Window>(window).shown = false;
 }
 
 void DisposeWindow(WindowRef reference)
 {
     Call call("DisposeWindow", reference);
-    Window* const window = find<Window>(reference);
-    if (window == nullptr)
-        return;
-    window->end();
-    window->control->end();
-    window->target->end();
-    for (Handler* const handler : window->handlers)
+    Window& window = the<Window>(reference);
+    window.end();
+    window.control->end();
+    window.target->end();
+    for (Handler* const handler : window.handlers)
         handler->end();
 }
 
 OSStatus GetControlByID(WindowRef reference, const ControlID* id, ControlRef* control)
 {
     Call call("GetControlByID", reference, Code{id->signature}, id->id);
-    Window* const window = find<Window>(reference);
     *control = wrongReference<ControlRef>();
-    if (call.fails())
-        return call.returnsStatus(call.failure());
-    if (window == nullptr || id->signature != POPUP_SIGNATURE || id->id != POPUP_ID)
+    if (call.fails() || id->signature != POPUP_SIGNATURE || id->id != POPUP_ID)
         return call.returnsStatus(errUnknownControl);
-    *control = referenceTo<ControlRef>(*window->control);
+    *control = referenceTo<ControlRef>(*the<Window>(reference).control);
     return call.succeeds(*control);
 }
 
