@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <fstream>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -31,61 +32,47 @@ const char* loadedLibrary()
     return dladdr(reinterpret_cast<const void*>(&std::puts), &info) == 0 ? "" : info.dli_fname;
 }
 
-struct PairCase {
-    const char* name;
-    std::optional<std::string> Options::*written;
-    std::optional<std::string> Options::*other;
-    const char* options;
-};
+using Option = std::optional<std::string> Options::*;
 
 // clang-format off
-const PairCase PAIR_CASES[] = {
-    {"RecordAndPicture",    &Options::writeRecord, &Options::picture,   "--write-record and --picture"},
-    {"RecordAndTrace",      &Options::writeRecord, &Options::traceFile, "--write-record and --trace-file"},
-    {"RecordAndResources",  &Options::writeRecord, &Options::resources, "--write-record and --resources"},
-    {"PictureAndTrace",     &Options::picture,     &Options::traceFile, "--picture and --trace-file"},
-    {"PictureAndRecord",    &Options::picture,     &Options::record,    "--picture and --record"},
-    {"PictureAndResources", &Options::picture,     &Options::resources, "--picture and --resources"},
-    {"TraceAndRecord",      &Options::traceFile,   &Options::record,    "--trace-file and --record"},
-    {"TraceAndResources",   &Options::traceFile,   &Options::resources, "--trace-file and --resources"},
+const std::tuple<Option, Option, const char*> PAIRS[] = {
+    {&Options::writeRecord, &Options::picture,   "--write-record and --picture"},
+    {&Options::writeRecord, &Options::traceFile, "--write-record and --trace-file"},
+    {&Options::writeRecord, &Options::resources, "--write-record and --resources"},
+    {&Options::picture,     &Options::traceFile, "--picture and --trace-file"},
+    {&Options::picture,     &Options::record,    "--picture and --record"},
+    {&Options::picture,     &Options::resources, "--picture and --resources"},
+    {&Options::traceFile,   &Options::record,    "--trace-file and --record"},
+    {&Options::traceFile,   &Options::resources, "--trace-file and --resources"},
 };
 // clang-format on
 
-class OutputPair : public testing::TestWithParam<PairCase> {
-protected:
-    // What is said when the two options have these values.
-    std::string problemOf(const fs::path& written, const fs::path& other) const
-    {
-        Options options;
-        options.*GetParam().written = written.string();
-        options.*GetParam().other = other.string();
-        return problemWith(options);
-    }
-
-    std::string refusalOf(const fs::path& file) const
-    {
-        return std::string(GetParam().options) + " name the same file, '" + file.string() + "'; give each its own";
-    }
-
-    const TemporaryFolder folder;
-};
-
-TEST_P(OutputPair, MayNotBeOneFile)
+TEST(OutputPair, MayNotBeOneFile)
 {
-    const fs::path file = folder / "file";
-    EXPECT_EQ(problemOf(file, file), refusalOf(file)) << "not there yet";
-    EXPECT_EQ(problemOf(file, folder / "." / "file"), refusalOf(file)) << "in another spelling";
-    folder.write("file", RECORD);
-    EXPECT_EQ(problemOf(file, file), refusalOf(file)) << "there";
-    const fs::path link = folder / "link";
-    fs::create_hard_link(file, link);
-    EXPECT_EQ(problemOf(link, file), refusalOf(link)) << "under another name";
-    EXPECT_EQ(problemOf(folder / "file", folder / "other"), "none");
-    EXPECT_EQ(problemOf("not here", "./not here"), refusalOf("not here"));
-    EXPECT_EQ(problemOf("not here", fs::current_path() / "not here"), refusalOf("not here"));
+    for (const auto& [written, other, names] : PAIRS) {
+        const auto problemOf = [written = written, other = other](const fs::path& one, const fs::path& another) {
+            Options options;
+            options.*written = one.string();
+            options.*other = another.string();
+            return problemWith(options);
+        };
+        const auto refusalOf = [names = names](const fs::path& file) {
+            return std::string(names) + " name the same file, '" + file.string() + "'; give each its own";
+        };
+        const TemporaryFolder folder;
+        const fs::path file = folder / "file";
+        EXPECT_EQ(problemOf(file, file), refusalOf(file)) << "not there yet";
+        EXPECT_EQ(problemOf(file, folder / "." / "file"), refusalOf(file)) << "in another spelling";
+        folder.write("file", RECORD);
+        EXPECT_EQ(problemOf(file, file), refusalOf(file)) << "there";
+        const fs::path link = folder / "link";
+        fs::create_hard_link(file, link);
+        EXPECT_EQ(problemOf(link, file), refusalOf(link)) << "under another name";
+        EXPECT_EQ(problemOf(folder / "file", folder / "other"), "none") << names;
+        EXPECT_EQ(problemOf("not here", "./not here"), refusalOf("not here"));
+        EXPECT_EQ(problemOf("not here", fs::current_path() / "not here"), refusalOf("not here"));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, OutputPair, testing::ValuesIn(PAIR_CASES), RowName());
 
 TEST(Outputs, AreNamedFromTheRoot)
 {
@@ -143,7 +130,7 @@ TEST(Outputs, AreNothingOfTheHostsOwn)
 
 struct FileCase {
     const char* name;
-    std::optional<std::string> Options::*file;
+    Option file;
 };
 
 const FileCase FILE_CASES[] = {{"record", &Options::writeRecord}, {"picture", &Options::picture}};
@@ -200,41 +187,32 @@ TEST_P(OutputFile, MayHaveANameThatLeavesRoomForMore)
 
 INSTANTIATE_TEST_SUITE_P(Cases, OutputFile, testing::ValuesIn(FILE_CASES), RowName());
 
-struct NamedOption {
-    const char* name;
-    std::optional<std::string> Options::*member;
-};
-
-const NamedOption OUTPUTS[] = {
-    {"--write-record", &Options::writeRecord}, {"--picture", &Options::picture}, {"--trace-file", &Options::traceFile}};
-const NamedOption BUNDLES[] = {{"--app", &Options::application}, {"BUNDLE", &Options::external}};
-
-class OutputInABundle : public testing::TestWithParam<std::tuple<NamedOption, NamedOption>> { };
-
-TEST_P(OutputInABundle, IsRefused)
+TEST(Outputs, AreNotInsideABundle)
 {
+    const std::pair<const char*, Option> outputs[] = {{"--write-record", &Options::writeRecord},
+        {"--picture", &Options::picture}, {"--trace-file", &Options::traceFile}};
+    const std::pair<const char*, Option> bundles[] = {{"--app", &Options::application}, {"BUNDLE", &Options::external}};
     const TemporaryFolder folder;
-    fs::create_directories(folder / "bundle" / "Contents");
-    const auto& [output, bundle] = GetParam();
-    Options options;
-    options.*bundle.member = (folder / "bundle").string();
-    for (const char* const name : {"bundle/file", "bundle/Contents/file", "bundle/../bundle/file"}) {
-        options.*output.member = (folder / name).string();
-        EXPECT_EQ(problemWith(options),
-            std::string(output.name) + " names a file inside " + bundle.name + ", '" + (folder / name).string()
-                + "'; nothing is written there");
-    }
-    std::ofstream(folder / "bundle/Contents/data").put('x');
-    fs::create_hard_link(folder / "bundle/Contents/data", folder / "data");
-    options.*output.member = (folder / "data").string();
-    EXPECT_NE(problemWith(options), "none") << "a file that is in the bundle under another name";
-    for (const char* const name : {"file", "bundle.png", "bundle/../file"}) {
-        options.*output.member = (folder / name).string();
-        EXPECT_EQ(problemWith(options), "none");
+    folder.makeFolder("bundle/Contents");
+    fs::create_hard_link(folder.write("bundle/Contents/data", RECORD), folder / "data");
+    for (const auto& [output, outputOption] : outputs) {
+        for (const auto& [bundle, bundleOption] : bundles) {
+            Options options;
+            options.*bundleOption = (folder / "bundle").string();
+            for (const char* const name : {"bundle/file", "bundle/Contents/file", "bundle/../bundle/file"}) {
+                options.*outputOption = (folder / name).string();
+                EXPECT_EQ(problemWith(options),
+                    std::string(output) + " names a file inside " + bundle + ", '" + (folder / name).string()
+                        + "'; nothing is written there");
+            }
+            options.*outputOption = (folder / "data").string();
+            EXPECT_NE(problemWith(options), "none") << "a file that is in the bundle under another name";
+            for (const char* const name : {"file", "bundle.png", "bundle/../file"}) {
+                options.*outputOption = (folder / name).string();
+                EXPECT_EQ(problemWith(options), "none");
+            }
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, OutputInABundle, testing::Combine(testing::ValuesIn(OUTPUTS), testing::ValuesIn(BUNDLES)));
 
 }  // namespace

@@ -104,19 +104,15 @@ TEST(SavingARecord, ReplacesNothingButRegularFilesAndSaysWhyItCannot)
     const TemporaryFolder folder;
     const fs::path pipe = folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    fs::create_directory(folder / "folder");
-    for (const auto& [file, what] : {std::pair(pipe, "not a regular file"), std::pair(folder / "folder", "a folder")})
+    const std::pair<fs::path, const char*> impossible[] = {
+        {pipe, "it is not a regular file"},
+        {folder.makeFolder("folder"), "it is a folder"},
+        {folder / "none/record", "No such file or directory"},
+    };
+    for (const auto& [file, reason] : impossible)
         EXPECT_EQ(problemOf([file = file] { Record().save(file); }),
-            "cannot save the record in '" + file.string() + "': it is " + what);
+            "cannot save the record in '" + file.string() + "': " + reason);
     EXPECT_EQ(folder.entries(), 2u);
-}
-
-TEST(SavingARecord, SaysWhyItCannot)
-{
-    const TemporaryFolder folder;
-    const fs::path file = folder / "none" / "record";
-    EXPECT_EQ(problemOf([&] { Record().save(file); }),
-        "cannot save the record in '" + file.string() + "': No such file or directory");
 }
 
 TEST(ChosenLanguage, IsWhatWasWritten)
