@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <sstream>
@@ -49,12 +50,7 @@ inline std::string cString(const Text& text)
 /// The bytes up to the zero byte, at most `maxLength` of them; null for a null pointer.
 inline Text fromCString(const char* text, std::uint32_t maxLength = 0xFFFFFFFF)
 {
-    if (text == nullptr)
-        return nullptr;
-    std::string taken;
-    while (taken.size() < maxLength && text[taken.size()] != '\0')
-        taken += text[taken.size()];
-    return newText(taken);
+    return text == nullptr ? nullptr : newText(std::string(text, strnlen(text, maxLength)));
 }
 
 inline std::uint32_t length(const Text& text)
@@ -106,23 +102,17 @@ inline std::string mapped(std::string text, char (*map)(char))
 
 inline Text left(const Text& text, std::uint32_t count)
 {
-    if (text == nullptr)
-        return nullptr;
-    return newText(text->substr(0, count));
+    return text == nullptr ? nullptr : newText(text->substr(0, count));
 }
 
 inline Text right(const Text& text, std::uint32_t count)
 {
-    if (text == nullptr)
-        return nullptr;
-    return newText(text->substr(length(text) - std::min(count, length(text))));
+    return text == nullptr ? nullptr : newText(text->substr(length(text) - std::min(count, length(text))));
 }
 
 inline Text mid(const Text& text, std::uint32_t start, const Position& count = Position())
 {
-    if (start >= length(text))
-        return nullptr;
-    return newText(text->substr(start, count.value_or(length(text))));
+    return start >= length(text) ? nullptr : newText(text->substr(start, count.value_or(length(text))));
 }
 
 // ---- Changes: what the text becomes. The same pointer when it keeps its buffer.
@@ -243,8 +233,7 @@ inline Text replace(const Text& text, const Text& pattern, const Text& replaceme
 inline Text replaceChar(const Text& text, char from, char to)
 {
     std::string result = cString(text);
-    for (char& c : result)
-        c = c == from ? to : c;
+    std::replace(result.begin(), result.end(), from, to);
     return newText(result);
 }
 
@@ -262,12 +251,9 @@ inline Text stripWhiteSpace(const Text& text)
 {
     if (length(text) == 0 || (!isSpace(text->front()) && !isSpace(text->back())))
         return text;
-    std::string stripped = *text;
-    while (!stripped.empty() && isSpace(stripped.front()))
-        stripped.erase(0, 1);
-    while (!stripped.empty() && isSpace(stripped.back()))
-        stripped.pop_back();
-    return newText(stripped);
+    const auto begin = std::find_if_not(text->begin(), text->end(), isSpace);
+    const auto end = std::find_if_not(text->rbegin(), std::make_reverse_iterator(begin), isSpace).base();
+    return newText(std::string(begin, end));
 }
 
 inline Text simplifyWhiteSpace(const Text& text)
@@ -285,9 +271,7 @@ inline Text simplifyWhiteSpace(const Text& text)
 
 inline bool isPiece(const Text& piece, const Text& other, bool caseSensitive)
 {
-    if (caseSensitive)
-        return compare(bytes(piece), bytes(other)) == 0;
-    return compare(bytes(toLower(piece)), bytes(toLower(other))) == 0;
+    return caseSensitive ? cString(piece) == cString(other) : cString(toLower(piece)) == cString(toLower(other));
 }
 
 inline bool beginsWith(const Text& text, const Text& other, bool caseSensitive)
@@ -304,26 +288,19 @@ inline bool endsWith(const Text& text, const Text& other, bool caseSensitive)
 
 inline std::vector<Text> split(const Text& text, char separator)
 {
-    std::vector<std::uint32_t> separators;
-    for (Position p = find(text, separator, 0, true); p; p = find(text, separator, *p + 1, true))
-        separators.push_back(*p);
-    if (separators.empty())
-        return {text};
-    std::vector<Text> fields = {left(text, separators.front())};
-    for (std::size_t i = 0; i + 1 < separators.size(); ++i)
-        fields.push_back(mid(text, separators[i] + 1, separators[i + 1] - separators[i] - 1));
-    fields.push_back(mid(text, separators.back() + 1));
+    std::vector<Text> fields;
+    std::uint32_t start = 0;
+    for (Position p; (p = find(text, separator, start, true)); start = *p + 1)
+        fields.push_back(mid(text, start, *p - start));
+    fields.push_back(fields.empty() ? text : mid(text, start));
     return fields;
 }
 
 inline Text join(const Text& separator, const std::vector<Text>& parts)
 {
     Text result;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        result = append(result, parts[i]);
-        if (i + 1 < parts.size())
-            result = append(result, separator);
-    }
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        result = append(i == 0 ? result : append(result, separator), parts[i]);
     return result;
 }
 

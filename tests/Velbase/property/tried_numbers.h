@@ -40,22 +40,18 @@ void checkConversion(const Twin& text, const char* name, T (String::*convert)(bo
 template <typename Check>
 void forEachInteger(std::uint64_t bits, unsigned base, std::string (*narrow)(std::int64_t, std::uint32_t), Check check)
 {
-    const auto s = static_cast<short>(bits);
-    const auto us = static_cast<unsigned short>(bits);
-    const auto i = static_cast<int>(bits);
-    const auto u = static_cast<unsigned>(bits);
-    const auto l = static_cast<long>(bits);
-    const auto ul = static_cast<unsigned long>(bits);
-    const auto ll = static_cast<long long>(bits);
-    const auto ull = static_cast<unsigned long long>(bits);
-    check(s, reference::formatSigned(s, base));
-    check(us, reference::formatSigned(us, base));
-    check(i, narrow(i, base));
-    check(l, narrow(l, base));
-    check(u, reference::formatUnsigned(u, base));
-    check(ul, reference::formatUnsigned(ul, base));
-    check(ll, reference::formatSigned64(ll, base));
-    check(ull, reference::formatUnsigned64(ull, base));
+    const auto forType = [&](auto zero, auto format) {
+        const auto n = static_cast<decltype(zero)>(bits);
+        check(n, format(n, base));
+    };
+    forType(short{}, reference::formatSigned);
+    forType(static_cast<unsigned short>(0), reference::formatSigned);
+    forType(0, narrow);
+    forType(0l, narrow);
+    forType(0u, reference::formatUnsigned);
+    forType(0ul, reference::formatUnsigned);
+    forType(0ll, reference::formatSigned64);
+    forType(0ull, reference::formatUnsigned64);
 }
 
 /// Calls `check(value, digits)` for `value` as a double and as a float.
