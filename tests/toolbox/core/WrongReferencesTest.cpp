@@ -431,25 +431,17 @@ private:
     std::vector<Reference> m_wrong;
 };
 
-// Without constants, which come into being once and stay.
-std::map<std::string, std::size_t> mortalObjects()
-{
-    std::map<std::string, std::size_t> alive = Toolbox::CountLiveObjects();
-    alive.erase("Core Foundation constant");
-    return alive;
-}
-
 TEST_P(WrongReferences, AreRefusedAndChangeNothing)
 {
     const Function& function = GetParam();
-    const std::map<std::string, std::size_t> before = mortalObjects();
+    const std::map<std::string, std::size_t> before = liveObjects();
     EXPECT_EQ(function.call({nullptr}), function.resultForNull.value_or(function.result)) << "null";
-    EXPECT_EQ(mortalObjects(), before) << "null";
+    EXPECT_EQ(liveObjects(), before) << "null";
     for (const Reference& each : wrong()) {
         if ((each.kind & function.takes) != 0)
             continue;
         EXPECT_EQ(function.call({each.value}), function.result) << each.name;
-        EXPECT_EQ(mortalObjects(), before) << each.name;
+        EXPECT_EQ(liveObjects(), before) << each.name;
     }
     EXPECT_TRUE(live->window.window().visible);
     EXPECT_EQ(GetControl32BitValue(live->popUp), 1);

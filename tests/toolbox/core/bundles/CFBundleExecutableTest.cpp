@@ -47,6 +47,8 @@ const std::tuple<const char*, std::string, const char*, bool> EXECUTABLE_CASES[]
     {"NameLeadsOut",            named("../../../outside"),       "../outside",                 false},
     {"NameLeadsOutAndIn",       named("../Linux/code"),          "Contents/Linux/code",        false},
     {"NamedNowhere",            named("code"),                   "outside",                    false},
+    {"NameOfASystemLibrary",    named("libm.so.6"),              "outside",                    false},
+    {"InTheWorkingDirectory",   named("code"),                   "../code",                    false},
 };
 // clang-format on
 
@@ -59,6 +61,7 @@ TEST_F(CFBundleExecutable, IsLoadedIfItIsTheBundles)
         if (!info.empty())
             writeFile(folder / "Contents/Info.plist", propertyList(info));
         copyPlugIn(folder / executable);
+        const WorkingFolder here(in(name));
         const Owned bundle = createBundle(folder);
         EXPECT_EQ(CFBundleLoadExecutable(bundle), loads);
         EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, CFSTR("firstFactory")) != nullptr, loads);

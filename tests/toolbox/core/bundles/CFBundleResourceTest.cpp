@@ -63,6 +63,15 @@ TEST_F(CFBundleResource, IsFoundInTheOrderOfLanguages)
     }
 }
 
+TEST_F(CFBundleResource, IsNotLookedForInTheWorkingDirectory)
+{
+    for (const char* const file : {"a.x", "Resources/a.x", "Contents/Resources/a.x"})
+        writeFile(in(file));
+    const WorkingFolder here(in(""));
+    makeBundle(in("a.bundle"), "");
+    EXPECT_EQ(findObject<Bundle>(Owned(createBundle(in("a.bundle"))))->findResource("a", "x", "", {}), fs::path());
+}
+
 TEST_F(CFBundleResource, FindsNoResourceThroughALinkThatLeadsOut)
 {
     const fs::path resources = in("a.bundle/Contents/Resources");

@@ -12,8 +12,11 @@ using Toolbox::SetMainBundle;
 // The main bundle outlives a test: so these look at what is alive themselves.
 using MainBundle = TestInAFolder<testing::Test>;
 
+const bool IS_NONE_AT_FIRST = CFBundleGetMainBundle() == nullptr;
+
 TEST_F(MainBundle, IsTheOneThatWasNamed)
 {
+    EXPECT_TRUE(IS_NONE_AT_FIRST);
     fs::create_directories(in("a.app"));
     ASSERT_TRUE(SetMainBundle(in("a.app")));
     const CFBundleRef bundle = createBundle(in("a.app"));

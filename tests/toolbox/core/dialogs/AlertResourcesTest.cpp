@@ -4,8 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <memory>
+#include <sstream>
 #include <tuple>
 
 namespace {
@@ -14,36 +13,45 @@ using Toolbox::AlertTemplate;
 using Toolbox::DialogItem;
 using Toolbox::DialogItemKind;
 
-// The bytes in a block of exactly their length, so that a sanitizer sees every read past the end.
-class ExactBytes {
-public:
-    explicit ExactBytes(const std::string& bytes)
-        : m_block(new char[bytes.size()])
-        , m_bytes(QByteArray::fromRawData(m_block.get(), static_cast<qsizetype>(bytes.size())))
-    {
-        std::memcpy(m_block.get(), bytes.data(), bytes.size());
-    }
-
-    operator const QByteArray&() const { return m_bytes; }
-
-private:
-    const std::unique_ptr<char[]> m_block;
-    const QByteArray m_bytes;
-};
+// The readers get a block of exactly the length of `bytes`, so that a sanitizer sees every read past the end.
+template <typename Read> auto readWith(Read read, const std::string& bytes)
+{
+    const std::vector<char> block(bytes.begin(), bytes.end());
+    return read(QByteArray::fromRawData(block.data(), static_cast<qsizetype>(block.size())));
+}
 
 std::optional<AlertTemplate> readTemplate(const std::string& bytes)
 {
-    return Toolbox::readAlertTemplate(ExactBytes(bytes));
+    return readWith(Toolbox::readAlertTemplate, bytes);
 }
 
-std::optional<std::vector<DialogItem>> readItems(const std::string& bytes)
+std::string wordsOf(const Rect& bounds)
 {
-    return Toolbox::readItemList(ExactBytes(bytes));
+    std::ostringstream words;
+    words << bounds.top << ' ' << bounds.left << ' ' << bounds.bottom << ' ' << bounds.right;
+    return words.str();
 }
 
-bool operator==(const Rect& one, const Rect& other)
+std::string wordsOf(const DialogItem& item)
 {
-    return one.top == other.top && one.left == other.left && one.bottom == other.bottom && one.right == other.right;
+    const std::string kind = item.kind == DialogItemKind::Button ? "button"
+        : item.kind == DialogItemKind::StaticText                ? "text"
+                                                                 : "other";
+    return kind + (item.enabled ? " " : " disabled ") + wordsOf(item.bounds) + ": " + item.title.toStdString();
+}
+
+using Words = std::vector<std::string>;
+const Words REFUSED = {"refused"};
+
+Words itemsIn(const std::string& bytes)
+{
+    const auto items = readWith(Toolbox::readItemList, bytes);
+    if (!items)
+        return REFUSED;
+    Words words;
+    for (const DialogItem& each : *items)
+        words.push_back(wordsOf(each));
+    return words;
 }
 
 // ---- 'ALRT'
@@ -52,7 +60,7 @@ TEST(AlertTemplateReader, ReadsEveryField)
 {
     const auto alert = readTemplate(alertTemplate(-5, 0x1234, {-3, 2, 300, 400}));
     ASSERT_TRUE(alert.has_value());
-    EXPECT_TRUE(alert->bounds == (Rect{-3, 2, 300, 400}));
+    EXPECT_EQ(wordsOf(alert->bounds), "-3 2 300 400");
     EXPECT_EQ(alert->itemListID, -5);
     EXPECT_EQ(alert->stages, 0x1234);
 }
@@ -106,38 +114,24 @@ TEST(AlertStages, AreFourBitsEach)
 
 TEST(ItemListReader, ReadsItemsInOrder)
 {
-    const auto items = readItems(itemList({
-        dialogItem(BUTTON, "OK", {1, 2, 3, 4}),
-        dialogItem(STATIC_TEXT | DISABLED, "odd", {-5, -6, 7, 8}),
-        dialogItem(BUTTON | DISABLED, ""),
-    }));
-    ASSERT_TRUE(items.has_value());
-    ASSERT_EQ(items->size(), 3u);
-    EXPECT_EQ((*items)[0].kind, DialogItemKind::Button);
-    EXPECT_TRUE((*items)[0].enabled);
-    EXPECT_TRUE((*items)[0].bounds == (Rect{1, 2, 3, 4}));
-    EXPECT_EQ((*items)[0].title, "OK");
-    EXPECT_EQ((*items)[1].kind, DialogItemKind::StaticText);
-    EXPECT_FALSE((*items)[1].enabled);
-    EXPECT_TRUE((*items)[1].bounds == (Rect{-5, -6, 7, 8}));
-    EXPECT_EQ((*items)[1].title, "odd");
-    EXPECT_EQ((*items)[2].kind, DialogItemKind::Button);
-    EXPECT_FALSE((*items)[2].enabled);
-    EXPECT_EQ((*items)[2].title, "");
+    EXPECT_EQ(itemsIn(itemList({
+                  dialogItem(BUTTON, "OK", {1, 2, 3, 4}),
+                  dialogItem(STATIC_TEXT | DISABLED, "odd", {-5, -6, 7, 8}),
+                  dialogItem(BUTTON | DISABLED, ""),
+              })),
+        (Words{"button 1 2 3 4: OK", "text disabled -5 -6 7 8: odd", "button disabled 10 20 30 90: "}));
+    EXPECT_EQ(itemsIn(word(-1)), Words{});
 }
 
 TEST(ItemListReader, KeepsTheNumberOfEveryKindOfItem)
 {
     for (unsigned type = 0; type <= 0xFF; ++type) {
-        const auto items = readItems(itemList({dialogItem(type, "ab"), dialogItem(BUTTON, "OK")}));
-        ASSERT_TRUE(items.has_value()) << type;
-        ASSERT_EQ(items->size(), 2u) << type;
-        const DialogItemKind expected = (type & 0x7F) == BUTTON ? DialogItemKind::Button
-            : (type & 0x7F) == STATIC_TEXT                      ? DialogItemKind::StaticText
-                                                                : DialogItemKind::Other;
-        EXPECT_EQ((*items)[0].kind, expected) << type;
-        EXPECT_EQ((*items)[0].enabled, type < 0x80) << type;
-        EXPECT_EQ((*items)[1].title, "OK") << type;
+        const unsigned kind = type & 0x7F;
+        const std::string first = kind == BUTTON ? "button" : kind == STATIC_TEXT ? "text" : "other";
+        const Words items = itemsIn(itemList({dialogItem(type, "ab"), dialogItem(BUTTON, "OK")}));
+        ASSERT_EQ(items.size(), 2u) << type;
+        EXPECT_EQ(items[0].rfind(first + (type < 0x80 ? " 10" : " disabled 10"), 0), 0u) << items[0];
+        EXPECT_EQ(items[1], "button 10 20 30 90: OK") << type;
     }
 }
 
@@ -145,53 +139,34 @@ TEST(ItemListReader, ReadsTitlesOfEveryLength)
 {
     for (std::size_t length = 0; length <= 255; ++length) {
         const std::string title(length, 'x');
-        const auto items = readItems(itemList({dialogItem(BUTTON, title), dialogItem(BUTTON, "next")}));
-        ASSERT_TRUE(items.has_value()) << length;
-        EXPECT_EQ((*items)[0].title.toStdString(), title);
-        EXPECT_EQ((*items)[1].title, "next") << length;
+        EXPECT_EQ(itemsIn(itemList({dialogItem(BUTTON, title), dialogItem(BUTTON, "next")})),
+            (Words{"button 10 20 30 90: " + title, "button 10 20 30 90: next"}));
     }
-}
-
-TEST(ItemListReader, DoesWithoutThePaddingOfTheLastItem)
-{
-    std::string list = itemList({dialogItem(BUTTON, "odd")});
-    list.pop_back();
-    const auto items = readItems(list);
-    ASSERT_TRUE(items.has_value());
-    EXPECT_EQ((*items)[0].title, "odd");
 }
 
 TEST(ItemListReader, RefusesEveryTruncationAndIgnoresWhatFollowsTheLastItem)
 {
-    const std::string whole = itemList({dialogItem(STATIC_TEXT, "Text"), dialogItem(ICON, word(1)),
-        dialogItem(BUTTON, "odd"), dialogItem(BUTTON, "even")});
-    for (std::size_t length = 0; length < whole.size(); ++length)
-        EXPECT_FALSE(readItems(whole.substr(0, length)).has_value()) << length;
-    EXPECT_TRUE(readItems(whole).has_value());
-    const auto items = readItems(itemList({dialogItem(BUTTON, "OK")}) + "more");
-    ASSERT_TRUE(items.has_value());
-    EXPECT_EQ(items->size(), 1u);
-}
-
-TEST(ItemListReader, ReadsAnEmptyList)
-{
-    const auto items = readItems(word(-1));
-    ASSERT_TRUE(items.has_value());
-    EXPECT_TRUE(items->empty());
+    const std::string whole =
+        itemList({dialogItem(STATIC_TEXT, "Text"), dialogItem(ICON, word(1)), dialogItem(BUTTON, "odd")});
+    const std::size_t padding = 1;  // which the last item may lack
+    for (std::size_t length = 0; length < whole.size() - padding; ++length)
+        EXPECT_EQ(itemsIn(whole.substr(0, length)), REFUSED) << length;
+    const Words items = itemsIn(whole);
+    EXPECT_EQ(items.size(), 3u);
+    EXPECT_EQ(itemsIn(whole.substr(0, whole.size() - padding)), items);
+    EXPECT_EQ(itemsIn(whole + "more"), items);
 }
 
 TEST(ItemListReader, ReadsAsManyItemsAsNumbersCanCountWhereTheyAreThere)
 {
     for (const int stored : {1, 0x7FFE, 0x7FFF, -2, -32768})
-        EXPECT_FALSE(readItems(word(stored) + dialogItem(BUTTON, "OK")).has_value()) << stored;
+        EXPECT_EQ(itemsIn(word(stored) + dialogItem(BUTTON, "OK")), REFUSED) << stored;
     const std::string item = dialogItem(BUTTON, "");
     std::string items;
     for (int count = 0; count < 0x8000; ++count)
         items += item;
-    const auto most = readItems(word(0x7FFE) + items);
-    ASSERT_TRUE(most.has_value());
-    EXPECT_EQ(most->size(), 0x7FFFu);
-    EXPECT_FALSE(readItems(word(0x7FFF) + items).has_value());
+    EXPECT_EQ(itemsIn(word(0x7FFE) + items).size(), 0x7FFFu);
+    EXPECT_EQ(itemsIn(word(0x7FFF) + items), REFUSED);
 }
 
 }  // namespace

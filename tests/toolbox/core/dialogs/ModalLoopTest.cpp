@@ -104,6 +104,18 @@ TEST_F(ModalLoop, FailsWhenTheDisplayCannotGoOnOrThrows)
     EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), windowNoAppModalStateErr);
 }
 
+TEST_F(ModalLoop, KeepsItsDisplayUntilItEndsThoughAnotherIsChosen)
+{
+    auto part = std::make_shared<int>();
+    const OSStatus status = runWhile(made.ref, [this, part] {
+        Toolbox::UseUnattendedDisplay({});
+        EXPECT_EQ(part.use_count(), 2) << "the display still has it";
+        QuitAppModalLoopForWindow(made.ref);
+    });
+    EXPECT_EQ(status, noErr);
+    EXPECT_EQ(part.use_count(), 1) << "the display is gone";
+}
+
 TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
 {
     HideWindow(made.ref);

@@ -3,76 +3,49 @@
 #ifndef TESTS_TOOLBOX_CORE_DIALOGS_RECORDINGDISPLAY_H
 #define TESTS_TOOLBOX_CORE_DIALOGS_RECORDINGDISPLAY_H
 
-#include "toolbox/base/CurrentReport.h"
-#include "toolbox/core/dialogs/Display.h"
+#include "tests/toolbox/core/dialogs/TestWindow.h"
 
-#include <Toolbox/Displays.h>
-#include <Toolbox/LiveObjects.h>
+/// Shows alerts to itself, and answers them with the button `answer`.
+class AlertTest : public WindowTest {
+protected:
+    AlertTest() { Toolbox::setCurrentDisplay(std::make_unique<RecordingDisplay>(*this)); }
 
-#include <gtest/gtest.h>
-
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
-
-/// What a RecordingDisplay was shown, and the button that it answers with.
-struct AlertRecord {
     std::vector<Toolbox::Alert> shown;
     SInt16 answer = 1;
-};
-
-class RecordingDisplay : public Toolbox::Display {
-public:
-    explicit RecordingDisplay(AlertRecord& record)
-        : m_record(record)
-    {
-    }
-
-    bool runWindow(Toolbox::Window&, QString*) override { return false; }
-
-    SInt16 runAlert(const Toolbox::Alert& alert) override
-    {
-        m_record.shown.push_back(alert);
-        return m_record.answer;
-    }
 
 private:
-    AlertRecord& m_record;
+    class RecordingDisplay : public Toolbox::Display {
+    public:
+        explicit RecordingDisplay(AlertTest& test)
+            : m_test(test)
+        {
+        }
+
+        bool runWindow(Toolbox::Window&, QString*) override { return false; }
+
+        SInt16 runAlert(const Toolbox::Alert& alert) override
+        {
+            m_test.shown.push_back(alert);
+            return m_test.answer;
+        }
+
+    private:
+        AlertTest& m_test;
+    };
 };
 
-/// How many objects of each kind are alive, without the kinds that have none.
-inline std::map<std::string, std::size_t> liveObjects()
+/// Its type, its texts, and its buttons with the keys that press them.
+inline std::string inWords(const Toolbox::Alert& alert)
 {
-    std::map<std::string, std::size_t> alive;
-    for (const auto& [kind, count] : Toolbox::CountLiveObjects())
-        if (count != 0)
-            alive[kind] = count;
-    return alive;
+    std::string words = std::to_string(alert.type) + ": " + alert.text.toStdString() + " (";
+    words += alert.explanation.toStdString() + ")";
+    for (const Toolbox::AlertButton& each : alert.buttons) {
+        words += ", " + std::to_string(each.number) + ' ' + each.title.toStdString();
+        words += each.enabled ? "" : " disabled";
+        words += each.number == alert.defaultButton ? " Return" : "";
+        words += each.number == alert.cancelButton ? " Escape" : "";
+    }
+    return words;
 }
-
-/// Shows alerts to a record, and checks that a test leaves nothing behind.
-class AlertTest : public testing::Test {
-protected:
-    AlertTest()
-    {
-        Toolbox::TakeReport();
-        Toolbox::setCurrentDisplay(std::make_unique<RecordingDisplay>(m_record));
-    }
-
-    ~AlertTest() override
-    {
-        Toolbox::UseUnattendedDisplay({});
-        EXPECT_EQ(liveObjects(), m_before);
-    }
-
-    std::vector<Toolbox::Alert>& shown() { return m_record.shown; }
-    const Toolbox::Alert& lastShown() { return m_record.shown.at(m_record.shown.size() - 1); }
-    void answerWith(SInt16 button) { m_record.answer = button; }
-
-private:
-    const std::map<std::string, std::size_t> m_before = liveObjects();
-    AlertRecord m_record;
-};
 
 #endif

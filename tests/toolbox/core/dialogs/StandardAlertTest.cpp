@@ -4,9 +4,7 @@
 #include <CoreFoundation/CFString.h>
 #include <Toolbox/Trace.h>
 
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -51,16 +49,6 @@ AlertStdCFStringAlertParamRec okStringParameters()
     return parameters;
 }
 
-using Titles = std::vector<std::pair<SInt16, std::string>>;
-
-Titles titlesOf(const Toolbox::Alert& alert)
-{
-    Titles titles;
-    for (const Toolbox::AlertButton& each : alert.buttons)
-        titles.emplace_back(each.number, each.title.toStdString());
-    return titles;
-}
-
 // ---- StandardAlert
 
 class StandardAlertCall : public AlertTest {
@@ -71,7 +59,7 @@ protected:
     {
         hit = UNTOUCHED;
         EXPECT_EQ(StandardAlert(type, text, explanation, its, &hit), noErr);
-        return lastShown();
+        return shown.back();
     }
 
     AlertStdAlertParamRec parameters = okParameters();
@@ -80,16 +68,10 @@ protected:
 
 TEST_F(StandardAlertCall, HasOneOKButtonWithoutParameters)
 {
-    const Toolbox::Alert& alert = show(PascalString("Text"), PascalString("More"));
+    EXPECT_EQ(inWords(show(PascalString("Text"), PascalString("More"))), "1: Text (More), 1 OK Return");
     EXPECT_EQ(hit, kAlertStdAlertOKButton);
-    EXPECT_EQ(shown().size(), 1u);
-    EXPECT_EQ(alert.type, kAlertNoteAlert);
-    EXPECT_EQ(alert.text, QStringLiteral("Text"));
-    EXPECT_EQ(alert.explanation, QStringLiteral("More"));
-    EXPECT_EQ(titlesOf(alert), (Titles{{1, "OK"}}));
-    EXPECT_EQ(alert.defaultButton, 1);
-    EXPECT_EQ(alert.cancelButton, 0);
-    EXPECT_FALSE(alert.layout.has_value());
+    EXPECT_EQ(shown.size(), 1u);
+    EXPECT_FALSE(shown[0].layout.has_value());
 }
 
 TEST_F(StandardAlertCall, HasTheWordsOfTheSystemOrTheGivenTitlesAndNoOtherButton)
@@ -97,33 +79,29 @@ TEST_F(StandardAlertCall, HasTheWordsOfTheSystemOrTheGivenTitlesAndNoOtherButton
     parameters.cancelText = SYSTEM_WORD;
     parameters.otherText = SYSTEM_WORD;
     parameters.helpButton = true;
-    EXPECT_EQ(titlesOf(show(nullptr, nullptr, &parameters)),
-        (Titles{{1, "OK"}, {2, "Cancel"}, {3, "Don't Save"}, {4, "Help"}}));
+    EXPECT_EQ(inWords(show(nullptr, nullptr, &parameters)), "1:  (), 1 OK Return, 2 Cancel, 3 Don't Save, 4 Help");
     parameters = okParameters();
     const PascalString yes("Yes");
     const PascalString other("Some\xC9");  // an ellipsis in Mac OS Roman
     parameters.defaultText = yes;
     parameters.otherText = other;
-    EXPECT_EQ(titlesOf(show(nullptr, nullptr, &parameters)), (Titles{{1, "Yes"}, {3, "Some\u2026"}}));
+    EXPECT_EQ(inWords(show(nullptr, nullptr, &parameters)), "1:  (), 1 Yes Return, 3 Some\u2026");
 }
 
 TEST_F(StandardAlertCall, ShowsTextsOfEveryLengthWithLineFeeds)
 {
-    EXPECT_TRUE(show().text.isEmpty());
-    EXPECT_TRUE(lastShown().explanation.isEmpty());
     for (const std::size_t length : {0u, 1u, 254u, 255u}) {
         const std::string text(length, 'x');
         EXPECT_EQ(show(PascalString(text)).text.toStdString(), text);
     }
-    EXPECT_EQ(show(PascalString("a\rb\nc\r\nd"), PascalString("\r")).text, QStringLiteral("a\nb\nc\nd"));
-    EXPECT_EQ(lastShown().explanation, QStringLiteral("\n"));
+    EXPECT_EQ(inWords(show(PascalString("a\rb\nc\r\nd"), PascalString("\r"))), "1: a\nb\nc\nd (\n), 1 OK Return");
 }
 
 TEST_F(StandardAlertCall, ReportsTheSlotThatWasPressed)
 {
     parameters.cancelText = SYSTEM_WORD;
     for (const SInt16 slot : {SInt16{1}, SInt16{2}}) {
-        answerWith(slot);
+        answer = slot;
         show(nullptr, nullptr, &parameters);
         EXPECT_EQ(hit, slot);
     }
@@ -157,11 +135,11 @@ TEST_F(StandardAlertCall, IsTracedWithItsTextsAndItem)
 TEST_F(StandardAlertCall, RefusesANullResultAndAnAlertThatNothingCouldEnd)
 {
     EXPECT_EQ(StandardAlert(kAlertNoteAlert, PascalString("Text"), nullptr, nullptr, nullptr), paramErr);
-    EXPECT_TRUE(shown().empty());
+    EXPECT_TRUE(shown.empty());
     const AlertStdAlertParamRec noButtons{};
     EXPECT_EQ(StandardAlert(kAlertNoteAlert, PascalString("Text"), nullptr, &noButtons, &hit), paramErr);
     EXPECT_EQ(hit, UNTOUCHED);
-    EXPECT_TRUE(shown().empty());
+    EXPECT_TRUE(shown.empty());
 }
 
 TEST_F(StandardAlertCall, IsReported)
@@ -169,7 +147,7 @@ TEST_F(StandardAlertCall, IsReported)
     const std::pair<AlertType, const char*> kinds[] = {
         {0, "stop"}, {1, "note"}, {2, "caution"}, {3, "plain"}, {4, "plain"}, {-1, "plain"}};
     parameters.otherText = SYSTEM_WORD;
-    answerWith(3);
+    answer = 3;
     for (const auto& [type, kind] : kinds) {
         show(PascalString("caf\x8E"), PascalString("More"), &parameters, type);
         const std::vector<Toolbox::ShownAlert> alerts = Toolbox::TakeReport().alerts;
@@ -214,26 +192,19 @@ TEST_F(CreatedAlert, IsShownWhenItIsRun)
     const DialogRef alert = create(text, TWO_LINES, &parameters);
     CFRelease(text);  // the alert has its own
     ASSERT_NE(alert, nullptr);
-    EXPECT_TRUE(shown().empty());
+    EXPECT_TRUE(shown.empty());
 
-    answerWith(2);
+    answer = 2;
     EXPECT_EQ(RunStandardAlert(alert, nullptr, &hit), noErr);
     EXPECT_EQ(hit, 2);
-    ASSERT_EQ(shown().size(), 1u);
-    EXPECT_EQ(shown()[0].type, kAlertNoteAlert);
-    EXPECT_EQ(shown()[0].text, QStringLiteral("W\u00fcnsche"));
-    EXPECT_EQ(shown()[0].explanation, QStringLiteral("a\nb"));
-    EXPECT_EQ(titlesOf(shown()[0]), (Titles{{1, "Ja"}, {2, "Cancel"}, {3, "Don't Save"}, {4, "Help"}}));
-    EXPECT_EQ(shown()[0].defaultButton, 1);
-    EXPECT_EQ(shown()[0].cancelButton, 2);
+    ASSERT_EQ(shown.size(), 1u);
+    EXPECT_EQ(inWords(shown[0]), "1: W\u00fcnsche (a\nb), 1 Ja Return, 2 Cancel Escape, 3 Don't Save, 4 Help");
 }
 
 TEST_F(CreatedAlert, HasOneOKButtonAndNoTextsWhereNothingIsGiven)
 {
     EXPECT_EQ(RunStandardAlert(create(), nullptr, &hit), noErr);
-    EXPECT_EQ(titlesOf(lastShown()), (Titles{{1, "OK"}}));
-    EXPECT_TRUE(lastShown().text.isEmpty());
-    EXPECT_EQ(lastShown().defaultButton, 1);
+    EXPECT_EQ(inWords(shown.back()), "1:  (), 1 OK Return");
 }
 
 TEST_F(CreatedAlert, IsGoneOnceItWasRun)
@@ -245,14 +216,14 @@ TEST_F(CreatedAlert, IsGoneOnceItWasRun)
     hit = UNTOUCHED;
     EXPECT_EQ(RunStandardAlert(alert, nullptr, &hit), paramErr);
     EXPECT_EQ(hit, UNTOUCHED);
-    EXPECT_EQ(shown().size(), 1u);
+    EXPECT_EQ(shown.size(), 1u);
 }
 
 TEST_F(CreatedAlert, WaitsOnAfterANullResult)
 {
     const DialogRef alert = create();
     EXPECT_EQ(RunStandardAlert(alert, nullptr, nullptr), paramErr);
-    EXPECT_TRUE(shown().empty());
+    EXPECT_TRUE(shown.empty());
     EXPECT_EQ(RunStandardAlert(alert, nullptr, &hit), noErr);
 }
 

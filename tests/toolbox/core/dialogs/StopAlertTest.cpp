@@ -22,7 +22,7 @@ protected:
         open({{'ALRT', 1, alertTemplate(1)}, {'DITL', 1, itemList({dialogItem(BUTTON, "OK")})}});
         StopAlert(1, nullptr);
         closeAll();
-        shown().clear();
+        shown.clear();
         Toolbox::TakeReport();
     }
 
@@ -68,24 +68,13 @@ TEST_F(StopAlertCall, ShowsTheItemsOfItsResources)
             dialogItem(STATIC_TEXT, "Second", {50, 75, 66, 300}),
             dialogItem(CHECK_BOX, "Not shown"),
         }));
-    answerWith(1);
     EXPECT_EQ(StopAlert(5000, nullptr), 1);
 
-    ASSERT_EQ(shown().size(), 1u);
-    const Toolbox::Alert& alert = shown()[0];
-    EXPECT_EQ(alert.type, kAlertStopAlert);
-    EXPECT_EQ(alert.text, QStringLiteral("First\nline \u2022\nSecond"));
-    EXPECT_TRUE(alert.explanation.isEmpty());
-    ASSERT_EQ(alert.buttons.size(), 2u);
-    EXPECT_EQ(alert.buttons[0].number, 1);
-    EXPECT_EQ(alert.buttons[0].title, QStringLiteral("OK"));
-    EXPECT_TRUE(alert.buttons[0].enabled);
-    EXPECT_EQ(alert.buttons[0].bounds.left, 230);
-    EXPECT_EQ(alert.buttons[1].number, 4);
-    EXPECT_FALSE(alert.buttons[1].enabled);
-    EXPECT_EQ(alert.defaultButton, 1);
+    ASSERT_EQ(shown.size(), 1u);
+    const Toolbox::Alert& alert = shown[0];
+    EXPECT_EQ(inWords(alert), "0: First\nline \u2022\nSecond (), 1 OK Return, 4 Never disabled");
     EXPECT_EQ(alert.cancelButton, 0) << "item 2 is a text";
-
+    EXPECT_EQ(alert.buttons[0].bounds.left, 230);
     ASSERT_TRUE(alert.layout.has_value());
     EXPECT_EQ(alert.layout->id, 5000);
     EXPECT_EQ(alert.layout->bounds.right, ALERT_BOUNDS.right);
@@ -94,11 +83,13 @@ TEST_F(StopAlertCall, ShowsTheItemsOfItsResources)
     EXPECT_EQ(alert.layout->texts[1].bounds.top, 50);
 }
 
-TEST_F(StopAlertCall, IsReportedWithItsNumber)
+TEST_F(StopAlertCall, IsReportedWithItsNumberAndGivesItsResourcesBack)
 {
     openAlert(alertTemplate(6000), itemList({dialogItem(STATIC_TEXT, "Text"), dialogItem(BUTTON, "OK")}));
-    answerWith(2);
+    const auto before = liveObjects();
+    answer = 2;
     EXPECT_EQ(StopAlert(5000, nullptr), 2);
+    EXPECT_EQ(liveObjects(), before);
     const std::vector<Toolbox::ShownAlert> alerts = Toolbox::TakeReport().alerts;
     ASSERT_EQ(alerts.size(), 1u);
     const Toolbox::ShownAlert& noted = alerts[0];
@@ -114,15 +105,7 @@ TEST_F(StopAlertCall, FindsItsResourcesThroughTheChain)
     open({{'ALRT', 5000, alertTemplate(6000)}});
     open({{'DITL', 6000, itemList({dialogItem(BUTTON, "Above")})}});
     EXPECT_EQ(StopAlert(5000, nullptr), 1);
-    EXPECT_EQ(shown().at(0).buttons.at(0).title, QStringLiteral("Above"));
-}
-
-TEST_F(StopAlertCall, GivesItsResourcesBack)
-{
-    openAlert(alertTemplate(6000), OK_AND_CANCEL);
-    const auto before = liveObjects();
-    EXPECT_EQ(StopAlert(5000, nullptr), 1);
-    EXPECT_EQ(liveObjects(), before);
+    EXPECT_EQ(shown.at(0).buttons.at(0).title, QStringLiteral("Above"));
 }
 
 TEST_F(StopAlertCall, ReplacesPlaceholdersByNothing)
@@ -131,8 +114,8 @@ TEST_F(StopAlertCall, ReplacesPlaceholdersByNothing)
         itemList(
             {dialogItem(BUTTON, "^0"), dialogItem(STATIC_TEXT, "^0a^1b^2c^3d^4^"), dialogItem(STATIC_TEXT, "^^00")}));
     EXPECT_EQ(StopAlert(5000, nullptr), 1);
-    EXPECT_EQ(shown().at(0).text, QStringLiteral("abcd^4^\n^0")) << "what is left is not looked at again";
-    EXPECT_EQ(shown().at(0).buttons.at(0).title, QStringLiteral("^0")) << "only texts have placeholders";
+    EXPECT_EQ(shown.at(0).text, QStringLiteral("abcd^4^\n^0")) << "what is left is not looked at again";
+    EXPECT_EQ(shown.at(0).buttons.at(0).title, QStringLiteral("^0")) << "only texts have placeholders";
 }
 
 // ---- Stages
@@ -151,7 +134,7 @@ TEST_F(StopAlertCall, GoesThroughItsStagesAndStaysAtTheLastUntilAnotherIsShown)
         std::vector<SInt16> shownDefaults;
         for (const SInt16 id : ids) {
             const bool hasBox = StopAlert(id, nullptr) != NO_BOX;
-            shownDefaults.push_back(hasBox ? lastShown().defaultButton : NO_BOX);
+            shownDefaults.push_back(hasBox ? shown.back().defaultButton : NO_BOX);
         }
         EXPECT_EQ(shownDefaults, defaults) << name;
     }
@@ -168,8 +151,8 @@ TEST_F(StopAlertCall, IsAnsweredByReturnAndEscapeWithItsSecondItemIfThatIsAButto
     for (const auto& [name, items, button] : rows) {
         openAlert(alertTemplate(6000, 0xCCCC), items);  // every stage names it
         EXPECT_EQ(StopAlert(5000, nullptr), 1);
-        EXPECT_EQ(lastShown().defaultButton, button) << name;
-        EXPECT_EQ(lastShown().cancelButton, button) << name;
+        EXPECT_EQ(shown.back().defaultButton, button) << name;
+        EXPECT_EQ(shown.back().cancelButton, button) << name;
     }
 }
 
@@ -206,7 +189,7 @@ TEST_F(StopAlertCall, ShowsNothingWithoutWhatItNeeds)
     }
     closeAll();
     EXPECT_EQ(StopAlert(5000, nullptr), NO_BOX) << "no file is open";
-    EXPECT_TRUE(shown().empty());
+    EXPECT_TRUE(shown.empty());
 }
 
 }  // namespace

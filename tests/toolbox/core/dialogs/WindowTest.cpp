@@ -22,10 +22,10 @@ TEST_F(WindowManager, DisposesOfControlsAndHandlersWithTheWindow)
     TestWindow made;
     made.addButton('butt');
     const CommandRecorder recorder(made.target());
-    EXPECT_EQ(liveWindowObjects(),
+    EXPECT_EQ(liveObjects(),
         (std::map<std::string, std::size_t>{{"window", 1}, {"control", 2}, {"event target", 1}, {"event handler", 1}}));
     DisposeWindow(made.ref);
-    EXPECT_TRUE(liveWindowObjects().empty());
+    EXPECT_TRUE(liveObjects().empty());
 }
 
 TEST_F(WindowManager, ListsControlsInTheOrderOfTheNib)

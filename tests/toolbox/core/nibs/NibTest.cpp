@@ -17,13 +17,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// From the start on, so that a test's own takes its place and no more objects are alive.
+const bool HAS_MAIN_BUNDLE = Toolbox::SetMainBundle("/");
+
 // The main bundle of a test, in a folder of its own.
 class NibServices : public WindowTest {
 protected:
     NibServices()
     {
         fs::create_directories(inResources(""));
-        EXPECT_TRUE(Toolbox::SetMainBundle(m_folder / "Demo.app"));
+        EXPECT_TRUE(HAS_MAIN_BUNDLE && Toolbox::SetMainBundle(m_folder / "Demo.app"));
     }
 
     fs::path inResources(const std::string& path) const { return m_folder / "Demo.app" / "Contents/Resources" / path; }
