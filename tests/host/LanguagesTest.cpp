@@ -81,6 +81,7 @@ const std::tuple<const char*, const char*, const char*, const char*> LOCALES[] =
     {"NoLanguagePart", "_DE", "", "English"},
     {"ListFirst", "ja_JP", "de", "German"},
     {"OthersInTheListArePassedOver", "ja_JP", "nl:it_CH", "Italian"},
+    {"NoBeginningOfTwo", "ja_JP", "e:it", "Italian"},
     {"LocaleAfterTheList", "ja_JP", "nl", "Japanese"},
 };
 

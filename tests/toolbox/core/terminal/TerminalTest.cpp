@@ -79,6 +79,7 @@ const std::tuple<const char*, QString, QString> BREAK_CASES[] = {
     {"TwiceInALongWord", EIGHTY + EIGHTY + "y", EIGHTY + "\n" + EIGHTY + "\ny"},
     {"WideCharactersThatFit", WIDE_FORTY, WIDE_FORTY},
     {"WideCharactersThatDoNot", WIDE_FORTY + QChar(0x672C), WIDE_FORTY + "\n" + QChar(0x672C)},
+    {"WideWordThatFillsTheNextLine", "a " + WIDE_FORTY, "a\n" + WIDE_FORTY},
     {"WideCharacterThatFitsHalf", "x" + WIDE_FORTY, "x" + WIDE_FORTY.chopped(1) + "\n" + QChar(0x65E5)},
 };
 
