@@ -86,8 +86,7 @@ Bundle* Bundle::create(const fs::path& folder)
 
 QString Bundle::infoText(const char* key) const
 {
-    const QVariant value = m_info.value(key);
-    return value.typeId() == QMetaType::QString ? value.toString() : QString();
+    return m_info.value(key).toString();
 }
 
 QString Bundle::executableName() const

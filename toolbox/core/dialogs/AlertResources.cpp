@@ -60,7 +60,7 @@ public:
     }
 
     // Items begin at even positions; the last one's padding may be missing.
-    void skipPadding() { m_at = std::min(m_at + m_at % 2, m_bytes.length()); }
+    void skipPadding() { m_at += m_at % 2; }
 
 private:
     const BigEndianBytes m_bytes;

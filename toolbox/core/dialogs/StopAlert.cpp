@@ -10,8 +10,6 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-#include <algorithm>
-
 namespace Toolbox {
 
 namespace {
@@ -75,7 +73,7 @@ int nextOccurrence(SInt16 id)
 {
     static SInt16 lastID = 0;
     static int occurrences = 0;
-    occurrences = id == lastID ? std::min(occurrences + 1, 4) : 1;
+    occurrences = id == lastID ? occurrences + 1 : 1;
     lastID = id;
     return occurrences;
 }

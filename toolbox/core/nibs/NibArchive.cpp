@@ -139,7 +139,7 @@ private:
     long long readNumber()
     {
         bool isNumber = false;
-        const long long number = readText().trimmed().toLongLong(&isNumber);
+        const long long number = readText().toLongLong(&isNumber);
         if (!isNumber)
             m_xml.raiseError(QStringLiteral("not a number"));
         return number;

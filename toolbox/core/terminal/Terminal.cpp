@@ -85,7 +85,7 @@ private:
 }  // namespace
 
 Terminal::Terminal()
-    : m_file(open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC))
+    : m_file(open("/dev/tty", O_RDWR | O_CLOEXEC))
     , m_failed(m_file < 0)
 {
 }

@@ -49,6 +49,7 @@ const std::tuple<const char*, const char*, const char*, const char*, const char*
     {"LangLast",                nullptr,             nullptr,   "it_IT.UTF-8", nullptr,         {"it-IT"}},
     {"EmptyIsPassedOver",       "",                  "",        "it",          "",              {"it"}},
     {"NoEncodingOrModifier",    "de_AT.UTF-8@euro",  nullptr,   nullptr,       nullptr,         {"de-AT"}},
+    {"NoModifier",              "de_AT@euro",        nullptr,   nullptr,       nullptr,         {"de-AT"}},
     {"ListBeforeTheLocale",     nullptr,             nullptr,   "ja_JP.UTF-8", "de",            {"de", "ja-JP"}},
     {"ListInItsOrder",          "ja_JP",             nullptr,   nullptr,       "ko:de_AT::fr",  {"ko", "de-AT", "fr", "ja-JP"}},
     {"NoListInTheLocaleC",      "C",                 "de_DE",   "it_IT",       "de",            {}},

@@ -73,6 +73,7 @@ TEST(NibArchiveValues, ThatAreNotThereOrOfAnotherTypeAreAtTheirDefaults)
 TEST(NibArchiveValues, MayBeSplitAndOfOneNameAreTheFirst)
 {
     EXPECT_EQ(theObject(readObject("<int name='n'>1</int><int name='n'>2</int>")).number("n", 0), 1);
+    EXPECT_TRUE(theObject(readObject("<boolean name='b'> TRUE\n</boolean>")).flag("b", false));
     const auto archive = readObject("<string name='t'>a<!-- no -->b<![CDATA[<c>]]><?no?>d</string>");
     EXPECT_EQ(theObject(archive).text("t"), QStringLiteral("ab<c>d"));
 }

@@ -119,12 +119,12 @@ TEST_F(NibWindow, LabelsControlsByTheLastTextShownBeforeThem)
                 + "</array>");
     };
     const auto window = windowOf(nibOf(button + text("One") + button + text("Hidden", "TRUE") + button
-        + box(text("Within a hidden one"), "TRUE") + button + box(text("Two") + button) + button));
+        + box(text("Within a hidden one"), "TRUE") + button + box(text("Two\n2 :") + button) + button));
     QStringList labels;
     for (const Control* const each : window->controls())
         if (each->kind == ControlKind::Button)
             labels += Toolbox::labelOf(*each);
-    EXPECT_EQ(labels, (QStringList{"", "One", "One", "One", "Two", "Two"}));
+    EXPECT_EQ(labels, (QStringList{"", "One", "One", "One", "Two 2", "Two 2"}));
 }
 
 // ---- Properties and their defaults
