@@ -28,63 +28,53 @@ int byteOf(unsigned unit)
     return unicodeToMacRoman(&unicode, 1, &text) == 1 ? int(text) : -1;
 }
 
-// Text is converted in blocks of 16, ASCII apart: each unit has to come out the same in every place of one and of
-// several blocks, whole or not.
-constexpr std::size_t LENGTHS[] = {1, 2, 15, 16, 17, 31, 32, 33, 40};
-
-TEST(MacRoman, ConvertsEveryByteAlikeInEveryPlace)
+// Text is converted in blocks of 16, ASCII apart: each character has to come out as it does alone, in every place of
+// one and of several blocks, whole or not, whatever lies before and behind it.
+template <typename Character, typename Expect>
+void inEveryPlace(Character one, Character before, Character behind, Expect expect)
 {
-    for (unsigned byte = 0; byte < 256; ++byte) {
-        for (const std::size_t length : LENGTHS) {
-            for (std::size_t place = 0; place < length; ++place) {
-                std::vector<UInt8> text(length, 'a');
-                text[place] = static_cast<UInt8>(byte);
-                std::vector<UniChar> unicode(length);
-                macRomanToUnicode(text.data(), length, unicode.data());
-                std::vector<UniChar> expected(length, 'a');
-                expected[place] = unicodeOf(byte);
-                ASSERT_EQ(unicode, expected) << byte << " in place " << place << " of " << length;
-            }
+    for (const std::size_t length : {1, 2, 15, 16, 17, 31, 32, 33, 40}) {
+        for (std::size_t place = 0; place < length; ++place) {
+            std::vector<Character> text(length, before);
+            std::fill(text.begin() + std::ptrdiff_t(place), text.end(), behind);
+            text[place] = one;
+            expect(text);
         }
     }
 }
 
-TEST(MacRoman, ConvertsEveryUnitAlikeInEveryPlace)
+TEST(MacRoman, ConvertsEveryByteAsAloneInEveryPlace)
 {
-    std::vector<unsigned> units;
+    const auto expect = [](const std::vector<UInt8>& text) {
+        std::vector<UniChar> expected;
+        for (const UInt8 byte : text)
+            expected.push_back(unicodeOf(byte));
+        std::vector<UniChar> unicode(text.size());
+        macRomanToUnicode(text.data(), text.size(), unicode.data());
+        ASSERT_EQ(unicode, expected);
+    };
+    for (unsigned byte = 0; byte < 256; ++byte)
+        inEveryPlace<UInt8>(static_cast<UInt8>(byte), 'a', 'a', expect);
+}
+
+TEST(MacRoman, ConvertsEveryUnitAsAloneInEveryPlaceAndStopsAtTheFirstThatItLacks)
+{
+    const auto expect = [](const std::vector<UniChar>& unicode) {
+        std::vector<UInt8> expected;
+        for (auto unit = unicode.begin(); unit != unicode.end() && byteOf(*unit) >= 0; ++unit)
+            expected.push_back(static_cast<UInt8>(byteOf(*unit)));
+        std::vector<UInt8> text(unicode.size(), '.');
+        ASSERT_EQ(unicodeToMacRoman(unicode.data(), unicode.size(), text.data()), expected.size());
+        expected.resize(unicode.size(), '.');
+        ASSERT_EQ(text, expected) << "nothing is written behind what was converted";
+    };
+    std::vector<UniChar> units = {0x0080, 0x0100, 0x0400, 0x2126, 0x4100, 0x8061, 0xD83D, 0xFF61, 0xFFFF};
     for (unsigned byte = 0; byte < 256; ++byte)
         units.push_back(unicodeOf(byte));
-    for (unsigned unit : {0x0080u, 0x0100u, 0x0400u, 0x2126u, 0x4100u, 0x8061u, 0xD83Du, 0xFF61u, 0xFFFFu})
-        units.push_back(unit);
-    for (const unsigned unit : units) {
-        for (const std::size_t length : LENGTHS) {
-            for (std::size_t place = 0; place < length; ++place) {
-                std::vector<UniChar> unicode(length, 'a');
-                unicode[place] = static_cast<UniChar>(unit);
-                std::vector<UInt8> text(length, '.');
-                const int byte = byteOf(unit);
-                std::vector<UInt8> expected(length, 'a');
-                if (byte >= 0)
-                    expected[place] = static_cast<UInt8>(byte);
-                const std::size_t done = unicodeToMacRoman(unicode.data(), length, text.data());
-                ASSERT_EQ(done, byte >= 0 ? length : place) << unit << " in place " << place << " of " << length;
-                ASSERT_TRUE(std::equal(text.begin(), text.begin() + std::ptrdiff_t(done), expected.begin()));
-            }
-        }
-    }
-}
-
-TEST(MacRoman, ConvertsZeroUnitsAmongOthers)
-{
-    for (std::size_t place = 0; place < 150; ++place) {
-        std::vector<UniChar> unicode(150, unicodeOf(0x8E));
-        unicode[place] = 0;
-        std::vector<UInt8> text(150, '.');
-        std::vector<UInt8> expected(150, 0x8E);
-        expected[place] = 0;
-        ASSERT_EQ(unicodeToMacRoman(unicode.data(), unicode.size(), text.data()), unicode.size());
-        ASSERT_EQ(text, expected) << "a zero in place " << place;
-    }
+    for (const UniChar unit : units)
+        inEveryPlace<UniChar>(unit, 'a', 'a', expect);
+    inEveryPlace<UniChar>(0, 0xE9, 0xE9, expect);
+    inEveryPlace<UniChar>(0x4E00, 'a', 0x4E00, expect);
 }
 
 TEST(MacRoman, ConvertsABlockOfOneCharacterAsItConvertsTheCharacter)
@@ -99,17 +89,6 @@ TEST(MacRoman, ConvertsABlockOfOneCharacterAsItConvertsTheCharacter)
         const std::size_t done = unicodeToMacRoman(std::vector<UniChar>(64, UniChar(unit)).data(), 64, text);
         ASSERT_EQ(done, byteOf(unit) >= 0 ? 64u : 0u) << std::hex << unit;
         ASSERT_EQ(std::count(text, text + done, byteOf(unit)), std::ptrdiff_t(done)) << std::hex << unit;
-    }
-}
-
-TEST(MacRoman, StopsAtTheFirstOfSeveralUnitsThatItLacks)
-{
-    for (std::size_t first = 0; first < 150; ++first) {
-        std::vector<UniChar> unicode(150, 'a');
-        std::fill(unicode.begin() + std::ptrdiff_t(first), unicode.end(), UniChar(0x4E00));
-        std::vector<UInt8> text(150, '.');
-        ASSERT_EQ(unicodeToMacRoman(unicode.data(), unicode.size(), text.data()), first);
-        ASSERT_EQ(text[first], '.') << "nothing is written behind what was converted";
     }
 }
 

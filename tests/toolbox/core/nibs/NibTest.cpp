@@ -66,7 +66,7 @@ protected:
     }
 
     // The window `name` of `nib`, which can be made.
-    static WindowRef make(IBNibRef nib, CFStringRef name = CFSTR("Size_Chooser"))
+    static WindowRef make(IBNibRef nib, CFStringRef name = CFSTR("Window"))
     {
         WindowRef window = nullptr;
         EXPECT_EQ(CreateWindowFromNib(nib, name, &window), noErr);
@@ -127,7 +127,7 @@ TEST_F(NibServices, TakeANibWithoutALanguageBeforeOneWithIt)
     ASSERT_TRUE(Toolbox::SetMainBundle(m_folder / "Demo.app"));
     const auto name = [](const char* window) {
         std::string archive = SAMPLE_NIB;
-        return archive.replace(archive.find("Size_Chooser"), 12, window);
+        return archive.replace(archive.find("<string>Window") + 8, 6, window);
     };
     makeNib("xx.lproj/Demo.nib", name("Elsewhere"));
     EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
@@ -180,9 +180,9 @@ TEST_F(NibServices, ReadArchivesOfUpToTwoMebibytes)
 
 TEST_F(NibServices, OpenANibThatIsCorruptButMakeNoWindowOfIt)
 {
-    for (const std::string& archive : {std::string(), std::string("junk"), SAMPLE_NIB.substr(0, 1000)}) {
+    for (const std::string& archive : {std::string(), std::string("junk"), SAMPLE_NIB.substr(0, 500)}) {
         makeNib("Demo.nib", archive);
-        EXPECT_EQ(tryToMake("Size_Chooser"), kIBCarbonRuntimeCantFindObject);
+        EXPECT_EQ(tryToMake("Window"), kIBCarbonRuntimeCantFindObject);
         EXPECT_EQ(onlyRemark().find("the nib \"Demo\" was refused: "), 0u);
     }
 }
@@ -237,7 +237,7 @@ TEST_F(NibServices, NeedAPlaceForWhatTheyMake)
     makeNib("Demo.nib", SAMPLE_NIB);
     EXPECT_EQ(CreateNibReference(CFSTR("Demo"), nullptr), paramErr);
     const IBNibRef nib = open();
-    EXPECT_EQ(CreateWindowFromNib(nib, CFSTR("Size_Chooser"), nullptr), paramErr);
+    EXPECT_EQ(CreateWindowFromNib(nib, CFSTR("Window"), nullptr), paramErr);
     DisposeNibReference(nib);
 }
 

@@ -2,6 +2,7 @@
 
 #include "tests/toolbox/core/dialogs/TestWindow.h"
 #include "tests/toolbox/core/nibs/SampleNib.h"
+#include "toolbox/base/TracedCall.h"
 
 #include <QStringList>
 
@@ -50,6 +51,12 @@ std::string nibOfWindow(const std::string& properties)
         + properties + "</object></dictionary></object>";
 }
 
+// The property `name` with a number.
+std::string number(const char* name, long long value)
+{
+    return std::string("<int name='") + name + "'>" + std::to_string(value) + "</int>";
+}
+
 // The window with a control of `className` that has `properties`.
 std::unique_ptr<Window> windowWith(const std::string& className, const std::string& properties = std::string())
 {
@@ -67,51 +74,44 @@ std::vector<int> edges(const Rect& rectangle)
     return {rectangle.top, rectangle.left, rectangle.bottom, rectangle.right};
 }
 
+std::string inWords(const Control& control)
+{
+    std::string words = control.title.toStdString() + " at";
+    for (const int edge : edges(control.bounds))
+        words += ' ' + std::to_string(edge);
+    words += ", id " + Toolbox::describeNumber(control.id.signature) + ' ' + std::to_string(control.id.id);
+    words += ", command " + Toolbox::describeNumber(control.command);
+    words += control.role == ButtonRole::Default ? ", default" : control.role == ButtonRole::Cancel ? ", cancel" : "";
+    words += control.enabled ? "" : ", disabled";
+    words += control.hidden ? ", hidden" : "";
+    return words + (control.container == nullptr ? "" : ", inside");
+}
+
 class NibWindow : public WindowTest { };
 
-// ---- The dialog of the sample
+// ---- What it has
 
-TEST_F(NibWindow, IsWhatTheArchiveSaysWithItsControlsInTheirOrder)
+TEST_F(NibWindow, HasItsControlsInTheirOrderWhereverTheyStand)
 {
-    const auto window = windowOf(SAMPLE_NIB, "Size_Chooser");
-    EXPECT_EQ(window->title, QStringLiteral("Paper & ink"));
-    EXPECT_EQ(edges(window->content), (std::vector<int>{200, 300, 320, 620}));
-    EXPECT_EQ(window->windowClass, 4u);
-    EXPECT_EQ(window->windowPosition, 7u);
-    EXPECT_FALSE(window->visible);
-    const auto controls = window->controls();
-    const struct {
-        ControlKind kind;
-        const char* title;
-        std::vector<int> bounds;
-        MenuCommand command;
-        ButtonRole role;
-    } rows[] = {
-        {ControlKind::Root, "", {0, 0, 120, 320}, 0, ButtonRole::Plain},
-        {ControlKind::StaticText, "Choose a <size>:", {20, 20, 36, 300}, 0, ButtonRole::Plain},
-        {ControlKind::PopupButton, "", {44, 20, 64, 200}, 0, ButtonRole::Plain},
-        {ControlKind::Button, "OK", {80, 230, 100, 300}, kHICommandOK, ButtonRole::Default},
-        {ControlKind::Button, "Cancel", {80, 148, 100, 218}, kHICommandCancel, ButtonRole::Cancel},
-    };
-    ASSERT_EQ(controls.size(), std::size(rows));
-    for (std::size_t i = 0; i < controls.size(); ++i) {
-        SCOPED_TRACE(i);
-        EXPECT_EQ(controls[i]->kind, rows[i].kind);
-        EXPECT_EQ(controls[i]->title, QLatin1String(rows[i].title));
-        EXPECT_EQ(edges(controls[i]->bounds), rows[i].bounds);
-        EXPECT_EQ(controls[i]->command, rows[i].command);
-        EXPECT_EQ(controls[i]->role, rows[i].role);
-        EXPECT_TRUE(controls[i]->usable());
-        EXPECT_EQ(controls[i]->container, i == 0 ? nullptr : controls[0]);
-    }
+    std::vector<std::string> controls;
+    const auto window = windowOf(SAMPLE_NIB);
+    for (const Control* const each : window->controls())
+        controls.push_back(inWords(*each));
+    EXPECT_EQ(controls,
+        (std::vector<std::string>{
+            " at 0 0 100 200, id 0 0, command 0",
+            "Choose a <size>: at 1 2 3 4, id 0 0, command 0, inside",
+            " at 1 2 3 4, id 'demo' 1, command 0, inside",
+            "OK at 80 230 100 300, id 0 0, command 'ok  ', default, inside",
+            "Cancel at 1 2 3 4, id 0 0, command 'not!', cancel, inside",
+        }));
 }
 
 TEST_F(NibWindow, LabelsControlsByTheLastTextShownBeforeThem)
 {
     const std::string button = controlOf("IBCarbonButton");
     const auto text = [](const char* title, const char* hidden = "FALSE") {
-        return controlOf("IBCarbonStaticText",
-            std::string("<string name='title'>") + title + "</string><boolean name='hidden'>" + hidden + "</boolean>");
+        return controlOf("IBCarbonStaticText", titled(title) + "<boolean name='hidden'>" + hidden + "</boolean>");
     };
     const auto box = [](const std::string& inside, const char* hidden = "FALSE") {
         return controlOf("IBCarbonGroupBox",
@@ -129,48 +129,38 @@ TEST_F(NibWindow, LabelsControlsByTheLastTextShownBeforeThem)
 
 // ---- Properties and their defaults
 
-TEST_F(NibWindow, IsADocumentWindowWithoutPositionAndControlsByDefault)
+TEST_F(NibWindow, HasThePropertiesOfItsArchiveOrTheirDefaults)
 {
-    const auto window = windowOf(nibOfWindow("<string name='windowRect'>1 2 3 4 </string>"));
-    EXPECT_TRUE(window->title.isEmpty());
-    EXPECT_EQ(window->windowClass, 6u);
-    EXPECT_EQ(window->windowPosition, 0u);
-    ASSERT_EQ(window->controls().size(), 1u);
-    EXPECT_EQ(window->controls()[0]->kind, ControlKind::Root);
-}
-
-TEST_F(NibWindow, GivesControlsTheirDefaults)
-{
-    const auto window = windowWith("IBCarbonButton");
-    const Control& control = onlyControl(window);
-    EXPECT_EQ(edges(control.bounds), (std::vector<int>{1, 2, 3, 4}));
-    EXPECT_TRUE(control.title.isEmpty());
-    EXPECT_EQ(control.id.signature, 0u);
-    EXPECT_EQ(control.id.id, 0);
-    EXPECT_EQ(control.command, 0u);
-    EXPECT_TRUE(control.enabled);
-    EXPECT_FALSE(control.hidden);
-    EXPECT_EQ(control.role, ButtonRole::Plain);
+    const std::string rectangle = "<string name='windowRect'>200 300 320 620 </string>";
+    const auto window = windowOf(nibOfWindow(
+        rectangle + titled("Paper &amp; ink") + number("carbonWindowClass", 4) + number("windowPosition", 7)));
+    EXPECT_EQ(window->title, QStringLiteral("Paper & ink"));
+    EXPECT_EQ(edges(window->content), (std::vector<int>{200, 300, 320, 620}));
+    EXPECT_EQ(window->windowClass, 4u);
+    EXPECT_EQ(window->windowPosition, 7u);
+    EXPECT_FALSE(window->visible);
+    const auto plain = windowOf(nibOfWindow(rectangle));
+    EXPECT_TRUE(plain->title.isEmpty());
+    EXPECT_EQ(plain->windowClass, 6u) << "a document's";
+    EXPECT_EQ(plain->windowPosition, 0u);
+    ASSERT_EQ(plain->controls().size(), 1u);
+    EXPECT_EQ(plain->controls()[0]->kind, ControlKind::Root);
 }
 
 TEST_F(NibWindow, GivesControlsOfAnyClassWhatEveryControlHas)
 {
-    const std::string properties =
-        "<string name='title'>T</string><ostype name='controlSignature'>sign</ostype><int name='controlID'>-5</int>"
-        "<ostype name='command'>comm</ostype><boolean name='enabled'>FALSE</boolean>"
-        "<boolean name='hidden'>TRUE</boolean><array name='subviews'>"
-        + controlOf("IBCarbonButton", "<ostype name='controlSignature'>innr</ostype>") + "</array>";
+    const std::string properties = titled("T")
+        + "<ostype name='controlSignature'>sign</ostype><int name='controlID'>-5</int>"
+          "<ostype name='command'>comm</ostype><boolean name='enabled'>FALSE</boolean>"
+          "<boolean name='hidden'>TRUE</boolean><array name='subviews'>"
+        + controlOf("IBCarbonButton") + "</array>";
     for (const char* const name : {"IBCarbonButton", "IBCarbonUserPane", "IBCarbonUnheardOf", "", "IBCarbonWindow"}) {
         SCOPED_TRACE(name);
         const auto window = windowWith(name, properties);
-        const Control* const control = window->findControl({'sign', -5});
-        ASSERT_NE(control, nullptr);
-        EXPECT_EQ(control->title, QStringLiteral("T"));
-        EXPECT_EQ(control->command, MenuCommand{'comm'});
-        EXPECT_FALSE(control->enabled);
-        EXPECT_TRUE(control->hidden);
-        ASSERT_NE(window->findControl({'innr', 0}), nullptr);
-        EXPECT_EQ(window->findControl({'innr', 0})->container, control);
+        const Control& control = onlyControl(window);
+        EXPECT_EQ(inWords(control), "T at 1 2 3 4, id 'sign' -5, command 'comm', disabled, hidden, inside");
+        EXPECT_EQ(inWords(*control.children.at(0)), " at 1 2 3 4, id 0 0, command 0, inside");
+        EXPECT_EQ(control.children.at(0)->container, &control);
     }
 }
 
@@ -189,11 +179,6 @@ const std::string FIVE_RADIO_BUTTONS = "<array name='radioTitles'>"
 const std::string TWO_RADIO_BUTTONS = "<array name='radioTitles'>"
                                       "<array><string>A</string></array><array><string>B</string></array></array>";
 const std::string TWO_TABS = "<array name='tabItems'><dictionary/><dictionary/></array>";
-
-std::string number(const char* name, long long value)
-{
-    return std::string("<int name='") + name + "'>" + std::to_string(value) + "</int>";
-}
 
 std::string range(int minimum, int maximum, int value)
 {
@@ -293,21 +278,20 @@ TEST_F(NibWindow, RemarksOnEachControlThatIsNotDrawn)
 TEST_F(NibWindow, ReadsItemsWithTheirDefaults)
 {
     const struct {
-        const char* properties;
+        std::string properties;
         const char* title;
         MenuCommand command;
         bool enabled, separator, hidden;
     } rows[] = {
         {"", "", 0, true, false, false},
-        {"<string name='title'>A &amp; B</string><ostype name='command'>it</ostype>", "A & B", 'it  ', true, false,
-            false},
+        {titled("A &amp; B") + "<ostype name='command'>it</ostype>", "A & B", 'it  ', true, false, false},
         {"<boolean name='disabled'>TRUE</boolean>", "", 0, false, false, false},
         {"<boolean name='separator'>TRUE</boolean>", "", 0, true, true, false},
         {"<boolean name='hidden'>TRUE</boolean>", "", 0, true, false, true},
     };
     std::string items;
     for (const auto& row : rows)
-        items += std::string("<object class='IBCarbonMenuItem'>") + row.properties + "</object>";
+        items += "<object class='IBCarbonMenuItem'>" + row.properties + "</object>";
     const auto window = windowWith("IBCarbonPopupButton", menuOf(items));
     const auto& read = onlyControl(window).items;
     ASSERT_EQ(read.size(), std::size(rows));
