@@ -1,8 +1,9 @@
 #include "tests/toolbox/core/dialogs/TestWindow.h"
 
+#include <tuple>
+
 namespace {
 
-using Toolbox::ButtonRole;
 using Toolbox::chooseMenuItem;
 using Toolbox::Control;
 using Toolbox::ControlKind;
@@ -20,35 +21,56 @@ protected:
     CommandRecorder recorder{made.target()};
 };
 
-// ---- Pressing
-
-TEST_F(Commands, OfAPressedControlComeFromIt)
+TEST_F(Commands, SayWhatTheyComeFrom)
 {
     Control& button = made.addButton('butt');
-    runWhile(made.ref, [&] { pressControl(button); });
-    ASSERT_EQ(recorder.ids(), std::vector<MenuCommand>{'butt'});
-    EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromControl});
-    EXPECT_EQ(static_cast<void*>(recorder.commands[0].menu.menuRef), static_cast<void*>(button.ref()));
     Control& other = made.add(ControlKind::Other, 'othr');
-    runWhile(made.ref, [&] { pressControl(other); });
-    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{'butt', 'othr'})) << "of whatever kind it is";
+    Control& popUp = made.addPopUp(threeItems());
+    popUp.command = 'popu';
+    recorder.answer = eventNotHandledErr;
+    runWhile(made.ref, [&] {
+        pressControl(button);
+        pressControl(other);
+        chooseMenuItem(popUp, 2);
+        sendWindowCommand(made.window(), kHICommandCancel);
+    });
+    const std::tuple<MenuCommand, UInt32, const void*> rows[] = {
+        {'butt', kHICommandFromControl, button.ref()},
+        {'othr', kHICommandFromControl, other.ref()},
+        {'medi', kHICommandFromMenu, popUp.ref()},
+        {'popu', kHICommandFromControl, popUp.ref()},
+        {kHICommandCancel, kHICommandFromWindow, made.ref},
+    };
+    ASSERT_EQ(recorder.commands.size(), std::size(rows));
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const auto& [id, attributes, source] = rows[i];
+        EXPECT_EQ(recorder.commands[i].commandID, id);
+        EXPECT_EQ(recorder.commands[i].attributes, attributes);
+        EXPECT_EQ(static_cast<const void*>(recorder.commands[i].menu.menuRef), source);
+    }
+    EXPECT_EQ(recorder.commands[2].menu.menuItemIndex, 2);
 }
 
-TEST_F(Commands, AreNotSentByAButtonThatHasNoneOrCannotBePressed)
+TEST_F(Commands, AreNotSentByAControlThatHasNoneOrCannotBeUsed)
 {
     Control& box = made.add(ControlKind::GroupBox);
     Control& without = made.addButton(0);
     Control& disabled = made.addButton('disa');
     Control& hidden = made.addButton('hidd');
     Control& inside = made.addTo(box, ControlKind::Button, 'insi');
+    Control& popUp = made.addPopUp(threeItems());
     box.enabled = false;
     disabled.enabled = false;
     hidden.hidden = true;
+    popUp.enabled = false;
+    recorder.answer = eventNotHandledErr;
     runWhile(made.ref, [&] {
         for (Control* each : {&without, &disabled, &hidden, &inside})
             pressControl(*each);
+        chooseMenuItem(popUp, 2);
     });
     EXPECT_TRUE(recorder.ids().empty());
+    EXPECT_EQ(popUp.value, 1);
 }
 
 // ---- Choosing
@@ -86,16 +108,6 @@ TEST_F(Commands, OfAChosenItemAreSentAndItIsSetUnlessThatWasTaken)
     }
 }
 
-TEST_F(Commands, OfAnItemComeFromTheMenuWithTheItemsNumber)
-{
-    Control& popUp = made.addPopUp(threeItems());
-    runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
-    ASSERT_EQ(recorder.commands.size(), 1u);
-    EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromMenu});
-    EXPECT_EQ(recorder.commands[0].menu.menuItemIndex, 2);
-    EXPECT_EQ(static_cast<void*>(recorder.commands[0].menu.menuRef), static_cast<void*>(popUp.ref()));
-}
-
 TEST_F(Commands, OfAPopUpItselfFollowTheItemsUnlessThatWasTaken)
 {
     Control& popUp = made.addPopUp(threeItems());
@@ -108,19 +120,8 @@ TEST_F(Commands, OfAPopUpItselfFollowTheItemsUnlessThatWasTaken)
     recorder.answer = eventNotHandledErr;
     recorder.commands.clear();
     runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
-    ASSERT_EQ(recorder.ids(), (std::vector<MenuCommand>{'medi', 'popu'}));
-    EXPECT_EQ(recorder.commands[1].attributes, UInt32{kHICommandFromControl});
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{'medi', 'popu'}));
     EXPECT_EQ(seen, 2) << "the item is chosen by then";
-}
-
-TEST_F(Commands, AreNotSentByAPopUpThatCannotBeUsed)
-{
-    Control& popUp = made.addPopUp(threeItems());
-    popUp.enabled = false;
-    recorder.answer = eventNotHandledErr;
-    runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); });
-    EXPECT_TRUE(recorder.ids().empty());
-    EXPECT_EQ(popUp.value, 1);
 }
 
 TEST_F(Commands, MayDisposeOfThePopUpThatSentThem)
@@ -130,15 +131,6 @@ TEST_F(Commands, MayDisposeOfThePopUpThatSentThem)
     recorder.action = [&](const HICommand&) { DisposeWindow(made.ref); };
     EXPECT_EQ(runWhile(made.ref, [&] { chooseMenuItem(popUp, 2); }), noErr);
     EXPECT_EQ(recorder.ids(), std::vector<MenuCommand>{'medi'});
-}
-
-// ---- Of the window itself
-
-TEST_F(Commands, OfTheWindowItselfSaySo)
-{
-    runWhile(made.ref, [&] { sendWindowCommand(made.window(), kHICommandCancel); });
-    ASSERT_EQ(recorder.ids(), std::vector<MenuCommand>{kHICommandCancel});
-    EXPECT_EQ(recorder.commands[0].attributes, UInt32{kHICommandFromWindow});
 }
 
 // ---- When they are sent at all

@@ -56,19 +56,24 @@ TEST_F(ModalLoop, IsNotRunTwiceForOneWindow)
     });
 }
 
-TEST_F(ModalLoop, OfAnOuterWindowEndsWhenTheInnerOneHas)
+TEST_F(ModalLoop, OfAnOuterWindowThatIsQuitOrDisposedOfEndsWhenTheInnerOneHas)
 {
-    OSStatus ofInner = paramErr;
-    const OSStatus ofOuter = runWhile(made.ref, [&] {
-        ofInner = runWhile(inner.ref, [&] {
-            EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), noErr);
-            EXPECT_FALSE(Toolbox::modalLoopEnded(inner.ref));
-            EXPECT_EQ(QuitAppModalLoopForWindow(inner.ref), noErr);
+    for (const bool isDisposedOf : {false, true}) {
+        OSStatus ofInner = paramErr;
+        const OSStatus ofOuter = runWhile(made.ref, [&] {
+            ofInner = runWhile(inner.ref, [&] {
+                if (isDisposedOf)
+                    DisposeWindow(made.ref);
+                else
+                    EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), noErr);
+                EXPECT_FALSE(Toolbox::modalLoopEnded(inner.ref));
+                EXPECT_EQ(QuitAppModalLoopForWindow(inner.ref), noErr);
+            });
+            EXPECT_TRUE(Toolbox::modalLoopEnded(made.ref));
         });
-        EXPECT_TRUE(Toolbox::modalLoopEnded(made.ref));
-    });
-    EXPECT_EQ(ofInner, noErr);
-    EXPECT_EQ(ofOuter, noErr);
+        EXPECT_EQ(ofInner, noErr);
+        EXPECT_EQ(ofOuter, noErr);
+    }
 }
 
 TEST_F(ModalLoop, EndsWithItsWindow)
@@ -79,19 +84,6 @@ TEST_F(ModalLoop, EndsWithItsWindow)
         EXPECT_EQ(QuitAppModalLoopForWindow(made.ref), errInvalidWindowRef);
     });
     EXPECT_EQ(status, noErr);
-}
-
-TEST_F(ModalLoop, OfAnOuterWindowThatIsDisposedOfEndsWhenTheInnerOneHas)
-{
-    OSStatus ofInner = paramErr;
-    const OSStatus ofOuter = runWhile(made.ref, [&] {
-        ofInner = runWhile(inner.ref, [&] {
-            DisposeWindow(made.ref);
-            QuitAppModalLoopForWindow(inner.ref);
-        });
-    });
-    EXPECT_EQ(ofInner, noErr);
-    EXPECT_EQ(ofOuter, noErr);
 }
 
 TEST_F(ModalLoop, FailsWhenTheDisplayCannotGoOnOrThrows)
@@ -130,16 +122,6 @@ TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
     EXPECT_TRUE(Toolbox::TakeReport().windowShown) << "another was";
 }
 
-TEST_F(ModalLoop, ThatFailsInsideAnotherLeavesThatOneRunning)
-{
-    const OSStatus status = runWhile(made.ref, [&] {
-        EXPECT_EQ(runWhile(inner.ref, [] {}), eventInternalErr);
-        EXPECT_TRUE(Toolbox::takesCommands(made.ref));
-        QuitAppModalLoopForWindow(made.ref);
-    });
-    EXPECT_EQ(status, noErr);
-}
-
 // What is left when the process ends is dropped, and no handler hears of it.
 TEST_F(ModalLoop, EndsInSilenceWithTheProcess)
 {
@@ -173,6 +155,8 @@ TEST_F(ModalLoop, OfTheInnermostWindowAloneTakesCommands)
             EXPECT_FALSE(Toolbox::takesCommands(inner.ref)) << "told to end";
         });
         EXPECT_TRUE(Toolbox::takesCommands(made.ref));
+        EXPECT_EQ(runWhile(inner.ref, [] {}), eventInternalErr);
+        EXPECT_TRUE(Toolbox::takesCommands(made.ref)) << "also after one that failed";
         QuitAppModalLoopForWindow(made.ref);
     });
     EXPECT_FALSE(Toolbox::takesCommands(made.ref)) << "after its loop";

@@ -13,61 +13,58 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <tuple>
+#include <utility>
 
 namespace {
 
 // What the environment says about screens, and nothing else.
 class Screen : public WindowTest {
 protected:
-    Screen()
+    Screen() { nameNoScreen(); }
+
+    ~Screen() override { EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a process is left"; }
+
+    static void nameNoScreen()
     {
         for (const char* const variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY"})
             unsetenv(variable);
     }
-
-    ~Screen() override { EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a process is left"; }
 };
 
-const std::tuple<const char*, const char*, const char*, const char*, bool> NAMED_CASES[] = {
-    {"Nothing", nullptr, nullptr, nullptr, false},
-    {"EmptyNames", "", "", "", false},
-    {"Offscreen", "offscreen", nullptr, nullptr, false},
-    {"OffscreenOfASize", "offscreen:configfile=none", nullptr, nullptr, false},
-    {"Minimal", "minimal", nullptr, nullptr, false},
-    {"NamedInCapitals", "OFFSCREEN", nullptr, nullptr, false},
-    {"PlatformThatIsNotThere", "nonsense", nullptr, nullptr, false},
-    {"TheSecondOfTwoPlatforms", "nonsense;Minimal", nullptr, nullptr, false},
-    {"XWithoutADisplay", "xcb", nullptr, nullptr, false},
-    {"DeadDisplay", nullptr, ":4711", nullptr, false},
-    {"MalformedDisplay", nullptr, "not a display", nullptr, false},
-    {"DisplayOfAHostThatIsNotThere", nullptr, "host.invalid:0", nullptr, false},
-    {"DeadWaylandDisplay", nullptr, nullptr, "wayland-4711", false},
+// The variables that name it.
+const std::vector<std::pair<const char*, const char*>> DEAD_SCREENS[] = {
+    {},
+    {{"QT_QPA_PLATFORM", ""}, {"DISPLAY", ""}},
+    {{"QT_QPA_PLATFORM", "offscreen"}},
+    {{"QT_QPA_PLATFORM", "offscreen:configfile=none"}},
+    {{"QT_QPA_PLATFORM", "minimal"}},
+    {{"QT_QPA_PLATFORM", "OFFSCREEN"}},
+    {{"QT_QPA_PLATFORM", "nonsense"}},
+    {{"QT_QPA_PLATFORM", "nonsense;Minimal"}},
+    {{"QT_QPA_PLATFORM", "xcb"}},
+    {{"DISPLAY", ":4711"}},
+    {{"DISPLAY", "not a display"}},
+    {{"DISPLAY", "host.invalid:0"}},
+    {{"WAYLAND_DISPLAY", "wayland-4711"}},
 };
 
-TEST_F(Screen, AnswersIfTheOneThatIsNamedDoes)
+TEST_F(Screen, DoesNotAnswerWhereTheOneThatIsNamedDoesNot)
 {
-    const auto set = [](const char* variable, const char* value) {
-        if (value == nullptr)
-            unsetenv(variable);
-        else
-            setenv(variable, value, 1);
-    };
     const auto nextDescriptor = [] {
         const int next = dup(STDIN_FILENO);
         close(next);
         return next;
     };
     const int nextBefore = nextDescriptor();
-    for (const auto& [name, platform, display, wayland, expected] : NAMED_CASES) {
-        set("QT_QPA_PLATFORM", platform);
-        set("DISPLAY", display);
-        set("WAYLAND_DISPLAY", wayland);
+    for (const auto& variables : DEAD_SCREENS) {
+        SCOPED_TRACE(testing::PrintToString(variables));
+        for (const auto& [variable, value] : variables)
+            setenv(variable, value, 1);
         testing::internal::CaptureStderr();
-        const bool answers = Toolbox::ScreenAnswers();
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << name;
-        EXPECT_EQ(answers, expected) << name;
-        EXPECT_EQ(nextDescriptor(), nextBefore) << name << " leaves a file open";
+        EXPECT_FALSE(Toolbox::ScreenAnswers());
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+        EXPECT_EQ(nextDescriptor(), nextBefore) << "a file is left open";
+        nameNoScreen();
     }
 }
 

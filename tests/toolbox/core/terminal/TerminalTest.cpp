@@ -49,9 +49,7 @@ std::string describe(const std::optional<QString>& line)
 std::string answerTo(const std::string& keys)
 {
     PseudoTerminal terminal("C.UTF-8", [] { return describe(Terminal().ask(QStringLiteral("? "))); });
-    EXPECT_EQ(terminal.readUntil("? "), "? ");
-    terminal.type(keys);
-    return terminal.report().value_or("no report");
+    return terminal.reportAfter("? ", keys).value_or("no report");
 }
 
 // ---- Writing
@@ -187,9 +185,7 @@ TEST(TerminalQuestion, StandsThereAgainAfterAStop)
         }
         return describe(Terminal().ask(QStringLiteral("? ")));
     });
-    EXPECT_EQ(terminal.readUntil("? ? "), "? ? ");
-    terminal.type("yes\n");
-    EXPECT_EQ(terminal.report(), "[yes]");
+    EXPECT_EQ(terminal.reportAfter("? ? ", "yes\n"), "[yes]");
 }
 
 TEST(TerminalQuestion, LeavesTheSignalOfContinuingAsItWas)
@@ -199,9 +195,7 @@ TEST(TerminalQuestion, LeavesTheSignalOfContinuingAsItWas)
         Terminal().ask(QStringLiteral("? "));
         return std::signal(SIGCONT, SIG_DFL) == SIG_IGN ? "as it was" : "another";
     });
-    EXPECT_EQ(terminal.readUntil("? "), "? ");
-    terminal.type("yes\n");
-    EXPECT_EQ(terminal.report(), "as it was");
+    EXPECT_EQ(terminal.reportAfter("? ", "yes\n"), "as it was");
 }
 
 // ---- Whether there is a terminal
