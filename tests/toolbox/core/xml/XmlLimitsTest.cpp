@@ -58,6 +58,7 @@ const LimitCase LIMIT_CASES[] = {
     {"LongCharacterData", "<a><![CDATA[" + LONG + "<a" + attributes(17) + ">]]></a>", ""},
     {"TooManyComments", repeated("<!---->", 100001), "too many elements"},
     {"BehindAComment", "<!-- > --><a" + attributes(17) + "/>", "a tag with too many attributes"},
+    {"WithinWhatIsPassedOver", "<a><!-- > <b ====== ====== ======> --><![CDATA[> <b =================>]]></a>", ""},
     {"DocumentTypeThatIsElsewhere", "<!DOCTYPE a PUBLIC \"-//D//EN\" 'http://127.0.0.1:1/x.dtd'><a/>", ""},
     {"DocumentTypeWithDeclarations", "<!DOCTYPE a [<!ELEMENT a ANY>]><a/>", "a document type with declarations"},
     {"Entity", "<!DOCTYPE a [<!ENTITY e 'x'>]><a/>", "a document type with declarations"},
