@@ -20,8 +20,7 @@ std::vector<const Language*> languagesMeant(const std::string& text)
     for (const Language& each : LANGUAGES)
         choices.push_back({std::string(each.ownName) + " (" + std::string(each.name) + ")", std::string(each.tag)});
     std::vector<const Language*> meant;
-    const std::string language = text.substr(0, text.find_first_of("-_.@"));  // the tag that a locale begins with
-    for (const std::size_t index : Toolbox::ChoicesMeant(choices, language))
+    for (const std::size_t index : Toolbox::ChoicesMeant(choices, text))
         meant.push_back(&LANGUAGES[index]);
     return meant;
 }

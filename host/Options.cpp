@@ -101,7 +101,8 @@ const Language* parseLanguage(const std::string& text, std::string* hint)
         names.insert(names.end(), {std::string(each.name), std::string(each.ownName)});
     *hint = meant.empty() ? suggestion(text, names) : std::string();
     for (const Language* const each : meant)
-        *hint += (each == meant.front() ? ", which may be " : " or ") + std::string(each->name);
+        *hint += (each == meant.front() ? " (it could be " : " or ") + std::string(each->name);
+    *hint += meant.empty() ? "" : ")";
     return nullptr;
 }
 

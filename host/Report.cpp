@@ -107,7 +107,8 @@ void tellOfAnswers(const Options& options, const Toolbox::CallReport& report)
     const std::size_t unused = stepsOf(options.answers).size() - report.answersTaken;
     const bool wantedNone = !options.display && options.answers.empty();
     if (wantedNone && report.answersRanOut)
-        complain("no screen here and no terminal to ask on: nobody was asked, and the default button was pressed");
+        complain("no screen here and no terminal to ask on in the foreground: nobody was asked, and the default button "
+                 "was pressed");
     if (report.answerWasUnfit)
         complain("the answer '" + lastUsedAnswer(options.answers, unused) + "' fits nothing that was shown");
     for (const std::string& answer : unusedAnswers(options.answers, unused))

@@ -76,7 +76,8 @@ class Records(HostTest):
         start = self.file("before", record(current=ENGLISH))
         self.assert_chose(unattended("--record", start, variables={"LC_ALL": "it_IT.UTF-8"}))
 
-NOBODY_ASKED = "no screen here and no terminal to ask on: nobody was asked, and the default button was pressed"
+NOBODY_ASKED = ("no screen here and no terminal to ask on in the foreground: nobody was asked, and the default button was "
+                "pressed")
 
 
 class Defaults(HostTest):

@@ -131,7 +131,7 @@ const WrongCase WRONG_CASES[] = {
     {"CurrentPast32Bits", {"--current", "4294967296"}, NO_LANGUAGE + "'4294967296'"},
     {"CurrentMisspelt", {"--current", "Deutshc"}, NO_LANGUAGE + "'Deutshc' (did you mean Deutsch?)"},
     {"CurrentTooFarFromAny", {"--current", "Gean"}, NO_LANGUAGE + "'Gean'"},  // two letters of German are missing
-    {"CurrentOfTwo", {"--current", "E"}, NO_LANGUAGE + "'E', which may be English or Spanish"},
+    {"CurrentOfTwo", {"--current", "E"}, NO_LANGUAGE + "'E' (it could be English or Spanish)"},
     {"PictureOfAnotherKind", {"--picture", "x.jpg"}, "--picture saves a PNG, and 'x.jpg' ends like something else"},
     {"DisplayUnknown", {"--display", "tv"}, NO_DISPLAY + "'tv'"},
     {"DisplayMisspelt", {"--display", "Windw"}, NO_DISPLAY + "'Windw' (did you mean window?)"},

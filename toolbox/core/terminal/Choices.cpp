@@ -136,14 +136,14 @@ std::vector<std::size_t> Choices::beginningLike(const QString& typed) const
 
 std::vector<std::size_t> Choices::meant(const QString& typed) const
 {
-    const QString wanted = oneSpelling(typed);
-    if (wanted.isEmpty())
-        return {};
-    for (const Test fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
-        const std::vector<std::size_t> found = allThat(fits, wanted);
-        if (!found.empty())
-            return found;
-    }
+    static const QRegularExpression region(QStringLiteral("(?<=^\\p{L}{2}|^\\p{L}{3})[-_.@].*$"));  // and whatever follows it
+    const QString whole = oneSpelling(typed);
+    for (const QString& wanted : {whole, QString(whole).remove(region)})
+        for (const Test fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
+            const std::vector<std::size_t> found = allThat(fits, wanted);
+            if (!wanted.isEmpty() && !found.empty())
+                return found;
+        }
     return {};
 }
 

@@ -52,6 +52,8 @@ const struct {
     {"Beginning",                     "jap",              1},
     {"BeginningOfTheFirstPart",       "日",               1},
     {"BeginningOfAWholeName",         "deutsch / g",      2},
+    {"Locale",                        "de_DE.UTF-8",      2},
+    {"NumberAndMore",                 "12.5",             -1, "There is no \"12.5\" here."},
     {"MiddleOfAName",                 "ench",             -1, "There is no \"ench\" here."},
     {"LongerThanTheName",             "Englisher",        -1, "There is no \"Englisher\" here."},
     {"TwoPartsBeginAlike",            "f",                3},
