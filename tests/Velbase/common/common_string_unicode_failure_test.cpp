@@ -196,13 +196,6 @@ TEST_F(StringUnicodeCalls, AreNullWithoutAConverterOrWhenItFails)
     }
 }
 
-TEST_F(StringUnicodeCalls, GiveUpATooLongTextBeforeConverting)
-{
-    EXPECT_TRUE(String(std::vector<unsigned short>(100000, 'x').data()).IsNull());
-    EXPECT_EQ(String(std::string(100000, 'x').c_str()).Unicode().get(), nullptr);
-    EXPECT_TRUE(converter.sourceLengths.empty());
-}
-
 // Refuses each allocation of `action` in turn. The double has room for its notes, so that only the library's own are
 // refused.
 template <typename Action> void refuseEach(OSStatus createStatus, Action action)

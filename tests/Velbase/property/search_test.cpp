@@ -50,21 +50,21 @@ void checkFindChar(const Twin& text)
 void checkFindText(const Twin& text, const Twin& needle)
 {
     const std::string sought = reference::cString(needle.text);
+    const auto findSought = [&](const reference::Text& searched, const auto&, unsigned from, bool caseSensitive) {
+        return reference::find(searched, sought, from, caseSensitive);
+    };
+    const auto containsSought = [&](const reference::Text& searched, const auto&, bool caseSensitive) {
+        return containsModel(searched, sought, caseSensitive);
+    };
     for (const bool caseSensitive : {true, false}) {
         // A null pointer is allowed as a needle only where case does not count.
         const char* const pointer = caseSensitive || !needle.string.IsNull() ? needle.string.Latin1() : nullptr;
         for (const unsigned from : positions(text)) {
-            const reference::Position expected = reference::find(text.text, sought, from, caseSensitive);
-            ASSERT_TRUE(agrees(text.string.Find(needle.string, from, caseSensitive), expected))
-                << call(text, "Find", needle, from, caseSensitive);
-            ASSERT_TRUE(agrees(text.string.Find(pointer, from, caseSensitive), expected))
-                << call(text, "Find", pointer, from, caseSensitive) << " of a C string";
+            expectSame("Find", find, findSought, text, needle, from, caseSensitive);
+            expectSame("Find", find, findSought, text, pointer, from, caseSensitive);
         }
-        const bool contained = containsModel(text.text, sought, caseSensitive);
-        ASSERT_EQ(text.string.Contains(needle.string, caseSensitive), contained)
-            << call(text, "Contains", needle, caseSensitive);
-        ASSERT_EQ(text.string.Contains(pointer, caseSensitive), contained)
-            << call(text, "Contains", pointer, caseSensitive) << " of a C string";
+        expectSame("Contains", contains, containsSought, text, needle, caseSensitive);
+        expectSame("Contains", contains, containsSought, text, pointer, caseSensitive);
     }
 }
 
