@@ -4,7 +4,6 @@ named; CONTRIBUTING.md lists them."""
 import json
 import pathlib
 import re
-import subprocess
 import sys
 import xml.etree.ElementTree as ElementTree
 
@@ -29,16 +28,6 @@ def nib():
     return [re.sub(r".*\((\w+)\)$", r"\1", title) for title in titles]
 
 
-def completed():
-    script = f"""source {ROOT}/host/completions/visex-host.bash
-        COMP_WORDS=(visex-host --current '') COMP_CWORD=2
-        compopt() {{ :; }}
-        _visex_host
-        printf '%s\\n' "${{COMPREPLY[@]}}" """
-    output = subprocess.run(["bash", "-c", script], check=True, capture_output=True, text=True).stdout
-    return output.split()
-
-
 def listed(text, after, pattern):
     """What `pattern` finds, as name and code, in the sentence that begins with `after`."""
     sentence = re.search(re.escape(after) + r"(.*?)(?:\.\s|\.$|;|\(`)", text, re.DOTALL)
@@ -59,7 +48,6 @@ def main():
         "the nib's pop-up": (nib(), list(wanted)),
         "the tags in host/Languages.h, by number": (namings[1].count("{"), len(wanted)),
         "docs/answer.schema.json": (sorted(filter(None, language["name"]["enum"])), names),
-        "host/completions/visex-host.bash": (sorted(each.capitalize() for each in completed()), names),
         "host/visex-host.1": (listed(pages["host/visex-host.1"], "The current language in the record:", name_code), wanted),
         "README.md": (listed(pages["README.md"], "The Mac OS language codes:", name_code), wanted),
         "docs/host-contract.md": (listed(pages["docs/host-contract.md"], "Mac OS language codes:", code_name), wanted),
