@@ -66,21 +66,13 @@ long residentMemory()
     return resident * sysconf(_SC_PAGESIZE);
 }
 
-Counts liveObjects()
-{
-    Counts counts;
-    for (const auto& [kind, count] : Toolbox::CountLiveObjects())
-        counts[kind] = static_cast<long>(count);
-    return counts;
-}
-
-// What there is more of in `after` than in `before`, for each of `calls`, which must divide it.
-Counts growth(const Counts& before, const Counts& after, long calls)
+// What there is more of now than in `before`, for each of `calls`, which must divide it.
+Counts growth(const std::map<std::string, std::size_t>& before, long calls)
 {
     Counts more;
-    for (const auto& [kind, count] : after) {
+    for (const auto& [kind, count] : Toolbox::CountLiveObjects()) {
         const auto old = before.find(kind);
-        const long added = count - (old == before.end() ? 0 : old->second);
+        const long added = static_cast<long>(count - (old == before.end() ? 0 : old->second));
         EXPECT_EQ(added % calls, 0) << kind << " grew by " << added << " in " << calls << " calls";
         if (added / calls != 0)
             more[kind] = added / calls;
@@ -193,13 +185,13 @@ TEST_P(LoadTest, GrowsByWhatEachCallLeavesAndNoMore)
     for (int warmUp = 0; warmUp < 100; ++warmUp)
         call();
 
-    const Counts before = liveObjects();
+    const auto before = Toolbox::CountLiveObjects();
     const long residentBefore = residentMemory();
     for (long made = 0; made < calls && !HasFatalFailure(); ++made)
         call();
     const long grown = residentMemory() - residentBefore;
 
-    EXPECT_EQ(growth(before, liveObjects(), calls), GetParam().left);
+    EXPECT_EQ(growth(before, calls), GetParam().left);
     EXPECT_LE(grown, tolerance() + calls * GetParam().bytesPerCall);
     std::printf("%s: %ld calls, resident memory %ld + %ld bytes, %ld a call\n", GetParam().name, calls, residentBefore,
         grown, grown / calls);

@@ -3,7 +3,6 @@
 import contextlib
 import shutil
 import subprocess
-import time
 import unittest
 
 from screens import *
@@ -219,18 +218,10 @@ class OnWayland(HostTest):
             env=environment(**variables), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.addCleanup(compositor.wait)
         self.addCleanup(compositor.terminate)
-        self.assertTrue(appears(self.folder / "wayland-test"))
+        self.assertTrue(comes_true((self.folder / "wayland-test").exists))
         with started("--display", "window", WAYLAND_DEBUG="client", **variables) as process:
             self.assertTrue(any(b".attach(wl_buffer" in line for line in process.stderr), "the window was drawn")
             self.assertIsNone(process.poll(), "it waits for somebody")
-
-
-def appears(path):
-    """Whether there is such a file within the time that a test may take."""
-    end = time.monotonic() + TIMEOUT
-    while not path.exists() and time.monotonic() < end:
-        time.sleep(0.05)
-    return path.exists()
 
 
 class WithoutAScreen(HostTest):

@@ -6,7 +6,6 @@ import re
 import resource
 import signal
 import subprocess
-import time
 import unittest
 
 from visex import *
@@ -212,9 +211,7 @@ class Files(HostTest):
         with subprocess.Popen([HOST, "--answer", "french", "--write-record", self.target], env=environment(),
                               stdout=writer, stderr=subprocess.PIPE) as blocked:  # it cannot print as long as nobody reads
             os.close(writer)
-            end = time.monotonic() + TIMEOUT
-            while self.target.read_bytes() != record(chosen=FRENCH) and time.monotonic() < end:
-                time.sleep(0.01)
+            comes_true(lambda: self.target.read_bytes() == record(chosen=FRENCH))
             seen = (blocked.poll(), self.target.read_bytes())
             os.close(reader)
         self.assertEqual(seen, (None, record(chosen=FRENCH)))

@@ -9,6 +9,7 @@ import pathlib
 import shutil
 import subprocess
 import tempfile
+import time
 import typing
 import unittest
 
@@ -90,6 +91,14 @@ def record(message=1000, flags=0, chosen=0, current=ENGLISH, filler=0, tail=b"")
     made[CHOSEN] = chosen.to_bytes(2, "big")
     made[CURRENT] = current.to_bytes(4, "big")
     return bytes(made) + tail
+
+
+def comes_true(condition):
+    """Whether `condition` holds within the time that a test may take."""
+    end = time.monotonic() + TIMEOUT
+    while not condition() and time.monotonic() < end:
+        time.sleep(0.02)
+    return condition()
 
 
 class HostTest(unittest.TestCase):
