@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <stdexcept>
 
 namespace {
@@ -34,11 +33,14 @@ unsigned flagByte()
     return byte;
 }
 
-TEST(Installer, OpensTheResourceFileThatIsCalledAsItIsAndNamesItsExternal)
+TEST(Installer, OpensTheResourceFileThatIsCalledAsItIsAndNamesItsExternalAndClosesItAgain)
 {
-    const Installer installer(DEMO / "", std::nullopt);
-    EXPECT_EQ(flagByte(), 0u);
-    EXPECT_EQ(installer.builtInExternal(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
+    {
+        const Installer installer(DEMO / "", std::nullopt);
+        EXPECT_EQ(flagByte(), 0u);
+        EXPECT_EQ(installer.builtInExternal(), DEMO / "Contents/PlugIns/LanguageSelector.bundle");
+    }
+    EXPECT_EQ(GetResource('CALL', 1000), nullptr);
 }
 
 TEST(Installer, OpensTheNamedResourceFileInItsPlaceAndKeepsTheOtherBitsOfTheFlagsByte)
@@ -48,12 +50,6 @@ TEST(Installer, OpensTheNamedResourceFileInItsPlaceAndKeepsTheOtherBitsOfTheFlag
     EXPECT_EQ(flagByte(), 0x15u);
     installer.requireAdministrator();
     EXPECT_EQ(flagByte(), 0x95u);
-}
-
-TEST(Installer, ClosesItsResourceFile)
-{
-    std::make_unique<Installer>(DEMO, std::nullopt).reset();
-    EXPECT_EQ(GetResource('CALL', 1000), nullptr);
 }
 
 TEST(Installer, SetsTheFlagForEveryCallAndNotInTheFile)

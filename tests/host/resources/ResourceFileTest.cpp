@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -10,19 +11,12 @@ namespace {
 using namespace Resources;
 
 // Hexadecimal digits, blanks between them as one likes, as bytes.
-Bytes hex(const std::string& digits)
+Bytes hex(std::string digits)
 {
+    digits.erase(std::remove(digits.begin(), digits.end(), ' '), digits.end());
     Bytes bytes;
-    std::string pair;
-    for (const char digit : digits) {
-        if (digit == ' ')
-            continue;
-        pair += digit;
-        if (pair.size() == 2) {
-            bytes.push_back(static_cast<std::uint8_t>(std::stoi(pair, nullptr, 16)));
-            pair.clear();
-        }
-    }
+    for (std::size_t i = 0; i < digits.size(); i += 2)
+        bytes.push_back(static_cast<std::uint8_t>(std::stoi(digits.substr(i, 2), nullptr, 16)));
     return bytes;
 }
 
