@@ -1,15 +1,13 @@
 // The external called very often in one process, each time from the factory to the last release, as its installer
 // does: nothing grows but what a call leaves behind on purpose. VISEX_LOAD_CALLS in the environment says how often.
 
-#include "VISEX_Plugins/LanguageSelector/LanguageSelector.h"
-#include "host/CFReferences.h"
+#include "host/External.h"
 #include "host/Installer.h"
 #include "host/Record.h"
 #include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <Carbon/CarbonEvents.h>
-#include <CoreFoundation/CFPlugIn.h>
 #include <Toolbox/Application.h>
 #include <Toolbox/Displays.h>
 #include <Toolbox/LiveObjects.h>
@@ -122,32 +120,17 @@ protected:
         m_installer.emplace(m_app, std::nullopt);
         if (GetParam().requiresAdministrator)
             m_installer->requireAdministrator();
-        const CFOwner<CFURLRef> url(createURL(m_installer->builtInExternal()));
-        m_plugIn.emplace(CFPlugInCreate(kCFAllocatorDefault, url.get()));
     }
 
     void call() const
     {
-        const CFUUIDRef type = CFUUIDGetConstantUUIDWithBytes(kCFAllocatorDefault, 0x5C, 0xD9, 0x48, 0x4B, 0x4A, 0x86,
-            0x4C, 0xA2, 0xA7, 0x9A, 0x15, 0x25, 0xA3, 0xB5, 0xF6, 0xE8);
-        const CFUUIDBytes interface = {
-            0x00, 0xD5, 0xFB, 0xFE, 0x3D, 0x3D, 0x40, 0xE2, 0x9D, 0xCB, 0x92, 0xED, 0x69, 0x58, 0x34, 0xF8};
-
-        const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(type, m_plugIn->get()));
-        const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories.get(), 0));
-        auto* const made = static_cast<XcodInstance*>(CFPlugInInstanceCreate(kCFAllocatorDefault, factory, type));
-        ASSERT_NE(made, nullptr);
-        LPVOID queried = nullptr;
-        ASSERT_EQ(made->functions->QueryInterface(made, interface, &queried), S_OK);
-        auto* const instance = static_cast<XcodInstance*>(queried);
-
         Toolbox::UseUnattendedDisplay(GetParam().answers);
         Record record;
         record.block().message = GetParam().message;
-        instance->functions->XCodMain(&record.block());
+        External external(m_installer->builtInExternal());
+        external.call(record, DisplayKind::Unattended, nullptr);
+        external.release();
         ASSERT_EQ(record.block().chosenLanguage, expectedChoice());
-        ASSERT_EQ(instance->functions->Release(instance), 1u);
-        ASSERT_EQ(made->functions->Release(made), 0u);
     }
 
 private:
@@ -176,7 +159,6 @@ private:
     const TemporaryFolder m_folder;
     const fs::path m_app;
     std::optional<Installer> m_installer;
-    std::optional<CFOwner<CFPlugInRef>> m_plugIn;
 };
 
 TEST_P(LoadTest, GrowsByWhatEachCallLeavesAndNoMore)
