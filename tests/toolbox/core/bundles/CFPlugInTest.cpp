@@ -4,6 +4,7 @@
 #include <Toolbox/Trace.h>
 
 #include <QByteArray>
+#include <QUuid>
 
 #include <tuple>
 #include <vector>
@@ -29,7 +30,7 @@ std::string lowerCase(const std::string& id)
 // The constant UUID of the text `id`.
 CFUUIDRef uuid(const std::string& id)
 {
-    const QByteArray b = QByteArray::fromHex(QByteArray::fromStdString(id));
+    const QByteArray b = QUuid(QByteArray::fromStdString(id)).toRfc4122();
     const auto byte = [&](int index) { return static_cast<UInt8>(b[index]); };
     return CFUUIDGetConstantUUIDWithBytes(nullptr, byte(0), byte(1), byte(2), byte(3), byte(4), byte(5), byte(6),
         byte(7), byte(8), byte(9), byte(10), byte(11), byte(12), byte(13), byte(14), byte(15));
@@ -38,11 +39,8 @@ CFUUIDRef uuid(const std::string& id)
 // The text of `id`.
 std::string textOf(CFUUIDRef id)
 {
-    const Toolbox::UUIDBytes& bytes = findObject<UUIDObject>(id)->bytes();
-    std::string digits = QByteArray(reinterpret_cast<const char*>(bytes.data()), 16).toHex().toUpper().toStdString();
-    for (const std::size_t position : {8U, 13U, 18U, 23U})
-        digits.insert(position, "-");
-    return digits;
+    const auto* const bytes = reinterpret_cast<const char*>(findObject<UUIDObject>(id)->bytes().data());
+    return QUuid::fromRfc4122(QByteArrayView(bytes, 16)).toString(QUuid::WithoutBraces).toUpper().toStdString();
 }
 
 // Entries for the factories, and for the types.

@@ -10,15 +10,21 @@ using Toolbox::mainBundleResource;
 using Toolbox::SetMainBundle;
 
 // The main bundle outlives a test: so these look at what is alive themselves.
-using MainBundle = TestInAFolder<testing::Test>;
+class MainBundle : public TestInAFolder<testing::Test> {
+protected:
+    MainBundle()
+    {
+        fs::create_directories(in("a.app"));
+        fs::create_directories(in("b.app"));
+        EXPECT_TRUE(SetMainBundle(in("a.app")));
+    }
+};
 
 const bool IS_NONE_AT_FIRST = CFBundleGetMainBundle() == nullptr;
 
 TEST_F(MainBundle, IsTheOneThatWasNamed)
 {
     EXPECT_TRUE(IS_NONE_AT_FIRST);
-    fs::create_directories(in("a.app"));
-    ASSERT_TRUE(SetMainBundle(in("a.app")));
     const CFBundleRef bundle = createBundle(in("a.app"));
     EXPECT_EQ(CFBundleGetMainBundle(), bundle);
     CFRelease(bundle);
@@ -28,9 +34,6 @@ TEST_F(MainBundle, IsTheOneThatWasNamed)
 
 TEST_F(MainBundle, IsTheOneThatWasNamedLast)
 {
-    fs::create_directories(in("a.app"));
-    fs::create_directories(in("b.app"));
-    ASSERT_TRUE(SetMainBundle(in("a.app")));
     const CFBundleRef first = CFBundleGetMainBundle();
     const std::size_t alive = liveObjects();
     ASSERT_TRUE(SetMainBundle(in("b.app")));
@@ -41,8 +44,6 @@ TEST_F(MainBundle, IsTheOneThatWasNamedLast)
 
 TEST_F(MainBundle, StaysTheSameWhenItIsNamedAgain)
 {
-    fs::create_directories(in("a.app"));
-    ASSERT_TRUE(SetMainBundle(in("a.app")));
     const CFBundleRef bundle = CFBundleGetMainBundle();
     const std::size_t alive = liveObjects();
     ASSERT_TRUE(SetMainBundle(in("a.app")));
@@ -53,9 +54,7 @@ TEST_F(MainBundle, StaysTheSameWhenItIsNamedAgain)
 
 TEST_F(MainBundle, StaysTheOneBeforeWhenThereIsNoSuchFolder)
 {
-    fs::create_directories(in("a.app"));
     writeFile(in("file"));
-    ASSERT_TRUE(SetMainBundle(in("a.app")));
     const CFBundleRef bundle = CFBundleGetMainBundle();
     EXPECT_FALSE(SetMainBundle(in("missing")));
     EXPECT_FALSE(SetMainBundle(in("file")));
@@ -65,10 +64,7 @@ TEST_F(MainBundle, StaysTheOneBeforeWhenThereIsNoSuchFolder)
 
 TEST_F(MainBundle, ReleasedByACallerWhoOnlyBorrowedItIsADeadReference)
 {
-    fs::create_directories(in("a.app"));
-    fs::create_directories(in("b.app"));
     writeFile(in("a.app/a.txt"));
-    ASSERT_TRUE(SetMainBundle(in("a.app")));
     CFRelease(CFBundleGetMainBundle());
     EXPECT_EQ(CFBundleCopyResourceURL(CFBundleGetMainBundle(), CFSTR("a"), CFSTR("txt"), nullptr), nullptr);
     EXPECT_TRUE(mainBundleResource("a", "txt").empty());
@@ -77,11 +73,11 @@ TEST_F(MainBundle, ReleasedByACallerWhoOnlyBorrowedItIsADeadReference)
 
 TEST_F(MainBundle, GivesThePathsOfItsResources)
 {
-    const fs::path resources = in("a.app/Contents/Resources");
+    const fs::path resources = in("c.app/Contents/Resources");
     writeFile(resources / "About.nib/objects.xib");
     writeFile(in("outside"));
     fs::create_symlink(in("outside"), resources / "About.nib/link.xib");
-    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    ASSERT_TRUE(SetMainBundle(in("c.app")));
     EXPECT_EQ(mainBundleResource("About", "nib"), resources / "About.nib");
     EXPECT_EQ(mainBundleResource("objects", "xib", "About.nib"), resources / "About.nib/objects.xib");
     EXPECT_TRUE(mainBundleResource("link", "xib", "About.nib").empty()) << "it leads out of the bundle";

@@ -118,8 +118,10 @@ TEST_F(CFURL, TakesAComponentThatIsNotASCIIAndNoneThatIsNoFileName)
     EXPECT_EQ(CFURLCreateCopyAppendingPathComponent(nullptr, url, half, false), nullptr);
 }
 
-TEST_F(CFURL, NeedsAPlaceForWhatItGives)
+TEST_F(CFURL, NeedsAPlaceForWhatItGivesAndAFileForAReference)
 {
+    FSRef file;
+    EXPECT_FALSE(CFURLGetFSRef(Owned(makeURL(m_folder / "missing")), &file));
     const Owned url = makeURL("/a");
     EXPECT_FALSE(CFURLGetFSRef(url, nullptr));
     EXPECT_FALSE(CFURLGetFileSystemRepresentation(url, true, nullptr, 8));
@@ -150,34 +152,18 @@ TEST_F(CFURL, IsEqualToAnotherOfTheSamePathAndKind)
     EXPECT_FALSE(CFEqual(url, other));
 }
 
-TEST_F(CFURL, ComesFromAReferenceToAFileAndGoesBackToOne)
+TEST_F(CFURL, ComesFromAReferenceToAFileOrFolderAndGoesBackToOne)
 {
     std::ofstream(m_folder / "file") << "content";
-    FSRef reference;
-    ASSERT_EQ(Toolbox::makeFileReference(m_folder / "file", &reference), noErr);
-    const Owned url = CFURLCreateFromFSRef(kCFAllocatorSystemDefault, &reference);
-    const Owned expected = makeURL(m_folder / "file", false);
-    EXPECT_TRUE(CFEqual(url, expected));
-
-    FSRef again;
-    ASSERT_TRUE(CFURLGetFSRef(url, &again));
-    EXPECT_EQ(Toolbox::pathOf(&again), (m_folder / "file").string());
-}
-
-TEST_F(CFURL, OfAReferenceToAFolderIsAFolders)
-{
-    FSRef reference;
-    ASSERT_EQ(Toolbox::makeFileReference(m_folder.path(), &reference), noErr);
-    const Owned url = CFURLCreateFromFSRef(nullptr, &reference);
-    const Owned expected = makeURL(m_folder.path(), true);
-    EXPECT_TRUE(CFEqual(url, expected));
-}
-
-TEST_F(CFURL, GivesNoReferenceWhereNothingIs)
-{
-    const Owned url = makeURL(m_folder / "missing");
-    FSRef file;
-    EXPECT_FALSE(CFURLGetFSRef(url, &file));
+    for (const auto& [path, isFolder] : {std::pair(m_folder / "file", false), {m_folder.path(), true}}) {
+        FSRef reference;
+        ASSERT_EQ(Toolbox::makeFileReference(path, &reference), noErr);
+        const Owned url = CFURLCreateFromFSRef(kCFAllocatorSystemDefault, &reference);
+        EXPECT_TRUE(CFEqual(url, Owned(makeURL(path, isFolder)))) << path;
+        FSRef again;
+        ASSERT_TRUE(CFURLGetFSRef(url, &again));
+        EXPECT_EQ(Toolbox::pathOf(&again), path.string());
+    }
 }
 
 }  // namespace

@@ -42,13 +42,6 @@ protected:
 
 using EventParameters = EventHandlers;
 
-TEST_F(EventParameters, KnowTheClassAndKindOfTheirEvent)
-{
-    const Event event('clss', 3, {});
-    EXPECT_EQ(GetEventClass(event.ref()), UInt32{'clss'});
-    EXPECT_EQ(GetEventKind(event.ref()), 3u);
-}
-
 TEST_F(EventParameters, AreCopiedNoFurtherThanAskedForAndTellTheirFullSize)
 {
     const Event event('clss', 1, {demo(4)});
@@ -70,9 +63,11 @@ TEST_F(EventParameters, AreCopiedNoFurtherThanAskedForAndTellTheirFullSize)
     EXPECT_EQ(GetEventParameter(event.ref(), 'demo', 'byts', nullptr, 1, &size, nullptr), paramErr);
 }
 
-TEST_F(EventParameters, AreAskedForByNameAndType)
+TEST_F(EventParameters, AreAskedForByNameAndTypeBesideClassAndKind)
 {
-    const Event event('clss', 1, {demo(4)});
+    const Event event('clss', 3, {demo(4)});
+    EXPECT_EQ(GetEventClass(event.ref()), UInt32{'clss'});
+    EXPECT_EQ(GetEventKind(event.ref()), 3u);
     UInt32 size = 99;
     UInt8 byte = 9;
     EXPECT_EQ(GetEventParameter(event.ref(), 'omed', 'byts', nullptr, 1, &size, &byte), eventParameterNotFoundErr);
