@@ -64,16 +64,23 @@ TEST(NewPtr, RefusesNegativeSizesAndWhatNoMachineHas)
         DisposePtr(block);
 }
 
-TEST(NewPtr, IsNullAndKeepsNothingWhicheverAllocationFails)
+// Makes a block while each allocation fails in its turn.
+template <typename Block> Block expectNullOrOneMore(const char* kind, Block (*make)())
 {
-    const std::size_t before = blocksAlive("pointer");
-    Ptr block = nullptr;
-    allocations::refusingEach([&] { block = NewPtr(8); },
+    const std::size_t before = blocksAlive(kind);
+    Block block = nullptr;
+    allocations::refusingEach([&] { block = make(); },
         [&](bool refused) {
             EXPECT_EQ(block == nullptr, refused);
-            EXPECT_EQ(blocksAlive("pointer"), before + (refused ? 0 : 1));
+            EXPECT_EQ(blocksAlive(kind), before + (refused ? 0 : 1));
         });
-    DisposePtr(block);
+    return block;
+}
+
+TEST(MemoryManager, GivesNullAndKeepsNothingWhicheverAllocationFails)
+{
+    DisposePtr(expectNullOrOneMore<Ptr>("pointer", [] { return NewPtr(8); }));
+    freeHandle(expectNullOrOneMore<Handle>("handle", [] { return makeHandle("abc", 3); }));
 }
 
 TEST(DisposePtr, FreesABlockOnceAndNothingElse)
@@ -115,18 +122,6 @@ TEST(Handle, IsFreedOnce)
         freeHandle(freed);
         EXPECT_EQ(blocksAlive("handle"), before);
     }
-}
-
-TEST(Handle, IsNullAndKeepsNothingWhicheverAllocationFails)
-{
-    const std::size_t before = blocksAlive("handle");
-    Handle handle = nullptr;
-    allocations::refusingEach([&] { handle = makeHandle("abc", 3); },
-        [&](bool refused) {
-            EXPECT_EQ(handle == nullptr, refused);
-            EXPECT_EQ(blocksAlive("handle"), before + (refused ? 0 : 1));
-        });
-    freeHandle(handle);
 }
 
 TEST(HLock, LeavesTheBlockWhereItIs)

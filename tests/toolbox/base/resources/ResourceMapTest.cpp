@@ -198,22 +198,6 @@ TEST(ResourceMapField, DecidesWhetherTheForkIsGood)
     }
 }
 
-TEST(ResourceMapField, MayHaveAnyValueWithoutHarm)
-{
-    const Bytes good = makeFork(RESOURCES).bytes();
-    const unsigned size = static_cast<unsigned>(good.size());
-    for (std::size_t position = 0; position < good.size(); ++position) {
-        for (std::size_t width = 1; width <= 4 && position + width <= good.size(); ++width) {
-            for (const unsigned value : {0u, 1u, 0x7Fu, 0x80u, 0xFFu, size - 1, size, size + 1, 0x7FFFu, 0x8000u,
-                     0xFFFEu, 0xFFFFu, 0x7FFFFFu, 0xFFFFFFu, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFEu, 0xFFFFFFFFu}) {
-                Bytes fork = good;
-                setNumber(fork, position, width, value);
-                resultOf(fork);
-            }
-        }
-    }
-}
-
 TEST(ResourceMap, IsThirtyBytesLongAtLeast)
 {
     // A map of zeros, which lies before the data: one resource of type 0.
