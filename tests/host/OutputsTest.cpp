@@ -1,7 +1,6 @@
 #include "host/Outputs.h"
 
 #include "tests/host/ProblemOf.h"
-#include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +8,6 @@
 #include <dlfcn.h>
 
 #include <cstdio>
-#include <fstream>
 #include <tuple>
 #include <utility>
 
@@ -128,64 +126,40 @@ TEST(Outputs, AreNothingOfTheHostsOwn)
     }
 }
 
-struct FileCase {
-    const char* name;
-    Option file;
-};
+TEST(OutputFile, IsRefusedWithTheReasonAndNeitherMadeNorChanged)
+{
+    for (const auto& [what, option] : {std::pair("record", &Options::writeRecord), {"picture", &Options::picture}}) {
+        const auto problemOf = [option = option](const fs::path& file) {
+            Options options;
+            options.*option = file.string();
+            return problemWith(options);
+        };
+        const TemporaryFolder folder;
+        folder.write("no folder", "x");
+        fs::create_symlink("nowhere", folder / "link");
+        fs::create_symlink("loop", folder / "loop");
+        const std::pair<fs::path, const char*> refused[] = {
+            {folder / "missing/file", "there is no such folder"},
+            {folder / "no folder/file", "there is no such folder"},
+            {folder / "", "it is a folder"},
+            {"/dev/null", "it is not a regular file"},
+            {folder / "link", "it is a link that leads nowhere"},
+            {folder / "loop", "Too many levels of symbolic links"},
+            {folder / std::string(249, 'n'), "its name is longer than 248 bytes"},
+        };
+        for (const auto& [file, reason] : refused)
+            EXPECT_EQ(
+                problemOf(file), std::string("cannot save the ") + what + " in '" + file.string() + "': " + reason);
 
-const FileCase FILE_CASES[] = {{"record", &Options::writeRecord}, {"picture", &Options::picture}};
-
-class OutputFile : public testing::TestWithParam<FileCase> {
-protected:
-    std::string problemOf(const fs::path& file) const
-    {
-        Options options;
-        options.*GetParam().file = file.string();
-        return problemWith(options);
+        folder.write("nowhere", RECORD);
+        folder.write("old", RECORD);
+        for (const std::string& name :
+            {std::string("link"), std::string("new"), std::string("old"), std::string(248, 'n')})
+            EXPECT_EQ(problemOf(folder / name), "none") << name;
+        EXPECT_FALSE(fs::exists(folder / "new"));
+        EXPECT_EQ(contents(folder / "old"), RECORD);
     }
-
-    std::string refusalOf(const fs::path& file, const char* reason) const
-    {
-        return std::string("cannot save the ") + GetParam().name + " in '" + file.string() + "': " + reason;
-    }
-
-    const TemporaryFolder folder;
-};
-
-TEST_P(OutputFile, NeedsAFolderAndReplacesRegularFilesAlone)
-{
-    const fs::path file = folder / "missing" / "file";
-    EXPECT_EQ(problemOf(file), refusalOf(file, "there is no such folder"));
-    std::ofstream(folder / "no folder").put('x');
-    EXPECT_EQ(
-        problemOf(folder / "no folder" / "file"), refusalOf(folder / "no folder" / "file", "there is no such folder"));
-    EXPECT_EQ(problemOf(folder / ""), refusalOf(folder / "", "it is a folder"));
-    EXPECT_EQ(problemOf("/dev/null"), refusalOf("/dev/null", "it is not a regular file"));
 }
-
-TEST_P(OutputFile, IsNeitherMadeNorChangedNorALinkThatLeadsNowhere)
-{
-    fs::create_symlink("nowhere", folder / "link");
-    EXPECT_EQ(problemOf(folder / "link"), refusalOf(folder / "link", "it is a link that leads nowhere"));
-    fs::create_symlink("loop", folder / "loop");
-    EXPECT_EQ(problemOf(folder / "loop"), refusalOf(folder / "loop", "Too many levels of symbolic links"));
-    folder.write("nowhere", RECORD);
-    EXPECT_EQ(problemOf(folder / "link"), "none");
-    EXPECT_EQ(problemOf(folder / "new"), "none");
-    EXPECT_FALSE(fs::exists(folder / "new"));
-    folder.write("old", RECORD);
-    EXPECT_EQ(problemOf(folder / "old"), "none");
-    EXPECT_EQ(contents(folder / "old"), RECORD);
-}
-
-TEST_P(OutputFile, MayHaveANameThatLeavesRoomForMore)
-{
-    EXPECT_EQ(problemOf(folder / std::string(248, 'n')), "none");
-    const fs::path file = folder / std::string(249, 'n');
-    EXPECT_EQ(problemOf(file), refusalOf(file, "its name is longer than 248 bytes"));
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, OutputFile, testing::ValuesIn(FILE_CASES), RowName());
 
 TEST(Outputs, AreNotInsideABundle)
 {

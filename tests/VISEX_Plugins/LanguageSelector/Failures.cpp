@@ -157,9 +157,9 @@ std::vector<Failure> makeFailures()
 
     // The alerts themselves.
     {"BoxesString", NO_DIALOG, "CFStringCreateWithCString", 1, {0}, "CFString.h: null for a text that is invalid",
-        "CFStringGetPascalStringPtr(null, 0) = null\n" + BLANK_BOX, STOPS, "blank", UNTOUCHED, GATE},
+        "CFStringGetPascalStringPtr(null, 0) = null\n" + BLANK_BOX, STOPS, "nothing", UNTOUCHED, GATE},
     {"BoxesPascalString", NO_DIALOG, "CFStringGetPascalStringPtr", 1, {0}, "CFString.h: null at any time",
-        BLANK_BOX + "CFRelease(string1)\n", STOPS, "blank", UNTOUCHED, GATE},
+        BLANK_BOX + "CFRelease(string1)\n", STOPS, "nothing", UNTOUCHED, GATE},
     {"Box", NO_DIALOG, "StandardAlert", 1, {paramErr, memFullErr, resNotFound, 1, 0x7FFF}, "Dialogs.h, MacErrors.h",
         "CFRelease(string1)\n", STOPS, "nothing", UNTOUCHED, GATE},
     {"InstallersAlert", Scenario::NotServed, "StopAlert", 1, {-1}, "Dialogs.h: -1 when there is no such alert",

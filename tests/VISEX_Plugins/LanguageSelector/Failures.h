@@ -32,7 +32,7 @@ struct Failure {
     const char* source;         // that says so: the platform's header
     std::string then;           // the log that follows; with `stops`, all of it but for a message box
     bool stops;
-    const char* seen;  // the text of the message box, "blank" for one without, "5000" for the installer's alert
+    const char* seen;  // the text of the message box; "nothing" without one or without a text
     UInt16 chosen;
     std::string leftBehind;
 };
