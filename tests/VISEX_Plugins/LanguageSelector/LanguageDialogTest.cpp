@@ -47,6 +47,7 @@ HideWindow(window1)
 DisposeWindow(window1)
 DisposeEventHandlerUPP(upp1)
 )")) << Log();
+    EXPECT_FALSE(logged("StandardAlert(")) << Log();
     EXPECT_EQ(LeftBehind(), "");
 }
 
