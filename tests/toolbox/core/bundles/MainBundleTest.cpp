@@ -74,11 +74,16 @@ TEST_F(MainBundle, ReleasedByACallerWhoOnlyBorrowedItIsADeadReference)
 TEST_F(MainBundle, GivesThePathsOfItsResources)
 {
     const fs::path resources = in("c.app/Contents/Resources");
+    makeBundle(in("c.app"), stringEntry("CFBundleDevelopmentRegion", "de"));
     writeFile(resources / "About.nib/objects.xib");
+    writeFile(resources / "de.lproj/About.nib/objects.xib");
+    writeFile(resources / "de.lproj/German.nib/objects.xib");
+    writeFile(resources / "xx.lproj/Other.nib/objects.xib");
     writeFile(in("outside"));
     fs::create_symlink(in("outside"), resources / "About.nib/link.xib");
     ASSERT_TRUE(SetMainBundle(in("c.app")));
     EXPECT_EQ(mainBundleResource("About", "nib"), resources / "About.nib");
+    EXPECT_EQ(mainBundleResource("German", "nib"), resources / "de.lproj/German.nib");
     EXPECT_EQ(mainBundleResource("objects", "xib", "About.nib"), resources / "About.nib/objects.xib");
     EXPECT_TRUE(mainBundleResource("link", "xib", "About.nib").empty()) << "it leads out of the bundle";
     EXPECT_TRUE(mainBundleResource("Other", "nib").empty());

@@ -118,25 +118,6 @@ TEST_F(NibServices, LookForTheNibInTheMainBundle)
     EXPECT_EQ(onlyRemark(), "");
 }
 
-TEST_F(NibServices, TakeANibWithoutALanguageBeforeOneWithIt)
-{
-    std::ofstream(inResources("../Info.plist"))
-        << "<plist><dict><key>CFBundleDevelopmentRegion</key><string>de</string></dict></plist>";
-    const TemporaryFolder other;  // so that the main bundle is made anew, with its Info.plist
-    ASSERT_TRUE(Toolbox::SetMainBundle(other.path()));
-    ASSERT_TRUE(Toolbox::SetMainBundle(m_folder / "Demo.app"));
-    const auto name = [](const char* window) {
-        std::string archive = SAMPLE_NIB;
-        return archive.replace(archive.find("<string>Window") + 8, 6, window);
-    };
-    makeNib("xx.lproj/Demo.nib", name("Elsewhere"));
-    EXPECT_EQ(tryToOpen(), kIBCarbonRuntimeCantFindNibFile);
-    makeNib("de.lproj/Demo.nib", name("German"));
-    EXPECT_EQ(tryToMake("German"), noErr);
-    makeNib("Demo.nib", name("Global"));
-    EXPECT_EQ(tryToMake("Global"), noErr);
-}
-
 // ---- Files that are none
 
 TEST_F(NibServices, OpenNothingButAFileInAFolder)
