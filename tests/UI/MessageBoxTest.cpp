@@ -194,7 +194,7 @@ TEST_F(MessageBoxText, InUTF16IsNotCut)
         << Log();
 }
 
-TEST_F(MessageBoxText, InUTF16IsNotRunButReleasedWhenTheAlertCannotBeMade)
+TEST_F(MessageBoxText, InUTF16IsReleasedWhenTheAlertCannotBeMadeOrRun)
 {
     for (const long status : {long{paramErr}, 1L, 0x10000L, -0x10000L}) {
         ToolboxDouble::Reset();
@@ -205,14 +205,12 @@ TEST_F(MessageBoxText, InUTF16IsNotRunButReleasedWhenTheAlertCannotBeMade)
             whole.substr(0, whole.find(" = 0 -> alert1")) + " = " + std::to_string(status)
                 + whole.substr(whole.find("\nCFRelease(")));
         EXPECT_EQ(LeftBehind(), "");
-    }
-}
 
-TEST_F(MessageBoxText, InUTF16IsReleasedWhenTheAlertCannotBeRun)
-{
-    ToolboxDouble::FailCall("RunStandardAlert", paramErr);
-    UI::MessageOK(nullptr, units("Title"), units("Message"), units("Button"), false);
-    EXPECT_EQ(LeftBehind(), "");
+        ToolboxDouble::Reset();
+        ToolboxDouble::FailCall("RunStandardAlert", status);
+        UI::MessageOK(nullptr, units("Title"), JAPANESE, units("Fertig"), false);
+        EXPECT_EQ(LeftBehind(), "") << "nor when it cannot be run";
+    }
 }
 
 }  // namespace

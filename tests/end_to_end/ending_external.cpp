@@ -1,4 +1,4 @@
-// An external that ends the process, or tries to: at the moment that ENDS_AT in the environment names, in the way that
+// An external that ends the process: at the moment that ENDS_AT in the environment names, in the way that
 // ENDS_BY does. Until then it behaves: its call chooses German. Or its factory gives what GIVES names in place of an
 // instance.
 
@@ -32,11 +32,6 @@ const struct {
     {"a crash", [] { std::signal(SIGSEGV, SIG_DFL), std::raise(SIGSEGV); }},  // not the sanitizers' to report
     {"throw", [] { throw std::runtime_error("why"); }},
     {"abort", [] { std::abort(); }},
-    {"a child's _exit",
-        [] {
-            if (fork() == 0)
-                _exit(0);
-        }},
 };
 
 void endIfAt(const char* moment)

@@ -362,10 +362,6 @@ class Bundles(HostTest):
         self.assertEqual(outcome.status, NOT_RETURNED)
         self.assertTrue(outcome.errors.endswith("visex-host: the external ended the process after its call\n"))
 
-    def test_one_that_ends_another_process_goes_on(self):
-        self.use_executable("ending_external")
-        self.assert_chose(unattended(self.bundle, variables={"ENDS_AT": "call", "ENDS_BY": "a child's _exit"}), GERMAN)
-
     def test_one_that_changes_the_working_directory(self):
         original = self.executable.rename(self.folder / "original")
         shutil.copy(BUILD / "tests/end_to_end/libwandering_external.so", self.executable)

@@ -150,21 +150,16 @@ TEST_F(StringUnicodeCalls, FromUnicodeEndsAtTheFirstZeroByteThatComesOutOrAtTheC
 TEST_F(StringUnicodeCalls, ToUnicodeAsksForUnitsWithoutTheTerminator)
 {
     converter.written = 6;
-    const shared_array<unsigned short> units = String("abc").Unicode();
+    const shared_array<unsigned short> units = stringOf(std::string("abc\0d", 5)).Unicode();
     ASSERT_NE(units.get(), nullptr);
     EXPECT_EQ(units[3], 0);
-    EXPECT_EQ(converter.created, std::vector<TextEncoding>{0x1234});
-    EXPECT_EQ(converter.sourceLengths, std::vector<ByteCount>{3});
-    EXPECT_EQ(converter.bufferSizes, std::vector<ByteCount>{6});
-}
-
-TEST_F(StringUnicodeCalls, ToUnicodeConvertsNothingOfANullString)
-{
-    const shared_array<unsigned short> units = String().Unicode();
-    ASSERT_NE(units.get(), nullptr);
-    EXPECT_EQ(units[0], 0);
-    EXPECT_EQ(converter.sourceLengths, std::vector<ByteCount>{0});
-    EXPECT_EQ(converter.bufferSizes, std::vector<ByteCount>{0});
+    converter.written = 0;
+    const shared_array<unsigned short> none = String().Unicode();
+    ASSERT_NE(none.get(), nullptr);
+    EXPECT_EQ(none[0], 0);
+    EXPECT_EQ(converter.created, std::vector<TextEncoding>(2, 0x1234));
+    EXPECT_EQ(converter.sourceLengths, (std::vector<ByteCount>{3, 0}));
+    EXPECT_EQ(converter.bufferSizes, (std::vector<ByteCount>{6, 0}));
 }
 
 TEST_F(StringUnicodeCalls, ToUnicodeEndsBehindWhatWasWrittenAndIsNullIfThatIsTooMuch)

@@ -38,6 +38,7 @@ bool enterLocale(
     const std::string command = "localedef -c --no-archive " + order + " -f " + charmap + " -i '"
         + (folder / "definition").string() + "' '" + (folder / "made").string() + "' >/dev/null 2>&1";
     std::system(command.c_str());
+    std::setlocale(category, "C");  // or one of that name that is still current would be taken
     setenv("LOCPATH", folder.path().c_str(), 1);
     const bool isEntered = std::setlocale(category, "made") != nullptr;
     unsetenv("LOCPATH");
@@ -88,17 +89,6 @@ TEST_F(StringInLocale, CommaIsWrittenAndBothAreReadAndIntegersAreNotGrouped)
     EXPECT_EQ(contents(String::Number(1234567)), "1234567");
     EXPECT_EQ(contents(String::Number(1234567ull)), "1234567");
     EXPECT_EQ(String("1'234").ToInt(), 0);
-}
-
-TEST_F(StringInLocale, ThirdPointIsReadForBoth)
-{
-    if (!enterPoint(";"))
-        GTEST_SKIP() << CANNOT;
-    EXPECT_EQ(contents(String::Number(1.5, 2)), "1;50");
-    EXPECT_EQ(toDouble("1;5"), 1.5);
-    EXPECT_EQ(toDouble("1,5"), 1.5);
-    EXPECT_EQ(toDouble("1.5"), 1.5);
-    EXPECT_EQ(toDouble("1.2,5"), std::nullopt);
 }
 
 TEST_F(StringInLocale, OfAPointOfTwoBytesOnlyTheFirstIsPut)

@@ -5,8 +5,6 @@
 
 #include <map>
 
-using namespace std::string_view_literals;
-
 namespace {
 
 typedef std::basic_string<unsigned short> Units;
@@ -105,12 +103,6 @@ TEST_F(UnicodeProperty, AgreesOnRandomUnits)
         }
         ASSERT_TRUE(agrees(String(all.c_str()), text(all))) << testing::PrintToString(all);
     }
-}
-
-TEST_F(UnicodeProperty, EndsAtTheFirstZeroByte)
-{
-    for (const Twin& twin : shortTexts("a\xE9\0"sv, 4))
-        ASSERT_EQ(unitsOf(twin.string), units(twin.text)) << call(twin, "Unicode");
 }
 
 TEST_F(UnicodeProperty, GivesUpFrom100000On)
