@@ -33,7 +33,7 @@ int byteOf(unsigned unit)
 template <typename Character, typename Expect>
 void inEveryPlace(Character one, Character before, Character behind, Expect expect)
 {
-    for (const std::size_t length : {1, 2, 15, 16, 17, 31, 32, 33, 40}) {
+    for (const std::size_t length : {1u, 2u, 15u, 16u, 17u, 31u, 32u, 33u, 40u}) {
         for (std::size_t place = 0; place < length; ++place) {
             std::vector<Character> text(length, before);
             std::fill(text.begin() + std::ptrdiff_t(place), text.end(), behind);

@@ -160,7 +160,9 @@ TEST(Requests, StandForThemselvesInAnyCase)
 
 TEST(Choices, AreAFewWordsInShort)
 {
-    EXPECT_EQ(Choices().inShort(), QString());
+    QString problem;
+    EXPECT_FALSE(Choices().find(QStringLiteral("x"), &problem).has_value());
+    EXPECT_EQ(problem, QStringLiteral("There is no \"x\" here. Choices: ."));
     Choices many;
     many.add(QStringLiteral("OK"));
     for (int number = 1; number <= 11; ++number)
@@ -186,13 +188,6 @@ TEST(FindChoice, RepeatsTheBeginningOfALongText)
     EXPECT_TRUE(problem.startsWith(start.arg(QString(40, QLatin1Char('x')))));
     EXPECT_FALSE(languages().find(QString(41, QLatin1Char('x')), &problem).has_value());
     EXPECT_TRUE(problem.startsWith(start.arg(QString(40, QLatin1Char('x')) + QStringLiteral("..."))));
-}
-
-TEST(FindChoice, FindsNothingAmongNothing)
-{
-    QString problem;
-    EXPECT_FALSE(Choices().find(QStringLiteral("x"), &problem).has_value());
-    EXPECT_EQ(problem, QStringLiteral("There is no \"x\" here. Choices: ."));
 }
 
 }  // namespace
