@@ -295,28 +295,11 @@ TEST_P(StringSizes, ResultPutTogetherFromPiecesHasOneBuffer)
     const String withPlaceholder = String("%1") += text;
     const std::vector<String> parts = {text, "y"};
     const String separator(", ");
-    const String y("y");
     EXPECT_EQ(allocations::sizesIn([&] { (void)String::Join(separator, parts); }), stringOfLength(m_length + 3));
     EXPECT_EQ(allocations::sizesIn([&] { (void)withPlaceholder.Arg(separator); }),
         m_length == 0 ? Sizes() : stringOfLength(m_length + 2));
 }
 
 INSTANTIATE_TEST_SUITE_P(Lengths, StringSizes, testing::Values(0, 1, 3, 4, 7, 8, 15, 16, 17, 22, 23, 64, 1000));
-
-TEST(StringSizes, LastCopyFreesEverything)
-{
-    const long before = allocations::live();
-    {
-        String text("a text too long for any small buffer");
-        const long made = allocations::live();
-        {
-            const String copy(text);
-            text = String();
-            EXPECT_EQ(allocations::live(), made + 1) << "the count of the null string";
-        }
-        EXPECT_EQ(allocations::live(), before + 1);
-    }
-    EXPECT_EQ(allocations::live(), before);
-}
 
 }  // namespace
