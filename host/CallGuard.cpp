@@ -159,7 +159,8 @@ ExitStatus watched(const std::function<ExitStatus()>& program)
     if (child > 0)
         return watch();
 
-    prctl(PR_SET_PDEATHSIG, SIGTERM);  // which it may hold back until a file is whole
+    prctl(
+        PR_SET_PDEATHSIG, SIGKILL);  // nothing else ends a process that is stopped, or that was told to ignore the rest
     if (getppid() != watcher)
         _exit(EXIT_FAILURE);  // it has gone already
     std::atexit(endAtOnce);

@@ -282,6 +282,10 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
     app.set_help_flag("-h,--help", "Print this");
     app.set_version_flag("--version", "visex-host " HOST_VERSION, "Say which version this is");
 
+    for (const std::string& argument : arguments)  // CLI11 would take the next argument for its value
+        for (const Option& option : OPTIONS)
+            if (option.value != nullptr && argument == std::string(option.name) + "=")
+                throw wrongUsage(std::string(option.name) + " needs a value");
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));  // it takes them last first
     } catch (const CLI::CallForHelp&) {

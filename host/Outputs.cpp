@@ -5,7 +5,6 @@
 #include "host/Record.h"
 #include "host/WrittenFiles.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <utility>
 
@@ -89,16 +88,6 @@ void checkThatNothingIsSpoiled(const Options& options)
     }
 }
 
-// Something else that stands there was hardly meant. An empty file holds nothing that could be lost.
-void checkThatARecordIsReplaced(const std::string& file)
-{
-    std::error_code isNone;
-    const std::uintmax_t size = fs::file_size(file, isNone);
-    if (!isNone && size != 0 && !Record::canHave(size))
-        throw Problem(ExitStatus::NotDone,
-            notWritten("record", file, "what is there is no record; name another file, or remove this one"));
-}
-
 }  // namespace
 
 void settleOutputs(Options& options)
@@ -107,7 +96,7 @@ void settleOutputs(Options& options)
     checkThatNothingIsSpoiled(options);
     if (options.writeRecord) {
         checkWritable("record", *options.writeRecord);
-        checkThatARecordIsReplaced(*options.writeRecord);
+        Record::checkThatItReplaces(*options.writeRecord);
     }
     if (options.picture)
         checkWritable("picture", *options.picture);

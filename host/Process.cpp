@@ -1,6 +1,7 @@
 #include "host/Process.h"
 
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -61,14 +62,23 @@ void clearPlugInPaths()
 }
 
 HeldSignals::HeldSignals()
+    : m_process(getpid())
+    , m_parent(getppid())
 {
     sigset_t all;
     sigfillset(&all);
     pthread_sigmask(SIG_SETMASK, &all, &m_before);
+    prctl(PR_GET_PDEATHSIG, &m_deathSignal);
+    prctl(PR_SET_PDEATHSIG, 0);
 }
 
 HeldSignals::~HeldSignals()
 {
+    if (getpid() == m_process) {  // a child that was started meanwhile has another parent
+        prctl(PR_SET_PDEATHSIG, m_deathSignal);
+        if (m_deathSignal != 0 && getppid() != m_parent)
+            raise(m_deathSignal);
+    }
     pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
 }
 

@@ -3,6 +3,8 @@
 #ifndef HOST_PROCESS_H
 #define HOST_PROCESS_H
 
+#include <sys/types.h>
+
 #include <csignal>
 #include <vector>
 
@@ -20,7 +22,7 @@ const std::vector<const char*>& plugInVariables();
 /// Takes these variables out of the environment. To be called before anything of the toolbox.
 void clearPlugInPaths();
 
-/// Holds back every signal that can be, while it lives.
+/// Holds back every signal that can be, while it lives, and the one that the parent's death was to send.
 class HeldSignals {
 public:
     HeldSignals();
@@ -30,6 +32,9 @@ public:
 
 private:
     sigset_t m_before;
+    int m_deathSignal = 0;
+    const pid_t m_process;
+    const pid_t m_parent;
 };
 
 }  // namespace Host

@@ -84,13 +84,18 @@ Record Record::load(const std::filesystem::path& file)
     return Record(std::move(bytes));
 }
 
-bool Record::canHave(std::uintmax_t size)
+void Record::checkThatItReplaces(const std::filesystem::path& file)
 {
-    return size >= sizeof(ExternParmBlock) && size <= LARGEST;
+    std::error_code isNone;
+    const std::uintmax_t size = std::filesystem::file_size(file, isNone);
+    if (!isNone && size != 0 && (size < sizeof(ExternParmBlock) || size > LARGEST))
+        throw Problem(ExitStatus::NotDone,
+            notWritten("record", file, "what is there is no record; name another file, or remove this one"));
 }
 
 void Record::save(const std::filesystem::path& file) const
 {
+    checkThatItReplaces(file);
     writeFile("record", file, m_bytes);
 }
 

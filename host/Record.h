@@ -22,11 +22,12 @@ public:
     /// fewer than 614 bytes or more than 1 MiB.
     static Record load(const std::filesystem::path& file);
 
-    /// Whether a file of `size` bytes can be a record.
-    static bool canHave(std::uintmax_t size);
+    /// Throws Problem when `file` is something that a record hardly was meant to replace: its size is no record's. An
+    /// empty file holds nothing that could be lost.
+    static void checkThatItReplaces(const std::filesystem::path& file);
 
     /// Saves the record and its tail in `file`, whole or not at all: what was there before stays until all is written.
-    /// Throws Problem.
+    /// Throws Problem, as checkThatItReplaces() does too: much time may have passed since it was asked.
     void save(const std::filesystem::path& file) const;
 
     /// The record's fields. They are the record's own bytes.

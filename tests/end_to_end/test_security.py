@@ -164,7 +164,7 @@ class Files(HostTest):
     """A file is written whole or stays what it was."""
 
     OPTIONS = ("--write-record", "--picture")
-    SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
+    SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGUSR1)  # the last is not passed on to the child
     BEFORE = record(filler=0x5A)
 
     def setUp(self):

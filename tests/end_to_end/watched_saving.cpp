@@ -46,6 +46,7 @@ void sendSignalOf(const char* moment)
 {
     if (const char* const signal = std::getenv(moment)) {
         kill(getppid(), std::atoi(signal));
+        usleep(10000);  // time for it to end of that, and for what the kernel then does with this process
         raise(std::atoi(signal));
     }
 }

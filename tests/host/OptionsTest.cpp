@@ -117,6 +117,7 @@ const WrongCase WRONG_CASES[] = {
     {"EmptyBundle", {""}, "BUNDLE needs a value"},
     {"NoValue", {"--message"}, "--message needs a value"},
     {"NoJoinedValue", {"--app="}, "--app needs a value"},
+    {"NoJoinedValueBeforeAnOption", {"--write-record=", "--json"}, "--write-record needs a value"},
     {"EmptyPath", {"--app", ""}, "--app needs a value"},
     {"MessageTooLarge", {"--message", "32768"}, NO_MESSAGE + "'32768'"},
     {"MessageTooSmall", {"--message", "-32769"}, NO_MESSAGE + "'-32769'"},

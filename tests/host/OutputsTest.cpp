@@ -1,5 +1,6 @@
 #include "host/Outputs.h"
 
+#include "host/Record.h"
 #include "tests/host/ProblemOf.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -102,10 +103,11 @@ TEST(Outputs, ReplaceNothingByARecordThatCanBeNone)
         Options options;
         options.writeRecord = folder.write("file", std::string(size, 'x')).string();
         const bool isTaken = size == 0 || (size >= 614 && size <= 1024 * 1024);
-        EXPECT_EQ(problemWith(options),
-            isTaken ? "none"
-                    : "cannot save the record in '" + *options.writeRecord
-                    + "': what is there is no record; name another file, or remove this one");
+        const std::string problem = isTaken ? "none"
+                                            : "cannot save the record in '" + *options.writeRecord
+                + "': what is there is no record; name another file, or remove this one";
+        EXPECT_EQ(problemWith(options), problem);
+        EXPECT_EQ(problemOf([&] { Record().save(*options.writeRecord); }), problem) << "it may have come there since";
     }
 }
 

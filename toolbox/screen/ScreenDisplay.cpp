@@ -84,29 +84,17 @@ std::unique_ptr<Display> makeDisplay(const QByteArray& platform)
     return std::make_unique<ScreenDisplay>(platform);
 }
 
-void drawUnseen(QDialog& dialog)
+template <typename Dialog, typename Shown> void drawUnseen(Shown& shown)
 {
     constexpr qreal LARGEST_SCALE = 8;  // a dialog is drawn within a second; ten times that takes gigabytes
-    const qreal scale = dialog.devicePixelRatioF();
-    if (scale > LARGEST_SCALE)
+    const QtApplication application("offscreen");
+    const qreal scale = QGuiApplication::primaryScreen()->devicePixelRatio();
+    if (!(scale <= LARGEST_SCALE))  // what is no number at all is none of these either
         return notePicture({}, QStringLiteral("it would be %1 times as large as a dialog is").arg(scale));
+    Dialog dialog(shown, nullptr);
     dialog.show();
     QCoreApplication::processEvents();  // it becomes active, and shows where the focus is
     grabPicture(dialog);
-}
-
-void drawPicture(Window& window)
-{
-    const QtApplication application("offscreen");
-    WindowDialog dialog(window, nullptr);
-    drawUnseen(dialog);
-}
-
-void drawAlertPicture(const Alert& alert)
-{
-    const QtApplication application("offscreen");
-    AlertDialog dialog(alert, nullptr);
-    drawUnseen(dialog);
 }
 
 }  // namespace
@@ -115,6 +103,7 @@ void drawAlertPicture(const Alert& alert)
 
 extern "C" {
 extern const Toolbox::ScreenLibrary toolboxScreenLibrary;
-const Toolbox::ScreenLibrary toolboxScreenLibrary{
-    Toolbox::tryPlatform, Toolbox::makeDisplay, Toolbox::drawPicture, Toolbox::drawAlertPicture};
+const Toolbox::ScreenLibrary toolboxScreenLibrary{Toolbox::tryPlatform, Toolbox::makeDisplay,
+    Toolbox::drawUnseen<Toolbox::WindowDialog, Toolbox::Window>,
+    Toolbox::drawUnseen<Toolbox::AlertDialog, const Toolbox::Alert>};
 }
