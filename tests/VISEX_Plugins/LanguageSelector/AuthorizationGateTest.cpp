@@ -47,6 +47,14 @@ ReleaseResource(handle1)
     EXPECT_EQ(LeftBehind(), "");
 }
 
+TEST_F(AuthorizationFlag, IsReadAnewEveryTime)
+{
+    provideFlag(0x80);
+    EXPECT_TRUE(passAuthorizationGate());
+    EXPECT_TRUE(passAuthorizationGate());
+    EXPECT_EQ(LeftBehind(), "bundle1\nauthorization1\nbundle2\nauthorization2\n") << "each time, they stay";
+}
+
 TEST_F(AuthorizationFlag, IsTheMostSignificantBitOfTheByte)
 {
     for (int flagByte = 0; flagByte <= 0xFF; ++flagByte) {
