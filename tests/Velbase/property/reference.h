@@ -200,8 +200,9 @@ inline Position findRev(const Text& text, char c, const Position& from, bool cas
     if (from && *from >= length(text))
         return std::nullopt;
     const std::size_t start = from ? *from : std::string::npos;
-    return positionOf(
-        caseSensitive ? bytes(text).rfind(c, start) : mapped(bytes(text), lowerOf).rfind(lowerOf(c), start));
+    // As a text: the C++ library's rfind() of a character was compiled for PowerPC's own, whatever sign this has here.
+    const std::string sought(1, caseSensitive ? c : lowerOf(c));
+    return positionOf((caseSensitive ? bytes(text) : mapped(bytes(text), lowerOf)).rfind(sought, start));
 }
 
 // ---- Changed copies

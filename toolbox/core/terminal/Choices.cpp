@@ -136,7 +136,8 @@ std::vector<std::size_t> Choices::beginningLike(const QString& typed) const
 
 std::vector<std::size_t> Choices::meant(const QString& typed) const
 {
-    static const QRegularExpression region(QStringLiteral("(?<=^\\p{L}{2}|^\\p{L}{3})[-_.@].*$"));  // and whatever follows it
+    static const QRegularExpression region(
+        QStringLiteral("(?<=^\\p{L}{2}|^\\p{L}{3})[-_.@].*$"));  // and whatever follows it
     const QString whole = oneSpelling(typed);
     for (const QString& wanted : {whole, QString(whole).remove(region)})
         for (const Test fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {

@@ -16,8 +16,8 @@ struct NamedChoice {
 };
 
 /// The indexes of all of `choices` that `typed` may mean, none if it is empty: a name or a part of it, as "German", or
-/// the word, else what begins so, else the same of the language that a locale begins with, as "de_DE.UTF-8". Neither case
-/// nor accents count. Texts are UTF-8.
+/// the word, else what begins so, else the same of the language that a locale begins with, as "de_DE.UTF-8". Neither
+/// case nor accents count. Texts are UTF-8.
 std::vector<std::size_t> ChoicesMeant(const std::vector<NamedChoice>& choices, const std::string& typed);
 
 }  // namespace Toolbox
