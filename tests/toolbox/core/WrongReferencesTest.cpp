@@ -4,6 +4,7 @@
 #include "tests/support/RowName.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/toolbox/base/resources/ResourceFork.h"
+#include "tests/toolbox/core/core_foundation/CoreFoundationTest.h"
 #include "tests/toolbox/core/dialogs/TestWindow.h"
 #include "tests/toolbox/core/nibs/SampleNib.h"
 
@@ -80,16 +81,15 @@ public:
         m_folder.write("Resources/Sample.nib/objects.xib", nibOf(""));
         m_folder.write("Resources/Info.plist", INFO);
         becomeMainBundle();
-        const CFURLRef file = url(m_folder.write("resources", makeFork({{'DATA', 1, std::string(402, '\0')}}).bytes()));
+        const Bytes fork = makeFork({{'DATA', 1, std::string(402, '\0')}}).bytes();
         FSRef reference;
-        EXPECT_TRUE(CFURLGetFSRef(file, &reference));
+        EXPECT_TRUE(CFURLGetFSRef(Owned(makeURL(m_folder.write("resources", fork))), &reference));
         EXPECT_EQ(FSOpenResourceFile(&reference, 0, nullptr, fsRdPerm, &m_file), noErr);
-        CFRelease(file);
 
         CFUUIDBytes salted = FACTORY_ID;
         salted.byte0 = salt;
         uuid = CFUUIDCreateFromUUIDBytes(nullptr, salted);
-        folder = url(m_folder.path());
+        folder = makeURL(m_folder.path());
         bundle = CFBundleCreate(nullptr, folder);
         array = CFPlugInFindFactoriesForPlugInTypeInPlugIn(type, bundle);
         resource = GetResource('DATA', 1);
@@ -155,12 +155,6 @@ public:
     UnicodeToTextInfo toText = nullptr;
 
 private:
-    static CFURLRef url(const std::string& path)
-    {
-        return CFURLCreateFromFileSystemRepresentation(
-            nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), false);
-    }
-
     const TemporaryFolder m_folder;
     SInt16 m_file = 0;
 };

@@ -45,27 +45,10 @@ inline void makeBundle(const fs::path& folder, const std::string& entries)
     fs::create_directories(folder / "Contents" / PLATFORM_FOLDER);
 }
 
-/// The URL of the folder `path`, the caller's.
-inline CFURLRef createFolderURL(const fs::path& path)
-{
-    const std::string& text = path.native();
-    return CFURLCreateFromFileSystemRepresentation(
-        nullptr, reinterpret_cast<const UInt8*>(text.data()), static_cast<CFIndex>(text.size()), true);
-}
-
 /// The bundle in `folder`, the caller's.
 inline CFBundleRef createBundle(const fs::path& folder)
 {
-    return CFBundleCreate(nullptr, Owned(createFolderURL(folder)));
-}
-
-/// The path of `url`, which is released; empty for null.
-inline fs::path takePath(CFURLRef url)
-{
-    UInt8 path[4096];
-    const bool isThere = CFURLGetFileSystemRepresentation(url, true, path, sizeof path);
-    CFRelease(url);
-    return isThere ? reinterpret_cast<const char*>(path) : "";
+    return CFBundleCreate(nullptr, Owned(makeURL(folder, true)));
 }
 
 /// A test with a folder of its own.

@@ -108,7 +108,7 @@ TEST_F(CFBundleResource, TheURLOfAResourceSaysWhatItIs)
     const CFURLRef file = CFBundleCopyResourceURL(bundle, CFSTR("a"), CFSTR("txt"), nullptr);
     const Owned folder = CFBundleCopyResourceURL(bundle, CFSTR("a"), CFSTR("nib"), CFSTR("s"));
     const Owned whole = CFBundleCopyResourceURL(bundle, CFSTR("a.txt"), nullptr, nullptr);
-    const Owned expectedFolder = createFolderURL(resources / "s/a.nib");
+    const Owned expectedFolder = makeURL(resources / "s/a.nib", true);
     EXPECT_TRUE(CFEqual(folder, expectedFolder));
     EXPECT_TRUE(CFEqual(file, whole));
     EXPECT_EQ(takePath(file), resources / "a.txt");

@@ -83,7 +83,7 @@ std::vector<std::string> factoriesOf(const std::string& type, CFPlugInRef plugIn
 
 CFPlugInRef createPlugIn(const fs::path& folder)
 {
-    return CFPlugInCreate(nullptr, Owned(createFolderURL(folder)));
+    return CFPlugInCreate(nullptr, Owned(makeURL(folder, true)));
 }
 
 // The datum `name` of the plug-in's code.
@@ -220,12 +220,12 @@ TEST_F(CFPlugIn, DoesNotGetAFactoryThatAnotherHas)
 TEST_F(CFPlugIn, TheArrayOfFactoriesIsTheCallers)
 {
     const Owned plugIn = withoutCode(plugInEntries(FIRST, "f"));
-    const std::size_t before = liveObjects();
+    const std::size_t before = liveReferences();
     const CFArrayRef array = CFPlugInFindFactoriesForPlugInTypeInPlugIn(uuid(TYPE), plugIn);
     EXPECT_EQ(CFArrayGetCount(array), 1);
-    EXPECT_GT(liveObjects(), before);
+    EXPECT_GT(liveReferences(), before);
     CFRelease(array);
-    EXPECT_EQ(liveObjects(), before);
+    EXPECT_EQ(liveReferences(), before);
 }
 
 TEST_F(CFPlugIn, MakesTheInstanceThatItsFactoryReturns)
@@ -268,10 +268,10 @@ TEST_F(CFPlugIn, MakesNoInstanceWithoutAFunctionThatGivesOne)
 TEST_F(CFPlugIn, RemovingAnInstanceThatWasNotCountedHasNoEffect)
 {
     const Owned plugIn = withCode(plugInEntries(FIRST, "firstFactory"));
-    const std::size_t before = liveObjects();
+    const std::size_t before = liveReferences();
     for (const std::string& id : {FIRST, FIRST, SECOND})
         CFPlugInRemoveInstanceForFactory(uuid(id));
-    EXPECT_EQ(liveObjects(), before);
+    EXPECT_EQ(liveReferences(), before);
     EXPECT_EQ(factoriesOf(TYPE, plugIn), Texts{FIRST});
     EXPECT_NE(CFPlugInInstanceCreate(nullptr, uuid(FIRST), uuid(TYPE)), nullptr);
 }

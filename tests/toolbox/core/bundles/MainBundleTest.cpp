@@ -32,24 +32,18 @@ TEST_F(MainBundle, IsTheOneThatWasNamed)
     EXPECT_TRUE(CFEqual(bundle, bundle)) << "it is borrowed, and lives on";
 }
 
-TEST_F(MainBundle, IsTheOneThatWasNamedLast)
+TEST_F(MainBundle, IsTheOneThatWasNamedLastAndStaysWhenItIsNamedAgain)
 {
     const CFBundleRef first = CFBundleGetMainBundle();
-    const std::size_t alive = liveObjects();
+    const std::size_t alive = liveReferences();
+    ASSERT_TRUE(SetMainBundle(in("a.app")));
+    EXPECT_EQ(CFBundleGetMainBundle(), first);
+    EXPECT_TRUE(CFEqual(first, first));
+    EXPECT_EQ(liveReferences(), alive);
     ASSERT_TRUE(SetMainBundle(in("b.app")));
     EXPECT_NE(CFBundleGetMainBundle(), first);
     EXPECT_FALSE(CFEqual(first, first)) << "the one before has ended";
-    EXPECT_EQ(liveObjects(), alive);
-}
-
-TEST_F(MainBundle, StaysTheSameWhenItIsNamedAgain)
-{
-    const CFBundleRef bundle = CFBundleGetMainBundle();
-    const std::size_t alive = liveObjects();
-    ASSERT_TRUE(SetMainBundle(in("a.app")));
-    EXPECT_EQ(CFBundleGetMainBundle(), bundle);
-    EXPECT_TRUE(CFEqual(bundle, bundle));
-    EXPECT_EQ(liveObjects(), alive);
+    EXPECT_EQ(liveReferences(), alive);
 }
 
 TEST_F(MainBundle, StaysTheOneBeforeWhenThereIsNoSuchFolder)

@@ -7,15 +7,15 @@ using CFBase = CoreFoundationTest;
 
 TEST_F(CFBase, AnObjectLivesUntilItsLastOwnerReleasesIt)
 {
-    const std::size_t before = liveObjects();
+    const std::size_t before = liveReferences();
     const CFStringRef string = makeString("a");
-    EXPECT_EQ(liveObjects(), before + 1);
+    EXPECT_EQ(liveReferences(), before + 1);
     Toolbox::CFObject::find(string)->retain();
     CFRelease(string);
-    EXPECT_EQ(liveObjects(), before + 1);
+    EXPECT_EQ(liveReferences(), before + 1);
     EXPECT_TRUE(CFEqual(string, string));
     CFRelease(string);
-    EXPECT_EQ(liveObjects(), before);
+    EXPECT_EQ(liveReferences(), before);
     EXPECT_FALSE(CFEqual(string, string)) << "a dead reference equals nothing";
 }
 
@@ -31,8 +31,7 @@ TEST_F(CFBase, ADeadReferenceIsNeverGivenToANewObject)
 TEST_F(CFBase, ObjectsOfDifferentTypesAreNotEqual)
 {
     const Owned uuid = CFUUIDCreateFromUUIDBytes(nullptr, CFUUIDBytes{});
-    const auto* const path = reinterpret_cast<const UInt8*>("/a");
-    const Owned url = CFURLCreateFromFileSystemRepresentation(nullptr, path, 2, false);
+    const Owned url = makeURL("/a");
     const Owned string = makeString("/a");
     EXPECT_FALSE(CFEqual(uuid, string));
     EXPECT_FALSE(CFEqual(url, string));

@@ -11,18 +11,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-CFURLRef makeURL(const std::string& path, bool isFolder = false)
-{
-    return CFURLCreateFromFileSystemRepresentation(
-        nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), isFolder);
-}
-
-std::string pathOf(CFURLRef url)
-{
-    UInt8 path[1024] = {};
-    return CFURLGetFileSystemRepresentation(url, true, path, sizeof path) ? reinterpret_cast<char*>(path) : "no path";
-}
-
 // A folder of its own for each test, gone afterwards.
 class CFURL : public CoreFoundationTest {
 protected:
@@ -41,7 +29,7 @@ TEST_F(CFURL, HasThePathThatItWasMadeOf)
         {"/with blank/\xC3\xA4%20", "/with blank/\xC3\xA4%20"},
     };
     for (const auto& [given, path] : PATHS)
-        EXPECT_EQ(pathOf(Owned(makeURL(given))), path) << given;
+        EXPECT_EQ(takePath(makeURL(given)), path) << given;
 }
 
 TEST_F(CFURL, TakesARelativePathFromTheWorkingDirectoryOfThatMoment)
@@ -51,7 +39,7 @@ TEST_F(CFURL, TakesARelativePathFromTheWorkingDirectoryOfThatMoment)
         const WorkingFolder here(m_folder.path());
         url = makeURL("a/b");
     }
-    EXPECT_EQ(pathOf(Owned(url)), m_folder / "a/b");
+    EXPECT_EQ(takePath(url), m_folder / "a/b");
 }
 
 TEST_F(CFURL, IsNotMadeOfARelativePathWhenThereIsNoWorkingDirectory)
@@ -59,21 +47,18 @@ TEST_F(CFURL, IsNotMadeOfARelativePathWhenThereIsNoWorkingDirectory)
     const WorkingFolder gone(m_folder.makeFolder("gone"));
     fs::remove(m_folder / "gone");
     EXPECT_EQ(makeURL("a"), nullptr);
-    const Owned absolute = makeURL("/a");
-    EXPECT_EQ(pathOf(absolute), "/a");
+    EXPECT_EQ(takePath(makeURL("/a")), "/a");
 }
 
 TEST_F(CFURL, TakesOnlyTheBytesThatAreCountedAndNoWrongArguments)
 {
-    const auto* const path = reinterpret_cast<const UInt8*>("/a");
+    const auto* const path = reinterpret_cast<const UInt8*>("/abc");
     EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, nullptr, 2, false), nullptr);
     EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, path, 0, false), nullptr);
     EXPECT_EQ(CFURLCreateFromFileSystemRepresentation(nullptr, path, -1, false), nullptr);
     EXPECT_EQ(makeURL(std::string("/a\0b", 4)), nullptr);
     EXPECT_EQ(CFURLCreateFromFSRef(nullptr, nullptr), nullptr);
-    const Owned url =
-        CFURLCreateFromFileSystemRepresentation(nullptr, reinterpret_cast<const UInt8*>("/abc"), 3, false);
-    EXPECT_EQ(pathOf(url), "/ab");
+    EXPECT_EQ(takePath(CFURLCreateFromFileSystemRepresentation(nullptr, path, 3, false)), "/ab");
 }
 
 // clang-format off
@@ -99,8 +84,7 @@ TEST_F(CFURL, TakesAComponentWithASlashWhereOneIsNeeded)
     for (const auto& [name, base, component, path] : COMPONENT_CASES) {
         const Owned url = makeURL(base, true);
         const Owned string = makeString(component);
-        const Owned longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, string, false);
-        EXPECT_EQ(pathOf(longer), path) << name;
+        EXPECT_EQ(takePath(CFURLCreateCopyAppendingPathComponent(nullptr, url, string, false)), path) << name;
     }
 }
 
@@ -108,8 +92,7 @@ TEST_F(CFURL, TakesAComponentThatIsNotASCIIAndNoneThatIsNoFileName)
 {
     const Owned url = makeURL("/a");
     const Owned component = CFStringCreateWithCString(nullptr, "\x80", kCFStringEncodingMacRoman);
-    const Owned longer = CFURLCreateCopyAppendingPathComponent(nullptr, url, component, false);
-    EXPECT_EQ(pathOf(longer), "/a/\xC3\x84");
+    EXPECT_EQ(takePath(CFURLCreateCopyAppendingPathComponent(nullptr, url, component, false)), "/a/\xC3\x84");
     const UniChar withZero[] = {'b', 0, 'c'};
     const UniChar halfAPair[] = {'b', 0xD800};
     const Owned zero = CFStringCreateWithCharacters(nullptr, withZero, 3);

@@ -27,10 +27,10 @@ CFUUIDRef constant(const CFUUIDBytes& b)
 
 TEST_F(CFUUID, EqualBytesAreOneObjectWithAnOwnerForEachCreation)
 {
-    const std::size_t before = liveObjects();
+    const std::size_t before = liveReferences();
     const CFUUIDRef first = create(bytesFrom(10));
     EXPECT_EQ(create(bytesFrom(10)), first);
-    EXPECT_EQ(liveObjects(), before + 1);
+    EXPECT_EQ(liveReferences(), before + 1);
     CFRelease(first);
     EXPECT_TRUE(CFEqual(first, first));
     CFRelease(first);
@@ -70,10 +70,10 @@ TEST_F(CFUUID, AConstantIsTheObjectThatIsCreatedOfItsBytesAndSurvivesEveryReleas
 
 TEST_F(CFUUID, ACreatedOneThatIsAskedForAsAConstantBecomesOne)
 {
-    const std::size_t before = liveObjects();
+    const std::size_t before = liveReferences();
     const CFUUIDRef created = create(bytesFrom(50));
     EXPECT_EQ(constant(bytesFrom(50)), created);
-    EXPECT_EQ(liveObjects(), before) << "it is nobody's to release any more";
+    EXPECT_EQ(liveReferences(), before) << "it is nobody's to release any more";
     CFRelease(created);
     CFRelease(created);
     EXPECT_TRUE(CFEqual(created, created));

@@ -8,8 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 /// How many Core Foundation objects are alive that somebody is to release.
-inline std::size_t liveObjects()
+inline std::size_t liveReferences()
 {
     return Toolbox::CountLiveObjects()["Core Foundation object"];
 }
@@ -43,16 +45,32 @@ inline CFStringRef makeString(const char* text)
     return CFStringCreateWithCString(nullptr, text, kCFStringEncodingASCII);
 }
 
+/// The URL of `path`, the caller's.
+inline CFURLRef makeURL(const std::string& path, bool isFolder = false)
+{
+    return CFURLCreateFromFileSystemRepresentation(
+        nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), isFolder);
+}
+
+/// The path of `url`, which is released; empty for null.
+inline std::string takePath(CFURLRef url)
+{
+    UInt8 path[4096];
+    const bool isThere = CFURLGetFileSystemRepresentation(url, true, path, sizeof path);
+    CFRelease(url);
+    return isThere ? reinterpret_cast<const char*>(path) : "";
+}
+
 /// A test that leaves as many Core Foundation objects as it found.
 class CoreFoundationTest : public testing::Test {
 protected:
     void TearDown() override
     {
-        EXPECT_EQ(liveObjects(), m_before) << "an object was left behind, or released too often";
+        EXPECT_EQ(liveReferences(), m_before) << "an object was left behind, or released too often";
     }
 
 private:
-    const std::size_t m_before = liveObjects();
+    const std::size_t m_before = liveReferences();
 };
 
 /// A reference to an object that is gone.
