@@ -90,7 +90,7 @@ inline Toolbox::Alert oneButton()
 }
 
 /// An alert with the four buttons that a standard one can have.
-inline Toolbox::Alert fourButtons()
+inline Toolbox::Alert fourButtons(SInt16 defaultButton = 1, SInt16 cancelButton = 2)
 {
     Toolbox::Alert alert;
     alert.type = kAlertCautionAlert;
@@ -98,8 +98,8 @@ inline Toolbox::Alert fourButtons()
     alert.explanation = QStringLiteral("It cannot be undone.");
     alert.buttons = {{1, QStringLiteral("Yes & no"), true, {}}, {2, QStringLiteral("Cancel"), true, {}},
         {3, QStringLiteral("Don't Save"), true, {}}, {4, QStringLiteral("Help"), true, {}}};
-    alert.defaultButton = 1;
-    alert.cancelButton = 2;
+    alert.defaultButton = defaultButton;
+    alert.cancelButton = cancelButton;
     return alert;
 }
 

@@ -102,8 +102,10 @@ void PseudoTerminal::hangUp()
     m_terminal = -1;
 }
 
-std::optional<std::string> PseudoTerminal::report()
+std::optional<std::string> PseudoTerminal::report(const std::string& keys)
 {
+    if (!keys.empty())
+        type(keys);
     return readReport(m_report);
 }
 

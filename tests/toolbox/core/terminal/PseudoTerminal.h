@@ -37,15 +37,14 @@ public:
     std::optional<std::string> reportAfter(const std::string& question, const std::string& keys)
     {
         readUntil(question);
-        type(keys);
-        return report();
+        return report(keys);
     }
 
     /// Lets the terminal go away.
     void hangUp();
 
-    /// What the process reports; nothing when it ends without a report or does not end.
-    std::optional<std::string> report();
+    /// Types `keys`, and returns what the process reports; nothing when it ends without a report or does not end.
+    std::optional<std::string> report(const std::string& keys = "");
 
 private:
     int m_terminal = -1;

@@ -65,8 +65,7 @@ TEST(TerminalWindow, StaysReadableInASCII)
     const std::string shown = terminal.readUntil(QUESTION);
     EXPECT_NE(shown.find("  2  Medium - chosen\n"), std::string::npos) << shown;
     EXPECT_EQ(terminal.readAfter("medium\n", QUESTION), "medium\nMedium is chosen.\n" + QUESTION);
-    terminal.type("\n");
-    EXPECT_EQ(terminal.report(), "ended: item 2 ok");
+    EXPECT_EQ(terminal.report("\n"), "ended: item 2 ok");
 }
 
 const std::tuple<const char*, const char*, const char*> SESSION_CASES[] = {
@@ -101,8 +100,7 @@ TEST(TerminalWindow, SaysWhatWasChosenAndWhatWasNotUnderstood)
     EXPECT_NE(
         terminal.readAfter("\x1B[A\n", QUESTION).find("\nArrows and such keys do nothing here. "), std::string::npos);
     EXPECT_EQ(terminal.readAfter("la\n", QUESTION), "la\nLarge is chosen.\n" + QUESTION);
-    terminal.type("\n");
-    EXPECT_EQ(terminal.report(), "ended: item 3 ok");
+    EXPECT_EQ(terminal.report("\n"), "ended: item 3 ok");
 }
 
 TEST(TerminalWindow, DoesNotSayThatItChoseWhatAHandlerTook)
@@ -110,8 +108,7 @@ TEST(TerminalWindow, DoesNotSayThatItChoseWhatAHandlerTook)
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.recorder.answer = noErr; }));
     terminal.readUntil(QUESTION);
     EXPECT_EQ(terminal.readAfter("3\n", QUESTION), "3\n" + QUESTION);
-    terminal.type("\n");
-    EXPECT_EQ(terminal.report(), "ended: item 3 ok");
+    EXPECT_EQ(terminal.report("\n"), "ended: item 3 ok");
 }
 
 TEST(TerminalWindow, IsCancelledWhenTheTerminalHangsUpOrThereIsNone)
@@ -230,40 +227,32 @@ TEST(TerminalWindow, MayRunAnotherInside)
     terminal.readUntil(QUESTION);
     EXPECT_NE(terminal.readAfter("3\n", QUESTION).find("\nInner\n"), std::string::npos);
     EXPECT_EQ(terminal.readAfter("\n", QUESTION), "\nLarge is chosen.\n" + QUESTION);
-    terminal.type("\n");
-    EXPECT_EQ(terminal.report(), "ended: item 3 ok");
+    EXPECT_EQ(terminal.report("\n"), "ended: item 3 ok");
 }
 
 // ---- Alerts
 
-Alert threeUsable()
+Alert threeUsable(SInt16 cancelButton = 2)
 {
-    Alert alert = fourButtons();
+    Alert alert = fourButtons(1, cancelButton);
     alert.text += QStringLiteral("\x1B[2J");
     alert.buttons[3].enabled = false;
     return alert;
 }
 
-Alert withoutCancel()
-{
-    Alert alert = threeUsable();
-    alert.cancelButton = 0;
-    return alert;
-}
-
 Alert withoutKeys()
 {
-    Alert alert = withoutCancel();
+    Alert alert = threeUsable(0);
     alert.defaultButton = 0;
     alert.buttons[0].enabled = false;
     return alert;
 }
 
-std::function<std::string()> runAlertOf(Alert (*make)())
+std::function<std::string()> runAlertOf(const Alert& alert)
 {
-    return [make] {
+    return [alert] {
         Toolbox::UseTerminalDisplay();
-        return std::to_string(Toolbox::runAlert(make()));
+        return std::to_string(Toolbox::runAlert(alert));
     };
 }
 
@@ -273,7 +262,7 @@ TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
 {
     PseudoTerminal terminal("C.UTF-8", [] {
         fillStandardInput("\n");
-        return runAlertOf(threeUsable)();
+        return runAlertOf(threeUsable())();
     });
     EXPECT_EQ(terminal.readUntil(ALERT_QUESTION),
         NOT_READ
@@ -295,39 +284,36 @@ TEST(TerminalAlert, SaysWhichKindItIs)
         {kAlertNoteAlert, "\nNote: Done.\n"}, {kAlertCautionAlert, "\nCaution: Done.\n"},
         {kAlertPlainAlert, "\nDone.\n"}, {9, "\nDone.\n"}};
     for (const auto& [type, start] : kinds) {
-        PseudoTerminal terminal("C.UTF-8", [wanted = type] {
-            Alert alert = oneButton();
-            alert.type = wanted;
-            Toolbox::UseTerminalDisplay();
-            return std::to_string(Toolbox::runAlert(alert));
-        });
+        Alert alert = oneButton();
+        alert.type = type;
+        PseudoTerminal terminal("C.UTF-8", runAlertOf(alert));
         EXPECT_EQ(terminal.readUntil("OK: "),
             start + std::string("\n  1  OK - default\n\nNumber or name, or Return for OK: "));
     }
 }
 
-const std::tuple<const char*, Alert (*)(), const char*, const char*> ALERT_CASES[] = {
-    {"Return", threeUsable, "\n", "1"},
-    {"Number", threeUsable, "2\n", "2"},
-    {"Name", threeUsable, "don't save\n", "3"},
-    {"DisabledButton", threeUsable, "4\nhelp\n3\n", "3"},
-    {"Nonsense", threeUsable, "nonsense\n0\n2\n", "2"},
-    {"QuitCancels", threeUsable, "?\nq\n", "2"},
-    {"QuitIsNothingWithoutCancel", withoutCancel, "q\n3\n", "3"},
-    {"EndOfInputCancels", threeUsable, "\x04", "2"},
-    {"EndOfInputTakesTheDefault", withoutCancel, "\x04", "1"},
-    {"EndOfInputTakesTheFirstThatCanBePressed", withoutKeys, "\x04", "2"},
-    {"ReturnWithoutADefault", withoutKeys, "\n3\n", "3"},
+const std::tuple<const char*, Alert, const char*, const char*> ALERT_CASES[] = {
+    {"Return", threeUsable(), "\n", "1"},
+    {"Number", threeUsable(), "2\n", "2"},
+    {"Name", threeUsable(), "don't save\n", "3"},
+    {"DisabledButton", threeUsable(), "4\nhelp\n3\n", "3"},
+    {"Nonsense", threeUsable(), "nonsense\n0\n2\n", "2"},
+    {"QuitCancels", threeUsable(), "?\nq\n", "2"},
+    {"QuitIsNothingWithoutCancel", threeUsable(0), "q\n3\n", "3"},
+    {"EndOfInputCancels", threeUsable(), "\x04", "2"},
+    {"EndOfInputTakesTheDefault", threeUsable(0), "\x04", "1"},
+    {"EndOfInputTakesTheFirstThatCanBePressed", withoutKeys(), "\x04", "2"},
+    {"ReturnWithoutADefault", withoutKeys(), "\n3\n", "3"},
 };
 
 TEST(TerminalAlert, TakesAButton)
 {
-    for (const auto& [name, make, keys, report] : ALERT_CASES) {
-        PseudoTerminal terminal("C.UTF-8", runAlertOf(make));
-        const std::string question = make == withoutKeys ? "Number or name: " : ALERT_QUESTION;
+    for (const auto& [name, alert, keys, report] : ALERT_CASES) {
+        PseudoTerminal terminal("C.UTF-8", runAlertOf(alert));
+        const std::string question = alert.defaultButton == 0 ? "Number or name: " : ALERT_QUESTION;
         EXPECT_EQ(terminal.reportAfter(question, keys), report) << name;
     }
-    EXPECT_EQ(reportWithoutTerminal(runAlertOf(threeUsable)), "2");
+    EXPECT_EQ(reportWithoutTerminal(runAlertOf(threeUsable())), "2");
     EXPECT_EQ(Alert().unansweredButton(), 0) << "there is none";
 }
 

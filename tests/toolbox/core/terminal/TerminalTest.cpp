@@ -169,8 +169,7 @@ TEST(TerminalAnswer, MayFollowAnEndOfInput)
     PseudoTerminal terminal("C.UTF-8", answersToTwo);
     terminal.readUntil("1? ");
     EXPECT_EQ(terminal.readAfter("\x04", "2? "), "\n2? ") << "the line that nobody ended is ended";
-    terminal.type("two\n");
-    EXPECT_EQ(terminal.report(), "nothing[two]");
+    EXPECT_EQ(terminal.report("two\n"), "nothing[two]");
 }
 
 TEST(TerminalQuestion, StandsThereAgainAfterAStop)
