@@ -64,22 +64,16 @@ TEST_F(Screen, DoesNotAnswerWhereTheOneThatIsNamedDoesNot)
     }
 }
 
-TEST_F(Screen, IsNotThereForAProcessWithAnApplicationWithoutOne)
+TEST_F(Screen, IsThatOfTheApplicationThatTheProcessHasIfItHasOne)
 {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     int count = 1;
     char name[] = "test";
     char* arguments[] = {name, nullptr};
-    const QCoreApplication application(count, arguments);
-    EXPECT_FALSE(Toolbox::ScreenAnswers());
-}
-
-TEST_F(Screen, IsThatOfTheApplicationThatTheProcessHas)
-{
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    int count = 1;
-    char name[] = "test";
-    char* arguments[] = {name, nullptr};
+    {
+        const QCoreApplication withoutScreen(count, arguments);
+        EXPECT_FALSE(Toolbox::ScreenAnswers());
+    }
     const Person person({press(Qt::Key_Return)});
     const QApplication application(count, arguments);
     unsetenv("QT_QPA_PLATFORM");

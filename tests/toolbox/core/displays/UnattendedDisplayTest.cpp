@@ -1,4 +1,3 @@
-#include "tests/support/RowName.h"
 #include "tests/toolbox/core/dialogs/TestWindow.h"
 
 #include <Toolbox/CInterface.h>
@@ -33,9 +32,8 @@ Answer button(UInt32 value)
 
 // ---- A window like a dialog: a pop-up, OK, Cancel, and buttons that do not end it
 
-class UnattendedWindow : public WindowTest {
-public:
-    UnattendedWindow()
+struct SampleWindow {
+    SampleWindow()
         : disabledPopUp(made.addPopUp({{QStringLiteral("Nothing")}}))
         , popUp(made.addPopUp({{QStringLiteral("Small")}, {QStringLiteral("Medium")}, {QString(), 0, true, true},
               {QStringLiteral("Large"), 0, false}, {QStringLiteral("Huge")}}))
@@ -75,18 +73,18 @@ public:
     CommandRecorder recorder;
 };
 
-struct WindowCase {
+class UnattendedWindow : public WindowTest, protected SampleWindow { };
+
+// clang-format off
+const struct {
     const char* name;
     std::vector<Answer> answers;
     std::vector<MenuCommand> sent;  // a 0 for each item chosen
     SInt32 value;                   // of the pop-up, 1 before
     bool unfit;
-    void (*change)(UnattendedWindow&) = [](UnattendedWindow&) {};  // of the window
-    const char* problem = "";                                      // of a window that was not ended
-};
-
-// clang-format off
-const WindowCase WINDOW_CASES[] = {
+    void (*change)(SampleWindow&) = [](SampleWindow&) {};
+    const char* problem = "";  // of a window that was not ended
+} WINDOW_CASES[] = {
     // name                        answers                           sent                          value unfit
     {"NoneConfirms",               {},                               {kHICommandOK},               1,    false},
     {"OKConfirms",                 {command(kHICommandOK)},          {kHICommandOK},               1,    false},
@@ -104,38 +102,38 @@ const WindowCase WINDOW_CASES[] = {
     {"UnfitAfterAnItem",           {item(2), item(9)},               {0, kHICommandCancel},        2,    true},
     {"NothingAfterAnUnfitOne",     {item(9), command(kHICommandOK)}, {kHICommandCancel},           1,    true},
     {"ItemThatAHandlerTakes",      {item(2)},                        {0, kHICommandOK},            1,    false,
-        [](UnattendedWindow& w) { w.recorder.answer = noErr; }},
+        [](SampleWindow& w) { w.recorder.answer = noErr; }},
     {"ItemWithoutAPopUpIsUnfit",   {item(1)},                        {kHICommandCancel},           1,    true,
-        [](UnattendedWindow& w) { w.popUp.hidden = true, w.secondPopUp.enabled = false; }},
+        [](SampleWindow& w) { w.popUp.hidden = true, w.secondPopUp.enabled = false; }},
     {"ButtonsOfARoleWhateverTheyCarry", {command(kHICommandOK), command(kHICommandCancel)}, {'inst', 'stop'}, 1, false,
-        [](UnattendedWindow& w) { w.ok.command = 'inst', w.cancel.command = 'stop', w.endAt({'stop'}); }},
+        [](SampleWindow& w) { w.ok.command = 'inst', w.cancel.command = 'stop', w.endAt({'stop'}); }},
     {"NoDefaultButtonConfirmsByTheCommand", {},                      {kHICommandOK},               1,    false,
-        [](UnattendedWindow& w) { w.ok.role = ButtonRole::Plain; }},
+        [](SampleWindow& w) { w.ok.role = ButtonRole::Plain; }},
     {"AnotherDefaultButtonConfirms", {},                             {'more'},                     1,    false,
-        [](UnattendedWindow& w) { w.ok.role = ButtonRole::Plain, w.more.role = ButtonRole::Default, w.endAt({'more'}); }},
+        [](SampleWindow& w) { w.ok.role = ButtonRole::Plain, w.more.role = ButtonRole::Default, w.endAt({'more'}); }},
     {"NothingToConfirmItWith",     {},                               {},                           1,    false,
-        [](UnattendedWindow& w) { w.ok.enabled = false; },
+        [](SampleWindow& w) { w.ok.enabled = false; },
         "no answer is left, and confirming the window does not end it"},
     {"CancellingDoesNotEndIt",     {item(9)},                        {kHICommandCancel},           1,    true,
-        [](UnattendedWindow& w) { w.recorder.action = nullptr; },
+        [](SampleWindow& w) { w.recorder.action = nullptr; },
         "an answer fits nothing in the window, and cancelling does not end it"},
 };
 // clang-format on
 
-class UnattendedAnswers : public UnattendedWindow, public testing::WithParamInterface<WindowCase> { };
-
-TEST_P(UnattendedAnswers, AreGivenInOrderUntilTheWindowEnds)
+TEST_F(UnattendedWindow, IsGivenItsAnswersInOrderUntilItEnds)
 {
-    GetParam().change(*this);
-    EXPECT_EQ(run(GetParam().answers) == noErr, GetParam().problem == std::string());
-    EXPECT_EQ(recorder.ids(), GetParam().sent);
-    EXPECT_EQ(popUp.value, GetParam().value);
-    EXPECT_EQ(secondPopUp.value, 1);
-    EXPECT_EQ(currentReport().answerWasUnfit, GetParam().unfit);
-    EXPECT_EQ(currentReport().displayProblem, GetParam().problem);
+    for (const auto& row : WINDOW_CASES) {
+        SCOPED_TRACE(row.name);
+        SampleWindow window;
+        row.change(window);
+        EXPECT_EQ(window.run(row.answers) == noErr, row.problem == std::string());
+        EXPECT_EQ(window.recorder.ids(), row.sent);
+        EXPECT_EQ(window.popUp.value, row.value);
+        EXPECT_EQ(window.secondPopUp.value, 1);
+        EXPECT_EQ(currentReport().answerWasUnfit, row.unfit);
+        EXPECT_EQ(currentReport().displayProblem, row.problem);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, UnattendedAnswers, testing::ValuesIn(WINDOW_CASES), RowName());
 
 TEST_F(UnattendedWindow, GoesOnToTheNextWindowWithTheAnswersThatAreLeft)
 {
@@ -238,9 +236,7 @@ TEST_F(UnattendedWindow, CountsTheAnswersThatItTakes)
     EXPECT_EQ(currentReport().answersTaken, 2u);
 }
 
-class UnattendedAlert : public WindowTest { };
-
-TEST_F(UnattendedAlert, SaysWhetherTheAnswersRanOut)
+TEST_F(UnattendedWindow, SaysWhetherTheAnswersRanOutForAnAlert)
 {
     TakeReport();
     UseUnattendedDisplay({button(1)});
@@ -287,7 +283,7 @@ const struct {
 };
 // clang-format on
 
-TEST_F(UnattendedAlert, IsAnsweredByWhatIsMeantForIt)
+TEST_F(UnattendedWindow, LeavesToAlertsWhatIsMeantForThem)
 {
     for (const auto& row : ALERT_CASES) {
         SCOPED_TRACE(row.name);
