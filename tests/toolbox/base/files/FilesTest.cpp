@@ -79,7 +79,7 @@ TEST(FileReference, ToARelativePathStaysWhereItWas)
     EXPECT_EQ(pathOf(&reference), folder / "file");
 }
 
-TEST(FileReference, IsNotMadeOfWhatIsNotThere)
+TEST(FileReference, IsNotMadeOfWhatIsNotThereNorInAWorkingDirectoryThatIsGone)
 {
     const TemporaryFolder folder;
     folder.write("file", "");
@@ -94,23 +94,16 @@ TEST(FileReference, IsNotMadeOfWhatIsNotThere)
         folder / "circle",
         folder / std::string(300, 'x'),
         (folder / "file").string() + '\0' + "x",
+        ".",
     };
+    const WorkingFolder gone(folder.makeFolder("gone"));
+    std::filesystem::remove(folder / "gone");
     for (const std::string& path : missing) {
         FSRef reference = garbage();
         EXPECT_EQ(makeFileReference(path, &reference), fnfErr) << path;
         EXPECT_TRUE(isAllZero(reference)) << path;
+        EXPECT_EQ(makeFileReference(folder / "file", &reference), noErr) << "this is there";
     }
-}
-
-TEST(FileReference, IsNotMadeInAWorkingDirectoryThatIsGone)
-{
-    const TemporaryFolder folder;
-    const std::string gone = folder.makeFolder("gone");
-    const WorkingFolder here(gone);
-    std::filesystem::remove(gone);
-    FSRef reference = garbage();
-    EXPECT_EQ(makeFileReference(".", &reference), fnfErr);
-    EXPECT_TRUE(isAllZero(reference));
 }
 
 TEST(FileReference, OfAnotherMakeHasNoPath)

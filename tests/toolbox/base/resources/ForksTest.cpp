@@ -161,28 +161,21 @@ TEST_F(Forks, ForkInALargeFileMayNotBeLargerThanTheFormatCanBe)
     }
 }
 
-TEST_F(Forks, OnlyRegularFilesHaveForks)
+TEST_F(Forks, OnlyRegularFilesThatCanBeReadHaveForks)
 {
     const std::string folder = m_folder.makeFolder("folder");
     const std::string pipe = m_folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const std::string file = m_folder.write("file", THE_FORK);
-    for (const std::string& irregular : {folder, pipe, std::string("/dev/zero")}) {
-        EXPECT_EQ(readFork(irregular, Fork::Data, &m_bytes), ioErr);
-        EXPECT_EQ(readFork(irregular, Fork::Resource, &m_bytes), ioErr);
-        std::filesystem::create_symlink(irregular, m_folder / "._file");
+    const std::string unreadable = "/proc/self/mem";  // looks like a regular file and cannot be read at 0
+    for (const std::string& wrong : {folder, pipe, std::string("/dev/zero"), unreadable}) {
+        EXPECT_EQ(readFork(wrong, Fork::Data, &m_bytes), ioErr);
+        EXPECT_EQ(readFork(wrong, Fork::Resource, &m_bytes), wrong == unreadable ? int(errFSForkNotFound) : int(ioErr));
+        std::filesystem::create_symlink(wrong, m_folder / "._file");
         EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), ioErr);
         std::filesystem::remove(m_folder / "._file");
     }
     EXPECT_EQ(readFork(m_folder / "missing", Fork::Data, &m_bytes), fnfErr);
-}
-
-// The process's own memory looks like a regular file and cannot be read at 0.
-TEST_F(Forks, TellOfAReadError)
-{
-    EXPECT_EQ(readFork("/proc/self/mem", Fork::Data, &m_bytes), ioErr);
-    std::filesystem::create_symlink("/proc/self/mem", m_folder / "._file");
-    EXPECT_EQ(readFork(m_folder.write("file", THE_FORK), Fork::Resource, &m_bytes), ioErr);
 }
 
 // The superuser may read everything, so that the process becomes nobody while this lives.

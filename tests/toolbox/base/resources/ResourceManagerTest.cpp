@@ -218,7 +218,7 @@ TEST_F(ResourceManager, OpensNoMoreThan256Files)
     EXPECT_EQ(tryToOpen(&file), tmfoErr);
 }
 
-TEST_F(ResourceManager, OpensTheResourceForkByItsName)
+TEST_F(ResourceManager, OpensTheResourceForkByItsNameAndKnowsNoOther)
 {
     const FSRef file = write({{'CALL', 1, "data fork"}});
     m_folder.write("._file0",
@@ -227,11 +227,6 @@ TEST_F(ResourceManager, OpensTheResourceForkByItsName)
     EXPECT_EQ(dataOf(GetResource('CALL', 1)), "resource fork");
     EXPECT_EQ(tryToOpen(&file, ""), noErr);
     EXPECT_EQ(dataOf(GetResource('CALL', 1)), "data fork");
-}
-
-TEST_F(ResourceManager, KnowsNoOtherFork)
-{
-    const FSRef file = write({{'CALL', 1, "one"}});
     for (const char* const name : {"R", "RESOURCE_FOR", "RESOURCE_FORKS", "resource_fork", "DATA_FORK"})
         EXPECT_EQ(tryToOpen(&file, name), errFSBadForkName) << name;
     SInt16 refNum = 0;

@@ -63,17 +63,15 @@ TEST(CreateConverter, RefusesEveryOtherEncoding)
 constexpr ByteCount UNTOUCHED = 0xABCD;
 
 // One call: what it is given besides the text, and what it must answer. Lengths are in bytes.
-struct ToUnicodeCase {
+// clang-format off
+const struct {
     const char* name;
     std::string text;
     ByteCount bufferSize;
     OSStatus result;
     ByteCount read;
     std::vector<UniChar> unicode;
-};
-
-// clang-format off
-const ToUnicodeCase TO_UNICODE_CASES[] = {
+} TO_UNICODE_CASES[] = {
     // name                 text          size  result                        read  unicode
     {"NoText",              "",           0,    noErr,                         0,   {}},
     {"NoTextSomeRoom",      "",           8,    noErr,                         0,   {}},
@@ -108,7 +106,8 @@ TEST(TextToUnicode, ConvertsWhatFits)
     }
 }
 
-struct ToTextCase {
+// clang-format off
+const struct {
     const char* name;
     std::vector<UniChar> unicode;
     ByteCount unicodeLength;
@@ -116,10 +115,7 @@ struct ToTextCase {
     OSStatus result;
     ByteCount read;
     std::string text;
-};
-
-// clang-format off
-const ToTextCase TO_TEXT_CASES[] = {
+} TO_TEXT_CASES[] = {
     // name                  unicode               length size  result                       read  text
     {"NoText",               {},                     0,   0,    noErr,                         0,  ""},
     {"NoTextSomeRoom",       {},                     0,   8,    noErr,                         0,  ""},

@@ -2,7 +2,7 @@
 
 #include "tests/toolbox/core/bundles/BundleTest.h"
 
-#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -55,12 +55,7 @@ TEST(PropertyList, IsReadAsXMLSaysIt)
 
 const char* const DICTIONARY = "<plist><dict><key>k</key><string>v</string></dict></plist>";
 
-struct DocumentCase {
-    const char* name;
-    std::string document;
-};
-
-const DocumentCase ACCEPTED_CASES[] = {
+const std::pair<const char*, std::string> ACCEPTED_CASES[] = {
     {"NoDocumentType", DICTIONARY},
     {"ExternalDocumentType", propertyList(stringEntry("k", "v"))},
     {"ExternalDocumentTypeThatIsNowhere", std::string("<!DOCTYPE plist SYSTEM 'file:///nowhere.dtd'>") + DICTIONARY},
@@ -74,10 +69,10 @@ const DocumentCase ACCEPTED_CASES[] = {
 
 TEST(PropertyList, MayBeWrittenInManyWays)
 {
-    for (const DocumentCase& row : ACCEPTED_CASES) {
-        const auto map = read(row.document);
-        ASSERT_TRUE(map.has_value()) << row.name;
-        EXPECT_EQ(map->value("k"), "v") << row.name;
+    for (const auto& [name, document] : ACCEPTED_CASES) {
+        const auto map = read(document);
+        ASSERT_TRUE(map.has_value()) << name;
+        EXPECT_EQ(map->value("k"), "v") << name;
     }
 }
 
@@ -127,7 +122,7 @@ TEST(PropertyList, IsRefusedWhereverItIsCutShort)
 const std::string EXTERNAL_TYPE = "<!DOCTYPE plist SYSTEM 'file:///nowhere.dtd'>";
 const std::string WITH_ENTITY = "<plist><dict><key>k</key><string>&e;</string></dict></plist>";
 
-const DocumentCase REFUSED_CASES[] = {
+const std::pair<const char*, std::string> REFUSED_CASES[] = {
     {"Empty", ""},
     {"OldStyle", "{ CFBundleExecutable = Name; }"},
     {"Binary", std::string("bplist00\xD1\x01\x02QkQv\x08\x0B\x0D\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x03", 35)},
@@ -164,8 +159,8 @@ const DocumentCase REFUSED_CASES[] = {
 
 TEST(PropertyList, IsRefusedWhenItIsCorrupt)
 {
-    for (const DocumentCase& row : REFUSED_CASES)
-        EXPECT_FALSE(read(row.document).has_value()) << row.name;
+    for (const auto& [name, document] : REFUSED_CASES)
+        EXPECT_FALSE(read(document).has_value()) << name;
 }
 
 }  // namespace
