@@ -14,7 +14,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 # Each stand-in writes its name and arguments into the file LOG, and does what the test asks for in the environment.
 STAND_INS = {
     "dpkg-query": 'for each in $INSTALLED; do echo "installed $each"; done\n'
-                  'echo "config-files removed-package"\n',
+                  'for each in $REMOVED; do echo "config-files $each"; done\n',
     "apt-get": 'if [ "$1" = "$APT_FAILS" ]; then exit 100; fi\necho "apt-get speaks"\n',
     "sudo": 'exec "$@"\n',
     "ctest": """
@@ -85,12 +85,9 @@ class CommandTest(unittest.TestCase):
         self.log.touch()
         os.chmod(self.log, 0o666)
         for name, script in STAND_INS.items():
-            self.add_tool(name, script)
-
-    def add_tool(self, name, script):
-        tool = self.tools / name
-        tool.write_text(f"#!/bin/sh\nprintf '%s\\n' \"{name} $*\" >> \"$LOG\"\n{script}")
-        tool.chmod(0o755)
+            tool = self.tools / name
+            tool.write_text(f"#!/bin/sh\nprintf '%s\\n' \"{name} $*\" >> \"$LOG\"\n{script}")
+            tool.chmod(0o755)
 
     def call(self, *command, cwd="/", user=None, **variables):
         """Runs `command` with the stand-ins first in the search path; everything is installed if nothing is said."""
@@ -109,16 +106,6 @@ class CommandTest(unittest.TestCase):
         return self.log.read_text().splitlines()
 
 
-@unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
-class InSomebodyElsesCheckout(CommandTest):
-    def test_it_says_that_it_cannot_build(self):
-        os.chmod(self.checkout, 0o755)
-        result = self.shell("configure release", user="nobody")
-        self.assertEqual(result.returncode, 1)
-        self.assertEqual(result.stderr, f"Cannot build here: {self.checkout}/build/release cannot be written to; "
-                                        "use a checkout of your own\n")
-
-
 class PackageList(unittest.TestCase):
     def test_each_is_listed_once_with_a_purpose_and_a_reason(self):
         listed = packages("run", "test", "lane")
@@ -130,26 +117,22 @@ class PackageList(unittest.TestCase):
 @unittest.skipUnless(os.geteuid() == 0, "only the superuser can be both the superuser and another user")
 class Installing(CommandTest):
     def test_nothing_happens_when_nothing_is_missing(self):
-        result = self.shell("install_packages run test")
-        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
-        self.assertEqual(self.logged(), ["dpkg-query --show --showformat ${db:Status-Status} ${Package}\\n"])
+        for purposes in (["run"], ["run", "test"]):
+            self.log.write_text("")
+            result = self.shell(f"install_packages {' '.join(purposes)}", INSTALLED=" ".join(packages(*purposes)))
+            self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+            self.assertEqual(self.logged(), ["dpkg-query --show --showformat ${db:Status-Status} ${Package}\\n"])
 
-    def test_what_is_missing_is_said_and_installed(self):
+    def test_what_is_missing_or_was_removed_is_said_and_installed(self):
         wanted = packages("run")
-        result = self.shell("install_packages run", INSTALLED=" ".join(wanted[2:]))
+        result = self.shell("install_packages run", INSTALLED=" ".join(wanted[2:]), REMOVED=wanted[1])
         self.assertEqual(result.returncode, 0)
         self.assertEqual(result.stdout, "", "all that is said goes to standard error")
         self.assertEqual(result.stderr.splitlines()[0], f"Installing what is missing: {wanted[0]} {wanted[1]}")
         self.assertEqual(self.logged()[1:], [
             "apt-get update", f"apt-get install --yes --no-install-recommends {wanted[0]} {wanted[1]}"])
 
-    def test_a_package_that_was_removed_is_missing(self):
-        self.add_tool("dpkg-query", 'for each in $INSTALLED; do echo "config-files $each"; done\n')
-        self.shell("install_packages run")
-        self.assertIn("apt-get update", self.logged())
-
-    def test_running_needs_no_test_packages_and_testing_needs_both(self):
-        self.assertEqual(self.shell("install_packages run", INSTALLED=" ".join(packages("run"))).stderr, "")
+    def test_testing_needs_the_packages_of_both_purposes(self):
         self.shell("install_packages run test", INSTALLED="")
         self.assertEqual(self.logged()[-1].split()[4:], packages("run", "test"))
 
@@ -183,6 +166,14 @@ class Installing(CommandTest):
 
 
 class Configuring(CommandTest):
+    @unittest.skipUnless(os.geteuid() == 0, "only the superuser can run it as another user")
+    def test_in_somebody_elses_checkout_it_says_that_it_cannot_build(self):
+        os.chmod(self.checkout, 0o755)
+        result = self.shell("configure release", user="nobody")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr, f"Cannot build here: {self.checkout}/build/release cannot be written to; "
+                                        "use a checkout of your own\n")
+
     def test_it_is_quiet_unless_it_does_not_work(self):
         for status, told in ((0, ""), (1, "cmake configures\n")):
             result = self.shell("configure release -DX=Y", CONFIGURE_STATUS=str(status))
@@ -201,25 +192,21 @@ class Configuring(CommandTest):
 
 class Run(CommandTest):
     def test_the_host_gets_the_options_the_folder_and_standard_output(self):
-        result = self.call(self.checkout / "run", "--message", "a b", cwd=self.folder)
-        self.assertEqual(result.stdout, f"host in {self.folder}: --message a b\n")
-        self.assertEqual(result.stderr, "cmake builds\n")
-        self.assertEqual(result.returncode, 7, "the status is the host's")
+        link = self.folder / "link"
+        link.symlink_to(self.checkout / "run")
+        for command, told in ((self.checkout / "run", "cmake builds\n"), (link, "")):
+            with self.subTest(command):
+                result = self.call(command, "--message", "a b", cwd=self.folder)
+                self.assertEqual(result.stdout, f"host in {self.folder}: --message a b\n")
+                self.assertEqual(result.stderr, told)
+                self.assertEqual(result.returncode, 7, "the status is the host's")
 
-    def test_it_works_through_a_link(self):
-        (self.folder / "link").symlink_to(self.checkout / "run")
-        self.assertEqual(self.call(self.folder / "link", "a").stdout, "host in /: a\n")
-
-    def test_it_builds_without_the_tests(self):
+    def test_it_builds_without_the_tests_and_nothing_the_second_time(self):
         self.call(self.checkout / "run")
         self.assertIn("cmake --preset release -DBUILD_TESTING=OFF", self.logged())
         self.assertEqual(self.logged()[-1], "cmake --build --preset release --target visex-host")
-
-    def test_a_second_run_builds_nothing_and_says_nothing(self):
-        self.call(self.checkout / "run")
         self.log.write_text("")
-        result = self.call(self.checkout / "run")
-        self.assertEqual(result.stderr, "")
+        self.call(self.checkout / "run")
         self.assertEqual(self.logged()[1:],
                          ["cmake --preset release", "cmake --build --preset release --target visex-host -- -n"])
 
@@ -253,49 +240,39 @@ class Test(CommandTest):
         for lane in lanes:
             self.assertIn(f"\nlane_{lane}() {{\n", script)
 
-    def test_the_lanes_are_in_the_table_with_their_times(self):
-        for command in ("test", ".ci/run"):
+    def test_the_lanes_are_built_with_the_tests_and_in_the_table_with_their_times(self):
+        link = self.folder / "link"
+        link.symlink_to(self.checkout / "test")
+        for command in (self.checkout / "test", self.checkout / ".ci/run", link):
             with self.subTest(command):
                 self.log.write_text("")
-                result = self.call(self.checkout / command, *self.NATIVE)
+                result = self.call(command, *self.NATIVE)
                 self.assertEqual(result.returncode, 0, result.stderr)
+                self.assertIn("cmake --preset release -DBUILD_TESTING=ON", self.logged())
                 self.assertEqual(self.lanes(), list(self.NATIVE))
                 self.assertEqual([(row[0], row[1], row[3]) for row in self.table(result)],
                                  [(lane, "passed", "s") for lane in self.NATIVE])
 
-    def test_it_builds_with_the_tests_through_a_link_too(self):
-        (self.folder / "link").symlink_to(self.checkout / "test")
-        self.call(self.folder / "link", "release")
-        self.assertIn("cmake --preset release -DBUILD_TESTING=ON", self.logged())
-
-    def test_a_lane_that_fails_does_not_keep_the_others_from_running(self):
-        result = self.call(self.checkout / "test", *self.NATIVE, CTEST_FAILS="release")
-        self.assertEqual(result.returncode, 1)
-        self.assertEqual([row[1] for row in self.table(result)], ["FAILED", "passed"])
-        self.assertEqual(result.stdout.splitlines()[-1], "1 passed, 1 failed, 0 skipped")
-
-    def test_a_lane_without_its_tools_is_skipped_but_not_in_ci(self):
+    def test_each_lane_has_its_own_result_and_a_skip_fails_in_ci_alone(self):
         self.add_lane_without_tools()
-        for command, status, word, closing in (("test", 0, "skipped", "1 passed, 0 failed, 1 skipped"),
-                                               (".ci/run", 1, "FAILED", "1 passed, 1 failed, 0 skipped")):
-            with self.subTest(command):
-                result = self.call(self.checkout / command, "absent", "release")
-                self.assertEqual(result.returncode, status)
-                self.assertEqual([row[1] for row in self.table(result)], [word, "passed"])
-                self.assertEqual(result.stdout.splitlines()[-1], closing)
-                self.assertIn("Skipped: this lane needs no-such-tool", result.stderr)
-
-    def test_a_test_that_is_skipped_fails_in_ci_alone(self):
-        for command, word in (("test", "passed"), (".ci/run", "FAILED")):
-            with self.subTest(command):
-                result = self.call(self.checkout / command, "release", CTEST_LOG=LOG_OF_A_SKIP)
-                self.assertEqual([row[1] for row in self.table(result)], [word])
-                self.assertIn("Skipped in some_test: Xvfb is not here\n", result.stdout)
-
-    def test_what_tests_leave_behind_is_named_and_fails(self):
-        result = self.call(self.checkout / "test", "sanitizers", LEFT_BEHIND="rubbish")
-        self.assertEqual([row[1] for row in self.table(result)], ["FAILED"])
-        self.assertIn("The tests left in their temporary folder: rubbish\n", result.stderr)
+        lacks_tools = ("stderr", "Skipped: this lane needs no-such-tool")
+        skips_a_test = ("stdout", "Skipped in some_test: Xvfb is not here\n")
+        leaves_files = ("stderr", "The tests left in their temporary folder: rubbish\n")
+        for command, lanes, variables, results, (stream, told) in (
+            ("test", self.NATIVE, {"CTEST_FAILS": "release"}, ["FAILED", "passed"], ("stderr", "")),
+            ("test", ["absent", "release"], {}, ["skipped", "passed"], lacks_tools),
+            (".ci/run", ["absent", "release"], {}, ["FAILED", "passed"], lacks_tools),
+            ("test", ["release"], {"CTEST_LOG": LOG_OF_A_SKIP}, ["passed"], skips_a_test),
+            (".ci/run", ["release"], {"CTEST_LOG": LOG_OF_A_SKIP}, ["FAILED"], skips_a_test),
+            ("test", ["sanitizers"], {"LEFT_BEHIND": "rubbish"}, ["FAILED"], leaves_files),
+        ):
+            with self.subTest(told, command=command):
+                result = self.call(self.checkout / command, *lanes, **variables)
+                self.assertEqual([row[1] for row in self.table(result)], results)
+                self.assertEqual(result.returncode, int("FAILED" in results))
+                passed, failed, skipped = (results.count(word) for word in ("passed", "FAILED", "skipped"))
+                self.assertEqual(result.stdout.splitlines()[-1], f"{passed} passed, {failed} failed, {skipped} skipped")
+                self.assertIn(told, getattr(result, stream))
 
     def test_an_unknown_lane_is_refused(self):
         result = self.call(self.checkout / "test", "relase")
@@ -382,5 +359,5 @@ class Usage(unittest.TestCase):
 
     def test_packages_are_not_made_by_mistake(self):
         result = self.call("scripts/try-packages", "none")
-        self.assertEqual((result.returncode, result.stdout), (1, ""))
-        self.assertEqual(result.stderr, "Not as it should be: this takes no arguments\n")
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (1, "", "Not as it should be: this takes no arguments\n"))
