@@ -58,16 +58,13 @@ class Choosing(HostTest):
 
 
 class Records(HostTest):
-    def test_options_go_before_the_record(self):
+    def test_options_go_before_the_record_and_that_before_the_users_language(self):
         start = self.file("before", record(message=5, current=GERMAN))
         outcome = unattended("--record", start, "--message", "1000", "--current", "spanish", "--json")
         self.assertEqual(outcome.json()["message"], 1000)
         self.assertEqual(outcome.json()["current"], {"code": SPANISH, "name": "Spanish"})
         self.assertEqual(start.read_bytes(), record(message=5, current=GERMAN), "the file itself stays as it is")
-
-    def test_the_users_language_does_not_change_a_record(self):
-        start = self.file("before", record(current=ENGLISH))
-        self.assert_chose(unattended("--record", start, variables={"LC_ALL": "it_IT.UTF-8"}))
+        self.assert_chose(unattended("--record", self.file("before", record()), variables={"LC_ALL": "it_IT.UTF-8"}))
 
 NOBODY_ASKED = ("no screen here and no terminal to ask on in the foreground: nobody was asked, and the default button was "
                 "pressed")
@@ -83,10 +80,8 @@ class Defaults(HostTest):
                 self.assertEqual(outcome.json()["current"]["code"], code)
                 self.assertEqual(outcome.json()["message"], 1000)
 
-    def test_without_screen_and_terminal_it_is_unattended_and_says_so(self):
+    def test_without_screen_and_terminal_it_is_unattended_and_says_so_where_something_was_to_be_shown(self):
         self.assert_chose(run("--current", "italian"), ITALIAN, NOBODY_ASKED)
-
-    def test_that_nobody_was_asked_is_said_of_alerts_too_but_not_where_nothing_was_shown(self):
         self.assert_answers(run("--message", "999"), REFUSED, NOBODY_ASKED)
         resources = self.file("resources", (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
                               .replace(b"ALRT", b"none"))
@@ -136,8 +131,12 @@ class Defaults(HostTest):
         self.assertFalse((self.folder / "record").exists())
 
 
-class HelpAndVersion(HostTest):
-    def test_they_go_to_standard_output(self):
+class Usage(HostTest):
+    def test_wrong_options_are_one_line(self):
+        self.assert_fails(run("--foo\nbar\x1b[2J"), NOT_DONE,
+                          "there is no option '--foo\\nbar\\x1b[2J'; --help lists the options")
+
+    def test_help_and_version_go_to_standard_output(self):
         for option, beginning in (("--help", "Calls an external"), ("--version", "visex-host 1.")):
             with self.subTest(option):
                 outcome = run(option)

@@ -13,12 +13,6 @@ CANT_CREATE_WINDOW = "Can't create windows from Nib"
 CANT_RUN = "Can't run modal loop for window"
 
 
-class Usage(HostTest):
-    def test_wrong_options_are_one_line(self):
-        self.assert_fails(run("--foo\nbar\x1b[2J"), NOT_DONE,
-                          "there is no option '--foo\\nbar\\x1b[2J'; --help lists the options")
-
-
 @contextlib.contextmanager
 def pipe_without_reader():
     reader, writer = os.pipe()
@@ -157,11 +151,8 @@ class PathsThatAreNotUtf8(HostTest):
         self.assertEqual(after.read_bytes(), record(current=GERMAN, chosen=GERMAN))
         self.assertIn(b"CreateNibReference", trace.read_bytes())
         self.assertEqual(unattended("--app", app, "--message", "999", "--json").json()["alerts"][0]["id"], 5000)
-
-    def test_so_does_an_installation_in_such_a_folder(self):
-        host = self.installation()
-        picture = self.folder.parent / "picture.png"
-        self.assert_chose(unattended("--picture", picture, host=host))
+        picture.unlink()
+        self.assert_chose(unattended("--picture", picture, host=self.installation()))
         self.assertTrue(picture.is_file())
 
     def test_what_cannot_be_done_is_refused(self):
@@ -232,20 +223,16 @@ class ResourceFiles(HostTest):
         super().setUp()
         self.resources = (DEMO / "Contents/Resources/DemoInstaller.rsrc").read_bytes()
 
-    def test_an_application_without_one(self):
+    def test_an_application_without_one_of_its_name(self):
         app = self.demo_copy()
-        (app / "Contents/Resources/DemoInstaller.rsrc").unlink()
+        other = app / "Contents/Resources/Other.rsrc"
+        other.with_name("DemoInstaller.rsrc").rename(other)
+        self.assert_chose(unattended("--app", app), ENGLISH, f"the resource file '{other}' was not opened: the "
+                          "application's own is called 'DemoInstaller.rsrc' and lies inside it")
+        self.assert_chose(unattended("--app", app, "--resources", other))
+        other.unlink()
         self.assert_chose(unattended("--app", app))
         self.assert_answers(unattended("--app", app, "--message", "999"), REFUSED, NO_ALERT)
-
-    def test_a_resource_file_with_another_name_is_pointed_out(self):
-        app = self.demo_copy()
-        folder = app / "Contents/Resources"
-        (folder / "DemoInstaller.rsrc").rename(folder / "Other.rsrc")
-        self.assert_chose(unattended("--app", app), ENGLISH,
-                          f"the resource file '{folder / 'Other.rsrc'}' was not opened: the application's own is called "
-                          "'DemoInstaller.rsrc' and lies inside it")
-        self.assert_chose(unattended("--app", app, "--resources", folder / "Other.rsrc"))
 
     def test_ones_that_cannot_be_opened(self):
         pipe = self.folder / "pipe"
@@ -330,10 +317,6 @@ class Bundles(HostTest):
                 self.assert_not_loaded("its factory gives no instance" if given == "nothing" else
                                        "what its factory gives is not an instance of an external", GIVES=given)
 
-    def test_one_that_lacks_a_function(self):
-        self.use_executable("lacking_external")
-        self.assert_no_executable("undefined symbol: functionThatNobodyHas")
-
     def test_one_that_ends_the_process(self):
         # What is given beforehand is stored and printed, whatever comes then.
         self.use_executable("ending_external")
@@ -373,12 +356,11 @@ class Bundles(HostTest):
         for name in ("picture.png", "calls"):
             self.assertTrue((self.folder / name).is_file(), name)
 
-    def test_executables_that_are_none(self):
-        self.executable.unlink()  # which may be a link into the build
+    def test_executables_that_are_none_or_outside_the_bundle(self):
+        self.use_executable("lacking_external")
+        self.assert_no_executable("undefined symbol: functionThatNobodyHas")
         self.executable.write_bytes(b"#!/bin/sh\n")
         self.assert_no_executable("it is not an ELF file, or is cut short")
-
-    def test_an_executable_outside_the_bundle(self):
         outside = self.executable.rename(self.folder / "Outside")
         self.assert_no_executable()
         self.executable.symlink_to(outside)

@@ -191,21 +191,17 @@ class InAWindow(HostTest):
 
 
 class OnAScreenThatGoesAway(HostTest):
-    def break_down(self, title, *arguments):
-        """Runs the host until the window of this title is there, ends the X server, and returns the Outcome."""
-        server = XServer()
-        self.addCleanup(server.close)
-        with started(*arguments, DISPLAY=server.display) as process:
-            server.window(title)
-            server.break_down()
-            return outcome_of(process)
-
     def test_the_call_does_not_return_and_the_record_stays(self):
         for title, message in ((WINDOW_TITLE, 1000), ("^Stop - Demo Installer$", 999)):
             with self.subTest(title):
                 before = record(message=message, current=GERMAN, chosen=FRENCH, filler=0x5A)
                 file = self.file("record", before)
-                outcome = self.break_down(title, "--record", file, "--write-record", file)
+                server = XServer()
+                self.addCleanup(server.close)
+                with started("--record", file, "--write-record", file, DISPLAY=server.display) as process:
+                    server.window(title)
+                    server.break_down()
+                    outcome = outcome_of(process)
                 self.assert_fails(outcome, NOT_RETURNED, "the call did not return: the screen went away, or the external ended the process")
                 self.assertEqual(file.read_bytes(), before)
                 self.assertEqual(list(self.folder.iterdir()), [file])
@@ -228,19 +224,16 @@ class OnWayland(HostTest):
 
 
 class WithoutAScreen(HostTest):
-    def test_a_window_cannot_be_asked_for(self):
-        self.assert_fails(run("--display", "window"), NOT_DONE,
-                          "cannot open a window: neither WAYLAND_DISPLAY nor DISPLAY names a screen")
-
-    def test_nor_a_platform_that_nobody_sees(self):
-        for platform in ("offscreen", "minimal"):
-            self.assert_fails(run("--display", "window", variables={"QT_QPA_PLATFORM": platform}), NOT_DONE,
-                              f"cannot open a window: no screen answers at QT_QPA_PLATFORM={platform}")
+    def test_a_window_cannot_be_asked_for_nor_one_that_nobody_sees(self):
+        for variables, reason in (({}, "neither WAYLAND_DISPLAY nor DISPLAY names a screen"),
+                                  ({"DISPLAY": ":54321"}, "no screen answers at DISPLAY=:54321"),
+                                  *(({"QT_QPA_PLATFORM": name}, f"no screen answers at QT_QPA_PLATFORM={name}")
+                                    for name in ("offscreen", "minimal"))):
+            self.assert_fails(run("--display", "window", variables=variables), NOT_DONE,
+                              f"cannot open a window: {reason}")
 
     def test_a_display_that_does_not_answer_is_none(self):
-        variables = {"DISPLAY": ":54321"}
-        self.assertEqual(run("--display", "window", variables=variables).status, NOT_DONE)
-        outcome = run(variables=variables)
+        outcome = run(variables={"DISPLAY": ":54321"})
         self.assertEqual(outcome.status, CHOSE)
         self.assertIn("no screen answers at DISPLAY=:54321\n", outcome.errors)
         self.assertIn("no screen here and no terminal", outcome.errors)

@@ -118,10 +118,8 @@ class InstalledHost(HostTest):
             with self.subTest(place):
                 self.assert_chooses_japanese(cwd=place)
 
-    def test_it_runs_from_the_search_path(self):
+    def test_it_runs_from_the_search_path_and_in_a_folder_with_a_space(self):
         self.assert_chooses_japanese(host="visex-host", variables={"PATH": str(self.host.parent)})
-
-    def test_it_runs_in_a_folder_with_a_space(self):
         copy = self.folder / "another place"
         shutil.copytree(self.prefix, copy, symlinks=True)
         self.assert_chooses_japanese(host=copy / "bin/visex-host")
@@ -142,13 +140,11 @@ class InstalledHost(HostTest):
     def test_it_finds_its_frameworks(self):
         self.assert_chooses_japanese("--require-admin")
 
-    def test_its_desktop_entry_names_what_is_there(self):
+    def test_its_desktop_entry_names_what_is_there_and_its_version_is_the_projects(self):
         entry = (self.prefix / "share/applications/visex-host.desktop").read_text()
         self.assertIn(f"\nExec={self.host.name}\n", entry)
         icon, = (self.prefix / "share/icons").rglob("*.svg")
         self.assertIn(f"\nIcon={icon.stem}\n", entry)
-
-    def test_its_version_is_the_projects(self):
         self.assertEqual(run("--version", host=self.host).output.split()[-1], VERSION)
 
 
@@ -197,11 +193,9 @@ class Projects(HostTest):
         self.output_of("cmake", "--install", self.folder, "--prefix", self.folder / "installed")
         self.assertEqual(files_in(self.folder / "installed"), [self.folder / "installed/bin/text"])
 
-    def test_pkg_config_finds_it(self):
+    def test_pkg_config_finds_it_alone_or_with_its_conversions(self):
         self.output_of(CONSUMERS / "build-with-pkg-config", self.folder)
         self.assert_programs_work()
         for name in ("velbase", "velbase-unicode"):
             self.assertEqual(self.output_of("pkg-config", "--modversion", name), VERSION + "\n")
-
-    def test_the_library_alone_brings_no_conversions(self):
         self.assertNotIn("unicode", self.output_of("pkg-config", "--libs", "velbase"))
