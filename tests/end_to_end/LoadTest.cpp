@@ -42,17 +42,11 @@ long numberIn(const char* variable, long otherwise)
     return text == nullptr ? otherwise : std::max(std::atol(text), 1L);
 }
 
-long callsAskedFor()
-{
-    return numberIn("VISEX_LOAD_CALLS", 5000);
-}
+const long CALLS = numberIn("VISEX_LOAD_CALLS", 5000);
 
 // How many bytes resident memory may grow by without a leak. The address sanitizer keeps aside what is freed, so that
 // its lane sets a larger one and relies on the sanitizer's own search for leaks.
-long tolerance()
-{
-    return numberIn("VISEX_LOAD_TOLERANCE", 256 * 1024);
-}
+const long TOLERANCE = numberIn("VISEX_LOAD_TOLERANCE", 256 * 1024);
 
 // In bytes.
 long residentMemory()
@@ -163,7 +157,7 @@ private:
 
 TEST_P(LoadTest, GrowsByWhatEachCallLeavesAndNoMore)
 {
-    const long calls = std::max(callsAskedFor() / GetParam().share, 1L);
+    const long calls = std::max(CALLS / GetParam().share, 1L);
     for (int warmUp = 0; warmUp < 100; ++warmUp)
         call();
 
@@ -174,7 +168,7 @@ TEST_P(LoadTest, GrowsByWhatEachCallLeavesAndNoMore)
     const long grown = residentMemory() - residentBefore;
 
     EXPECT_EQ(growth(before, calls), GetParam().left);
-    EXPECT_LE(grown, tolerance() + calls * GetParam().bytesPerCall);
+    EXPECT_LE(grown, TOLERANCE + calls * GetParam().bytesPerCall);
     std::printf("%s: %ld calls, resident memory %ld + %ld bytes, %ld a call\n", GetParam().name, calls, residentBefore,
         grown, grown / calls);
 }
