@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <initializer_list>
 #include <type_traits>
 
 namespace {
@@ -110,12 +111,12 @@ TEST_F(SharedPtr, AssignmentBetweenSharersOrToItselfChangesNothing)
 {
     Owner owner(new Counted);
     const Owner copy(owner);
-    const Owner& self = owner;
-    EXPECT_EQ(&(owner = self), &owner);
-    EXPECT_EQ(&(owner = copy), &owner);
-    EXPECT_EQ(owner.get(), copy.get());
-    EXPECT_EQ(owner.use_count(), 2);
-    EXPECT_EQ(Counted::alive, 1);
+    for (const Owner* const source : std::initializer_list<const Owner*>{&owner, &copy}) {
+        EXPECT_EQ(&(owner = *source), &owner);
+        EXPECT_EQ(owner.get(), copy.get());
+        EXPECT_EQ(owner.use_count(), 2);
+        EXPECT_EQ(Counted::alive, 1);
+    }
 }
 
 // A list whose elements own the next one: assigning from the second gives up the first, and with it the source itself.
@@ -146,23 +147,7 @@ TEST_F(SharedPtr, ResetWithThePointerThatItHoldsDoesNothing)
     }
 }
 
-TEST_F(SharedPtr, ResetOfTheLastOwnerFreesTheObjectAndUsesTheCountAgain)
-{
-    Owner owner(new Counted(1));
-    void* const count = wordOf(owner, 1);
-    Counted* const object = new Counted(2);
-    EXPECT_EQ(allocations::countIn([&] { owner.reset(object); }), 0u);
-    EXPECT_EQ(Counted::alive, 1);
-    EXPECT_EQ(owner.get(), object);
-    EXPECT_EQ(wordOf(owner, 1), count);
-    EXPECT_EQ(owner.use_count(), 1);
-    owner.reset();
-    EXPECT_EQ(owner.get(), nullptr);
-    EXPECT_EQ(owner.use_count(), 1);
-    EXPECT_EQ(Counted::alive, 0);
-}
-
-TEST_F(SharedPtr, ResetLeavesTheObjectAndTheCountToOtherOwners)
+TEST_F(SharedPtr, ResetLeavesTheObjectAndTheCountToOtherOwnersAndOfTheLastUsesTheCountAgain)
 {
     Owner owner(new Counted(1));
     const Owner keeper(owner);
@@ -174,10 +159,18 @@ TEST_F(SharedPtr, ResetLeavesTheObjectAndTheCountToOtherOwners)
     EXPECT_EQ(wordOf(keeper, 1), count);
     EXPECT_EQ(owner->number, 2);
     EXPECT_EQ(owner.use_count(), 1);
-    EXPECT_NE(wordOf(owner, 1), count);
+    void* const ownCount = wordOf(owner, 1);
+    EXPECT_NE(ownCount, count);
+    for (Counted* const next : {new Counted(3), static_cast<Counted*>(nullptr)}) {
+        EXPECT_EQ(allocations::countIn([&] { owner.reset(next); }), 0u);
+        EXPECT_EQ(Counted::alive, next == nullptr ? 1 : 2) << "the old one is freed";
+        EXPECT_EQ(owner.get(), next);
+        EXPECT_EQ(wordOf(owner, 1), ownCount);
+        EXPECT_EQ(owner.use_count(), 1);
+    }
 }
 
-TEST_F(SharedPtr, DisposeOfTheLastOwnerAloneFreesTheObjectAndTheCount)
+TEST_F(SharedPtr, DisposeOfTheLastOwnerAloneFreesTheObjectAndTheCountAndLeavesAnOwnerThatCanBeUsedAgain)
 {
     const long before = allocations::live();
     Owner owner(new Counted);
@@ -190,14 +183,10 @@ TEST_F(SharedPtr, DisposeOfTheLastOwnerAloneFreesTheObjectAndTheCount)
     EXPECT_EQ(allocations::live(), before);
     EXPECT_EQ(last.get(), nullptr);
     EXPECT_EQ(last.use_count(), 0);
-}
-
-TEST_F(SharedPtr, DisposedOwnerCanBeCopiedAssignedResetAndDisposedAgain)
-{
-    Owner owner;
-    owner.dispose();
-    owner.dispose();
-    const Owner copy(owner);
+    last.dispose();
+    Owner none;
+    none.dispose();
+    const Owner copy(none);
     EXPECT_EQ(copy.use_count(), 0);
 
     owner = Owner(new Counted(1));

@@ -34,13 +34,6 @@ struct Operation {
     void (*run)(Operands&);
 };
 
-void passed(String) { }
-
-String returned(const String& text)
-{
-    return text;
-}
-
 // ---- Operations that allocate nothing
 
 const Operation FREE_OPERATIONS[] = {
@@ -48,8 +41,6 @@ const Operation FREE_OPERATIONS[] = {
     {"CopyOfNull", [](Operands& o) { const String copy(o.null); }},
     {"Assignment", [](Operands& o) { o.other = o.text; }},
     {"AssignmentOfNull", [](Operands& o) { o.other = o.null; }},
-    {"Passing", [](Operands& o) { passed(o.text); }},
-    {"Returning", [](Operands& o) { (void)returned(o.text); }},
     {"ReadingACharacter", [](Operands& o) { o.text[1].ToChar(); }},
     {"WritingInPlace", [](Operands& o) { o.number[0] = 'x'; }},
     {"Comparing",
@@ -173,11 +164,8 @@ const Operation ALLOCATING_OPERATIONS[] = {
 void expectUnchanged(const Operands& operands, const std::string& fill)
 {
     const Operands expected(fill);
-    EXPECT_EQ(contents(operands.text), contents(expected.text));
-    EXPECT_EQ(contents(operands.copy), contents(expected.copy));
-    EXPECT_EQ(contents(operands.other), contents(expected.other));
-    EXPECT_EQ(contents(operands.number), contents(expected.number));
-    EXPECT_EQ(contents(operands.empty), contents(expected.empty));
+    for (const auto each : {&Operands::text, &Operands::copy, &Operands::other, &Operands::number, &Operands::empty})
+        EXPECT_EQ(contents(operands.*each), contents(expected.*each));
     EXPECT_TRUE(operands.null.IsNull());
     EXPECT_TRUE(shareBuffer(operands.text, operands.copy));
     ASSERT_EQ(operands.list.size(), 3u);
@@ -235,20 +223,16 @@ protected:
     const unsigned m_count = static_cast<unsigned>(m_length);
 };
 
-TEST_P(StringSizes, NewStringHasItsTextAndItsCount)
-{
-    const std::string text(m_length, 'x');
-    EXPECT_EQ(allocations::sizesIn([&] { String made(text.c_str()); }), stringOfLength(m_length));
-    EXPECT_EQ(allocations::sizesIn([&] { String made(text.c_str(), 1000); }), stringOfLength(m_length));
-}
-
 TEST(StringSizes, NullStringHasItsCountAlone)
 {
     EXPECT_EQ(allocations::sizesIn([] { const String null; }), Sizes{COUNT});
 }
 
-TEST_P(StringSizes, PieceHasItsTextAndItsCount)
+TEST_P(StringSizes, NewStringAndAPieceHaveTheirTextAndTheirCount)
 {
+    const std::string bytes(m_length, 'x');
+    EXPECT_EQ(allocations::sizesIn([&] { String made(bytes.c_str()); }), stringOfLength(m_length));
+    EXPECT_EQ(allocations::sizesIn([&] { String made(bytes.c_str(), 1000); }), stringOfLength(m_length));
     const String text = filled(m_length + 7);
     EXPECT_EQ(allocations::sizesIn([&] { (void)text.Left(m_count); }), stringOfLength(m_length));
     EXPECT_EQ(allocations::sizesIn([&] { (void)text.Right(m_count); }), stringOfLength(m_length));

@@ -42,29 +42,20 @@ inline reference::Position modelOf(const checked_uint& number)
 // ---- How texts and calls are printed
 
 /// Readable forms: "a\0b", null, 4294967295, none; of all else what GoogleTest has.
-inline std::string shown(const reference::Text& text)
+template <typename T> std::string shown(const T& value)
 {
-    return text == nullptr ? "null" : testing::PrintToString(*text);
-}
-inline std::string shown(const String& string)
-{
-    return string.IsNull() ? "null" : testing::PrintToString(*contents(string));
-}
-inline std::string shown(const Twin& twin)
-{
-    return shown(twin.text);
-}
-inline std::string shown(const reference::Position& position)
-{
-    return position ? std::to_string(*position) : "none";
-}
-inline std::string shown(const checked_uint& position)
-{
-    return shown(modelOf(position));
-}
-template <typename T> std::string shown(const T& other)
-{
-    return testing::PrintToString(other);
+    if constexpr (std::is_same_v<T, reference::Text>)
+        return value == nullptr ? "null" : testing::PrintToString(*value);
+    else if constexpr (std::is_same_v<T, String>)
+        return value.IsNull() ? "null" : testing::PrintToString(*contents(value));
+    else if constexpr (std::is_same_v<T, Twin>)
+        return shown(value.text);
+    else if constexpr (std::is_same_v<T, reference::Position>)
+        return value ? std::to_string(*value) : "none";
+    else if constexpr (std::is_same_v<T, checked_uint>)
+        return shown(modelOf(value));
+    else
+        return testing::PrintToString(value);
 }
 inline std::string shown(const std::vector<Twin>& twins)
 {
