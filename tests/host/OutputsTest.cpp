@@ -73,9 +73,10 @@ TEST(OutputPair, MayNotBeOneFile)
     }
 }
 
-TEST(Outputs, AreNamedFromTheRoot)
+TEST(Outputs, AreNamedFromTheRootAndMayWriteTheRecordOver)
 {
     const TemporaryFolder folder;
+    folder.write("a record", RECORD);
     const WorkingFolder here(folder.path());  // none of the host's own
     Options options;
     options.record = options.writeRecord = "a record";
@@ -86,14 +87,6 @@ TEST(Outputs, AreNamedFromTheRoot)
     EXPECT_EQ(options.picture, folder / "a picture");
     EXPECT_EQ(options.traceFile, folder / "a trace");
     EXPECT_EQ(options.record, "a record") << "it is read before the call";
-}
-
-TEST(Outputs, MayWriteTheRecordOver)
-{
-    const TemporaryFolder folder;
-    Options options;
-    options.record = options.writeRecord = folder.write("record", RECORD).string();
-    EXPECT_EQ(problemWith(options), "none");
 }
 
 TEST(Outputs, ReplaceNothingByARecordThatCanBeNone)

@@ -115,26 +115,21 @@ TEST(SavingARecord, ReplacesNothingButRegularFilesAndSaysWhyItCannot)
     EXPECT_EQ(folder.entries(), 2u);
 }
 
-TEST(ChosenLanguage, IsWhatWasWritten)
+TEST(ChosenLanguage, IsWhatWasWrittenOrNone)
 {
-    for (const UInt16 written : std::initializer_list<UInt16>{0, 1, 2, 3, 6, 11, 0x0102}) {
-        Record record;
-        record.block().chosenLanguage = written;  // the one that is there already, too
-        ChosenLanguage chosen(record.block());
-        record.block().chosenLanguage = written;
-        EXPECT_EQ(chosen.settle(), written);
-        EXPECT_EQ(record.block().chosenLanguage, written);
+    for (const UInt16 language : std::initializer_list<UInt16>{0, 1, 2, 3, 6, 11, 0x0102}) {
+        for (const bool isWritten : {true, false}) {
+            Record record;
+            auto& field = record.block().chosenLanguage;
+            field = language;
+            ChosenLanguage chosen(record.block());
+            EXPECT_NE(field, language) << "the field must not look like a language that was chosen";
+            if (isWritten)
+                field = language;  // the one that was there already
+            EXPECT_EQ(chosen.settle(), isWritten ? std::optional(language) : std::nullopt);
+            EXPECT_EQ(field, language) << "the field has its own value again";
+        }
     }
-}
-
-TEST(ChosenLanguage, IsNoneWhenNothingWasWritten)
-{
-    Record record;
-    record.block().chosenLanguage = 6;
-    ChosenLanguage chosen(record.block());
-    EXPECT_NE(record.block().chosenLanguage, 6) << "the field must not look like a language that was chosen";
-    EXPECT_EQ(chosen.settle(), std::nullopt);
-    EXPECT_EQ(record.block().chosenLanguage, 6) << "the field has its own value again";
 }
 
 }  // namespace

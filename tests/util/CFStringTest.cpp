@@ -19,35 +19,24 @@ static_assert(CFString::ReleaseBehavior(0) == CFString::Release, "value 0 releas
 
 class CFStringTest : public ToolboxTest { };
 
-TEST_F(CFStringTest, TextIsMacOSRomanAndReleasedAtTheEnd)
-{
-    {
-        const CFString string("caf\x8E", CFString::Release);
-        EXPECT_NE(string.Get(), nullptr);
-    }
-    EXPECT_EQ(Log(), R"(CFStringCreateWithCString(null, "caf\x8E", 0) = string1
-CFRelease(string1)
-)");
-    EXPECT_EQ(LeftBehind(), "");
-}
-
-TEST_F(CFStringTest, UnitsAreTakenByCountAndReleasedAtTheEnd)
+TEST_F(CFStringTest, TextIsMacOSRomanAndUnitsAreTakenByCountAndEitherIsReleasedAtTheEnd)
 {
     const unsigned short units[] = {'c', 'a', 'f', 0xE9, 0, 'x'};
     {
-        const CFString string(units, 5, CFString::Release);
-        EXPECT_NE(string.Get(), nullptr);
+        const CFString fromText("caf\x8E", CFString::Release);
+        const CFString fromUnits(units, 5, CFString::Release);
+        const CFString fromNoUnits(nullptr, 0, CFString::Release);
+        EXPECT_NE(fromText.Get(), nullptr);
+        EXPECT_NE(fromUnits.Get(), nullptr);
     }
-    EXPECT_EQ(Log(), R"(CFStringCreateWithCharacters(null, "caf\u00E9\u0000", 5) = string1
+    EXPECT_EQ(Log(), R"(CFStringCreateWithCString(null, "caf\x8E", 0) = string1
+CFStringCreateWithCharacters(null, "caf\u00E9\u0000", 5) = string2
+CFStringCreateWithCharacters(null, "", 0) = string3
+CFRelease(string3)
+CFRelease(string2)
 CFRelease(string1)
 )");
     EXPECT_EQ(LeftBehind(), "");
-}
-
-TEST_F(CFStringTest, NoUnitsNeedNoPointer)
-{
-    const CFString string(nullptr, 0, CFString::Release);
-    EXPECT_EQ(Log(), "CFStringCreateWithCharacters(null, \"\", 0) = string1\n");
 }
 
 TEST_F(CFStringTest, StringOutlivesItsOwnerUnlessThatReleases)
