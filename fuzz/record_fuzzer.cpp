@@ -43,7 +43,7 @@ void checkReport(Host::Record& record, std::string_view bytes)
     const std::string text(bytes.substr(RECORD_SIZE));
     report.toolbox.alerts.push_back({"stop", SInt16{5000}, text, text, {text}, 1});
     const std::string words = Host::inWords(report);
-    mustHold(std::count(words.begin(), words.end(), '\n') == 4, "an alert's text ends no line");
+    mustHold(std::count(words.begin(), words.end(), '\n') == 6, "an alert's text ends no line");
     mustHold(Host::inJson(report).back() == '\n', "there is JSON for every text");
 }
 
