@@ -159,8 +159,7 @@ ExitStatus watched(const std::function<ExitStatus()>& program)
     if (child > 0)
         return watch();
 
-    prctl(
-        PR_SET_PDEATHSIG, SIGKILL);  // nothing else ends a process that is stopped, or that was told to ignore the rest
+    prctl(PR_SET_PDEATHSIG, SIGKILL);  // nothing else ends a process that is stopped, or ignores what can be ignored
     if (getppid() != watcher)
         _exit(EXIT_FAILURE);  // it has gone already
     std::atexit(endAtOnce);
