@@ -186,7 +186,8 @@ void PopUpButton::chooseSelected()
     if (selected.isEmpty() || selected.front().row() == presentRow())
         return;
     const int row = selected.front().row();
-    hidePopup();
+    if (view()->isVisible())
+        hidePopup();
     goTo(row);
 }
 

@@ -19,9 +19,10 @@ QElapsedTimer waiting;
 
 void look();
 
+// When what the last act has left to be done later is done: on a busy machine two timers can follow each other at once.
 void lookAgain()
 {
-    QTimer::singleShot(1, qApp, look);
+    QTimer::singleShot(1, qApp, [] { QMetaObject::invokeMethod(qApp, look, Qt::QueuedConnection); });
 }
 
 void look()

@@ -51,6 +51,14 @@ Person::Act act(int item)
     };
 }
 
+// Chooses the first item as soon as it is seen to that the third, which is chosen now, is the current one.
+void actOnTheFirstRightAfterTheThird(QDialog& shown)
+{
+    act(2)(shown);
+    QMetaObject::invokeMethod(
+        &shown, [&shown] { act(0)(shown); }, Qt::QueuedConnection);
+}
+
 void clickOnTheLastItem(QDialog& shown)
 {
     QAbstractItemView& menu = *only<QComboBox>(shown).view();
@@ -99,6 +107,8 @@ const SessionCase SESSION_CASES[] = {
     {"ActionChoosesAnItem", {act(2), press(Qt::Key_Return)}, "ended: item 3 ok"},
     {"ActionsChooseOneAfterTheOther", {act(2), act(0), act(1), press(Qt::Key_Return)},
         "ended: item 3 item 1 item 2 ok"},
+    {"ActionRightAfterAnotherIsNotLost", {actOnTheFirstRightAfterTheThird, press(Qt::Key_Return)},
+        "ended: item 3 item 1 ok"},
     {"ActionLeavesTheChosenItem", {act(1), press(Qt::Key_Return)}, "ended: ok"},
     {"ActionChoosesWhatTheKeysHadLeft", {press(Qt::Key_Down), act(1), press(Qt::Key_Return)},
         "ended: item 3 item 2 ok"},
