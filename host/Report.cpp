@@ -152,7 +152,8 @@ std::string inJson(const Report& report)
     json["display"] = nameOf(report.display);
     json["asked"] = personWasAsked(report);
     json["result"] = resultInJson(report);
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    // In ASCII: texts of the external may hold what a terminal obeys.
+    return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
 void tellCallProblems(const Options& options, const Toolbox::CallReport& report)

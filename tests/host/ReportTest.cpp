@@ -169,13 +169,14 @@ TEST(InJson, TellsHowTheAnswerCameAbout)
     EXPECT_EQ(cameAbout(), "terminal, asked");
 }
 
-TEST(InJson, KeepsLineBreaksAndReplacesWhatIsNoText)
+TEST(InJson, EscapesWhatATerminalObeysAndReplacesWhatIsNoText)
 {
     Report report = plainReport();
-    report.toolbox.alerts = {{"note", std::nullopt, "one\ntwo & \"three\"", "bad \xFF byte", {}, 0}};
-    const json parsed = json::parse(inJson(report));
-    EXPECT_EQ(parsed["alerts"][0]["text"], "one\ntwo & \"three\"");
-    EXPECT_NE(inJson(report).find("\"bad \xEF\xBF\xBD byte\""), std::string::npos);
+    const char* const text = u8"one\ntwo & \"three\"\x7F\u009B2J\u202E";
+    report.toolbox.alerts = {{"note", std::nullopt, text, "bad \xFF byte", {}, 0}};
+    EXPECT_EQ(json::parse(inJson(report))["alerts"][0]["text"], text);
+    EXPECT_NE(inJson(report).find(R"(\"three\"\u007f\u009b2J\u202e")"), std::string::npos);
+    EXPECT_NE(inJson(report).find(R"("bad \ufffd byte")"), std::string::npos);
 }
 
 }  // namespace
