@@ -37,7 +37,7 @@ std::string lastError()
 void print(const std::string& answer)
 {
     if (std::fputs(answer.c_str(), stdout) < 0 || std::fflush(stdout) != 0)
-        throw Problem(ExitStatus::NotDone, "standard output takes nothing: " + lastError());
+        throw Problem(ExitStatus::NotDone, "cannot write to standard output: " + lastError());
 }
 
 }  // namespace Host

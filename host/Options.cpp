@@ -27,7 +27,7 @@ constexpr const char* DESCRIPTION = "Calls an external (BUNDLE, else the applica
 constexpr const char* NOTES = R"(Examples: visex-host                                 open the dialog
           visex-host --answer german --json          answer it unattended
           visex-host --app My.app --trace My.bundle  follow another external
-Exit status: 0 chosen, 1 not, 2 misuse, 3 refused, 4 not loaded, 5 cut short)";
+Exit status: 0 chosen, 1 none, 2 misuse, 3 refused, 4 not loaded, 5 cut short)";
 
 std::string inSmallLetters(std::string text)
 {
@@ -199,7 +199,7 @@ struct Option {
 const Option OPTIONS[] = {
     {"--message", "N", "Message in the record [1000]", takeMessage},
     {"--current", "LANG", "Current language: name, tag or Mac OS code [the user's]", takeCurrent},
-    {"--display", "KIND", "window, terminal or unattended [the first here]", takeDisplay},
+    {"--display", "KIND", "window, terminal or unattended [the first available]", takeDisplay},
     {"--answer", "ANSWER", "ok, cancel, LANG or button:N, unattended; repeatable", takeAnswer},
     {"--app", "DIR", "Application bundle [the demo application]", takePath<&Options::application>},
     {"--resources", "FILE", "Resource file [the application's]", takePath<&Options::resources>},
@@ -224,7 +224,7 @@ Problem describe(const CLI::ParseError& error, const CLI::App& commandLine)
     if (!unexpected.empty()) {
         const std::string& first = unexpected.front();
         if (first.substr(0, 1) != "-")
-            return wrongUsage("one external at a time, and not also '" + first + "'");
+            return wrongUsage("only one external can be given, and '" + first + "' is a second");
         std::vector<std::string> names;
         for (const CLI::Option* const option : commandLine.get_options())
             names.push_back(option->get_name());

@@ -48,7 +48,8 @@ struct Options {
 std::variant<Options, std::string> parseOptions(const std::vector<std::string>& arguments);
 
 /// Understands "ok", "cancel" and "button:N", in any case, and a language, which means choosing it and then OK: its
-/// name in English or in itself, a unique beginning of one, its tag or its code. Throws Problem for anything else.
+/// name in English or in the language itself, a unique beginning of one, its tag or its code. Throws Problem for
+/// anything else.
 GivenAnswer parseAnswer(const std::string& text);
 
 /// The steps of all `answers`, one after the other.

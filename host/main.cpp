@@ -34,7 +34,7 @@ using namespace Host;
 void tellOfStrangeCode(const std::string& whose, std::uint32_t code)
 {
     if (code > 0x7FFF)
-        complain(whose + ", " + std::to_string(code) + ", is not a code of the Mac's");
+        complain(whose + ", " + std::to_string(code) + ", is not a Mac OS language code");
 }
 
 // A record that is loaded keeps what the options leave open; a new one gets the defaults.
@@ -46,7 +46,7 @@ Record makeRecord(const Options& options)
         tellOfStrangeCode("the file '" + *options.record + "' was taken for a record, but the current language in it",
             block.currentLanguage);
     if (options.current)
-        tellOfStrangeCode("the current language that is given", *options.current);
+        tellOfStrangeCode("the given current language", *options.current);
     if (options.message || !options.record)
         block.message = options.message.value_or(MESSAGE_SELECT_LANGUAGE);
     if (options.current || !options.record)

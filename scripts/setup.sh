@@ -31,7 +31,7 @@ install_packages() {
     local missing as_root=(env)
     if ! is_debian_12; then
         mapfile -t missing < <(packages_for "$@")
-        say "This is not Debian 12, so nothing is installed. What is needed is called there: ${missing[*]}"
+        say "This is not Debian 12, so nothing is installed. The packages needed are called there: ${missing[*]}"
         return
     fi
 

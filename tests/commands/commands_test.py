@@ -155,7 +155,7 @@ class Installing(CommandTest):
     def test_on_another_system_what_is_needed_is_named(self):
         result = self.shell("is_debian_12() { false; }; install_packages run")
         self.assertEqual(result.returncode, 0)
-        self.assertEqual(result.stderr, "This is not Debian 12, so nothing is installed. What is needed is called "
+        self.assertEqual(result.stderr, "This is not Debian 12, so nothing is installed. The packages needed are called "
                                         f"there: {' '.join(packages('run'))}\n")
         self.assertEqual(self.logged(), [])
 

@@ -108,7 +108,7 @@ def differences(host):
             if option in options and options[option][0] != value:
                 yield f"{place} names the value of {option} '{options[option][0]}', and --help '{value}'"
         for option, wanted in host.defaults.items():
-            words = {"zeros": ["zeros"], "the first here": ["first of them"], "the user's": ["user's own"]}.get(wanted, [wanted])
+            words = {"zeros": ["zeros"], "the first available": ["first of them"], "the user's": ["user's own"]}.get(wanted, [wanted])
             text = re.sub(r"\s+", " ", re.sub(r"\n\.\w+ ", " ", options.get(option, ("", ""))[1]))
             for word in words:
                 if word.replace("the application's", "application's") not in text:

@@ -28,7 +28,7 @@ class Choosing(HostTest):
 
     def test_confirming_keeps_the_current_language_or_gives_english(self):
         for current in (*NAMES, 4, 5, 7, 10, 12, 0x7FFF, 0x8000, 0x10002, 0xFFFFFFFF):
-            strange = [f"the current language that is given, {current}, is not a code of the Mac's"] * (current > 0x7FFF)
+            strange = [f"the given current language, {current}, is not a Mac OS language code"] * (current > 0x7FFF)
             for answers in ([], ["ok"]):
                 with self.subTest(current=current, answers=answers):
                     outcome = unattended("--current", str(current), "--json", answers=answers)

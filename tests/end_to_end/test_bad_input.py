@@ -34,10 +34,10 @@ class StandardStreams(HostTest):
         return outcome
 
     def test_an_answer_that_cannot_be_printed_is_said_and_the_record_not_lost(self):
-        broken = "standard output takes nothing: Broken pipe"
+        broken = "cannot write to standard output: Broken pipe"
         with open("/dev/full", "w") as full:
             self.assert_fails(self.choose_german(stdout=full), NOT_DONE,
-                              "standard output takes nothing: No space left on device")
+                              "cannot write to standard output: No space left on device")
         with pipe_without_reader() as gone:
             for options in ([], ["--json"]):
                 self.assert_fails(self.choose_german(*options, stdout=gone), NOT_DONE, broken)
@@ -63,7 +63,7 @@ class StandardStreams(HostTest):
 
     def test_closed_streams_are_not_taken_for_files(self):
         # The shell closes the streams; the record, which is opened first, must not take their place.
-        for closed, lines in (("<&- >&-", ["standard output takes nothing: Bad file descriptor"]), ("<&- >&- 2>&-", [])):
+        for closed, lines in (("<&- >&-", ["cannot write to standard output: Bad file descriptor"]), ("<&- >&- 2>&-", [])):
             with self.subTest(closed):
                 self.assert_fails(self.choose_german(through=["sh", "-c", f'exec "$@" {closed}', "sh"]), NOT_DONE, *lines)
 
@@ -71,8 +71,8 @@ class StandardStreams(HostTest):
 class RecordFiles(HostTest):
     def test_what_may_be_no_record_is_taken_with_a_word_on_it(self):
         text = self.file("text", b"All that is written here is a text. " * 20)
-        taken = (f"the file '{text}' was taken for a record, but the current language in it, 773865836, is not a code of "
-                 "the Mac's")
+        taken = (f"the file '{text}' was taken for a record, but the current language in it, 773865836, is not a Mac OS "
+                 "language code")
         for arguments in ([], ["--current", "4"]):
             self.assert_chose(unattended("--record", text, "--message", "1000", *arguments), ENGLISH, taken)
         self.assert_chose(unattended("--record", self.file("largest", record(current=0x7FFF))))

@@ -82,7 +82,7 @@ TEST(Options, HelpNamesThemAllAndFitsATerminalAndTheVersionALine)
     EXPECT_EQ(std::get<std::string>(parseOptions({"-h"})), help);
     for (const char* const name : {"--message N", "--current LANG", "--display KIND", "--answer ANSWER", "--app DIR",
              "--resources FILE", "--require-admin", "--record FILE", "--write-record FILE", "--picture FILE", "--json",
-             "--trace-file FILE", "--trace ", "--help", "--version", "BUNDLE", "Exit status", " 0 chosen", " 1 not",
+             "--trace-file FILE", "--trace ", "--help", "--version", "BUNDLE", "Exit status", " 0 chosen", " 1 none",
              " 2 misuse", " 3 refused", " 4 not loaded", " 5 cut short", "Examples"})
         EXPECT_NE(help.find(name), std::string::npos) << name;
     EXPECT_LE(std::count(help.begin(), help.end(), '\n'), 24);
@@ -112,8 +112,8 @@ const WrongCase WRONG_CASES[] = {
     {"UnknownShortOption", {"-x"}, "there is no option '-x'"},
     {"BeginningOfAnOption", {"--mess", "1"}, "there is no option '--mess' (did you mean --message?)"},
     {"OptionMisspelt", {"--verrsion"}, "there is no option '--verrsion' (did you mean --version?)"},
-    {"SecondBundle", {"a", "b"}, "one external at a time, and not also 'b'"},
-    {"EmptySecondBundle", {"a", ""}, "one external at a time, and not also ''"},
+    {"SecondBundle", {"a", "b"}, "only one external can be given, and 'b' is a second"},
+    {"EmptySecondBundle", {"a", ""}, "only one external can be given, and '' is a second"},
     {"EmptyBundle", {""}, "BUNDLE needs a value"},
     {"NoValue", {"--message"}, "--message needs a value"},
     {"NoJoinedValue", {"--app="}, "--app needs a value"},
