@@ -61,24 +61,40 @@ QString breakLine(const QString& line, int hanging, int columns, const TerminalE
     return broken + last;
 }
 
-volatile std::sig_atomic_t wasContinued = 0;
+// The question that stands on a terminal now.
+struct {
+    int terminal;
+    const char* bytes;
+    std::size_t size;
+} asked;
 
-// While this lives, reading ends when the process goes on after it was stopped: what is on the screen is then something
-// else.
+// By the handler itself: a reading that it were to end may not have begun.
+void askAgain(int)
+{
+    const int error = errno;
+    [[maybe_unused]] const ssize_t count = ::write(asked.terminal, asked.bytes, asked.size);  // reading fails too, then
+    errno = error;
+}
+
+// While this lives, the question stands there again when the process goes on after it was stopped: what is on the
+// screen is then something else.
 class ContinueWatch {
 public:
-    ContinueWatch()
+    ContinueWatch(int terminal, const QByteArray& question)
+        : m_question(question)
     {
-        wasContinued = 0;
-        struct sigaction noting { };
-        noting.sa_handler = [](int) { wasContinued = 1; };
-        sigaction(SIGCONT, &noting, &m_before);
+        asked = {terminal, m_question.constData(), static_cast<std::size_t>(m_question.size())};
+        struct sigaction asking { };
+        asking.sa_handler = askAgain;
+        asking.sa_flags = SA_RESTART;
+        sigaction(SIGCONT, &asking, &m_before);
     }
     ~ContinueWatch() { sigaction(SIGCONT, &m_before, nullptr); }
     ContinueWatch(const ContinueWatch&) = delete;
     ContinueWatch& operator=(const ContinueWatch&) = delete;
 
 private:
+    const QByteArray m_question;
     struct sigaction m_before { };
 };
 
@@ -117,13 +133,10 @@ void Terminal::writeNumbered(int number, const QString& text)
 
 std::optional<QString> Terminal::ask(const QString& text)
 {
-    const ContinueWatch watch;
-    std::optional<QString> line;
-    do {
-        wasContinued = 0;
-        write(breakLine(m_encoding.showable(text), 0, columns(), m_encoding));
-        line = readLine();
-    } while (!line && wasContinued != 0);
+    const QString question = breakLine(m_encoding.showable(text), 0, columns(), m_encoding);
+    const ContinueWatch watch(m_file, m_encoding.encode(question));
+    write(question);
+    const std::optional<QString> line = readLine();
     if (!line)
         write(QStringLiteral("\n"));  // nobody ended the line
     return line;
@@ -168,7 +181,7 @@ std::optional<QString> Terminal::readLine()
             return m_encoding.decode(line);
         if (count == 1 && line.size() < LONGEST_LINE)
             line += byte;
-        if (count == 0 || (count < 0 && errno == EINTR && wasContinued != 0))
+        if (count == 0)
             return std::nullopt;
         m_failed = count < 0 && errno != EINTR;
     }

@@ -6,14 +6,17 @@
 #include <poll.h>
 #include <pty.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 
 namespace {
 
-constexpr int LONGEST_WAIT_FOR_A_BYTE = 30000;  // milliseconds; a test that needs them has failed
+constexpr int LONGEST_WAIT_FOR_A_BYTE = 120'000;  // milliseconds; a test that needs them has failed
+constexpr rlim_t LONGEST_WORK = 20;               // seconds of the processor, which a busy machine does not make more
 
 // The next bytes of `file`; nothing at its end, or when none come.
 std::string readSome(int file)
@@ -56,6 +59,8 @@ PseudoTerminal::PseudoTerminal(const char* locale, const std::function<std::stri
     const winsize size{0, columns, 0, 0};
     m_process = forkpty(&m_terminal, nullptr, nullptr, &size);
     if (m_process == 0) {
+        const rlimit most{LONGEST_WORK, LONGEST_WORK};
+        setrlimit(RLIMIT_CPU, &most);
         setenv("LC_ALL", locale, 1);
         close(report[0]);
         // The terminal is reached as such, and not through the standard streams.
@@ -93,6 +98,11 @@ std::string PseudoTerminal::readUntil(const std::string& end)
 void PseudoTerminal::type(const std::string& keys)
 {
     EXPECT_EQ(write(m_terminal, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+}
+
+void PseudoTerminal::resume()
+{
+    kill(m_process, SIGCONT);
 }
 
 void PseudoTerminal::hangUp()

@@ -7,7 +7,8 @@
 #include <optional>
 #include <string>
 
-/// Runs `work` in a process whose controlling terminal this is, and which reports one line when it is done.
+/// Runs `work` in a process whose controlling terminal this is, and which reports one line when it is done. It is ended
+/// when it has computed for 20 seconds; what it waits for does not count.
 class PseudoTerminal {
 public:
     /// Starts `work` in the locale named `locale`. What it returns is the report.
@@ -39,6 +40,9 @@ public:
         readUntil(question);
         return report(keys);
     }
+
+    /// Lets the process go on, as a shell does that has stopped it.
+    void resume();
 
     /// Lets the terminal go away.
     void hangUp();
