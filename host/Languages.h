@@ -47,6 +47,12 @@ constexpr std::array<Language, MENU_LANGUAGE_COUNT> languagesWithTags()
 /// The languages in the order of the dialog's pop-up: the first is its item 1.
 inline constexpr auto LANGUAGES = languagesWithTags();
 
+/// Whether the Mac can have such a code: they have 16 bits, with a sign. The external takes any.
+constexpr bool isLanguageCode(std::uint32_t code)
+{
+    return code <= 0x7FFF;
+}
+
 /// The language with this code, or null.
 const Language* languageOfCode(std::uint32_t code);
 

@@ -1,5 +1,6 @@
 #include "host/Record.h"
 
+#include "host/Languages.h"
 #include "host/Messages.h"
 #include "host/WrittenFiles.h"
 
@@ -62,6 +63,15 @@ std::vector<std::uint8_t> read(const fs::path& file)
     return bytes;
 }
 
+bool isRecord(const fs::path& file)
+{
+    try {
+        return isLanguageCode(Record::load(file).block().currentLanguage);
+    } catch (const Problem&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 Record::Record()
@@ -88,7 +98,7 @@ void Record::checkThatItReplaces(const std::filesystem::path& file)
 {
     std::error_code isNone;
     const std::uintmax_t size = std::filesystem::file_size(file, isNone);
-    if (!isNone && size != 0 && (size < sizeof(ExternParmBlock) || size > LARGEST))
+    if (!isNone && size != 0 && !isRecord(file))
         throw Problem(ExitStatus::NotDone,
             notWritten("record", file, "what is there is no record; name another file, or remove this one"));
 }

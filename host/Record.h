@@ -22,8 +22,8 @@ public:
     /// fewer than 614 bytes or more than 1 MiB.
     static Record load(const std::filesystem::path& file);
 
-    /// Throws Problem when `file` is something that a record hardly was meant to replace: its size is no record's. An
-    /// empty file holds nothing that could be lost.
+    /// Throws Problem when `file` is there and neither empty nor a record, as far as its size and its current
+    /// language tell.
     static void checkThatItReplaces(const std::filesystem::path& file);
 
     /// Saves the record and its tail in `file`, whole or not at all: what was there before stays until all is written.

@@ -30,10 +30,9 @@ namespace {
 
 using namespace Host;
 
-// The external takes any code, but the Mac's have 16 bits with a sign.
 void tellOfStrangeCode(const std::string& whose, std::uint32_t code)
 {
-    if (code > 0x7FFF)
+    if (!isLanguageCode(code))
         complain(whose + ", " + std::to_string(code) + ", is not a Mac OS language code");
 }
 

@@ -22,7 +22,7 @@ std::string problemWith(Options options)
     return problemOf([&] { settleOutputs(options); });
 }
 
-const std::string RECORD(614, 'x');
+const std::string RECORD(614, '\0');
 
 // The file of the C library.
 const char* loadedLibrary()
@@ -92,10 +92,14 @@ TEST(Outputs, AreNamedFromTheRootAndMayWriteTheRecordOver)
 TEST(Outputs, ReplaceNothingByARecordThatCanBeNone)
 {
     const TemporaryFolder folder;
-    for (const std::size_t size : {1U, 613U, 614U, 1024 * 1024U, 1024 * 1024 + 1U, 0U}) {
+    const auto zeros = [](std::size_t size) { return std::string(size, '\0'); };
+    const std::string upToTheLanguage = zeros(612);
+    for (const auto& [contents, isTaken] :
+        {std::pair(zeros(0), true), {zeros(1), false}, {zeros(613), false}, {zeros(614), true},
+            {zeros(1024 * 1024), true}, {zeros(1024 * 1024 + 1), false}, {upToTheLanguage + "\x7F\xFF", true},
+            {upToTheLanguage + "\x80" + zeros(1), false}, {std::string(700, 'x'), false}}) {
         Options options;
-        options.writeRecord = folder.write("file", std::string(size, 'x')).string();
-        const bool isTaken = size == 0 || (size >= 614 && size <= 1024 * 1024);
+        options.writeRecord = folder.write("file", contents).string();
         const std::string problem = isTaken ? "none"
                                             : "cannot save the record in '" + *options.writeRecord
                 + "': what is there is no record; name another file, or remove this one";

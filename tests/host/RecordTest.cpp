@@ -46,8 +46,9 @@ TEST(Record, ComesBackByteForByteWithItsTail)
     const TemporaryFolder folder;
     for (const std::size_t size : {std::size_t{614}, std::size_t{615}, std::size_t{1000}, std::size_t{1024 * 1024}}) {
         const fs::path file = folder.write("record", bytes(size));
-        Record::load(file).save(folder / "copy");
-        EXPECT_EQ(recordDifferences(contents(folder / "copy"), bytes(size)), "") << size;
+        const fs::path copy = folder / std::to_string(size);
+        Record::load(file).save(copy);
+        EXPECT_EQ(recordDifferences(contents(copy), bytes(size)), "") << size;
     }
 }
 
@@ -92,7 +93,7 @@ TEST(RecordFile, IsNotLeftOpen)
 TEST(SavingARecord, WritesTheFileThatALinkLeadsTo)
 {
     const TemporaryFolder folder;
-    const fs::path file = folder.write("record", std::string(700, 'o'));
+    const fs::path file = folder.write("record", std::string(700, '\0'));
     fs::create_symlink(file, folder / "link");
     Record().save(folder / "link");
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
