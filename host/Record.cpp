@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -54,12 +55,15 @@ std::vector<std::uint8_t> read(const fs::path& file)
     const auto stream = openRegular(file, &reason);
     if (!stream)
         throw notRead(file, reason);
-    std::vector<std::uint8_t> bytes(LARGEST + 1);
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
+    std::vector<std::uint8_t> bytes;
+    std::array<std::uint8_t, 4096> piece;
+    while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), stream.get())) {
+        bytes.insert(bytes.end(), piece.begin(), piece.begin() + count);
+        if (bytes.size() > LARGEST)
+            throw notRead(file, "it has more than " + std::to_string(LARGEST) + " bytes");
+    }
     if (std::ferror(stream.get()) != 0)
         throw notRead(file, lastError());
-    if (bytes.size() > LARGEST)
-        throw notRead(file, "it has more than " + std::to_string(LARGEST) + " bytes");
     return bytes;
 }
 
