@@ -35,7 +35,7 @@ void useWindow()
 void useTerminal()
 {
     if (!Toolbox::TerminalAnswers())
-        throw Problem(ExitStatus::NotDone, "cannot ask on the terminal: the process has none");
+        throw Problem(ExitStatus::NotDone, "cannot ask on the terminal: the process has none, or is in the background");
     // A terminal that goes away while it asks is noticed by what it answers, and then said.
     std::signal(SIGHUP, SIG_IGN);
     Toolbox::UseTerminalDisplay();

@@ -47,7 +47,8 @@ class OnATerminal(HostTest):
         self.assertEqual([flag & os.O_CLOEXEC for flag in flags], [os.O_CLOEXEC] * 2, "of the terminal and the trace alone")
 
     def test_without_one_it_cannot_be_asked_for(self):
-        self.assert_fails(run("--display", "terminal"), NOT_DONE, "cannot ask on the terminal: the process has none")
+        self.assert_fails(run("--display", "terminal"), NOT_DONE,
+                          "cannot ask on the terminal: the process has none, or is in the background")
 
     def test_the_transcript_in_the_docs_is_what_it_shows(self):
         command, transcript = (ROOT / "docs/terminal.txt").read_text().split("\n", 1)

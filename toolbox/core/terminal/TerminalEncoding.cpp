@@ -2,6 +2,7 @@
 
 #include <Toolbox/OneLine.h>
 
+#include <QByteArray>
 #include <QChar>
 #include <QList>
 #include <QStringView>
@@ -48,10 +49,24 @@ private:
     const locale_t m_before;
 };
 
+// The name of the environment's locale for characters.
+QByteArray nameOfLocale()
+{
+    for (const char* const variable : {"LC_ALL", "LC_CTYPE", "LANG"})
+        if (!qEnvironmentVariableIsEmpty(variable))
+            return qgetenv(variable);
+    return "C";
+}
+
+// One that is not installed here, as over ssh, still says what the terminal shows.
 locale_t userLocale()
 {
     const locale_t named = newlocale(LC_CTYPE_MASK, "", nullptr);
-    return named != nullptr ? named : newlocale(LC_CTYPE_MASK, "C", nullptr);
+    if (named != nullptr)
+        return named;
+    const QByteArray name = nameOfLocale().toLower();
+    const bool isUTF8 = name.contains("utf-8") || name.contains("utf8");
+    return newlocale(LC_CTYPE_MASK, isUTF8 ? "C.UTF-8" : "C", nullptr);
 }
 
 bool encodesASCII(locale_t locale)

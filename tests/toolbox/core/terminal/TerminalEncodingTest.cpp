@@ -113,9 +113,22 @@ TEST(TerminalColumns, AreThoseOfTheCharacter)
     EXPECT_EQ(encoding->columns(U'\n'), 0);
 }
 
-TEST(TerminalLocale, IsASCIIWhereTheEnvironmentNamesNoneAndLeavesTheProcessAlone)
+TEST(TerminalLocale, HasTheEncodingInItsNameWhereItIsNotInstalled)
 {
-    EXPECT_EQ(encodingOf("xx_YY.no-such-locale")->showable(QStringLiteral("é")), QStringLiteral("e"));
+    for (const char* const variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        setenv("LANG", "xx_YY", 1);
+        for (const auto& [locale, shown] : {std::pair{"xx_YY.no-such-locale", "e"}, {"xx_YY.UTF-8", "é"},
+                 {"xx_YY.utf8@euro", "é"}, {"UTF-8", "é"}, {"xx_YY", "e"}}) {
+            setenv(variable, locale, 1);
+            EXPECT_EQ(TerminalEncoding().showable(QStringLiteral("é")), QString::fromUtf8(shown)) << variable << locale;
+        }
+        unsetenv(variable);
+    }
+    unsetenv("LANG");
+}
+
+TEST(TerminalLocale, LeavesTheProcessAlone)
+{
     const std::string before = std::setlocale(LC_ALL, nullptr);
     const auto encoding = encodingOf("C.UTF-8");
     encoding->encode(encoding->showable(QStringLiteral("é")));
