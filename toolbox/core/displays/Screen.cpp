@@ -17,16 +17,18 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <csignal>
+#include <ctime>
+#include <utility>
 
 namespace Toolbox {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-constexpr std::chrono::milliseconds TIME_LIMIT(2000);
+// In looks, of which there are eight in a second.
+constexpr int LOOK = 125;  // milliseconds
+constexpr int LONGEST_SILENCE = 2 * 8;
+constexpr int LONGEST_TRIAL = 60 * 8;
 
 // In a process of its own: writes one byte to `answer` when Qt could start. Says nothing, leaves no core file, and does
 // not outlive its parent.
@@ -41,20 +43,34 @@ constexpr std::chrono::milliseconds TIME_LIMIT(2000);
     _exit(answered ? 0 : 1);
 }
 
-// Whether a byte arrives in `file` within the time limit.
-bool byteArrives(int file)
+// How long the process has computed, in nanoseconds.
+long long workOf(pid_t process)
 {
-    const Clock::time_point end = Clock::now() + TIME_LIMIT;
-    for (;;) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+    clockid_t clock;
+    timespec work{};
+    if (clock_getcpuclockid(process, &clock) == 0)
+        clock_gettime(clock, &work);
+    return work.tv_sec * 1'000'000'000LL + work.tv_nsec;
+}
+
+// Whether a byte arrives in `file`, into which `process` writes it. On a busy machine it may take long to come so far,
+// so what counts is the time in which it does nothing but wait for the screen.
+bool byteArrives(int file, pid_t process)
+{
+    long long work = 0;
+    int silence = 0;
+    for (int looks = 0; looks < LONGEST_TRIAL && silence < LONGEST_SILENCE; ++looks) {
         pollfd waiting{file, POLLIN, 0};
-        const int ready = left.count() > 0 ? poll(&waiting, 1, static_cast<int>(left.count())) : 0;
+        const int ready = poll(&waiting, 1, LOOK);
         char byte = '\0';
         if (ready > 0)
             return read(file, &byte, 1) == 1;
-        if (ready == 0 || errno != EINTR)
+        if (ready < 0 && errno != EINTR)
             return false;
+        const long long before = std::exchange(work, workOf(process));
+        silence = work == before ? silence + 1 : 0;
     }
+    return false;
 }
 
 // The platforms that the environment speaks of, the one to be preferred first.
@@ -99,7 +115,7 @@ bool platformAnswers(const QByteArray& platform)
     if (child == 0)
         tryPlatform(*library, platform, ends[1]);
     close(ends[1]);
-    const bool answered = child > 0 && byteArrives(ends[0]);
+    const bool answered = child > 0 && byteArrives(ends[0], child);
     close(ends[0]);
     if (child > 0) {
         kill(child, SIGKILL);

@@ -10,8 +10,8 @@
 
 namespace Toolbox {
 
-/// Whether Qt can use `platform` (ScreenLibrary.h), tried in a process of its own, which is ended if it takes longer
-/// than two seconds.
+/// Whether Qt can use `platform` (ScreenLibrary.h), tried in a process of its own, which is ended when it waits
+/// for longer than two seconds without computing, or takes a minute.
 bool platformAnswers(const QByteArray& platform);
 
 /// The platform on which windows can be shown: the one that the user's QT_QPA_PLATFORM names, else Wayland where there

@@ -21,9 +21,9 @@ struct Answer {
 };
 
 /// Whether there is a screen that is seen and answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X
-/// display. A screen is tried in a process of its own, so that nothing that is wrong with it ends this one, and for two
-/// seconds at most. A display that hangs, or that refuses this user, does not answer. One that is named and does not
-/// answer is remarked upon in the report.
+/// display. A screen is tried in a process of its own, so that nothing that is wrong with it ends this one. A display
+/// that lets it wait for two seconds, or that refuses this user, does not answer. One that is named and does not answer
+/// is remarked upon in the report.
 bool ScreenAnswers();
 
 /// Whether there is a terminal to ask on: the process has one, whatever its standard streams are, and is not in the

@@ -1,9 +1,12 @@
+#include "toolbox/core/displays/Screen.h"
+
 #include "tests/toolbox/core/displays/Dialog.h"
 #include "tests/toolbox/screen/Person.h"
 
 #include <Toolbox/CInterface.h>
 
 #include <QApplication>
+#include <QDeadlineTimer>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -62,6 +65,22 @@ TEST_F(Screen, DoesNotAnswerWhereTheOneThatIsNamedDoesNot)
         EXPECT_EQ(nextDescriptor(), nextBefore) << "a file is left open";
         nameNoScreen();
     }
+}
+
+bool isBusy = false;
+
+void computeWhenBusy()
+{
+    for (const QDeadlineTimer end(isBusy ? 2500 : 0); !end.hasExpired();) { }
+}
+
+Q_COREAPP_STARTUP_FUNCTION(computeWhenBusy)
+
+TEST_F(Screen, AnswersThoughABusyMachineTakesLongToReachIt)
+{
+    isBusy = true;
+    EXPECT_TRUE(Toolbox::platformAnswers("offscreen"));
+    isBusy = false;
 }
 
 TEST_F(Screen, IsThatOfTheApplicationThatTheProcessHasIfItHasOne)
