@@ -55,20 +55,12 @@ class Terminal:
 
 
 class ScreenThatNoticesOnly:
-    """Where an X server would be: whoever asks for a screen here is noticed, and turned away."""
+    """Where an X server would be: whoever asks for a screen here is noticed, and gets no answer."""
 
     def __init__(self):
         self.listener = socket.create_server(("127.0.0.1", 0))
+        self.listener.settimeout(TIMEOUT)
         self.display = f"127.0.0.1:{self.listener.getsockname()[1] - 6000}"  # as X counts its ports
-
-    def was_asked(self, timeout=0):
-        """Whether somebody has asked, or does so within `timeout` seconds."""
-        self.listener.settimeout(timeout)
-        try:
-            self.listener.accept()[0].close()
-        except (BlockingIOError, TimeoutError):
-            return False
-        return True
 
     def close(self):
         self.listener.close()

@@ -207,4 +207,5 @@ if __name__ == "__main__":
                                      env={**os.environ, "XDG_RUNTIME_DIR": folder}))
     sys.argv.remove(ON_A_BUS)
     from gi.repository import Atspi, GLib
+    Atspi.set_timeout(TIMEOUT * 1000, TIMEOUT * 1000)  # it gives up after less than a second else
     unittest.main()

@@ -28,7 +28,7 @@ MESSAGE, FLAGS, CHOSEN, CURRENT = slice(0, 2), slice(8, 12), slice(582, 584), sl
 CHOSE, NOTHING_CHOSEN, NOT_DONE, REFUSED, NOT_LOADED, NOT_RETURNED = 0, 1, 2, 3, 4, 5
 
 # Long enough for a slow machine under the sanitizers; what takes this long hangs.
-TIMEOUT = 60
+TIMEOUT = 180
 
 # What is taken out of the environment: the screens, the languages and what belongs to Qt.
 SCREENS = ("DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET")
