@@ -3,8 +3,8 @@
 #ifndef TOOLBOX_SCREEN_POPUPBUTTON_H
 #define TOOLBOX_SCREEN_POPUPBUTTON_H
 
+#include "toolbox/core/dialogs/Choices.h"
 #include "toolbox/core/dialogs/Window.h"
-#include "toolbox/core/terminal/Choices.h"
 
 #include <QComboBox>
 

@@ -1,7 +1,7 @@
 #include "toolbox/core/terminal/TerminalDisplay.h"
 
+#include "toolbox/core/dialogs/Choices.h"
 #include "toolbox/core/displays/Picture.h"
-#include "toolbox/core/terminal/Choices.h"
 #include "toolbox/core/terminal/Terminal.h"
 #include "toolbox/core/terminal/TerminalWindow.h"
 

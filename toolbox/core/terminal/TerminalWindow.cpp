@@ -1,10 +1,10 @@
 #include "toolbox/core/terminal/TerminalWindow.h"
 
+#include "toolbox/core/dialogs/Choices.h"
 #include "toolbox/core/dialogs/Commands.h"
 #include "toolbox/core/dialogs/Control.h"
 #include "toolbox/core/dialogs/MacText.h"
 #include "toolbox/core/dialogs/ModalLoop.h"
-#include "toolbox/core/terminal/Choices.h"
 
 #include <algorithm>
 

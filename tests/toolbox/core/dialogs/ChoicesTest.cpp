@@ -1,4 +1,4 @@
-#include "toolbox/core/terminal/Choices.h"
+#include "toolbox/core/dialogs/Choices.h"
 
 #include <gtest/gtest.h>
 

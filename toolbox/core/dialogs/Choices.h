@@ -1,7 +1,7 @@
 // What a person can answer with on a terminal, and which of it a typed line means.
 
-#ifndef TOOLBOX_CORE_TERMINAL_CHOICES_H
-#define TOOLBOX_CORE_TERMINAL_CHOICES_H
+#ifndef TOOLBOX_CORE_DIALOGS_CHOICES_H
+#define TOOLBOX_CORE_DIALOGS_CHOICES_H
 
 #include <QString>
 #include <QStringList>
