@@ -1,7 +1,7 @@
 // Writes the resource file of the demo application: make_resources FILE.
 
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
-#include "host/resources/ResourceFile.h"
+#include "host/demo_application/ResourceFileWriter.h"
 
 #include <cstdio>
 #include <exception>
@@ -26,7 +26,7 @@ const std::vector<DialogItem> ALERT_ITEMS{
 
 Bytes demoResources()
 {
-    ResourceFile file;
+    ResourceFileWriter file;
     file.add(CALL_RESOURCE_TYPE, CALL_RESOURCE_ID, Bytes(CALL_SIZE, 0));
     file.add('ALRT', UNKNOWN_MESSAGE_ALERT, alertTemplate(ALERT_BOUNDS, UNKNOWN_MESSAGE_ALERT));
     file.add('DITL', UNKNOWN_MESSAGE_ALERT, dialogItemList(ALERT_ITEMS));

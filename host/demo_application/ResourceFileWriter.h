@@ -1,8 +1,8 @@
 // Makes a resource file in the classic format: a header, the data of all resources, and a map that says what is where;
 // and the two resources in it that describe an alert: 'ALRT', its window, and 'DITL', the items in it.
 
-#ifndef HOST_RESOURCES_RESOURCEFILE_H
-#define HOST_RESOURCES_RESOURCEFILE_H
+#ifndef HOST_DEMO_APPLICATION_RESOURCEFILEWRITER_H
+#define HOST_DEMO_APPLICATION_RESOURCEFILEWRITER_H
 
 #include <cstddef>
 #include <cstdint>
@@ -56,7 +56,7 @@ private:
     Bytes m_bytes;
 };
 
-class ResourceFile {
+class ResourceFileWriter {
 public:
     /// Adds a resource: `type` is four characters, such as 'ALRT'. Throws std::invalid_argument when there is one of
     /// this type and id.

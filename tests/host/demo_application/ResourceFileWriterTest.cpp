@@ -1,4 +1,4 @@
-#include "host/resources/ResourceFile.h"
+#include "host/demo_application/ResourceFileWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -35,15 +35,15 @@ TEST(ByteWriter, PutsTheHighestByteFirst)
     EXPECT_EQ(writer.bytes(), hex("01 2345 BBCCDD 01020304 6162 0000 09"));
 }
 
-TEST(ResourceFile, WithoutResourcesIsAHeaderAndAnEmptyMap)
+TEST(ResourceFileWriter, WithoutResourcesIsAHeaderAndAnEmptyMap)
 {
     const Bytes header = hex("00000100 00000100 00000000 0000001E");
-    EXPECT_EQ(ResourceFile().bytes(), joined({header, Bytes(240), header, Bytes(8), hex("001C 001E"), hex("FFFF")}));
+    EXPECT_EQ(ResourceFileWriter().bytes(), joined({header, Bytes(240), header, Bytes(8), hex("001C 001E FFFF")}));
 }
 
-TEST(ResourceFile, LiesInTheOrderOfTypesAndIds)
+TEST(ResourceFileWriter, LiesInTheOrderOfTypesAndIds)
 {
-    ResourceFile file;
+    ResourceFileWriter file;
     file.add('CALL', 1000, hex("AABBCC"));
     file.add('ALRT', 5000, hex("DD"));
     file.add('ALRT', -1, {});
@@ -59,24 +59,24 @@ TEST(ResourceFile, LiesInTheOrderOfTypesAndIds)
     EXPECT_EQ(file.bytes(), joined({header, Bytes(240), data, header, Bytes(8), hex("001C 0052"), types, references}));
 }
 
-TEST(ResourceFile, TakesNoResourceTwice)
+TEST(ResourceFileWriter, TakesNoResourceTwice)
 {
-    ResourceFile file;
+    ResourceFileWriter file;
     file.add('CALL', 1000, {});
     EXPECT_NO_THROW(file.add('CALL', 1001, {}));
     EXPECT_NO_THROW(file.add('DITL', 1000, {}));
     EXPECT_THROW(file.add('CALL', 1000, {1}), std::invalid_argument);
 }
 
-TEST(ResourceFile, RefusesMoreThanTheFormatHolds)
+TEST(ResourceFileWriter, RefusesMoreThanTheFormatHolds)
 {
-    ResourceFile largest;
+    ResourceFileWriter largest;
     largest.add('BIG ', 1, Bytes(0xFFFFFF - 4));
     EXPECT_EQ(largest.bytes().size(), 256 + 0xFFFFFFu + 28 + 2 + 8 + 12);
     largest.add('BIG ', 2, {});
     EXPECT_THROW(largest.bytes(), std::length_error);
 
-    ResourceFile manyResources;  // each takes 12 bytes of the map, which has 65,535
+    ResourceFileWriter manyResources;  // each takes 12 bytes of the map, which has 65,535
     for (std::int16_t id = 0; id < 5458; ++id)
         manyResources.add('MANY', id, {});
     EXPECT_NO_THROW(manyResources.bytes());

@@ -1,4 +1,4 @@
-#include "host/resources/ResourceFile.h"
+#include "host/demo_application/ResourceFileWriter.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -43,13 +43,13 @@ void requireShortAscii(const std::string& text)
 
 }  // namespace
 
-void ResourceFile::add(std::uint32_t type, std::int16_t id, const Bytes& data)
+void ResourceFileWriter::add(std::uint32_t type, std::int16_t id, const Bytes& data)
 {
     if (!m_resources[type].emplace(id, data).second)
         throw std::invalid_argument("there is a resource of this type and id already");
 }
 
-Bytes ResourceFile::bytes() const
+Bytes ResourceFileWriter::bytes() const
 {
     ByteWriter data;
     ByteWriter types;       // the type list
