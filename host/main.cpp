@@ -8,7 +8,7 @@
 #include "host/Languages.h"
 #include "host/Messages.h"
 #include "host/Options.h"
-#include "host/Outputs.h"
+#include "host/OutputChecks.h"
 #include "host/Paths.h"
 #include "host/Process.h"
 #include "host/TraceFile.h"

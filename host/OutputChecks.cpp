@@ -1,4 +1,4 @@
-#include "host/Outputs.h"
+#include "host/OutputChecks.h"
 
 #include "host/Messages.h"
 #include "host/Paths.h"

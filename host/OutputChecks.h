@@ -1,7 +1,7 @@
 // The files that a call is to leave behind, looked at before it is made.
 
-#ifndef HOST_OUTPUTS_H
-#define HOST_OUTPUTS_H
+#ifndef HOST_OUTPUTCHECKS_H
+#define HOST_OUTPUTCHECKS_H
 
 #include "host/Options.h"
 
