@@ -30,7 +30,7 @@ std::uint32_t popUpItem(const Language& language)
     return static_cast<std::uint32_t>(&language - LANGUAGES.data()) + 1;
 }
 
-const Language& userLanguage()
+const Language& offeredUserLanguage()
 {
     for (const std::string& each : Toolbox::UserLanguages()) {
         const std::vector<const Language*> meant = languagesMeant(each);

@@ -64,7 +64,7 @@ std::vector<const Language*> languagesMeant(const std::string& text);
 std::uint32_t popUpItem(const Language& language);
 
 /// The first of the user's languages that the dialog offers; English if none is.
-const Language& userLanguage();
+const Language& offeredUserLanguage();
 
 /// The languages with their codes, as they are told to somebody who has given another.
 std::string listLanguages();

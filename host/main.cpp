@@ -49,7 +49,7 @@ Record makeRecord(const Options& options)
     if (options.message || !options.record)
         block.message = options.message.value_or(MESSAGE_SELECT_LANGUAGE);
     if (options.current || !options.record)
-        block.currentLanguage = options.current ? *options.current : userLanguage().code;
+        block.currentLanguage = options.current ? *options.current : offeredUserLanguage().code;
     return record;
 }
 

@@ -90,7 +90,7 @@ TEST(UserLanguage, IsTheFirstOfTheSix)
     for (const auto& [name, locale, list, language] : LOCALES) {
         setenv("LC_ALL", locale, 1);
         setenv("LANGUAGE", list, 1);
-        EXPECT_EQ(userLanguage().name, language) << name;
+        EXPECT_EQ(offeredUserLanguage().name, language) << name;
     }
 }
 

@@ -25,7 +25,7 @@ CFBundleRef createBundle(const fs::path& folder)
 }
 
 // As resources are looked for: the locale decides nothing but which of a bundle's own language folders is taken.
-QStringList userLanguages()
+QStringList resourceLanguages()
 {
     QStringList languages;
     for (const std::string& language : UserLanguages())
@@ -43,7 +43,7 @@ CFURLRef copyResourceURL(const Bundle* bundle, CFStringRef name, CFStringRef typ
 {
     if (bundle == nullptr || !isOptionalString(type) || !isOptionalString(subfolder))
         return nullptr;
-    const fs::path path = bundle->findResource(textOf(name), textOf(type), textOf(subfolder), userLanguages());
+    const fs::path path = bundle->findResource(textOf(name), textOf(type), textOf(subfolder), resourceLanguages());
     std::error_code missing;
     return createURL(path, fs::is_directory(path, missing));
 }
@@ -70,7 +70,7 @@ QString mainBundleName()
 fs::path mainBundleResource(const QString& name, const QString& type, const QString& subfolder)
 {
     const auto* const bundle = findObject<Bundle>(mainBundle);
-    return bundle == nullptr ? fs::path() : bundle->findResource(name, type, subfolder, userLanguages());
+    return bundle == nullptr ? fs::path() : bundle->findResource(name, type, subfolder, resourceLanguages());
 }
 
 }  // namespace Toolbox

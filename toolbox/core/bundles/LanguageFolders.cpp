@@ -1,9 +1,5 @@
 #include "toolbox/core/bundles/LanguageFolders.h"
 
-#include <Toolbox/Application.h>
-
-#include <cstdlib>
-
 namespace Toolbox {
 
 namespace {
@@ -68,36 +64,7 @@ QStringList namesOf(const QString& language)
     return names;
 }
 
-// A locale's name without its encoding and modifier, as languages are written: "de-AT" of "de_AT.UTF-8@euro".
-QString languageOf(const QString& locale)
-{
-    return locale.section('.', 0, 0).section('@', 0, 0).replace('_', '-');
-}
-
-// The locale in which the user wants to read messages, as a language.
-QString localeOfMessages()
-{
-    for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (const QString locale = qEnvironmentVariable(variable); !locale.isEmpty())
-            return languageOf(locale);
-    }
-    return QString();
-}
-
 }  // namespace
-
-std::vector<std::string> UserLanguages()
-{
-    const QString locale = localeOfMessages();
-    if (locale.isEmpty() || locale == "C" || locale == "POSIX")
-        return {};
-    std::vector<std::string> languages;
-    for (const QString& name : qEnvironmentVariable("LANGUAGE").split(':') + QStringList(locale)) {
-        if (const QString language = languageOf(name); !language.isEmpty())
-            languages.push_back(language.toStdString());
-    }
-    return languages;
-}
 
 QStringList languageFolders(const QStringList& languages)
 {
