@@ -47,11 +47,11 @@ private:
 /// and takes them so.
 struct ExternParmBlock {
     BigEndian<SInt16> message;  // what the installer asks for: MESSAGE_SELECT_LANGUAGE
-    UInt8 hostBytes2[6];
+    UInt8 installerBytes2[6];
     BigEndian<UInt32> resultFlags;  // RESULT_FLAG_UNKNOWN_MESSAGE; the other bits are the installer's
-    UInt8 hostBytes12[570];
+    UInt8 installerBytes12[570];
     BigEndian<UInt16> chosenLanguage;
-    UInt8 hostBytes584[26];
+    UInt8 installerBytes584[26];
     BigEndian<UInt32> currentLanguage;
 };
 

@@ -1,4 +1,5 @@
-// The dialog in which the person installing picks the language of the installation.
+// The dialog in which the person installing picks the language of the installation: LanguageSelector, which, as an
+// entry of the external, is declared in LanguageSelector.h.
 
 #include "UI/MessageBox.h"
 #include "VISEX_Plugins/LanguageSelector/HostContract.h"
