@@ -1,7 +1,7 @@
-// Code of the external, run so that whatever ends it but a return is noticed and said: it may end the process or the
-// host's thread, crash, throw, or abort; and Qt ends the process when the screen goes away. So all is done in a child
-// process, and the process that was started does nothing but watch it: so it notices every end of the child, one by a
-// system call, or by another program in its place, too.
+// Runs the external's code so that any end other than a normal return is noticed and reported: it may end the process
+// or the host's thread, crash, throw, or abort; and Qt ends the process when the screen goes away. So all is done in a
+// child process, which the process that was started only watches: it notices every end of the child, even one by a
+// system call or after another program took the child's place.
 
 #ifndef HOST_CALLGUARD_H
 #define HOST_CALLGUARD_H

@@ -14,7 +14,7 @@ namespace Host {
 class Installer {
 public:
     /// Makes the bundle in `folder` the main bundle and opens `resourceFile`, or, if none is named, the bundle's own:
-    /// the one called as the bundle is, with "rsrc" in place of "app". A bundle need not have one. Throws Problem.
+    /// the one named after the bundle, with "rsrc" in place of "app". A bundle need not have one. Throws Problem.
     Installer(const std::filesystem::path& folder, const std::optional<std::string>& resourceFile);
 
     /// Closes the resource file.

@@ -21,7 +21,7 @@ struct Language {
     std::string_view ownName;  // in the language itself
 };
 
-/// What the installer does not know of the pop-up's languages, in its order.
+/// What HostContract.h lacks for each language, in its order.
 struct LanguageNaming {
     std::string_view tag;
     std::string_view ownName;
@@ -66,7 +66,7 @@ std::uint32_t popUpItem(const Language& language);
 /// The first of the user's languages that the dialog offers; English if none is.
 const Language& offeredUserLanguage();
 
-/// The languages with their codes, as they are told to somebody who has given another.
+/// The languages with their codes, for a message to somebody who has given another.
 std::string listLanguages();
 
 /// A code in words: "German (2)", "unknown (4)".

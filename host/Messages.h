@@ -40,7 +40,7 @@ public:
 using Toolbox::isUtf8;
 using Toolbox::oneLine;
 
-/// Writes `line` to standard error, after the program's name, and made one line if it is more.
+/// Writes `line` to standard error, after the program's name; line breaks in it are escaped.
 void complain(const std::string& line);
 
 /// Writes these, up to eight, to standard error in one go, and allocates nothing.

@@ -1,4 +1,4 @@
-// The command line: what each option means is said here once, and --help prints it; and the answers on it.
+// The command line: what was asked for on it, and the answers. What each option means is in the table in Options.cpp.
 
 #ifndef HOST_OPTIONS_H
 #define HOST_OPTIONS_H
@@ -20,7 +20,7 @@ struct GivenAnswer {
     std::vector<Toolbox::Answer> steps;
 };
 
-enum class DisplayKind { Window, Terminal, Unattended };
+enum class DisplayKind { Window, Terminal, Unattended };  // Window is the toolbox's screen display
 
 /// As it is typed: "window".
 const char* nameOf(DisplayKind kind);

@@ -15,7 +15,7 @@ public:
     /// Makes the file empty, or makes it. Throws Problem when it cannot be written.
     explicit TraceFile(const std::filesystem::path& file);
 
-    /// Adds `line`, made one if it is more.
+    /// Adds `line`; line breaks in it are escaped.
     void write(const std::string& line);
 
     /// Nothing can be written any more. Throws Problem when not everything was.
