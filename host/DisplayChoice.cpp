@@ -57,8 +57,6 @@ DisplayKind chooseDisplay(const Options& options)
         Toolbox::UseUnattendedDisplay(stepsOf(options.answers));
         break;
     }
-    if (options.picture)
-        Toolbox::WantPicture();
     return kind;
 }
 

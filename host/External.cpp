@@ -25,8 +25,8 @@ CFPlugInRef createPlugIn(const std::filesystem::path& folder)
     return CFPlugInCreate(kCFAllocatorDefault, url.get());
 }
 
-// The toolbox's last remark, which says why it refused something; `otherwise` if it has made none.
-std::string lastRemark(const char* otherwise)
+// Takes the toolbox's report, whose last remark says why it refused something; `otherwise` if there is none.
+std::string takeReason(const char* otherwise)
 {
     const std::vector<std::string> remarks = Toolbox::TakeReport().remarks;
     return remarks.empty() ? otherwise : remarks.back();
@@ -81,12 +81,12 @@ void External::load(const std::filesystem::path& folder)
         throw notLoaded("it has no Info.plist that registers a factory for externals of this installer");
 
     if (!CFBundleLoadExecutable(m_bundle.get()))
-        throw notLoaded(lastRemark("its executable cannot be loaded"));
+        throw notLoaded(takeReason("its executable cannot be loaded"));
 
     const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories.get(), 0));
     void* const made = CFPlugInInstanceCreate(kCFAllocatorDefault, factory, factoryType());
     if (made == nullptr)
-        throw notLoaded(lastRemark("its factory gives no instance"));
+        throw notLoaded(takeReason("its factory gives no instance"));
     if (!isInstance(static_cast<XcodInstance*>(made)))
         throw notLoaded("what its factory gives is not an instance of an external");
     m_instance = static_cast<XcodInstance*>(made);
@@ -110,6 +110,7 @@ Report External::call(Record& record, DisplayKind display, const Toolbox::TraceS
 
     report.chosen = chosen.settle();
     report.flagsAfter = block.resultFlags;
+    report.toolbox = Toolbox::TakeReport();
     return report;
 }
 

@@ -80,10 +80,10 @@ void checkThatNothingIsSpoiled(const Options& options)
                     + "'; nothing is written there");
         };
         for (const NamedFile& bundle : {APPLICATION, EXTERNAL}) {
-            if (const auto& folder = options.*bundle.name; folder && isOneOf(*folder, *file))
+            if (const auto& folder = options.*bundle.name; folder && holds(*folder, *file))
                 refuse(bundle.option);
         }
-        if (isOneOf(supportFolder(), *file) || isLoaded(*file))
+        if (holds(supportFolder(), *file) || isLoaded(*file))
             refuse("the host's own folders");
     }
 }

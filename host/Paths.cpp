@@ -36,7 +36,7 @@ bool isInside(const fs::path& folder, const fs::path& path)
     return !missing && std::mismatch(root.begin(), root.end(), real.begin(), real.end()).first == root.end();
 }
 
-bool isOneOf(const fs::path& folder, const fs::path& file)
+bool holds(const fs::path& folder, const fs::path& file)
 {
     if (isInside(folder, placeOf(file).parent_path()))
         return true;

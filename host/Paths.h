@@ -20,8 +20,8 @@ bool areOne(const std::filesystem::path& one, const std::filesystem::path& other
 /// Whether `path`, with every link on its way followed, lies in `folder`. False when either is not there.
 bool isInside(const std::filesystem::path& folder, const std::filesystem::path& path);
 
-/// Whether `file`, under this name or another, is in `folder`, or would be if it were made.
-bool isOneOf(const std::filesystem::path& folder, const std::filesystem::path& file);
+/// Whether `folder` holds `file`, under this name or another, or would if it were made.
+bool holds(const std::filesystem::path& folder, const std::filesystem::path& file);
 
 /// Whether `file` is the program or a library that is loaded, under whatever name.
 bool isLoaded(const std::filesystem::path& file);

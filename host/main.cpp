@@ -92,12 +92,13 @@ ExitStatus callWith(Options options)
         installer.requireAdministrator();
     External external(options.external ? std::filesystem::path(*options.external) : installer.builtInExternal());
     const DisplayKind display = chooseDisplay(options);
+    if (options.picture)
+        Toolbox::WantPicture();
 
     std::optional<TraceFile> traceFile;
     if (options.traceFile)
         traceFile.emplace(*options.traceFile);
-    Report report = external.call(record, display, traceSink(options, traceFile));
-    report.toolbox = Toolbox::TakeReport();
+    const Report report = external.call(record, display, traceSink(options, traceFile));
     const bool traced = !traceFile || isDone([&] { traceFile->finish(); });
     tellCallProblems(options, report.toolbox);
     // The answer is printed when the record is stored, so that it is true; and both before the external is released,
