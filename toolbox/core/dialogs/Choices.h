@@ -1,4 +1,4 @@
-// What a person can answer with on a terminal, and which of it a typed line means.
+// What a person may type, on the terminal, on the command line or in a pop-up, and which choice it means.
 
 #ifndef TOOLBOX_CORE_DIALOGS_CHOICES_H
 #define TOOLBOX_CORE_DIALOGS_CHOICES_H

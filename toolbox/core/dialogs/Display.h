@@ -29,7 +29,8 @@ public:
 /// ended, since a handler may choose another display.
 std::shared_ptr<Display> currentDisplay();
 
-/// The display that is there until another is chosen: an unattended one without answers.
+/// The display that is there until another is chosen: an unattended one without answers. It is defined where that one
+/// is, in toolbox/core/displays.
 std::unique_ptr<Display> makeFirstDisplay();
 
 /// Shows everything on `display` from now on.

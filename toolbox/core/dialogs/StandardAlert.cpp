@@ -25,12 +25,12 @@ public:
     const Alert alert;
 };
 
-QString plainText(ConstStringPtr text)
+QString shownText(ConstStringPtr text)
 {
     return withLineFeeds(fromPascalString(text));
 }
 
-QString plainText(CFStringRef text)
+QString shownText(CFStringRef text)
 {
     return withLineFeeds(textOf(text));
 }
@@ -44,7 +44,7 @@ template <typename Text> void addButton(Alert& alert, SInt16 slot, Text title, c
 {
     if (title != nullptr)
         alert.buttons.push_back(
-            {slot, meansSystemWord(title) ? QString::fromLatin1(systemWord) : plainText(title), true, {}});
+            {slot, meansSystemWord(title) ? QString::fromLatin1(systemWord) : shownText(title), true, {}});
 }
 
 template <typename Record> void addButtons(Alert& alert, const Record& parameters)
@@ -63,8 +63,8 @@ Alert makeAlert(AlertType type, Text error, Text explanation, const Record* para
 {
     Alert alert;
     alert.type = type;
-    alert.text = plainText(error);
-    alert.explanation = plainText(explanation);
+    alert.text = shownText(error);
+    alert.explanation = shownText(explanation);
     if (parameters != nullptr) {
         addButtons(alert, *parameters);
     } else {
