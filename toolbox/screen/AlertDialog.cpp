@@ -32,25 +32,11 @@ constexpr int SMALL_FONT = 11;  // of the explanation, where the font has DRAWN_
 // Where alerts from resources have their icon.
 constexpr QRect LAYOUT_ICON(20, 10, 32, 32);
 
-// Says what the icon shows.
-QString kindOf(AlertType type)
-{
-    switch (type) {
-    case kAlertStopAlert:
-        return QStringLiteral("Stop");
-    case kAlertNoteAlert:
-        return QStringLiteral("Note");
-    case kAlertCautionAlert:
-        return QStringLiteral("Caution");
-    default:
-        return QStringLiteral("Alert");
-    }
-}
-
 // The kind, and whose alert it is.
 QString titleOf(const Alert& alert)
 {
-    return QStringLiteral("%1 - %2").arg(kindOf(alert.type), QCoreApplication::applicationName());
+    return QStringLiteral("%1 - %2").arg(
+        wordFor(alert.type, QStringLiteral("Alert")), QCoreApplication::applicationName());
 }
 
 // Null for an alert without an icon.
@@ -62,7 +48,7 @@ QLabel* makeIcon(AlertType type, int size, QWidget* parent)
     auto* const icon = new QLabel(parent);
     icon->setPixmap(picture);
     icon->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    icon->setAccessibleName(kindOf(type));
+    icon->setAccessibleName(wordFor(type, QString()));
     return icon;
 }
 

@@ -61,8 +61,6 @@ bool IsCode(const void* address)
 
 bool Executable::load(const std::filesystem::path& file, std::string* reason)
 {
-    if (isLoaded())
-        return true;
     if (!isWholeELFFile(file)) {
         *reason = "it is not an ELF file, or is cut short";
         return false;

@@ -11,7 +11,7 @@ namespace Toolbox {
 /// An executable, once it is loaded. What was loaded stays so until the process ends: somebody may hold its functions.
 class Executable {
 public:
-    /// Loads the executable `file`, an absolute path, unless one is loaded. Its names stay its own. Code in it may run.
+    /// Loads the executable `file`, an absolute path; none must be loaded. Its names stay its own. Code in it may run.
     /// False when the system refuses it, with the reason in `*reason`, a clause.
     bool load(const std::filesystem::path& file, std::string* reason);
 

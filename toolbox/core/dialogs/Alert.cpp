@@ -14,20 +14,6 @@ bool isEnabled(const AlertButton& button)
     return button.enabled;
 }
 
-const char* kindOf(const Alert& alert)
-{
-    switch (alert.type) {
-    case kAlertStopAlert:
-        return "stop";
-    case kAlertNoteAlert:
-        return "note";
-    case kAlertCautionAlert:
-        return "caution";
-    default:
-        return "plain";
-    }
-}
-
 std::vector<std::string> titlesByNumber(const std::vector<AlertButton>& buttons)
 {
     std::vector<std::string> titles;
@@ -51,20 +37,35 @@ bool Alert::canEnd() const
     return std::any_of(buttons.begin(), buttons.end(), isEnabled);
 }
 
+SInt16 Alert::confirmingButton() const
+{
+    const auto first = std::find_if(buttons.begin(), buttons.end(), isEnabled);
+    return offers(defaultButton) || first == buttons.end() ? defaultButton : first->number;
+}
+
 SInt16 Alert::unansweredButton() const
 {
-    if (cancelButton != 0)
-        return cancelButton;
-    if (defaultButton != 0)
-        return defaultButton;
-    const auto first = std::find_if(buttons.begin(), buttons.end(), isEnabled);
-    return first == buttons.end() ? SInt16{0} : first->number;
+    return cancelButton != 0 ? cancelButton : confirmingButton();
+}
+
+QString wordFor(AlertType type, const QString& otherwise)
+{
+    switch (type) {
+    case kAlertStopAlert:
+        return QStringLiteral("Stop");
+    case kAlertNoteAlert:
+        return QStringLiteral("Note");
+    case kAlertCautionAlert:
+        return QStringLiteral("Caution");
+    default:
+        return otherwise;
+    }
 }
 
 SInt16 runAlert(const Alert& alert)
 {
     ShownAlert shown;
-    shown.kind = kindOf(alert);
+    shown.kind = wordFor(alert.type, QStringLiteral("Plain")).toLower().toStdString();
     if (alert.layout)
         shown.id = alert.layout->id;
     shown.text = alert.text.toStdString();

@@ -42,8 +42,10 @@ struct Alert {
     /// Whether there is a button that can be pressed: without one, nothing would ever end the alert.
     bool canEnd() const;
 
-    /// The number of the button that is taken when nobody can answer: the cancel button, else the default one, else the
-    /// first that can be pressed.
+    /// The number of the button that confirms: the default one, else the first that can be pressed.
+    SInt16 confirmingButton() const;
+
+    /// The number of the button that is taken when nobody can answer: the cancel button, else the one that confirms.
     SInt16 unansweredButton() const;
 
     AlertType type = kAlertPlainAlert;  // which icon
@@ -54,6 +56,9 @@ struct Alert {
     SInt16 cancelButton = 0;            // likewise of the one that Escape presses
     std::optional<AlertLayout> layout;  // of an alert from resources
 };
+
+/// What the icon of `type` says: "Stop", "Note" or "Caution"; `otherwise` where there is none.
+QString wordFor(AlertType type, const QString& otherwise);
 
 /// Shows `alert`, which must be able to end, on the display that was chosen, reports it, and returns the number of
 /// the button pressed.

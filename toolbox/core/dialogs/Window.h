@@ -30,9 +30,7 @@ public:
     Control* buttonOfRole(ButtonRole role) const;
 
     QString title;
-    Rect content{};             // where the content lies on the screen; its size is the window's
-    UInt32 windowClass = 6;     // 1 alert, 2 movable alert, 3 modal, 4 movable modal, 6 document
-    UInt32 windowPosition = 0;  // how it is placed: 0 where `content` says, 1 centered, 7 in alert position
+    Rect content{};  // where the content lies on the screen; its size is the window's
     bool visible = false;
     bool wasRun = false;  // in a modal loop, which is what brings a window before a person
     std::unique_ptr<Control> root;

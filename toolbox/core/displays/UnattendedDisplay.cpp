@@ -77,15 +77,6 @@ bool hasEnded(WindowRef window, const char* otherwise, QString* problem)
 
 // ---- Alerts
 
-SInt16 defaultButton(const Alert& alert)
-{
-    if (alert.offers(alert.defaultButton))
-        return alert.defaultButton;
-    const auto first =
-        std::find_if(alert.buttons.begin(), alert.buttons.end(), [](const AlertButton& each) { return each.enabled; });
-    return first == alert.buttons.end() ? alert.defaultButton : first->number;
-}
-
 bool isForAlerts(const Answer& answer)
 {
     return answer.kind == Answer::Kind::Button
@@ -136,12 +127,12 @@ SInt16 UnattendedDisplay::runAlert(const Alert& alert)
     if (m_answers.empty())
         currentReport().answersRanOut = true;
     if (m_answers.empty() || !isForAlerts(m_answers.front()))
-        return defaultButton(alert);
+        return alert.confirmingButton();
     const UInt32 wanted = buttonOf(alert, takeAnswer());
     if (wanted <= 0x7FFF && alert.offers(static_cast<SInt16>(wanted)))
         return static_cast<SInt16>(wanted);
     currentReport().answerWasUnfit = true;
-    return defaultButton(alert);
+    return alert.confirmingButton();
 }
 
 Answer UnattendedDisplay::takeAnswer()

@@ -137,8 +137,6 @@ public:
         auto window = std::make_unique<Window>();
         window->title = object.text("title");
         window->content = rectangle(object, "windowRect");
-        window->windowClass = static_cast<UInt32>(object.number("carbonWindowClass", 6));
-        window->windowPosition = static_cast<UInt32>(object.number("windowPosition", 0));
         if (const auto root = object.reference("rootControl"))
             window->root = makeControl(*window, nullptr, follow(&*root), 0);
         else

@@ -15,21 +15,6 @@ namespace Toolbox {
 
 namespace {
 
-// What stands for the icon.
-QString kindInWords(AlertType type)
-{
-    switch (type) {
-    case kAlertStopAlert:
-        return QStringLiteral("Stop: ");
-    case kAlertNoteAlert:
-        return QStringLiteral("Note: ");
-    case kAlertCautionAlert:
-        return QStringLiteral("Caution: ");
-    default:
-        return QString();
-    }
-}
-
 std::vector<AlertButton> enabledButtons(const Alert& alert)
 {
     std::vector<AlertButton> enabled;
@@ -40,7 +25,8 @@ std::vector<AlertButton> enabledButtons(const Alert& alert)
 
 void describe(Terminal& terminal, const Alert& alert, const std::vector<AlertButton>& buttons)
 {
-    terminal.writeLines(QLatin1Char('\n') + kindInWords(alert.type) + alert.text);
+    const QString word = wordFor(alert.type, QString());
+    terminal.writeLines(QLatin1Char('\n') + word + QLatin1String(word.isEmpty() ? "" : ": ") + alert.text);
     if (!alert.explanation.isEmpty())
         terminal.writeLines(QLatin1Char('\n') + alert.explanation);
     terminal.writeLines(QString());

@@ -138,17 +138,12 @@ TEST_F(NibWindow, LabelsControlsByTheLastTextShownBeforeThem)
 TEST_F(NibWindow, HasThePropertiesOfItsArchiveOrTheirDefaults)
 {
     const std::string rectangle = "<string name='windowRect'>200 300 320 620 </string>";
-    const auto window = windowOf(nibOfWindow(
-        rectangle + titled("Paper &amp; ink") + number("carbonWindowClass", 4) + number("windowPosition", 7)));
+    const auto window = windowOf(nibOfWindow(rectangle + titled("Paper &amp; ink")));
     EXPECT_EQ(window->title, QStringLiteral("Paper & ink"));
     EXPECT_EQ(edges(window->content), (std::vector<int>{200, 300, 320, 620}));
-    EXPECT_EQ(window->windowClass, 4u);
-    EXPECT_EQ(window->windowPosition, 7u);
     EXPECT_FALSE(window->visible);
     const auto plain = windowOf(nibOfWindow(rectangle));
     EXPECT_TRUE(plain->title.isEmpty());
-    EXPECT_EQ(plain->windowClass, 6u) << "a document's";
-    EXPECT_EQ(plain->windowPosition, 0u);
     ASSERT_EQ(plain->controls().size(), 1u);
     EXPECT_EQ(plain->controls()[0]->kind, ControlKind::Root);
 }
