@@ -95,7 +95,7 @@ class CommandTest(unittest.TestCase):
         environment = {"PATH": f"{self.tools}:/usr/bin:/bin", "LOG": str(self.log), **variables}
         identity = {"user": user, "group": "nogroup", "extra_groups": []} if user else {}
         return subprocess.run(command, env=environment, cwd=cwd, stdin=subprocess.DEVNULL, capture_output=True,
-                              text=True, timeout=60, **identity)
+                              text=True, **identity)
 
     def shell(self, script, **options):
         """Runs a piece of bash after scripts/setup.sh has been read, on Debian 12 if nothing else is said."""
@@ -323,7 +323,7 @@ class Usage(unittest.TestCase):
 
     def call(self, *command):
         return subprocess.run([ROOT / command[0], *command[1:]], cwd="/", stdin=subprocess.DEVNULL, capture_output=True,
-                              text=True, timeout=60)
+                              text=True)
 
     def test_each_tells_its_usage(self):
         for command in self.COMMANDS:

@@ -55,8 +55,7 @@ def gdb(program, commands):
     for command in [*commands, "kill"]:
         arguments += ["-ex", "echo \\n@@", "-ex", command]
     said = subprocess.run([*arguments, program], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                          stdin=subprocess.DEVNULL, encoding="utf-8", timeout=120,
-                          env={**os.environ, "LC_ALL": "C.UTF-8"}).stdout
+                          stdin=subprocess.DEVNULL, encoding="utf-8", env={**os.environ, "LC_ALL": "C.UTF-8"}).stdout
     return said, [answer.strip() for answer in said.split("\n@@")[1:-1]]
 
 
