@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr qint64 LONGEST_WAIT_FOR_A_DIALOG = 60000;  // milliseconds; a test that needs them has failed
+constexpr int LONGEST_WAIT_FOR_A_DIALOG = 60000;  // milliseconds; a test that needs them has failed
 
 std::deque<Person::Act> actsToDo;
 bool isThere = false;
@@ -53,8 +53,10 @@ void look()
 // Whoever makes the application: it is made and ended with each dialog.
 void comeToTheScreen()
 {
-    if (isThere)
-        lookAgain();
+    if (!isThere)
+        return;
+    lookAgain();
+    QApplication::setKeyboardInputInterval(LONGEST_WAIT_FOR_A_DIALOG);  // what is typed, a busy machine does not divide
 }
 
 // Of the menu, while one is open.

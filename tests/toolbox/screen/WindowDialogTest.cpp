@@ -292,12 +292,6 @@ Person::Act typeAt(quint64 time, const char* text, Qt::KeyboardModifiers modifie
 
 constexpr quint64 A_PAUSE = 120'000;
 
-// Letters without times belong together then, however long a busy machine takes between them.
-void haveTime(QDialog&)
-{
-    QApplication::setKeyboardInputInterval(A_PAUSE / 2);
-}
-
 void waitAPause(QDialog&)
 {
     QApplication::setKeyboardInputInterval(1);
@@ -344,7 +338,6 @@ TEST_F(WindowOnScreen, ChoosesByTheBeginningOfAnItem)
             {QStringLiteral("Aal")}, {QStringLiteral("Aare")}};
         dialog.popUp.maximum = 7;
         std::vector<Person::Act> acts = row.acts;
-        acts.insert(acts.begin(), haveTime);
         acts.push_back(press(Qt::Key_Return));
         EXPECT_EQ(runWith(dialog, acts), row.report);
     }
