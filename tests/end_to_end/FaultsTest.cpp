@@ -51,7 +51,7 @@ protected:
         Record record;
         record.block().message = 1000;
         record.block().chosenLanguage = UNTOUCHED;
-        external->call(record, DisplayKind::Unattended, watch);
+        alerts = external->call(record, DisplayKind::Unattended, watch).toolbox.alerts;
         return record.block().chosenLanguage;
     }
 
@@ -82,7 +82,6 @@ protected:
         const std::regex command("(<ostype name=\"command\">)....");
         folder.write(file, std::regex_replace(objects, command, "$1none"));
         EXPECT_EQ(call({}), UNTOUCHED);
-        const std::vector<Toolbox::ShownAlert> alerts = Toolbox::TakeReport().alerts;
         ASSERT_EQ(alerts.size(), 1u);
         EXPECT_EQ(alerts[0].text, "Can't run modal loop for window");
         folder.write(file, objects);
@@ -94,6 +93,7 @@ protected:
     std::optional<Installer> installer;
     std::optional<External> external;
     Toolbox::TraceSink watch;
+    std::vector<Toolbox::ShownAlert> alerts;  // of the last call
 };
 
 TEST_F(Faults, LoadingTheExternalLeavesNoFileOpen)
