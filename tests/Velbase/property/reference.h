@@ -36,9 +36,10 @@ inline Text newText(const std::string& bytes)
 }
 
 /// The bytes of `text`, none for a null one.
-inline std::string bytes(const Text& text)
+inline const std::string& bytes(const Text& text)
 {
-    return text == nullptr ? std::string() : *text;
+    static const std::string none;
+    return text == nullptr ? none : *text;
 }
 
 /// The bytes of `text` up to its first zero byte.
@@ -369,7 +370,7 @@ inline void skipSpace(const std::string& text, std::size_t& position)
 inline std::optional<std::uint64_t> parse(
     const Text& text, std::uint32_t base, unsigned bits, const std::string& signs, char* sign)
 {
-    const std::string all = bytes(text);
+    const std::string& all = bytes(text);
     std::size_t position = 0;
     skipSpace(all, position);
     *sign = '+';

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
 #include <string>
 #include <type_traits>
@@ -83,7 +84,7 @@ inline testing::AssertionResult agrees(const String& string, const reference::Te
 {
     const bool same = string.IsNull() == (text == nullptr) && string.IsEmpty() == reference::bytes(text).empty()
         && string.Length() == reference::length(text)
-        && std::string(string.Latin1(), string.Length() + std::size_t(1)) == reference::bytes(text) + '\0';
+        && std::memcmp(string.Latin1(), reference::bytes(text).c_str(), string.Length() + std::size_t(1)) == 0;
     if (!same)
         return testing::AssertionFailure() << "  expected " << shown(text) << "\n  came     " << shown(string) << "\n";
     for (const Twin& other : others) {
