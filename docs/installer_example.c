@@ -35,6 +35,19 @@ static void tell(const char* line)
     fprintf(stderr, "%s\n", line);
 }
 
+/* Null, and the instance gone, if it is no external of this kind. */
+static Instance* askedForItsInterface(Instance* instance)
+{
+    const CFUUIDBytes interface = {
+        0x00, 0xD5, 0xFB, 0xFE, 0x3D, 0x3D, 0x40, 0xE2, 0x9D, 0xCB, 0x92, 0xED, 0x69, 0x58, 0x34, 0xF8};
+    void* external = NULL;
+    const HRESULT result = instance->functions->QueryInterface(instance, interface, &external);
+    if (result == E_NOINTERFACE)
+        tell("The plug-in is of another kind.");
+    instance->functions->Release(instance); /* the external, if given, is one reference more */
+    return result == S_OK ? external : NULL;
+}
+
 static Instance* createInstance(const char* folder)
 {
     const CFUUIDRef type = CFUUIDGetConstantUUIDWithBytes(
@@ -45,7 +58,8 @@ static Instance* createInstance(const char* folder)
     const CFArrayRef factories = CFPlugInFindFactoriesForPlugInTypeInPlugIn(type, bundle);
     if (CFArrayGetCount(factories) == 0)
         return NULL;
-    return CFPlugInInstanceCreate(NULL, (CFUUIDRef)CFArrayGetValueAtIndex(factories, 0), type);
+    Instance* const instance = CFPlugInInstanceCreate(NULL, (CFUUIDRef)CFArrayGetValueAtIndex(factories, 0), type);
+    return instance == NULL ? NULL : askedForItsInterface(instance);
 }
 
 int main(int count, char** arguments)

@@ -13,8 +13,8 @@ typedef UInt32 ULONG;
 typedef void* LPVOID;
 typedef CFUUIDBytes REFIID;  // by value
 
-#define S_OK static_cast<HRESULT>(0)
-#define E_NOINTERFACE static_cast<HRESULT>(0x80000004)
+#define S_OK ((HRESULT)0)
+#define E_NOINTERFACE ((HRESULT)0x80000004)
 CARBON_FUNCTIONS_END
 
 #endif
