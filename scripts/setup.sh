@@ -28,7 +28,7 @@ is_debian_12() (
 # install_packages PURPOSE...: installs what is missing, or fails with the line that an administrator has to run. Elsewhere
 # than on Debian 12 what is needed is named, and the build is tried with what there is.
 install_packages() {
-    local missing as_root=(env)
+    local missing apt=(env)
     if ! is_debian_12; then
         mapfile -t missing < <(packages_for "$@")
         say "This is not Debian 12, so nothing is installed. The packages needed are called there: ${missing[*]}"
@@ -37,17 +37,16 @@ install_packages() {
 
     mapfile -t missing < <(comm -23 <(packages_for "$@") <(installed_packages))
     ((${#missing[@]})) || return 0
-    if ((EUID != 0)); then
-        if ! type -P sudo >/dev/null; then
-            say "Packages are missing, and neither root nor sudo is at hand. Let an administrator run this, then try again:"
-            say "apt-get install --no-install-recommends ${missing[*]}"
-            return 1
-        fi
-        as_root=(sudo env)
+    if ((EUID == 0)) || type -P sudo >/dev/null; then
+        ((EUID == 0)) || apt=(sudo env)
+        apt+=(DEBIAN_FRONTEND=noninteractive apt-get)
+        say "Installing what is missing: ${missing[*]}"
+        "${apt[@]}" update >&2 && "${apt[@]}" install --yes --no-install-recommends "${missing[@]}" >&2 && return
     fi
-    say "Installing what is missing: ${missing[*]}"
-    "${as_root[@]}" apt-get update >&2 &&
-        "${as_root[@]}" DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends "${missing[@]}" >&2
+    say "Packages are missing, and neither root nor sudo could install them. Let an administrator run this, then try" \
+        "again:"
+    say "apt-get update && apt-get install --no-install-recommends ${missing[*]}"
+    return 1
 }
 
 # configure PRESET [CMAKE_OPTION...]: quick when nothing changed, and quiet when it works.
@@ -59,7 +58,8 @@ configure() {
         rm -rf "build/$preset"
     fi
     if ! mkdir -p "build/$preset" 2>/dev/null || [[ ! -w build/$preset ]]; then
-        say "Cannot build here: $PWD/build/$preset cannot be written to; use a checkout of your own"
+        say "Cannot build here: $PWD/build/$preset cannot be written to. If root has built here, remove $PWD/build" \
+            "as root; else use a checkout of your own"
         return 1
     fi
     output=$(cmake --preset "$preset" "$@" 2>&1) || { say "$output"; return 1; }

@@ -16,7 +16,7 @@ STAND_INS = {
     "dpkg-query": 'for each in $INSTALLED; do echo "installed $each"; done\n'
                   'for each in $REMOVED; do echo "config-files $each"; done\n',
     "apt-get": 'if [ "$1" = "$APT_FAILS" ]; then exit 100; fi\necho "apt-get speaks"\n',
-    "sudo": 'exec "$@"\n',
+    "sudo": '[ -z "$SUDO_REFUSES" ] || exit 1\nexec "$@"\n',
     "ctest": """
 if [ "$2" = "$CTEST_FAILS" ]; then exit 8; fi
 [ -z "$LEFT_BEHIND" ] || touch "$TMPDIR/$LEFT_BEHIND"
@@ -140,17 +140,22 @@ class Installing(CommandTest):
         result = self.shell("install_packages run", INSTALLED="", user="nobody")
         self.assertEqual(result.returncode, 0)
         calls = [line.split()[:3] for line in self.logged()[1:]]
-        self.assertEqual(calls, [["sudo", "env", "apt-get"], ["apt-get", "update"],
+        self.assertEqual(calls, [["sudo", "env", "DEBIAN_FRONTEND=noninteractive"], ["apt-get", "update"],
                                  ["sudo", "env", "DEBIAN_FRONTEND=noninteractive"], ["apt-get", "install", "--yes"]])
 
-    def test_without_sudo_what_is_missing_is_named(self):
-        script = "type() { false; }; install_packages run"
-        result = self.shell(script, INSTALLED=" ".join(packages("run")[1:]), user="nobody")
-        self.assertEqual(result.returncode, 1)
-        self.assertEqual(result.stderr, "Packages are missing, and neither root nor sudo is at hand. "
-                                        "Let an administrator run this, then try again:\n"
-                                        f"apt-get install --no-install-recommends {packages('run')[0]}\n")
-        self.assertEqual(len(self.logged()), 1)
+    def test_without_sudo_or_its_permission_the_command_is_named(self):
+        missing = packages("run")[0]
+        for prologue, variables in (("type() { false; }; ", {}), ("", {"SUDO_REFUSES": "1"})):
+            with self.subTest(variables):
+                self.log.write_text("")
+                result = self.shell(prologue + "install_packages run", INSTALLED=" ".join(packages("run")[1:]),
+                                    user="nobody", **variables)
+                self.assertEqual(result.returncode, 1)
+                told = "" if prologue else f"Installing what is missing: {missing}\n"
+                self.assertEqual(result.stderr, told + "Packages are missing, and neither root nor sudo could install "
+                                 "them. Let an administrator run this, then try again:\n"
+                                 f"apt-get update && apt-get install --no-install-recommends {missing}\n")
+                self.assertNotIn("apt-get", " ".join(line.split()[0] for line in self.logged()))
 
     def test_on_another_system_what_is_needed_is_named(self):
         result = self.shell("is_debian_12() { false; }; install_packages run")
@@ -171,8 +176,9 @@ class Configuring(CommandTest):
         os.chmod(self.checkout, 0o755)
         result = self.shell("configure release", user="nobody")
         self.assertEqual(result.returncode, 1)
-        self.assertEqual(result.stderr, f"Cannot build here: {self.checkout}/build/release cannot be written to; "
-                                        "use a checkout of your own\n")
+        self.assertEqual(result.stderr, f"Cannot build here: {self.checkout}/build/release cannot be written to. If root "
+                                        f"has built here, remove {self.checkout}/build as root; else use a checkout of "
+                                        "your own\n")
 
     def test_it_is_quiet_unless_it_does_not_work(self):
         for status, told in ((0, ""), (1, "cmake configures\n")):
