@@ -31,23 +31,11 @@ private:
     const std::string m_bytes;
 };
 
-AlertStdAlertParamRec okParameters()
-{
-    AlertStdAlertParamRec parameters{};
-    parameters.movable = true;
-    parameters.defaultText = SYSTEM_WORD;
-    parameters.defaultButton = kAlertStdAlertOKButton;
-    return parameters;
-}
-
-AlertStdCFStringAlertParamRec okStringParameters()
-{
-    AlertStdCFStringAlertParamRec parameters{};
-    parameters.version = kStdCFStringAlertVersionOne;
-    parameters.defaultText = SYSTEM_STRING;
-    parameters.defaultButton = kAlertStdAlertOKButton;
-    return parameters;
-}
+// One button, the system's OK, which Return presses.
+const AlertStdAlertParamRec OK_ALONE = {
+    true, false, nullptr, SYSTEM_WORD, nullptr, nullptr, kAlertStdAlertOKButton, 0, 0};
+const AlertStdCFStringAlertParamRec OK_ALONE_OF_STRINGS = {
+    kStdCFStringAlertVersionOne, true, false, SYSTEM_STRING, nullptr, nullptr, kAlertStdAlertOKButton, 0, 0, 0};
 
 // ---- StandardAlert
 
@@ -62,7 +50,7 @@ protected:
         return shown.back();
     }
 
-    AlertStdAlertParamRec parameters = okParameters();
+    AlertStdAlertParamRec parameters = OK_ALONE;
     SInt16 hit = UNTOUCHED;
 };
 
@@ -80,7 +68,7 @@ TEST_F(StandardAlertCall, HasTheWordsOfTheSystemOrTheGivenTitlesAndNoOtherButton
     parameters.otherText = SYSTEM_WORD;
     parameters.helpButton = true;
     EXPECT_EQ(inWords(show(nullptr, nullptr, &parameters)), "1:  (), 1 OK Return, 2 Cancel, 3 Don't Save, 4 Help");
-    parameters = okParameters();
+    parameters = OK_ALONE;
     const PascalString yes("Yes");
     const PascalString other("Some\xC9");  // an ellipsis in Mac OS Roman
     parameters.defaultText = yes;
@@ -95,16 +83,6 @@ TEST_F(StandardAlertCall, ShowsTextsOfEveryLengthWithLineFeeds)
         EXPECT_EQ(show(PascalString(text)).text.toStdString(), text);
     }
     EXPECT_EQ(inWords(show(PascalString("a\rb\nc\r\nd"), PascalString("\r"))), "1: a\nb\nc\nd (\n), 1 OK Return");
-}
-
-TEST_F(StandardAlertCall, ReportsTheSlotThatWasPressed)
-{
-    parameters.cancelText = SYSTEM_WORD;
-    for (const SInt16 slot : {SInt16{1}, SInt16{2}}) {
-        answer = slot;
-        show(nullptr, nullptr, &parameters);
-        EXPECT_EQ(hit, slot);
-    }
 }
 
 TEST_F(StandardAlertCall, IsAnsweredByReturnAndEscapeWithTheButtonsNamedIfTheyAreThere)
@@ -142,7 +120,7 @@ TEST_F(StandardAlertCall, RefusesANullResultAndAnAlertThatNothingCouldEnd)
     EXPECT_TRUE(shown.empty());
 }
 
-TEST_F(StandardAlertCall, IsReported)
+TEST_F(StandardAlertCall, IsReportedWithTheSlotThatWasPressed)
 {
     const std::pair<AlertType, const char*> kinds[] = {
         {0, "stop"}, {1, "note"}, {2, "caution"}, {3, "plain"}, {4, "plain"}, {-1, "plain"}};
@@ -150,6 +128,7 @@ TEST_F(StandardAlertCall, IsReported)
     answer = 3;
     for (const auto& [type, kind] : kinds) {
         show(PascalString("caf\x8E"), PascalString("More"), &parameters, type);
+        EXPECT_EQ(hit, 3);
         const std::vector<Toolbox::ShownAlert> alerts = Toolbox::TakeReport().alerts;
         ASSERT_EQ(alerts.size(), 1u);
         const Toolbox::ShownAlert& noted = alerts[0];
@@ -182,7 +161,7 @@ protected:
 
 TEST_F(CreatedAlert, IsShownWhenItIsRun)
 {
-    AlertStdCFStringAlertParamRec parameters = okStringParameters();
+    AlertStdCFStringAlertParamRec parameters = OK_ALONE_OF_STRINGS;
     parameters.defaultText = JA;
     parameters.cancelText = SYSTEM_STRING;
     parameters.otherText = SYSTEM_STRING;
@@ -228,7 +207,7 @@ TEST_F(CreatedAlert, IsNotMadeOfWrongParametersOrWithoutAPlaceForIt)
     };
     for (const auto& [name, spoil] : rows) {
         SCOPED_TRACE(name);
-        AlertStdCFStringAlertParamRec parameters = okStringParameters();
+        AlertStdCFStringAlertParamRec parameters = OK_ALONE_OF_STRINGS;
         spoil(parameters);
         DialogRef alert = reinterpret_cast<DialogRef>(0x1234);
         EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, &parameters, &alert), paramErr);
