@@ -71,12 +71,9 @@ const TextOperation LIST_TEXT_OPERATIONS[] = {
     {"SplitOfOtherLetters", "a,b"sv, checkSplit},
 };
 
-const PairOperation LIST_PAIR_OPERATIONS[] = {
-    {"Join", "a,\0"sv, checkJoinOfTwo},
-};
-
 INSTANTIATE_TEST_SUITE_P(Lists, TextProperty, testing::ValuesIn(LIST_TEXT_OPERATIONS), RowName());
-INSTANTIATE_TEST_SUITE_P(Lists, PairProperty, testing::ValuesIn(LIST_PAIR_OPERATIONS), RowName());
+INSTANTIATE_TEST_SUITE_P(
+    Lists, PairProperty, testing::Values(PairOperation{"Join", "a,\0"sv, checkJoinOfTwo}), RowName());
 
 TEST(JoinProperty, AgreesOnRandomLists)
 {
