@@ -100,7 +100,6 @@ constexpr unsigned FORK_AT = 26 + 12;
 
 // position: in the file; the one entry begins at 26
 const std::tuple<const char*, std::size_t, std::size_t, unsigned, OSErr> ENTRY_CASES[] = {
-    {"AsItIs", 30, 4, FORK_AT, noErr},
     {"EntryCountZero", 24, 2, 0, errFSForkNotFound},
     {"EntryCountTooLarge", 24, 2, 2, mapReadErr},
     {"EntryCountMax", 24, 2, 0xFFFF, mapReadErr},

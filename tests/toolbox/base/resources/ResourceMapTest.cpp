@@ -127,7 +127,6 @@ constexpr unsigned FORK = MAP_AT + MAP;
 // clang-format off
 const std::tuple<const char*, Base, std::size_t, std::size_t, unsigned, OSErr> FIELD_CASES[] = {
     // name                           field                      value          result
-    {"DataOffsetAsItIs",              Base::Header, 0, 4,        DATA_AT,       noErr},
     {"DataAreaEndsAtTheEnd",          Base::Header, 0, 4,        FORK - DATA,   mapReadErr},  // no lengths there
     {"DataAreaEndsPastTheEnd",        Base::Header, 0, 4,        FORK - DATA + 1, mapReadErr},
     {"DataOffsetAtTheEnd",            Base::Header, 0, 4,        FORK,          mapReadErr},
@@ -144,8 +143,6 @@ const std::tuple<const char*, Base, std::size_t, std::size_t, unsigned, OSErr> F
     {"MapOfZeros",                    Base::Header, 4, 4,        32,            noErr},  // one resource of type 0
     {"MapLengthOneMore",              Base::Header, 12, 4,       MAP + 1,       mapReadErr},
     {"MapLengthOneLess",              Base::Header, 12, 4,       MAP - 1,       mapReadErr},
-    {"MapLengthBelowTheLeast",        Base::Header, 12, 4,       29,            mapReadErr},
-    {"MapLengthTheLeast",             Base::Header, 12, 4,       30,            mapReadErr},
     {"MapLengthZero",                 Base::Header, 12, 4,       0,             mapReadErr},
     {"MapLengthMax",                  Base::Header, 12, 4,       0xFFFFFFFF,    mapReadErr},
     {"TypeListAtTheEnd",              Base::Map, 24, 2,          MAP,           mapReadErr},
