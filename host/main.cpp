@@ -92,6 +92,8 @@ ExitStatus callWith(Options options)
         installer.requireAdministrator();
     External external(options.external ? std::filesystem::path(*options.external) : installer.builtInExternal());
     const DisplayKind display = chooseDisplay(options);
+    for (const std::string& remark : Toolbox::TakeReport().remarks)
+        complain(remark);  // before anybody is asked: why there is no window, for one
     if (options.picture)
         Toolbox::WantPicture();
 

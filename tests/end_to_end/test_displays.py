@@ -250,6 +250,11 @@ class WithoutAScreen(HostTest):
         self.assertEqual(outcome.status, CHOSE)
         self.assertIn("no screen answers at DISPLAY=:54321\n", outcome.errors)
         self.assertIn("no screen here and no terminal", outcome.errors)
+        terminal = Terminal(DISPLAY=":54321")
+        terminal.read_until(PROMPT)
+        self.assertTrue(select.select([terminal.process.stderr], [], [], 0)[0], "it was said before the question")
+        terminal.type("\n")
+        self.assertEqual(terminal.finish().errors, "visex-host: no screen answers at DISPLAY=:54321\n")
 
     def test_nothing_is_shown_or_drawn_without_the_library_for_that(self):
         host = self.installation()

@@ -12,14 +12,14 @@ QString languageOf(const QString& locale)
     return locale.section('.', 0, 0).section('@', 0, 0).replace('_', '-');
 }
 
-// The locale in which the user wants to read messages, as a language.
+// The locale in which the user wants to read messages.
 QString localeOfMessages()
 {
     for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         if (const QString locale = qEnvironmentVariable(variable); !locale.isEmpty())
-            return languageOf(locale);
+            return locale;
     }
-    return QString();
+    return QStringLiteral("C");
 }
 
 }  // namespace
@@ -27,11 +27,11 @@ QString localeOfMessages()
 std::vector<std::string> UserLanguages()
 {
     const QString locale = localeOfMessages();
-    if (locale.isEmpty() || locale == "C" || locale == "POSIX")
+    if (locale == "C" || locale == "POSIX")  // then gettext passes LANGUAGE over; in C.UTF-8 it does not
         return {};
     std::vector<std::string> languages;
     for (const QString& name : qEnvironmentVariable("LANGUAGE").split(':') + QStringList(locale)) {
-        if (const QString language = languageOf(name); !language.isEmpty())
+        if (const QString language = languageOf(name); !language.isEmpty() && language != "C")
             languages.push_back(language.toStdString());
     }
     return languages;

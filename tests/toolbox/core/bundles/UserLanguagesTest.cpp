@@ -20,7 +20,8 @@ const std::tuple<const char*, const char*, const char*, const char*, const char*
     {"ListBeforeTheLocale",     nullptr,             nullptr,   "ja_JP.UTF-8", "de",            {"de", "ja-JP"}},
     {"ListInItsOrder",          "ja_JP",             nullptr,   nullptr,       "ko:de_AT::fr",  {"ko", "de-AT", "fr", "ja-JP"}},
     {"NoListInTheLocaleC",      "C",                 "de_DE",   "it_IT",       "de",            {}},
-    {"NoListInAnyC",            nullptr,             nullptr,   "C.UTF-8",     "de",            {}},
+    {"ListInCWithAnEncoding",   nullptr,             nullptr,   "C.UTF-8",     "de",            {"de"}},
+    {"CIsNoLanguage",           nullptr,             nullptr,   "C.UTF-8",     nullptr,         {}},
     {"NoListInPosix",           "POSIX",             nullptr,   nullptr,       "de",            {}},
     {"NoListWithoutALocale",    nullptr,             nullptr,   nullptr,       "de",            {}},
 };
