@@ -184,7 +184,7 @@ class Projects(HostTest):
         self.assertIn("compatible with requested version", refused.stdout)
 
     def test_a_subdirectory_gives_what_is_linked_and_installs_nothing(self):
-        self.configure(f"-DVELBASE_SOURCES={ROOT}")
+        self.configure(f"-DVELBASE_SOURCES={ROOT}", "-DCMAKE_UNITY_BUILD=ON")
         for target, unwanted in (("text", "toolbox/|unicode.dir"), ("all", "LanguageSelector|UI/|util/|host/|tests/")):
             steps = self.output_of("cmake", "--build", self.folder, "--target", target, "--", "-n")
             self.assertIn("libvelbase.a", steps)
