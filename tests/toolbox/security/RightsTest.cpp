@@ -19,7 +19,6 @@ constexpr uid_t LAST_USER = static_cast<uid_t>(-1);
 const std::tuple<const char*, const char*, uid_t, OSStatus> RIGHT_CASES[] = {
     // name                         right                          user       judgement
     {"AdministratorOfRoot",         "system.privilege.admin",      SUPERUSER, errAuthorizationSuccess},
-    {"AdministratorOfSomebody",     "system.privilege.admin",      SOMEBODY,  errAuthorizationInteractionNotAllowed},
     {"AdministratorOfTheFirstUser", "system.privilege.admin",      1,         errAuthorizationInteractionNotAllowed},
     {"AdministratorOfTheLastUser",  "system.privilege.admin",      LAST_USER, errAuthorizationInteractionNotAllowed},
     {"UnknownOfRoot",               "system.preferences",          SUPERUSER, errAuthorizationDenied},

@@ -195,9 +195,8 @@ TEST_F(FindFolder, FindsTheFrameworksFolderUnderEitherDomainNumber)
     const std::string frameworks = m_folder.makeFolder("Frameworks");
     Toolbox::SetFrameworksFolder(frameworks);
     for (const int domain : {int(kSystemDomain), int(kOnAppropriateDisk), -32766, -32767}) {
-        for (const bool create : {false, true}) {
+        for (const bool create : {false, true})
             EXPECT_EQ(find(domain, kFrameworksFolderType, create), Found(noErr, frameworks));
-        }
     }
 }
 

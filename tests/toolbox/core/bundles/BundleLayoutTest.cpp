@@ -24,7 +24,6 @@ const std::tuple<const char*, const char*, const char*> INSIDE_CASES[] = {
     {"SeveralSlashes",                    "folder//file",               "folder/file"},
     {"Dots",                              "./folder/./file",            "folder/file"},
     {"Missing",                           "missing",                    nullptr},
-    {"MissingInFolder",                   "folder/missing",             nullptr},
     {"BelowAFile",                        "file/file",                  nullptr},
     {"OtherCase",                         "File",                       nullptr},
     {"Empty",                             "",                           nullptr},

@@ -142,7 +142,6 @@ const std::tuple<const char*, std::string, Texts> REGISTRATION_CASES[] = {
     {"TypesWithoutFactories", FOR_TYPE,                                                                {"null"}},
     {"NoFactories",           TWO + types(typeEntry(TYPE, {})),                                        {"null"}},
     {"UnknownFactory",        TWO + types(typeEntry(TYPE, {THIRD, FIRST})),                            {FIRST}},
-    {"NoUUIDAsFactory",       plugInEntries("factory", "f"),                                           {"null"}},
     {"NoUUIDAsType",          TWO + types(typeEntry("type", {FIRST})),                                 {"null"}},
     {"EmptyFactory",          plugInEntries("", "f"),                                                  {"null"}},
     {"DigitMissing",          plugInEntries(FIRST.substr(0, 35), "f"),                                 {"null"}},

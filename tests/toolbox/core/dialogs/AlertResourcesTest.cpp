@@ -99,8 +99,7 @@ TEST(AlertStages, AreFourBitsEach)
         {"fourth", 0x4000, 4, true, 1},
         {"the fourth serves the fifth", 0xC000, 5, true, 2},
         {"sound alone draws nothing", 0x3333, 1, false, 1},
-        {"the usual first", 0x5555, 1, true, 1},
-        {"the usual last", 0x5555, 4, true, 1},
+        {"with its sounds", 0x5555, 4, true, 1},
     };
     for (const auto& [name, stages, occurrence, drawsBox, defaultItem] : rows) {
         AlertTemplate alert;
