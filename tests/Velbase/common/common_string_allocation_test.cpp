@@ -38,9 +38,7 @@ struct Operation {
 
 const Operation FREE_OPERATIONS[] = {
     {"Copy", [](Operands& o) { const String copy(o.text); }},
-    {"CopyOfNull", [](Operands& o) { const String copy(o.null); }},
     {"Assignment", [](Operands& o) { o.other = o.text; }},
-    {"AssignmentOfNull", [](Operands& o) { o.other = o.null; }},
     {"ReadingACharacter", [](Operands& o) { o.text[1].ToChar(); }},
     {"WritingInPlace", [](Operands& o) { o.number[0] = 'x'; }},
     {"Comparing",

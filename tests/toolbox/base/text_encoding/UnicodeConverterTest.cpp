@@ -75,7 +75,6 @@ const struct {
     // name                 text          size  result                        read  unicode
     {"NoText",              "",           0,    noErr,                         0,   {}},
     {"NoTextSomeRoom",      "",           8,    noErr,                         0,   {}},
-    {"OneCharacter",        "a",          2,    noErr,                         1,   {'a'}},
     {"ExactFit",            "ab\x8A",     6,    noErr,                         3,   {'a', 'b', 0xE4}},
     {"RoomToSpare",         "ab",         100,  noErr,                         2,   {'a', 'b'}},
     {"ZeroByte",            {"a\0b", 3},  6,    noErr,                         3,   {'a', 0, 'b'}},
@@ -83,7 +82,6 @@ const struct {
     {"NoRoom",              "a",          0,    kTECBufferBelowMinimumSizeErr, 0,   {}},
     {"RoomForHalfAUnit",    "a",          1,    kTECBufferBelowMinimumSizeErr, 0,   {}},
     {"OneUnitTooFew",       "ab",         2,    kTECOutputBufferFullStatus,    1,   {'a'}},
-    {"HalfAUnitTooFew",     "ab",         3,    kTECOutputBufferFullStatus,    1,   {'a'}},
     {"ThreeOfFour",         "abcd",       7,    kTECOutputBufferFullStatus,    3,   {'a', 'b', 'c'}},
 };
 // clang-format on
@@ -119,7 +117,6 @@ const struct {
     // name                  unicode               length size  result                       read  text
     {"NoText",               {},                     0,   0,    noErr,                         0,  ""},
     {"NoTextSomeRoom",       {},                     0,   8,    noErr,                         0,  ""},
-    {"OneCharacter",         {'a'},                  2,   1,    noErr,                         2,  "a"},
     {"ExactFit",             {'a', 0xE4, 0x20AC},    6,   3,    noErr,                         6,  "a\x8A\xDB"},
     {"RoomToSpare",          {'a', 'b'},             4,   100,  noErr,                         4,  "ab"},
     {"ZeroUnit",             {'a', 0, 'b'},          6,   3,    noErr,                         6,  {"a\0b", 3}},

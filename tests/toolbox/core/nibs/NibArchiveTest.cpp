@@ -176,7 +176,6 @@ TEST(NibNameTable, MayBeMissing)
 // ---- What is no archive
 
 const std::pair<const char*, std::string> REFUSED_CASES[] = {
-    {"Empty", ""},
     {"AnotherRoot", "<plist><dict/></plist>"},
     {"AStringAsRoot", "<string>text</string>"},
     {"TwoRoots", "<object class='A'/><object class='B'/>"},
