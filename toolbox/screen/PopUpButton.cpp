@@ -81,11 +81,16 @@ void PopUpButton::addItem(const Control& control, int row)
     qobject_cast<QListView*>(view())->setRowHidden(row, item.hidden);
 }
 
-// The keys of the open menu arrive at its view.
+// The keys of the open menu arrive at its view. Beside a screen reader Return closes the menu before the keys have
+// arrived that were pressed ahead of it: they go on from the chosen item, and end with Return's own arrival.
 bool PopUpButton::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && typeAhead(*static_cast<const QKeyEvent*>(event)))
-        return true;
+    if (event->type() == QEvent::KeyPress) {
+        if (typeAhead(*static_cast<const QKeyEvent*>(event)))
+            return true;
+        if (!view()->currentIndex().isValid())
+            view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
+    }
     return QComboBox::eventFilter(watched, event);
 }
 

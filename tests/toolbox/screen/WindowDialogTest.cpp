@@ -59,6 +59,15 @@ void actOnTheFirstRightAfterTheThird(QDialog& shown)
         &shown, [&shown] { act(0)(shown); }, Qt::QueuedConnection);
 }
 
+// A key that comes to the menu as beside a screen reader: when one that was pressed after it has closed the menu.
+Person::Act pressTooLate(Qt::Key key)
+{
+    return [key](QDialog& shown) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(only<QComboBox>(shown).view(), &event);
+    };
+}
+
 void clickOnTheLastItem(QDialog& shown)
 {
     QAbstractItemView& menu = *only<QComboBox>(shown).view();
@@ -117,6 +126,12 @@ const SessionCase SESSION_CASES[] = {
         "ended: ok"},
     {"ActionChoosesWhatTheMenuHadShownOnly", {openMenu, press(Qt::Key_Down), closeMenu, act(2), press(Qt::Key_Return)},
         "ended: item 3 ok"},
+    {"KeysThatComeToTheClosedMenuChooseInIt",
+        {openMenu, closeMenu, pressTooLate(Qt::Key_Down), pressTooLate(Qt::Key_Return), press(Qt::Key_Return)},
+        "ended: item 3 ok"},
+    {"EscapeThatComesToTheClosedMenuChoosesNothing",
+        {openMenu, closeMenu, pressTooLate(Qt::Key_Down), pressTooLate(Qt::Key_Escape), press(Qt::Key_Return)},
+        "ended: ok"},
     {"ClickChoosesInTheOpenMenu", {openMenu, clickOnTheLastItem, press(Qt::Key_Return)}, "ended: item 3 ok"},
     {"ChoiceThatAHandlerTakesGoesBack", {press(Qt::Key_Down), showsTheSecondItem, press(Qt::Key_Return)},
         "ended: item 3 ok", [](Dialog& dialog) { dialog.recorder.answer = noErr; }},
