@@ -114,6 +114,12 @@ TEST(TerminalWindow, IsCancelledWhenTheTerminalHangsUpOrThereIsNone)
     EXPECT_EQ(reportWithoutTerminal(runChanged(leaveAsItIs)), "ended: cancel");
 }
 
+void giveOtherTitles(Dialog& dialog)
+{
+    dialog.ok.title = QStringLiteral("Install");
+    dialog.cancel.title = QStringLiteral("Never mind:");
+}
+
 const std::tuple<const char*, Change, std::string, const char*, const char*> WINDOW_CASES[] = {
     {"WithoutACancelButton", [](Dialog& dialog) { dialog.cancel.hidden = true; }, QUESTION, "cancel\n",
         "ended: closed"},
@@ -122,12 +128,8 @@ const std::tuple<const char*, Change, std::string, const char*, const char*> WIN
     {"WithoutADefaultButton", [](Dialog& dialog) { dialog.ok.hidden = true; }, "Line or name: ", "\nok\nc\n",
         "ended: cancel"},
     {"WithAPlainOKButton", [](Dialog& dialog) { dialog.ok.role = ButtonRole::Plain; }, QUESTION, "\n", "ended: ok"},
-    {"WithOtherTitles",
-        [](Dialog& dialog) {
-            dialog.ok.title = QStringLiteral("Install");
-            dialog.cancel.title = QStringLiteral("Never mind:");
-        },
-        "Line or name, or Return for Install: ", "cancel\n", "ended: cancel"},
+    {"CancelWithOtherTitles", giveOtherTitles, "Line or name, or Return for Install: ", "cancel\n", "ended: cancel"},
+    {"OKWithOtherTitles", giveOtherTitles, "Line or name, or Return for Install: ", "ok\n", "ended: ok"},
     {"WithAnotherButton", [](Dialog& dialog) { dialog.add(ControlKind::Button, "Apply").command = 'aply'; },
         "Line or name, Apply, or Return for OK: ", "apply\nok\n", "ended: other ok"},
     {"WithNothingToChoose", [](Dialog& dialog) { dialog.popUp.enabled = false; }, "Return for OK: ", "1\n\n",
