@@ -130,7 +130,7 @@ class Accessibility(HostTest):
     def test_the_focus_is_on_the_pop_up_alone_and_its_item_follows_the_keys(self):
         host = self.run_host()
         pop_up, = host.of_role(Atspi.Role.COMBO_BOX)
-        items = host.of_role(Atspi.Role.LIST_ITEM)
+        menu, *items = [each for role in (Atspi.Role.LIST, Atspi.Role.LIST_ITEM) for each in host.of_role(role)]
         self.server.tool("windowfocus", "--sync", self.server.window("^Language Selector$"))
         wait_for(lambda: has(pop_up, Atspi.StateType.FOCUSED))
         def focused():
@@ -142,12 +142,20 @@ class Accessibility(HostTest):
         self.addCleanup(listener.deregister, "object:state-changed:focused")
         self.assertEqual(focused(), [pop_up])
         self.server.tool("key", "space")
-        wait_for(lambda: told[-1:] == items[:1] and items[0] in focused())
+        wait_for(lambda: told[-1:] == [menu] and items[0] in focused())
         self.server.tool("key", "Down", "Escape")
         wait_for(lambda: focused() == [pop_up])
         for key, item in (("Down", 1), ("g", 2)):
             self.server.tool("key", key)
             wait_for(lambda: pop_up.get_name() == ITEMS[item] and told[-1] == items[item])
+        told.clear()
+        cancel = host.of_role(Atspi.Role.PUSH_BUTTON)[0]
+        for key, there in (("space", menu), ("Escape", pop_up), ("space", menu), ("Return", pop_up),
+                           ("alt+Down", menu), ("alt+Down", pop_up), ("Tab", cancel)):
+            self.server.tool("key", key)
+            wait_for(lambda: told[-1:] == [there])
+        self.assertEqual(told, [items[2], menu, pop_up] * 3 + [cancel], "no item of a closed menu")
+        self.assertEqual(menu.get_description(), "Deutsch (German) is chosen", "which Orca says, and no item of it")
         host.press("Cancel")
         self.assertEqual(outcome_of(host.process).status, NOTHING_CHOSEN)
 

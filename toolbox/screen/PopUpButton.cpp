@@ -36,8 +36,8 @@ QString withoutBoxes(const QString& text, const QFontMetrics& metrics)
     return shown;
 }
 
-// Tells assistive technology that the focus is on this item. Screen readers say an item then, and neither when its list
-// has the focus nor when a closed pop-up gets another value.
+// Tells assistive technology that the focus is on this item. Screen readers say an item then, and not when a closed
+// pop-up gets another value.
 void tellOfFocus(QAbstractItemView* list, int row)
 {
     QAccessibleEvent focus(list, QAccessible::Focus);
@@ -82,14 +82,19 @@ void PopUpButton::addItem(const Control& control, int row)
 }
 
 // The keys of the open menu arrive at its view. Beside a screen reader Return closes the menu before the keys have
-// arrived that were pressed ahead of it: they go on from the chosen item, and end with Return's own arrival.
+// arrived that were pressed ahead of it: they go on from the chosen item, and end with Return's own arrival. Without
+// them nothing is left to do for a key that closes the menu, only for one that moves in it.
 bool PopUpButton::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
-        if (typeAhead(*static_cast<const QKeyEvent*>(event)))
+        const auto& key = *static_cast<const QKeyEvent*>(event);
+        if (typeAhead(key))
             return true;
-        if (!view()->currentIndex().isValid())
+        if (!view()->currentIndex().isValid()) {
+            if (key.key() < Qt::Key_Home || key.key() > Qt::Key_PageDown || isCommand(key))
+                return true;
             view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
+        }
     }
     return QComboBox::eventFilter(watched, event);
 }
@@ -152,12 +157,6 @@ int PopUpButton::presentRow() const
     return shown.isValid() ? shown.row() : currentIndex();
 }
 
-void PopUpButton::showPopup()
-{
-    QComboBox::showPopup();
-    tellOfFocus(view(), presentRow());
-}
-
 // Later, when the choice that closed the menu, if one did, was told: what is closed has no item with the focus, and the
 // chosen one is selected.
 void PopUpButton::hidePopup()
@@ -180,9 +179,11 @@ void PopUpButton::selectCurrent()
 }
 
 // Screen readers that say the label of a pop-up leave out its name, which is the current item, and say a description.
+// Of the menu's list, which has the focus when it opens, they do not say the item that has it.
 void PopUpButton::describe(const QString& item)
 {
     setAccessibleDescription(item.isEmpty() ? QString() : QStringLiteral("%1 is chosen").arg(item));
+    view()->setAccessibleDescription(accessibleDescription());
 }
 
 void PopUpButton::chooseSelected()

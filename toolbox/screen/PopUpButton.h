@@ -21,7 +21,6 @@ public:
     PopUpButton(const Control& control, QWidget* parent);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void showPopup() override;
     void hidePopup() override;
 
 protected:
