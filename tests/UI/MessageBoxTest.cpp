@@ -168,17 +168,17 @@ CFRelease(string2)
 CFRelease(string1)
 )";
 
-const std::vector<unsigned short> JAPANESE = {0x65E5, 0x672C, 0x8A9E};
+const std::vector<unsigned short> KANJI = {0x65E5, 0x672C, 0x8A9E};
 
 TEST_F(MessageBoxText, InUTF16IsShownWholeWithItsButtonWhateverElseTheCallerSays)
 {
-    UI::MessageOK(nullptr, units("Title"), JAPANESE, units("Fertig"), false);
+    UI::MessageOK(nullptr, units("Title"), KANJI, units("Fertig"), false);
     EXPECT_EQ(Log(), UNICODE_BOX_LOG);
     EXPECT_EQ(LeftBehind(), "");
 
     ToolboxDouble::Reset();
     char window;
-    UI::MessageOK(reinterpret_cast<OpaqueWindowPtr*>(&window), units("Another title"), JAPANESE, units("Fertig"), true);
+    UI::MessageOK(reinterpret_cast<OpaqueWindowPtr*>(&window), units("Another title"), KANJI, units("Fertig"), true);
     EXPECT_EQ(Log(), UNICODE_BOX_LOG);
 
     const std::string longer(300, 'x');
@@ -191,7 +191,7 @@ TEST_F(MessageBoxText, InUTF16IsReleasedWhenTheAlertCannotBeMadeOrRun)
     for (const long status : {long{paramErr}, 1L, 0x10000L, -0x10000L}) {
         ToolboxDouble::Reset();
         ToolboxDouble::FailCall("CreateStandardAlert", status);
-        UI::MessageOK(nullptr, units("Title"), JAPANESE, units("Fertig"), false);
+        UI::MessageOK(nullptr, units("Title"), KANJI, units("Fertig"), false);
         const std::string whole = UNICODE_BOX_LOG;
         EXPECT_EQ(Log(),
             whole.substr(0, whole.find(" = 0 -> alert1")) + " = " + std::to_string(status)
@@ -200,7 +200,7 @@ TEST_F(MessageBoxText, InUTF16IsReleasedWhenTheAlertCannotBeMadeOrRun)
 
         ToolboxDouble::Reset();
         ToolboxDouble::FailCall("RunStandardAlert", status);
-        UI::MessageOK(nullptr, units("Title"), JAPANESE, units("Fertig"), false);
+        UI::MessageOK(nullptr, units("Title"), KANJI, units("Fertig"), false);
         EXPECT_EQ(LeftBehind(), "") << "nor when it cannot be run";
     }
 }

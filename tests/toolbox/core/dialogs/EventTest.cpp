@@ -173,12 +173,12 @@ TEST_F(EventHandlers, AreTheirOwnUniversalProcedurePointersAndForNoEventGetNone)
 
 // Handlers that note their number. Each is a procedure of its own, since one stands only once on a target.
 std::vector<int> called;
-OSStatus answers[3];
+OSStatus results[3];
 
 template <int NUMBER> OSStatus numbered(EventHandlerCallRef, EventRef, void*)
 {
     called.push_back(NUMBER);
-    return answers[NUMBER];
+    return results[NUMBER];
 }
 
 TEST_F(EventHandlers, AreAskedFromTheNewestToTheOldestUntilOneTakesTheEvent)
@@ -202,7 +202,7 @@ TEST_F(EventHandlers, AreAskedFromTheNewestToTheOldestUntilOneTakesTheEvent)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         called.clear();
-        std::copy(std::begin(row.answers), std::end(row.answers), answers);
+        std::copy(std::begin(row.answers), std::end(row.answers), results);
         EXPECT_EQ(sendCommand(), row.result);
         EXPECT_EQ(called, row.called);
     }
@@ -243,7 +243,7 @@ TEST_F(EventHandlers, CallTheToolboxAsIfFromOutside)
 TEST_F(EventHandlers, MayInstallOthersWhichDoNotGetThePresentEvent)
 {
     called.clear();
-    answers[0] = answers[1] = eventNotHandledErr;
+    results[0] = results[1] = eventNotHandledErr;
     const auto installMore = [](EventHandlerCallRef, EventRef, void* userData) -> OSStatus {
         const EventTargetRef target = static_cast<EventTargetRef>(userData);
         InstallEventHandler(target, numbered<1>, 1, COMMANDS, nullptr, nullptr);
@@ -260,7 +260,7 @@ TEST_F(EventHandlers, MayInstallOthersWhichDoNotGetThePresentEvent)
 TEST_F(EventHandlers, MayDisposeOfTheWindowWhoseOtherHandlersAreThenLeftOut)
 {
     called.clear();
-    answers[0] = noErr;
+    results[0] = noErr;
     const auto dispose = [](EventHandlerCallRef, EventRef, void* userData) -> OSStatus {
         DisposeWindow(static_cast<WindowRef>(userData));
         return eventNotHandledErr;
