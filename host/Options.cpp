@@ -80,14 +80,6 @@ std::string suggestion(const std::string& text, const std::vector<std::string>& 
     return cost(*nearest) <= text.size() / 3 ? " (did you mean " + *nearest + "?)" : "";
 }
 
-std::int16_t parseMessage(const std::string& text)
-{
-    const std::optional<std::int16_t> message = parseNumber<std::int16_t>(text);
-    if (!message)
-        throw wrongUsage("--message takes a number from -32768 to 32767, not '" + text + "'");
-    return *message;
-}
-
 // The one language that `text` means; else null, with what can be said of that in `*hint`.
 const Language* parseLanguage(const std::string& text, std::string* hint)
 {
@@ -104,29 +96,6 @@ const Language* parseLanguage(const std::string& text, std::string* hint)
         *hint += (each == meant.front() ? " (it could be " : " or ") + std::string(each->name);
     *hint += meant.empty() ? "" : ")";
     return nullptr;
-}
-
-std::uint32_t parseCurrent(const std::string& text)
-{
-    std::string hint;
-    if (const Language* const language = parseLanguage(text, &hint))
-        return language->code;
-    const std::optional<std::uint32_t> code = parseNumber<std::uint32_t>(text);
-    if (!code)
-        throw wrongUsage("--current takes a language (" + listLanguages() + ") or a code from 0 to 4294967295, not '"
-            + text + "'" + hint);
-    return *code;
-}
-
-constexpr const char* DISPLAYS[] = {"window", "terminal", "unattended"};
-
-DisplayKind parseDisplay(const std::string& text)
-{
-    const auto found = std::find(std::begin(DISPLAYS), std::end(DISPLAYS), text);
-    if (found == std::end(DISPLAYS))
-        throw wrongUsage("--display takes window, terminal or unattended, not '" + text + "'"
-            + suggestion(text, {std::begin(DISPLAYS), std::end(DISPLAYS)}));
-    return static_cast<DisplayKind>(found - std::begin(DISPLAYS));
 }
 
 constexpr std::string_view BUTTON_PREFIX = "button:";
@@ -153,17 +122,30 @@ std::ptrdiff_t countUnused(const std::vector<GivenAnswer>& answers, std::size_t 
 
 void takeMessage(Options& options, const std::string& text)
 {
-    options.message = parseMessage(text);
+    options.message = parseNumber<std::int16_t>(text);
+    if (!options.message)
+        throw wrongUsage("--message takes a number from -32768 to 32767, not '" + text + "'");
 }
 
 void takeCurrent(Options& options, const std::string& text)
 {
-    options.current = parseCurrent(text);
+    std::string hint;
+    const Language* const language = parseLanguage(text, &hint);
+    options.current = language != nullptr ? language->code : parseNumber<std::uint32_t>(text);
+    if (!options.current)
+        throw wrongUsage("--current takes a language (" + listLanguages() + ") or a code from 0 to 4294967295, not '"
+            + text + "'" + hint);
 }
+
+constexpr const char* DISPLAYS[] = {"window", "terminal", "unattended"};
 
 void takeDisplay(Options& options, const std::string& text)
 {
-    options.display = parseDisplay(text);
+    const auto found = std::find(std::begin(DISPLAYS), std::end(DISPLAYS), text);
+    if (found == std::end(DISPLAYS))
+        throw wrongUsage("--display takes window, terminal or unattended, not '" + text + "'"
+            + suggestion(text, {std::begin(DISPLAYS), std::end(DISPLAYS)}));
+    options.display = static_cast<DisplayKind>(found - std::begin(DISPLAYS));
 }
 
 void takeAnswer(Options& options, const std::string& text)
