@@ -5,7 +5,7 @@
 
 #include <Carbon/CarbonEvents.h>
 
-#include <CLI/CLI.hpp>
+#include <getopt.h>
 
 #include <algorithm>
 #include <cctype>
@@ -192,61 +192,87 @@ const Option OPTIONS[] = {
     {"--json", nullptr, "Print the answer as one JSON object", setFlag<&Options::json>},
     {"--trace", nullptr, "Write the toolbox calls to standard error", setFlag<&Options::trace>},
     {"--trace-file", "FILE", "Write the toolbox calls into a file", takePath<&Options::traceFile>},
+    {"--help", nullptr, "Print this", setFlag<&Options::help>},  // also -h
+    {"--version", nullptr, "Say which version this is", setFlag<&Options::version>},
 };
 
-// Leaves out the section on BUNDLE, which the first line of --help has explained.
-class HelpFormatter : public CLI::Formatter {
-    std::string make_positionals(const CLI::App*) const override { return std::string(); }
-};
-
-// CLI11 says what is wrong in its own words; these are ours.
-Problem describe(const CLI::ParseError& error, const CLI::App& commandLine)
+std::string helpText()
 {
-    const std::vector<std::string> unexpected = commandLine.remaining();
-    if (!unexpected.empty()) {
-        const std::string& first = unexpected.front();
-        if (first.substr(0, 1) != "-")
-            return wrongUsage("only one external can be given, and '" + first + "' is a second");
-        std::vector<std::string> names;
-        for (const CLI::Option* const option : commandLine.get_options())
-            names.push_back(option->get_name());
-        return wrongUsage("there is no option '" + first + "'" + suggestion(first, names));
+    std::string text = std::string(DESCRIPTION) + "\nUsage: visex-host [OPTIONS] [BUNDLE]\n\nOptions:\n";
+    for (const Option& each : OPTIONS) {
+        std::string names = (each.name == std::string_view("--help") ? "  -h," : "  ") + std::string(each.name);
+        names += each.value == nullptr ? "" : " " + std::string(each.value);
+        names.resize(25, ' ');
+        text += names + each.meaning + '\n';
     }
-    const std::string text = error.what();
-    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr
-        && text.find("flag override") != std::string::npos)
-        return wrongUsage("--" + text.substr(0, text.find(' ')) + " takes no value");
-    const bool lacksValue = text.substr(0, 2) == "--";  // as in "--message: 1 required TEXT missing"
-    return wrongUsage(lacksValue ? text.substr(0, text.find(':')) + " needs a value" : text);
+    return text + '\n' + NOTES + '\n';
 }
 
-void addExternal(CLI::App& app, Options& options)
+// The option that `word` names, with a value or without. Only whole names count: getopt_long is content with
+// beginnings, of which each could mean another option one day.
+const Option& optionNamed(const std::string& word)
 {
-    const auto take = [&options](const std::string& text) {
-        if (text.empty())
-            throw wrongUsage("BUNDLE needs a value");
-        options.external = text;
-    };
-    app.add_option_function<std::string>("BUNDLE", take);
+    const std::string name = word.substr(0, word.find('='));
+    std::vector<std::string> names;
+    for (const Option& each : OPTIONS) {
+        if (each.name == name)
+            return each;
+        names.push_back(each.name);
+    }
+    throw wrongUsage("there is no option '" + word + "'" + suggestion(name, names));
 }
 
-void addOption(CLI::App& app, const Option& option, Options& options)
+void takeExternal(Options& options, const std::string& text)
 {
-    if (option.value == nullptr) {
-        const auto set = [&option, &options] { option.take(options, std::string()); };
-        app.add_flag_callback(option.name, set, option.meaning)->disable_flag_override();
-        return;
+    if (options.external)
+        throw wrongUsage("only one external can be given, and '" + text + "' is a second");
+    if (text.empty())
+        throw wrongUsage("BUNDLE needs a value");
+    options.external = text;
+}
+
+// Takes what getopt_long has found in `word`; a value is in optarg, and may be the next word.
+void takeFound(Options& options, int found, const std::string& word)
+{
+    if (found == 1)  // a word that is no option
+        return takeExternal(options, optarg);
+    const Option& option = optionNamed(found == 'h' ? "--help" : word);
+    if (found == '?')
+        throw wrongUsage(std::string(option.name) + " takes no value");
+    const std::string value = optarg == nullptr ? "" : optarg;
+    if (option.value != nullptr && value.empty())
+        throw wrongUsage(std::string(option.name) + " needs a value");
+    option.take(options, value);
+}
+
+std::vector<option> longOptions()
+{
+    std::vector<option> all;
+    for (const Option& each : OPTIONS)
+        all.push_back({each.name + 2, each.value == nullptr ? no_argument : required_argument, nullptr, 0});
+    all.emplace_back();
+    return all;
+}
+
+// Takes the words in their order, up to one that asks for a text.
+void takeAll(Options& options, const std::vector<std::string>& arguments)
+{
+    std::vector<const char*> all(arguments.size() + 2);  // null is where the program's name would be, and at the end
+    std::transform(arguments.begin(), arguments.end(), all.begin() + 1, [](auto& each) { return each.c_str(); });
+    char* const* const words = const_cast<char* const*>(all.data());  // it writes into none
+    const int count = static_cast<int>(arguments.size()) + 1;
+    // "-": in their order, even if POSIXLY_CORRECT is set; ":": it does not say itself what is wrong.
+    const auto next = [&, known = longOptions()] { return getopt_long(count, words, "-:h", known.data(), nullptr); };
+
+    optind = 0;  // begins anew
+    const char* word = words[1];
+    for (int found; (found = next()) != -1; word = words[optind]) {
+        takeFound(options, found, word);
+        if (options.help || options.version)
+            return;
     }
-    const auto take = [&option, &options](const std::vector<std::string>& texts) {
-        for (const std::string& text : texts) {
-            if (text.empty())
-                throw wrongUsage(std::string(option.name) + " needs a value");
-            option.take(options, text);
-        }
-    };
-    app.add_option_function<std::vector<std::string>>(option.name, take, option.meaning)
-        ->option_text(option.value)
-        ->allow_extra_args(false);  // one value each time
+    for (; optind < count; ++optind)  // behind "--"
+        takeExternal(options, words[optind]);
 }
 
 }  // namespace
@@ -254,30 +280,17 @@ void addOption(CLI::App& app, const Option& option, Options& options)
 std::variant<Options, std::string> parseOptions(const std::vector<std::string>& arguments)
 {
     Options options;
-    CLI::App app(DESCRIPTION, "visex-host");
-    app.formatter(std::make_shared<HelpFormatter>());
-    app.get_formatter()->column_width(25);
-    app.footer(NOTES);
-    addExternal(app, options);
-    for (const Option& option : OPTIONS)
-        addOption(app, option, options);
-    app.set_help_flag("-h,--help", "Print this");
-    app.set_version_flag("--version", "visex-host " HOST_VERSION, "Say which version this is");
-
-    for (const std::string& argument : arguments)  // CLI11 would take the next argument for its value
-        for (const Option& option : OPTIONS)
-            if (option.value != nullptr && argument == std::string(option.name) + "=")
-                throw wrongUsage(std::string(option.name) + " needs a value");
     try {
-        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));  // it takes them last first
-    } catch (const CLI::CallForHelp&) {
-        return app.help();
-    } catch (const CLI::CallForVersion& version) {
-        return std::string(version.what()) + '\n';
-    } catch (const CLI::ParseError& error) {
-        throw describe(error, app);
+        takeAll(options, arguments);
+    } catch (const Problem&) {  // says that --help helps, and so it does at the end of the same line
+        if (arguments.back() != "--help" && arguments.back() != "-h")
+            throw;
+        options.help = true;
     }
-
+    if (options.help)
+        return helpText();
+    if (options.version)
+        return "visex-host " HOST_VERSION "\n";
     if (options.display.value_or(DisplayKind::Unattended) != DisplayKind::Unattended && !options.answers.empty())
         throw wrongUsage("--answer is for the unattended display, and --display names another");
     return options;

@@ -41,6 +41,8 @@ struct Options {
     bool requireAdmin = false;
     bool json = false;
     bool trace = false;
+    bool help = false;  // this and the next make parseOptions give a text instead
+    bool version = false;
 };
 
 /// The options in `arguments`, which follow the program's name; or, when it is asked for, the text of --help or

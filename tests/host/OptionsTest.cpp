@@ -60,7 +60,7 @@ TEST(Options, TakeEveryValueOfTheirKindAlsoJoinedRepeatedAndEnded)
     EXPECT_EQ(options({"--message=-1"}).message, -1);
     EXPECT_EQ(options({"--app=x=y"}).application, "x=y");
     EXPECT_EQ(options({"--message", "1", "--message", "2"}).message, 2) << "the last counts";
-    EXPECT_EQ(options({"--answer", "ok", "a.bundle"}).answers.size(), 1u);
+    EXPECT_EQ(options({"a.bundle", "--answer", "ok"}).answers.size(), 1u);
     EXPECT_EQ(options({"--answer", "ok", "a.bundle"}).external, "a.bundle");
     EXPECT_EQ(options({"--", "--json"}).external, "--json");
     for (const int message : {32767, -32768})
@@ -79,10 +79,12 @@ TEST(Options, TakeEveryValueOfTheirKindAlsoJoinedRepeatedAndEnded)
 TEST(Options, HelpNamesThemAllAndFitsATerminalAndTheVersionALine)
 {
     const std::string help = std::get<std::string>(parseOptions({"--help"}));
-    EXPECT_EQ(std::get<std::string>(parseOptions({"-h"})), help);
+    for (const Arguments& asking :
+        {Arguments{"-h", "a"}, {"--force", "--help"}, {"a", "b", "-h"}, {"--help", "--force"}})
+        EXPECT_EQ(std::get<std::string>(parseOptions(asking)), help) << asking.front();
     for (const char* const name : {"--message N", "--current LANG", "--display KIND", "--answer ANSWER", "--app DIR",
              "--resources FILE", "--require-admin", "--record FILE", "--write-record FILE", "--picture FILE", "--json",
-             "--trace-file FILE", "--trace ", "--help", "--version", "BUNDLE", "Exit status", " 0 chosen", " 1 none",
+             "--trace-file FILE", "--trace ", "-h,--help", "--version", "BUNDLE", "Exit status", " 0 chosen", " 1 none",
              " 2 misuse", " 3 refused", " 4 not loaded", " 5 cut short", "Examples"})
         EXPECT_NE(help.find(name), std::string::npos) << name;
     EXPECT_LE(std::count(help.begin(), help.end(), '\n'), 24);
@@ -90,7 +92,7 @@ TEST(Options, HelpNamesThemAllAndFitsATerminalAndTheVersionALine)
     for (std::size_t end; (end = help.find('\n', start)) != std::string::npos; start = end + 1)
         EXPECT_LE(end - start, 80u) << help.substr(start, end - start);
     EXPECT_EQ(start, help.size()) << "the last line has an end";
-    const std::string version = std::get<std::string>(parseOptions({"--version"}));
+    const std::string version = std::get<std::string>(parseOptions({"--version", "--force"}));
     EXPECT_EQ(version.find("visex-host "), 0u);
     EXPECT_EQ(version.find('\n'), version.size() - 1);
 }
@@ -109,10 +111,12 @@ const std::string NOT_UNATTENDED = "--answer is for the unattended display, and 
 
 const WrongCase WRONG_CASES[] = {
     {"UnknownOption", {"--force"}, "there is no option '--force'"},
-    {"UnknownShortOption", {"-x"}, "there is no option '-x'"},
     {"BeginningOfAnOption", {"--mess", "1"}, "there is no option '--mess' (did you mean --message?)"},
+    {"BeginningWithAValue", {"--pic=p"}, "there is no option '--pic=p' (did you mean --picture?)"},
     {"OptionMisspelt", {"--verrsion"}, "there is no option '--verrsion' (did you mean --version?)"},
+    {"OptionWithOneDash", {"-json"}, "there is no option '-json' (did you mean --json?)"},
     {"SecondBundle", {"a", "b"}, "only one external can be given, and 'b' is a second"},
+    {"SecondBundleLikeAnOption", {"--", "a", "--json"}, "only one external can be given, and '--json' is a second"},
     {"EmptySecondBundle", {"a", ""}, "only one external can be given, and '' is a second"},
     {"EmptyBundle", {""}, "BUNDLE needs a value"},
     {"NoValue", {"--message"}, "--message needs a value"},
@@ -123,6 +127,7 @@ const WrongCase WRONG_CASES[] = {
     {"MessageThatWouldWrap", {"--message", "66536"}, NO_MESSAGE + "'66536'"},
     {"MessageNoNumber", {"--message", "1000x"}, NO_MESSAGE + "'1000x'"},
     {"ValueForAFlag", {"--json=3"}, "--json takes no value"},
+    {"EmptyValueForAFlag", {"--json="}, "--json takes no value"},
     {"MessageTakesAnOption", {"--message", "--json"}, NO_MESSAGE + "'--json'"},
     {"CurrentNoLanguage", {"--current", "klingon"}, NO_LANGUAGE + "'klingon'"},
     {"CurrentNegative", {"--current", "-1"}, NO_LANGUAGE + "'-1'"},
@@ -131,7 +136,7 @@ const WrongCase WRONG_CASES[] = {
     {"CurrentTooFarFromAny", {"--current", "Gean"}, NO_LANGUAGE + "'Gean'"},  // two letters of German are missing
     {"CurrentOfTwo", {"--current", "E"}, NO_LANGUAGE + "'E' (it could be English or Spanish)"},
     {"PictureOfAnotherKind", {"--picture", "x.jpg"}, "--picture saves a PNG, and 'x.jpg' ends like something else"},
-    {"DisplayUnknown", {"--display", "tv"}, NO_DISPLAY + "'tv'"},
+    {"DisplayUnknownIsTheFirstMistake", {"--display", "tv", "--message", "x"}, NO_DISPLAY + "'tv'"},
     {"DisplayMisspelt", {"--display", "Windw"}, NO_DISPLAY + "'Windw' (did you mean window?)"},
     {"AnswerForAWindow", {"--display", "window", "--answer", "ok"}, NOT_UNATTENDED},
     {"AnswerForATerminal", {"--answer", "ok", "--display", "terminal"}, NOT_UNATTENDED},
