@@ -61,9 +61,10 @@ bool isReturnAlone(const QString& typed)
 Request requestIn(const QString& typed)
 {
     const QString word = oneSpelling(typed);
-    if (word == QLatin1String("?") || word == QLatin1String("help"))
+    if (word == QLatin1String("?") || word == QLatin1String("h") || word == QLatin1String("help"))
         return Request::Help;
-    return word == QLatin1String("q") || word == QLatin1String("quit") ? Request::Quit : Request::None;
+    const bool quits = word == QLatin1String("q") || word == QLatin1String("quit") || word == QLatin1String("exit");
+    return quits ? Request::Quit : Request::None;
 }
 
 QString readableName(const QString& name, const std::function<QString(const QString&)>& show)

@@ -15,7 +15,7 @@ namespace Toolbox {
 /// Whether nothing but blanks was typed. A control character is something: Ctrl-L was not meant as Return.
 bool isReturnAlone(const QString& typed);
 
-/// What can be typed in place of a choice: `?` or `help` to see the choices again, `q` or `quit` to cancel.
+/// What can be typed in place of a choice: `?`, `h` or `help` shows the choices again, `q`, `quit` or `exit` cancels.
 enum class Request { None, Help, Quit };
 
 /// Which of them `typed` is, where no choice is meant by it.

@@ -147,9 +147,9 @@ TEST(Requests, StandForThemselvesInAnyCase)
 {
     using Toolbox::Request;
     using Toolbox::requestIn;
-    for (const char* const typed : {"?", " ? ", "help", "HELP"})
+    for (const char* const typed : {"?", " ? ", "h", "help", "HELP"})
         EXPECT_EQ(requestIn(QString::fromUtf8(typed)), Request::Help) << typed;
-    for (const char* const typed : {"q", "Q", "quit"})
+    for (const char* const typed : {"q", "Q", "quit", "Exit"})
         EXPECT_EQ(requestIn(QString::fromUtf8(typed)), Request::Quit) << typed;
     for (const char* const typed : {"", "qu", "helper", "??"})
         EXPECT_EQ(requestIn(QString::fromUtf8(typed)), Request::None) << typed;
