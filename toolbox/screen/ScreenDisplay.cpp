@@ -24,12 +24,24 @@ void grabPicture(QWidget& widget)
     notePicture(png.data(), drawn ? QString() : QStringLiteral("there is nothing to draw"));
 }
 
-// Shows `dialog`, of which a picture is taken if one was asked for, over the one that is up, which is the one to type
-// in again when it has ended: not every window manager, and no screen without one, sees to that.
+// Takes a picture of `dialog` when it is shown, and one in its place when it becomes the one to type in and shows where
+// the focus is: not every window manager, and no screen without one, sees to that.
+void grabPictureOnceShown(QDialog& dialog)
+{
+    QTimer::singleShot(0, &dialog, [&dialog] { grabPicture(dialog); });
+    QObject::connect(qApp, &QApplication::focusChanged, &dialog, [&dialog, isDone = false]() mutable {
+        if (isDone || !dialog.isActiveWindow())
+            return;
+        isDone = true;
+        grabPicture(dialog);
+    });
+}
+
+// Shows `dialog` over the one that is up, which is the one to type in again when it has ended.
 void runOverOthers(QDialog& dialog)
 {
     if (takePictureRequest())
-        QTimer::singleShot(0, &dialog, [&] { grabPicture(dialog); });
+        grabPictureOnceShown(dialog);
     dialog.exec();
     if (dialog.parentWidget() != nullptr)
         dialog.parentWidget()->activateWindow();

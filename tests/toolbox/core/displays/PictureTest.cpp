@@ -72,10 +72,10 @@ TEST_F(Picture, IsDrawnWhileAskingOnTheTerminal)
 TEST_F(Picture, IsThatOfTheRealWindowOnAScreen)
 {
     useUnseenScreen();
-    Dialog dialog;
-    const Person person({[](QDialog& shown) { shown.setWindowOpacity(1); }, press(Qt::Key_Return)});
-    EXPECT_EQ(dialog.run(), "ended: ok");
-    EXPECT_EQ(picture().width(), 340);
+    QImage seen;
+    const auto look = [&seen](QDialog& shown) { seen = shown.grab().toImage(); };
+    EXPECT_EQ(runWith({look, press(Qt::Key_Return)}), "ended: ok");
+    EXPECT_EQ(picture().convertToFormat(seen.format()), seen);
 }
 
 TEST_F(Picture, IsOfTheAlertThatComesFirst)
