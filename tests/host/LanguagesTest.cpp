@@ -50,6 +50,8 @@ const std::pair<const char*, std::vector<std::string_view>> TYPED[] = {
     {"es@euro", {"Spanish"}},
     {"-de", {}},
     {"germ", {"German"}},
+    {"German (2)", {"German"}},
+    {"German (3)", {}},
     {"Ital", {"Italian"}},
     {"e", {"English", "Spanish"}},
     {" German ", {"German"}},

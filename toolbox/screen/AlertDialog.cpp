@@ -60,12 +60,6 @@ QLabel* makeText(const QString& text, QWidget* parent)
     return label;
 }
 
-// Which button closing the alert presses; 0 for none.
-SInt16 closingButton(const Alert& alert)
-{
-    return alert.cancelButton == 0 && alert.buttons.size() == 1 ? alert.buttons.front().number : alert.cancelButton;
-}
-
 // Of an alert, assistive technology says the texts at once.
 QAccessibleInterface* makeAccessibleAlert(const QString&, QObject* object)
 {
@@ -76,7 +70,7 @@ QAccessibleInterface* makeAccessibleAlert(const QString&, QObject* object)
 }  // namespace
 
 AlertDialog::AlertDialog(const Alert& alert, QWidget* parent)
-    : ScreenDialog(titleOf(alert), closingButton(alert) != 0 ? Qt::WindowCloseButtonHint : Qt::WindowFlags(), parent)
+    : ScreenDialog(titleOf(alert), alert.closingButton() != 0 ? Qt::WindowCloseButtonHint : Qt::WindowFlags(), parent)
     , m_alert(alert)
     , m_pressed(alert.unansweredButton())
 {
@@ -94,8 +88,8 @@ AlertDialog::AlertDialog(const Alert& alert, QWidget* parent)
 
 void AlertDialog::reject()
 {
-    if (closingButton(m_alert) != 0)
-        press(closingButton(m_alert));
+    if (m_alert.closingButton() != 0)
+        press(m_alert.closingButton());
 }
 
 bool AlertDialog::layoutIsUsable() const

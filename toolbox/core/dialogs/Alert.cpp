@@ -43,6 +43,11 @@ SInt16 Alert::confirmingButton() const
     return offers(defaultButton) || first == buttons.end() ? defaultButton : first->number;
 }
 
+SInt16 Alert::closingButton() const
+{
+    return cancelButton == 0 && buttons.size() == 1 ? buttons.front().number : cancelButton;
+}
+
 SInt16 Alert::unansweredButton() const
 {
     return cancelButton != 0 ? cancelButton : confirmingButton();

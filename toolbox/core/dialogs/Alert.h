@@ -45,6 +45,10 @@ struct Alert {
     /// The number of the button that confirms: the default one, else the first that can be pressed.
     SInt16 confirmingButton() const;
 
+    /// The number of the button that closing the alert presses: the cancel button, else the only one; 0 if it has
+    /// others.
+    SInt16 closingButton() const;
+
     /// The number of the button that is taken when nobody can answer: the cancel button, else the one that confirms.
     SInt16 unansweredButton() const;
 

@@ -80,7 +80,7 @@ QString readableName(const QString& name, const std::function<QString(const QStr
 
 bool Choices::Choice::hasNumber(const QString& wanted) const
 {
-    return number == wanted;
+    return number == wanted || listed == wanted;
 }
 
 bool Choices::Choice::isNamed(const QString& wanted) const
@@ -100,7 +100,9 @@ bool Choices::Choice::beginsLike(const QString& wanted) const
 
 void Choices::add(const QString& name, std::optional<int> number, const QString& word)
 {
-    m_choices.push_back({name.simplified(), keysOf(name), number ? QString::number(*number) : QString(), word});
+    const QString digits = number ? QString::number(*number) : QString();
+    const QString listed = number ? oneSpelling(digits + QLatin1Char(' ') + name) : QString();
+    m_choices.push_back({name.simplified(), keysOf(name), digits, listed, word});
 }
 
 std::optional<std::size_t> Choices::find(const QString& typed, QString* problem) const
@@ -126,7 +128,7 @@ QString Choices::inShort() const
     constexpr std::size_t MOST = 12;
     QStringList all;
     for (std::size_t index = 0; index < std::min(MOST, m_choices.size()); ++index)
-        all.append((m_choices[index].number + QLatin1Char(' ') + m_choices[index].name).trimmed());
+        all.append((m_choices[index].number + QChar(QChar::Nbsp) + m_choices[index].name).trimmed());
     return all.join(QStringLiteral(", ")) + (m_choices.size() > MOST ? QStringLiteral(", ...") : QString());
 }
 

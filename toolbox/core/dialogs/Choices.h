@@ -39,7 +39,7 @@ public:
     /// The indexes, in the order of adding, of all choices that `typed` may mean: those that fit its surest reading.
     std::vector<std::size_t> meant(const QString& typed) const;
 
-    /// The first choices with their numbers, on one line.
+    /// The first choices on one line, each joined to its number by a no-break space.
     QString inShort() const;
 
     /// The indexes, in the order of adding, of the choices whose name or a part of it begins as `typed` says, which
@@ -56,6 +56,7 @@ private:
         QString name;
         QStringList keys;  // the name and its parts, in one spelling
         QString number;
+        QString listed;  // number and name, in one spelling
         QString word;
     };
 

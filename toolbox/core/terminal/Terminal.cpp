@@ -27,7 +27,7 @@ QString withoutBlanksAtTheEnd(QString line)
 }
 
 // `line` broken at a blank, or in the middle of a word that is longer than a line, wherever it would go past the
-// `columns`. What follows a break begins below `hanging` columns.
+// `columns`. What follows a break begins below `hanging` columns. No-break spaces have done their work then.
 QString breakLine(const QString& line, int hanging, int columns, const TerminalEncoding& encoding)
 {
     const QString indentation(hanging, QLatin1Char(' '));
@@ -58,7 +58,8 @@ QString breakLine(const QString& line, int hanging, int columns, const TerminalE
             widthBeforeWord = width;
         }
     }
-    return broken + last;
+    broken += last;
+    return broken.replace(QChar(QChar::Nbsp), QLatin1Char(' '));
 }
 
 // The question that stands on a terminal now.

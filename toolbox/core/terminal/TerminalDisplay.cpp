@@ -42,7 +42,7 @@ SInt16 askAlert(Terminal& terminal, const Alert& alert)
 {
     const std::vector<AlertButton> buttons = enabledButtons(alert);
     Choices choices;
-    QString question = QStringLiteral("Number or name");
+    QString question = QStringLiteral("Line or name");
     for (const AlertButton& each : buttons) {
         choices.add(each.title, each.number);
         if (each.number == alert.defaultButton)
@@ -61,8 +61,8 @@ SInt16 askAlert(Terminal& terminal, const Alert& alert)
         const std::optional<std::size_t> chosen = choices.find(*typed, &problem);
         if (chosen)
             return buttons[*chosen].number;
-        if (requestIn(*typed) == Request::Quit && alert.cancelButton != 0)
-            return alert.cancelButton;
+        if (requestIn(*typed) == Request::Quit && alert.closingButton() != 0)
+            return alert.closingButton();
         if (requestIn(*typed) == Request::Help)
             describe(terminal, alert, buttons);
         else

@@ -35,6 +35,7 @@ const struct {
     {"NumberOfTwoDigits",             "12",               4},
     {"NumberBeforeAName",             "1",                0},
     {"NumberWithBlanks",              "  2 ",             1},
+    {"NumberAndName",                 "2 日本語 (Japanese)", 1},
     {"WideNumber",                    "２",               1},
     {"NumberThatIsNotThere",          "5",                -1, "There is no \"5\" here."},
     {"Zero",                          "0",                -1, "There is no \"0\" here."},
@@ -164,9 +165,10 @@ TEST(Choices, AreAFewWordsInShort)
     many.add(QStringLiteral("OK"));
     for (int number = 1; number <= 11; ++number)
         many.add(QStringLiteral("x"), number);
-    EXPECT_EQ(many.inShort(), QStringLiteral("OK, 1 x, 2 x, 3 x, 4 x, 5 x, 6 x, 7 x, 8 x, 9 x, 10 x, 11 x"));
+    const QString inShort = many.inShort().replace(QChar(QChar::Nbsp), QLatin1Char('~'));
+    EXPECT_EQ(inShort, QStringLiteral("OK, 1~x, 2~x, 3~x, 4~x, 5~x, 6~x, 7~x, 8~x, 9~x, 10~x, 11~x"));
     many.add(QStringLiteral("x"), 12);
-    EXPECT_TRUE(many.inShort().endsWith(QStringLiteral("11 x, ...")));
+    EXPECT_TRUE(many.inShort().endsWith(QStringLiteral("x, ...")));
 }
 
 TEST(ReturnAlone, IsNothingButBlanks)

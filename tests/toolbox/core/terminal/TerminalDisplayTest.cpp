@@ -250,7 +250,7 @@ std::function<std::string()> runAlertOf(const Alert& alert)
     };
 }
 
-const std::string ALERT_QUESTION = "Number or name, or Return for Yes & no: ";
+const std::string ALERT_QUESTION = "Line or name, or Return for Yes & no: ";
 
 TEST(TerminalAlert, ShowsItsTextsAndNumbersItsButtons)
 {
@@ -281,8 +281,8 @@ TEST(TerminalAlert, SaysWhichKindItIs)
         Alert alert = oneButton();
         alert.type = type;
         PseudoTerminal terminal("C.UTF-8", runAlertOf(alert));
-        EXPECT_EQ(terminal.readUntil("OK: "),
-            start + std::string("\n  1  OK - default\n\nNumber or name, or Return for OK: "));
+        EXPECT_EQ(
+            terminal.readUntil("OK: "), start + std::string("\n  1  OK - default\n\nLine or name, or Return for OK: "));
     }
 }
 
@@ -293,6 +293,7 @@ const std::tuple<const char*, Alert, const char*, const char*> ALERT_CASES[] = {
     {"Nonsense", threeUsable(), "nonsense\n0\n2\n", "2"},
     {"QuitCancels", threeUsable(), "?\nq\n", "2"},
     {"QuitIsNothingWithoutCancel", threeUsable(0), "q\n3\n", "3"},
+    {"QuitPressesTheOnlyButton", oneButton(), "q\n", "1"},
     {"EndOfInputCancels", threeUsable(), "\x04", "2"},
     {"EndOfInputTakesTheDefault", threeUsable(0), "\x04", "1"},
     {"EndOfInputTakesTheFirstThatCanBePressed", withoutKeys(), "\x04", "2"},
@@ -303,8 +304,9 @@ TEST(TerminalAlert, TakesAButton)
 {
     for (const auto& [name, alert, keys, report] : ALERT_CASES) {
         PseudoTerminal terminal("C.UTF-8", runAlertOf(alert));
-        const std::string question = alert.defaultButton == 0 ? "Number or name: " : ALERT_QUESTION;
-        EXPECT_EQ(terminal.reportAfter(question, keys), report) << name;
+        const std::string confirming = alert.buttons[0].title.simplified().toStdString();
+        const std::string question = "Line or name" + (alert.defaultButton == 0 ? "" : ", or Return for " + confirming);
+        EXPECT_EQ(terminal.reportAfter(question + ": ", keys), report) << name;
     }
     EXPECT_EQ(reportWithoutTerminal(runAlertOf(threeUsable())), "2");
     EXPECT_EQ(Alert().unansweredButton(), 0) << "there is none";

@@ -72,6 +72,7 @@ const std::tuple<const char*, QString, QString> BREAK_CASES[] = {
     {"AtTheLastBlank", FORTY + " " + FORTY, FORTY + "\n" + FORTY},
     {"WhereTheBlankIsTheFirstTooMany", EIGHTY + " y", EIGHTY + "\ny"},
     {"AtTheLastOfSeveralBlanks", "a b " + FORTY + " " + FORTY, "a b " + FORTY + "\n" + FORTY},
+    {"NotAtANoBreakSpace", FORTY + " " + FORTY + QChar(0xA0) + "y", FORTY + "\n" + FORTY + " y"},
     {"TwiceInALongWord", EIGHTY + EIGHTY + "y", EIGHTY + "\n" + EIGHTY + "\ny"},
     {"WideCharactersThatDoNot", WIDE_FORTY + QChar(0x672C), WIDE_FORTY + "\n" + QChar(0x672C)},
     {"WideWordThatFillsTheNextLine", "a " + WIDE_FORTY, "a\n" + WIDE_FORTY},
