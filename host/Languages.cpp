@@ -16,6 +16,9 @@ const Language* languageOfCode(std::uint32_t code)
 
 std::vector<const Language*> languagesMeant(const std::string& text)
 {
+    for (const Language& each : LANGUAGES)
+        if (text == describeLanguage(each.code))
+            return {&each};
     std::vector<Toolbox::NamedChoice> choices;
     for (const Language& each : LANGUAGES)
         choices.push_back({std::string(each.ownName) + " (" + std::string(each.name) + ")", std::string(each.tag)});
