@@ -27,7 +27,7 @@ QString withoutBlanksAtTheEnd(QString line)
 }
 
 // `line` broken at a blank, or in the middle of a word that is longer than a line, wherever it would go past the
-// `columns`. What follows a break begins below `hanging` columns. No-break spaces have done their work then.
+// `columns`, but at no no-break space, of which a blank is made. What follows a break begins below `hanging` columns.
 QString breakLine(const QString& line, int hanging, int columns, const TerminalEncoding& encoding)
 {
     const QString indentation(hanging, QLatin1Char(' '));
@@ -37,8 +37,9 @@ QString breakLine(const QString& line, int hanging, int columns, const TerminalE
     qsizetype wordBegin = 0;  // of its last word, if that is not its only one
     int widthBeforeWord = 0;
     for (const uint character : line.toUcs4()) {
-        const QString next = QString::fromUcs4(reinterpret_cast<const char32_t*>(&character), 1);
-        const int nextWidth = encoding.columns(character);
+        const char32_t shown = character == QChar::Nbsp ? U' ' : character;
+        const QString next = QString::fromUcs4(&shown, 1);
+        const int nextWidth = encoding.columns(shown);
         const bool isBlank = character == U' ';
         if (width + nextWidth > columns) {
             const int wordWidth = width - widthBeforeWord;
@@ -58,8 +59,7 @@ QString breakLine(const QString& line, int hanging, int columns, const TerminalE
             widthBeforeWord = width;
         }
     }
-    broken += last;
-    return broken.replace(QChar(QChar::Nbsp), QLatin1Char(' '));
+    return broken + last;
 }
 
 // The question that stands on a terminal now.

@@ -132,7 +132,7 @@ QString TerminalEncoding::showable(const QString& text) const
 QString TerminalEncoding::showableCharacter(char32_t character) const
 {
     const QString itself = QString::fromUcs4(&character, 1);
-    if (canEncode(itself) && !isMeaningless(character))
+    if (character == QChar::Nbsp || (canEncode(itself) && !isMeaningless(character)))
         return itself;
     const QString replaced = transliterate(character);
     return !replaced.isEmpty() && canEncode(replaced) && !isMeaningless(character) ? replaced

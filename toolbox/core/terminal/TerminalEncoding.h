@@ -23,7 +23,7 @@ public:
     TerminalEncoding& operator=(const TerminalEncoding&) = delete;
 
     /// `text` as it can be shown, line by line: what is not seen but does something is an escape (OneLine.h), and every
-    /// character can be encoded.
+    /// character can be encoded, or is a no-break space.
     QString showable(const QString& text) const;
 
     /// How many columns `character` takes.

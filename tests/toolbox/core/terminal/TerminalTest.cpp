@@ -72,7 +72,6 @@ const std::tuple<const char*, QString, QString> BREAK_CASES[] = {
     {"AtTheLastBlank", FORTY + " " + FORTY, FORTY + "\n" + FORTY},
     {"WhereTheBlankIsTheFirstTooMany", EIGHTY + " y", EIGHTY + "\ny"},
     {"AtTheLastOfSeveralBlanks", "a b " + FORTY + " " + FORTY, "a b " + FORTY + "\n" + FORTY},
-    {"NotAtANoBreakSpace", FORTY + " " + FORTY + QChar(0xA0) + "y", FORTY + "\n" + FORTY + " y"},
     {"TwiceInALongWord", EIGHTY + EIGHTY + "y", EIGHTY + "\n" + EIGHTY + "\ny"},
     {"WideCharactersThatDoNot", WIDE_FORTY + QChar(0x672C), WIDE_FORTY + "\n" + QChar(0x672C)},
     {"WideWordThatFillsTheNextLine", "a " + WIDE_FORTY, "a\n" + WIDE_FORTY},
@@ -83,6 +82,12 @@ TEST(TerminalLines, AreBrokenWhereTheTerminalEnds)
 {
     for (const auto& [name, line, broken] : BREAK_CASES)
         EXPECT_EQ(writtenLines(line), broken.toStdString() + "\n") << name;
+    for (const char* const locale : {"C.UTF-8", "C"}) {
+        const auto write = [](Terminal& terminal) {
+            terminal.writeLines(EIGHTY.chopped(5) + QStringLiteral(" 3\u00A0xyz"));
+        };
+        EXPECT_EQ(written(locale, write), EIGHTY.chopped(5).toStdString() + "\n3 xyz\n") << locale;
+    }
 }
 
 TEST(TerminalLines, AreAsWideAsTheTerminal)
