@@ -145,9 +145,12 @@ class Accessibility(HostTest):
         wait_for(lambda: told[-1:] == [menu] and items[0] in focused())
         self.server.tool("key", "Down", "Escape")
         wait_for(lambda: focused() == [pop_up])
-        for key, item in (("Down", 1), ("g", 2)):
+        for key, item in (("Down", 1), ("End", 5), ("g", 2)):
+            before = told[-1]
             self.server.tool("key", key)
-            wait_for(lambda: pop_up.get_name() == ITEMS[item] and told[-1] == items[item])
+            wait_for(lambda: [each.get_name() for each in (pop_up, told[-1])] == [ITEMS[item]] * 2)
+            self.assertNotIn(told[-1], [before, pop_up, *items], "Orca says what is new, and not that a list is open")
+            self.assertGreaterEqual(told[-1].get_index_in_parent(), 0, "what its parent does not list is gone to Orca")
         told.clear()
         cancel = host.of_role(Atspi.Role.PUSH_BUTTON)[0]
         for key, there in (("space", menu), ("Escape", pop_up), ("space", menu), ("Return", pop_up),

@@ -2,7 +2,7 @@
 
 #include "toolbox/screen/PlainText.h"
 
-#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QKeyEvent>
@@ -10,6 +10,7 @@
 #include <QStandardItemModel>
 
 #include <algorithm>
+#include <utility>
 
 namespace Toolbox {
 
@@ -36,13 +37,15 @@ QString withoutBoxes(const QString& text, const QFontMetrics& metrics)
     return shown;
 }
 
-// Tells assistive technology that the focus is on this item. Screen readers say an item then, and not when a closed
-// pop-up gets another value.
-void tellOfFocus(QAbstractItemView* list, int row)
+// What a closed pop-up shows, to assistive technology an item of its own.
+class Value : public QWidget {
+    using QWidget::QWidget;
+};
+
+QAccessibleInterface* makeAccessibleValue(const QString&, QObject* object)
 {
-    QAccessibleEvent focus(list, QAccessible::Focus);
-    focus.setChild(row);
-    QAccessible::updateAccessibility(&focus);
+    auto* const value = dynamic_cast<Value*>(object);
+    return value == nullptr ? nullptr : new QAccessibleWidget(value, QAccessible::ListItem);
 }
 
 bool isOneLetterOnly(const QString& text)
@@ -54,7 +57,12 @@ bool isOneLetterOnly(const QString& text)
 
 PopUpButton::PopUpButton(const Control& control, QWidget* parent)
     : QComboBox(parent)
+    , m_value(new Value(new QWidget(this)))
+    , m_otherValue(new Value(m_value->parentWidget()))
 {
+    QAccessible::installFactory(makeAccessibleValue);
+    // What its parent does not list is gone to screen readers. This lists its menu alone; hence a widget in between.
+    m_value->parentWidget()->hide();
     connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectCurrent);
     connect(this, &QComboBox::currentTextChanged, this, &PopUpButton::describe);
     for (std::size_t index = 0; index < control.items.size(); ++index)
@@ -109,7 +117,7 @@ void PopUpButton::keyPressEvent(QKeyEvent* event)
             QComboBox::keyPressEvent(event);
     }
     if (currentIndex() != before)
-        tellOfFocus(view(), currentIndex());
+        tellOfValue();
 }
 
 // False when the key is none for this.
@@ -184,6 +192,16 @@ void PopUpButton::describe(const QString& item)
 {
     setAccessibleDescription(item.isEmpty() ? QString() : QStringLiteral("%1 is chosen").arg(item));
     view()->setAccessibleDescription(accessibleDescription());
+}
+
+// Screen readers say what gets the focus, and not when a closed pop-up gets another value. What has the focus already
+// they do not say again, so two items take turns.
+void PopUpButton::tellOfValue()
+{
+    std::swap(m_value, m_otherValue);
+    m_value->setAccessibleName(currentText());
+    QAccessibleEvent focus(m_value, QAccessible::Focus);
+    QAccessible::updateAccessibility(&focus);
 }
 
 void PopUpButton::chooseSelected()

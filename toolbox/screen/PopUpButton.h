@@ -35,7 +35,10 @@ private:
     void selectCurrent();
     void describe(const QString& item);
     void chooseSelected();
+    void tellOfValue();
 
+    QWidget* m_value;
+    QWidget* m_otherValue;
     Choices m_names;
     QString m_typed;
     quint64 m_lastTyped = 0;  // in milliseconds
