@@ -10,7 +10,6 @@
 #include <QStandardItemModel>
 
 #include <algorithm>
-#include <utility>
 
 namespace Toolbox {
 
@@ -37,7 +36,7 @@ QString withoutBoxes(const QString& text, const QFontMetrics& metrics)
     return shown;
 }
 
-// What a closed pop-up shows, to assistive technology an item of its own.
+// What a closed pop-up shows, to assistive technology an item in no list.
 class Value : public QWidget {
     using QWidget::QWidget;
 };
@@ -57,12 +56,10 @@ bool isOneLetterOnly(const QString& text)
 
 PopUpButton::PopUpButton(const Control& control, QWidget* parent)
     : QComboBox(parent)
-    , m_value(new Value(new QWidget(this)))
-    , m_otherValue(new Value(m_value->parentWidget()))
+    , m_values(new QWidget(this))
 {
     QAccessible::installFactory(makeAccessibleValue);
-    // What its parent does not list is gone to screen readers. This lists its menu alone; hence a widget in between.
-    m_value->parentWidget()->hide();
+    m_values->hide();
     connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectCurrent);
     connect(this, &QComboBox::currentTextChanged, this, &PopUpButton::describe);
     for (std::size_t index = 0; index < control.items.size(); ++index)
@@ -85,6 +82,7 @@ void PopUpButton::addItem(const Control& control, int row)
     else
         QComboBox::addItem(readable);
     m_names.add(title);
+    (new Value(m_values))->setAccessibleName(itemText(row));
     qobject_cast<QStandardItemModel*>(model())->item(row)->setEnabled(control.offers(row + 1));
     qobject_cast<QListView*>(view())->setRowHidden(row, item.hidden);
 }
@@ -194,13 +192,12 @@ void PopUpButton::describe(const QString& item)
     view()->setAccessibleDescription(accessibleDescription());
 }
 
-// Screen readers say what gets the focus, and not when a closed pop-up gets another value. What has the focus already
-// they do not say again, so two items take turns.
+// Screen readers say what gets the focus, and not when a closed pop-up gets another value; an item of the menu would
+// sound as if that were open. What its parent does not list is gone to them, and this lists its menu alone: hence the
+// widget that the values are in.
 void PopUpButton::tellOfValue()
 {
-    std::swap(m_value, m_otherValue);
-    m_value->setAccessibleName(currentText());
-    QAccessibleEvent focus(m_value, QAccessible::Focus);
+    QAccessibleEvent focus(m_values->children().at(currentIndex()), QAccessible::Focus);
     QAccessible::updateAccessibility(&focus);
 }
 

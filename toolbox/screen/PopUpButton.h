@@ -37,8 +37,7 @@ private:
     void chooseSelected();
     void tellOfValue();
 
-    QWidget* m_value;
-    QWidget* m_otherValue;
+    QWidget* m_values;  // one for each item
     Choices m_names;
     QString m_typed;
     quint64 m_lastTyped = 0;  // in milliseconds
