@@ -157,6 +157,8 @@ QByteArray TerminalEncoding::encode(const QString& text) const
 
 QString TerminalEncoding::decode(const QByteArray& bytes) const
 {
+    if (m_isASCII)  // of a locale that nobody set: who types more than that does so in UTF-8
+        return QString::fromUtf8(bytes);
     const ThreadLocale inLocale(m_locale);
     QString text;
     std::mbstate_t state{};
@@ -164,7 +166,7 @@ QString TerminalEncoding::decode(const QByteArray& bytes) const
         wchar_t wide = L'\0';
         const std::size_t length =
             std::mbrtowc(&wide, bytes.constData() + at, static_cast<std::size_t>(bytes.size() - at), &state);
-        const bool isValid = length <= MB_LEN_MAX && !(m_isASCII && wide >= 0x80);  // errors are the largest sizes
+        const bool isValid = length <= MB_LEN_MAX;  // errors are the largest sizes
         const char32_t character = isValid ? static_cast<char32_t>(wide) : char32_t{QChar::ReplacementCharacter};
         text += QString::fromUcs4(&character, 1);
         at += isValid && length > 0 ? static_cast<qsizetype>(length) : 1;

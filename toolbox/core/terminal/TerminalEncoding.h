@@ -32,7 +32,7 @@ public:
     /// The bytes of a showable text.
     QByteArray encode(const QString& text) const;
 
-    /// The text of `bytes`; what is not valid in the encoding becomes U+FFFD.
+    /// The text of `bytes`, in UTF-8 where the encoding is ASCII; what is not valid in it becomes U+FFFD.
     QString decode(const QByteArray& bytes) const;
 
 private:
