@@ -56,9 +56,9 @@ constexpr bool isLanguageCode(std::uint32_t code)
 /// The language with this code, or null.
 const Language* languageOfCode(std::uint32_t code);
 
-/// All languages that `text` may mean: the one that describeLanguage() calls so, else the one with that tag or that
-/// name, in English or in the language itself, else those whose names begin so, else that of a locale, as "de-DE".
-/// Neither case nor accents count.
+/// All languages that `text` may mean: the one that describeLanguage() calls exactly so, else the one with that tag or
+/// that name, in English or in the language itself, else those whose names begin so, else that of a locale, as "de-DE".
+/// But for the first, neither case nor accents count.
 std::vector<const Language*> languagesMeant(const std::string& text);
 
 /// The item of the dialog's pop-up that stands for one of LANGUAGES, from 1.

@@ -114,6 +114,7 @@ const WrongCase WRONG_CASES[] = {
     {"BeginningOfAnOption", {"--mess", "1"}, "there is no option '--mess' (did you mean --message?)"},
     {"BeginningWithAValue", {"--pic=p"}, "there is no option '--pic=p' (did you mean --picture?)"},
     {"OptionMisspelt", {"--verrsion"}, "there is no option '--verrsion' (did you mean --version?)"},
+    {"UnknownShortOption", {"-x"}, "there is no option '-x'"},
     {"OptionWithOneDash", {"-json"}, "there is no option '-json' (did you mean --json?)"},
     {"SecondBundle", {"a", "b"}, "only one external can be given, and 'b' is a second"},
     {"SecondBundleLikeAnOption", {"--", "a", "--json"}, "only one external can be given, and '--json' is a second"},

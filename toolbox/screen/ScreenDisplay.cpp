@@ -24,8 +24,8 @@ void grabPicture(QWidget& widget)
     notePicture(png.data(), drawn ? QString() : QStringLiteral("there is nothing to draw"));
 }
 
-// Takes a picture of `dialog` when it is shown, and one in its place when it becomes the one to type in and shows where
-// the focus is: not every window manager, and no screen without one, sees to that.
+// Takes a picture of `dialog` when it is shown, and another in its place when it becomes the one to type in, as it only
+// then shows where the focus is. It may never become that.
 void grabPictureOnceShown(QDialog& dialog)
 {
     QTimer::singleShot(0, &dialog, [&dialog] { grabPicture(dialog); });
@@ -37,7 +37,8 @@ void grabPictureOnceShown(QDialog& dialog)
     });
 }
 
-// Shows `dialog` over the one that is up, which is the one to type in again when it has ended.
+// Shows `dialog` over the one that is up, which is the one to type in again when it has ended: not every window
+// manager, and no screen without one, sees to that.
 void runOverOthers(QDialog& dialog)
 {
     if (takePictureRequest())
