@@ -3,6 +3,8 @@
 #include <Toolbox/Application.h>
 #include <Toolbox/NamedChoices.h>
 
+#include <strings.h>
+
 #include <algorithm>
 
 namespace Host {
@@ -17,7 +19,7 @@ const Language* languageOfCode(std::uint32_t code)
 std::vector<const Language*> languagesMeant(const std::string& text)
 {
     for (const Language& each : LANGUAGES)
-        if (text == describeLanguage(each.code))
+        if (strcasecmp(text.c_str(), describeLanguage(each.code).c_str()) == 0)
             return {&each};
     std::vector<Toolbox::NamedChoice> choices;
     for (const Language& each : LANGUAGES)

@@ -51,6 +51,7 @@ const std::pair<const char*, std::vector<std::string_view>> TYPED[] = {
     {"-de", {}},
     {"germ", {"German"}},
     {"German (2)", {"German"}},
+    {"german (2)", {"German"}},
     {"German (3)", {}},
     {"Ital", {"Italian"}},
     {"e", {"English", "Spanish"}},

@@ -80,7 +80,10 @@ QString readableName(const QString& name, const std::function<QString(const QStr
 
 bool Choices::Choice::hasNumber(const QString& wanted) const
 {
-    return number == wanted || listed == wanted;
+    static const QRegularExpression numbered(QStringLiteral("^(\\d+)[.)]?(?: (.+))?$"));
+    const QRegularExpressionMatch parts = numbered.match(wanted);
+    const QString named = parts.captured(2);
+    return parts.hasMatch() && parts.captured(1) == number && (named.isEmpty() || isNamed(named));
 }
 
 bool Choices::Choice::isNamed(const QString& wanted) const
@@ -98,11 +101,10 @@ bool Choices::Choice::beginsLike(const QString& wanted) const
     return std::any_of(keys.begin(), keys.end(), [&wanted](const QString& key) { return key.startsWith(wanted); });
 }
 
-void Choices::add(const QString& name, std::optional<int> number, const QString& word)
+void Choices::add(const QString& name, std::optional<int> number, const QString& word, const QString& title)
 {
     const QString digits = number ? QString::number(*number) : QString();
-    const QString listed = number ? oneSpelling(digits + QLatin1Char(' ') + name) : QString();
-    m_choices.push_back({name.simplified(), keysOf(name), digits, listed, word});
+    m_choices.push_back({name.simplified(), keysOf(name) + keysOf(title), digits, word});
 }
 
 std::optional<std::size_t> Choices::find(const QString& typed, QString* problem) const

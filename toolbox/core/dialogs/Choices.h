@@ -25,12 +25,15 @@ Request requestIn(const QString& typed);
 /// "Japanese" in ASCII. The whole name, as it is shown, where both parts can be read or neither can.
 QString readableName(const QString& name, const std::function<QString(const QString&)>& show);
 
-/// A choice is known by its number, by its name and by each part of the name: "日本語 (Japanese)" answers to the whole,
-/// to "日本語" and to "Japanese". A name may be cut short where no other begins alike; neither case nor accents count.
+/// A choice is known by its number, alone or before its name, by its name and by each part of that: "日本語 (Japanese)"
+/// answers to the whole, to "日本語" and to "Japanese". A name may be cut short where no other begins alike; neither
+/// case nor accents count.
 class Choices {
 public:
     /// Adds a choice. Without a `number` it has none; `word`, in small letters, means it where no name is that word.
-    void add(const QString& name, std::optional<int> number = std::nullopt, const QString& word = QString());
+    /// `title` is what the name is called where all of it can be shown, and means it as well.
+    void add(const QString& name, std::optional<int> number = std::nullopt, const QString& word = QString(),
+        const QString& title = QString());
 
     /// The index, in the order of adding, of the choice that `typed` means; else nothing, with the reason in
     /// `*problem`: what it could be, or the choices in short.
@@ -54,9 +57,8 @@ private:
         bool beginsLike(const QString& wanted) const;
 
         QString name;
-        QStringList keys;  // the name and its parts, in one spelling
+        QStringList keys;  // name, title and their parts, in one spelling
         QString number;
-        QString listed;  // number and name, in one spelling
         QString word;
     };
 

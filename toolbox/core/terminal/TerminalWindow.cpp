@@ -71,7 +71,7 @@ std::vector<TerminalWindow::Offer> TerminalWindow::offers() const
             each.word = QStringLiteral("cancel");
     }
     if (cancelling == nullptr)
-        all.push_back({nullptr, 0, QStringLiteral("cancel"), std::nullopt, QStringLiteral("cancel")});
+        all.push_back({nullptr, 0, QStringLiteral("cancel"), std::nullopt, QStringLiteral("cancel"), QString()});
     return all;
 }
 
@@ -82,13 +82,13 @@ void TerminalWindow::appendOffers(Control& control, std::vector<Offer>& all) con
     case ControlKind::PopupButton:
         for (std::size_t index = 0; index < control.items.size(); ++index) {
             const SInt32 item = static_cast<SInt32>(index + 1);
-            const QString name = readableName(control.items[index].title.simplified(), show);
+            const QString title = control.items[index].title.simplified();
             if (control.offers(item))
-                all.push_back({&control, item, name, std::nullopt, QString()});
+                all.push_back({&control, item, readableName(title, show), std::nullopt, QString(), title});
         }
         break;
     case ControlKind::Button:
-        all.push_back({&control, 0, labelOf(control), std::nullopt, QString()});
+        all.push_back({&control, 0, labelOf(control), std::nullopt, QString(), QString()});
         break;
     default:
         break;
@@ -148,7 +148,7 @@ void TerminalWindow::answer(const QString& typed)
     const std::vector<Offer> all = offers();
     Choices choices;
     for (const Offer& each : all)
-        choices.add(each.name, each.number, each.word);
+        choices.add(each.name, each.number, each.word, each.title);
     QString problem;
     const std::optional<std::size_t> chosen = choices.find(typed, &problem);
     if (chosen)

@@ -21,7 +21,8 @@ public:
         SInt32 item;       // of a pop-up
         QString name;
         std::optional<int> number;
-        QString word;  // stands for it beside its name: "ok", "cancel"
+        QString word;   // stands for it beside its name: "ok", "cancel"
+        QString title;  // of an item, of which the name is what can be read here
     };
 
     TerminalWindow(Terminal& terminal, Window& window);
