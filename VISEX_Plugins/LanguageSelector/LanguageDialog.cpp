@@ -58,9 +58,9 @@ UInt16 languageAtIndex(UInt32 index)
 
 // The control of `window` with this signature and number; null if there is none. It is there for controls to come: the
 // pop-up, the only one so far, is looked up where it is needed, whatever becomes of the look-up.
-[[maybe_unused]] ControlRef getNativeDialogControlRef(WindowRef window, OSType signature, SInt32 id)
+[[maybe_unused]] ControlRef getNativeDialogControlRef(WindowRef window, OSType signature, unsigned id)
 {
-    const ControlID controlID = {signature, id};
+    const ControlID controlID = {signature, static_cast<SInt32>(id)};
     ControlRef control = nullptr;
     return GetControlByID(window, &controlID, &control) == noErr ? control : nullptr;
 }
@@ -101,20 +101,50 @@ void showError(const char* message)
     UI::MessageOK(nullptr, String("Language Selector Error"), String(message), false);
 }
 
-void executeSelectLanguage(ExternParmBlock* block)
+// The dialog's window, not shown yet; null, after an error box, if there is none.
+WindowRef createDialogWindow()
 {
     // Looked for in the main bundle, the installer's, which carries the nib.
     IBNibRef nib = nullptr;
     if (CreateNibReference(nibName(), &nib) != noErr) {
         showError("Can't find Nib Reference");
-        return;
+        return nullptr;
     }
     WindowRef window = nullptr;
     if (CreateWindowFromNib(nib, windowName(), &window) != noErr || window == nullptr) {
         showError("Can't create windows from Nib");
-        return;
+        return nullptr;
     }
     DisposeNibReference(nib);
+    return window;
+}
+
+// Runs the window until a button ends it, and disposes of it. False, after an error box, if it could not run; the
+// window is left as it is then.
+bool runDialog(LanguageDialogState& state)
+{
+    const EventHandlerUPP handler = NewEventHandlerUPP(dialogEventProcessor);
+    const EventTypeSpec commands = {kEventClassCommand, kEventCommandProcess};
+    if (InstallEventHandler(GetWindowEventTarget(state.window), handler, 1, &commands, &state, nullptr) != noErr) {
+        showError("Can't install window event handler");
+        return false;
+    }
+    ShowWindow(state.window);
+    if (RunAppModalLoopForWindow(state.window) != noErr) {
+        showError("Can't run modal loop for window");
+        return false;
+    }
+    HideWindow(state.window);
+    DisposeWindow(state.window);
+    DisposeEventHandlerUPP(handler);
+    return true;
+}
+
+void executeSelectLanguage(ExternParmBlock* block)
+{
+    const WindowRef window = createDialogWindow();
+    if (window == nullptr)
+        return;
 
     // The pop-up's items count from 1. Without a pop-up this sets the value of no control, which does nothing.
     const UInt32 index = indexOfLanguage(block->currentLanguage);
@@ -124,22 +154,7 @@ void executeSelectLanguage(ExternParmBlock* block)
     SetControl32BitValue(popup, static_cast<SInt32>(index + 1));
 
     LanguageDialogState state = {window, 0, index};
-    const EventHandlerUPP handler = NewEventHandlerUPP(dialogEventProcessor);
-    const EventTypeSpec commands = {kEventClassCommand, kEventCommandProcess};
-    if (InstallEventHandler(GetWindowEventTarget(window), handler, 1, &commands, &state, nullptr) != noErr) {
-        showError("Can't install window event handler");
-        return;
-    }
-    ShowWindow(window);
-    if (RunAppModalLoopForWindow(window) != noErr) {
-        showError("Can't run modal loop for window");
-        return;
-    }
-    HideWindow(window);
-    DisposeWindow(window);
-    DisposeEventHandlerUPP(handler);
-
-    if (state.accepted != 0)
+    if (runDialog(state) && state.accepted != 0)
         block->chosenLanguage = languageAtIndex(state.selectedIndex);
 }
 
