@@ -27,8 +27,8 @@ template <typename T> inline void checked_array_delete(T* p)
 
 namespace velbase_private {
 
-/// Frees a count. A function of its own, not inline: GCC does not see that the owner who frees a count is the last to
-/// use it, and warns wherever it sees several of them at once.
+/// Frees a count. A function of its own, not inline: GCC 12 does not see that the owner who frees a count is the
+/// last to use it, and warns (-Wuse-after-free) wherever it sees several of them at once.
 void delete_count(std::int32_t* count) noexcept;
 
 /// What shared_ptr and shared_array have in common. `Disposal::dispose(p)` frees what was owned.
@@ -68,7 +68,7 @@ public:
     ~counted_owner() { dispose(); }
 
     /// Gives up what is owned, which is freed with its count if this was the last owner.
-    /// Afterwards this owner has neither, and its use_count() is 0, until it is assigned to or reset.
+    /// Afterwards this owner has neither, and its use_count() is 0, until it is assigned to, or reset to an object.
     void dispose() noexcept
     {
         if (m_count != nullptr && --*m_count == 0) {

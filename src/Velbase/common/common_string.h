@@ -45,7 +45,7 @@ class CharRef;
 /// A text of 8-bit characters. What holds for all its operations is said at the head of common_string.h.
 /// The compiler warns where one is made or returned and not used: what returns a String changes none.
 class [[nodiscard]] String {
-    // What the operations are declared with that would do something else than a caller means.
+    // Conditions for the overloads that are deleted below.
     template <typename T, typename U> using if_same = std::enable_if_t<std::is_same_v<T, U>, int>;
     template <typename T, typename U> using if_not_same = std::enable_if_t<!std::is_same_v<T, U>, int>;
 

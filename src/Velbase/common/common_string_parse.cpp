@@ -68,16 +68,17 @@ unsigned digitValue(const Char& c, unsigned base)
 template <typename T> inline T scanUInt(const Char*& p, unsigned& remaining, unsigned base, bool& ok)
 {
     // So many digits are never too large: not to look at the limit saves a third of the time of 20 digits.
-    const unsigned few = base <= 10 ? std::numeric_limits<T>::digits10
-        : base <= 16                ? std::numeric_limits<T>::digits / 4
-                                    : 0;
+    const unsigned safeDigits = base <= 10 ? std::numeric_limits<T>::digits10
+        : base <= 16                       ? std::numeric_limits<T>::digits / 4
+                                           : 0;
     const T limit = static_cast<T>(std::numeric_limits<T>::max() / base);
     const T last = static_cast<T>(std::numeric_limits<T>::max() % base);
     const Char* const end = p + remaining;
     const Char* next = p;
     T number = 0;
     ok = true;
-    for (const Char* const sure = p + std::min(remaining, few); next != sure && checkCharInBase(*next, base); ++next)
+    for (const Char* const safeEnd = p + std::min(remaining, safeDigits);
+         next != safeEnd && checkCharInBase(*next, base); ++next)
         number = static_cast<T>(number * base + digitValue(*next, base));
     for (; next != end && checkCharInBase(*next, base); ++next) {
         const unsigned digit = digitValue(*next, base);

@@ -8,8 +8,8 @@
 
 namespace {
 
-// Finds a byte, or a letter in both cases. By memchr, also twice and backwards, since nothing finds out faster that
-// there is no match: it takes less than half the time of a loop that the compiler makes vector instructions of.
+// Finds a byte, or a letter in both cases. By memchr, also twice and backwards: where there is no match it takes less
+// than half the time of a loop that the compiler makes vector instructions of.
 class CharFinder {
 public:
     CharFinder(Char c, bool caseSensitive)
