@@ -37,18 +37,21 @@ class Equivalents:
     """The mutants that the file `equivalents` says no test can notice."""
 
     def __init__(self, text=pathlib.Path(__file__).with_name("equivalents").read_text()):
-        self._known = {}  # by the line before and after: the lines above it, of which "" is any
-        for above, old, changed in re.findall(r"^(?:  (.+)\n)?- (.+)\n((?:\+ .+\n)+)", text, re.MULTILINE):
-            for new in changed.splitlines():
-                self._known.setdefault((old, new[2:]), set()).add(above)
+        listed = re.findall(r"^(?:  (.+)\n)?- (.+)\n((?:\+ .+\n)+)", text, re.MULTILINE)
+        # The line before and after, and the one above it, of which "" is any.
+        self._known = {(old, new[2:], above) for above, old, changed in listed for new in changed.splitlines()}
 
     def __contains__(self, mutant):
-        aboves = self._known.get((mutant.old, mutant.new), ())
-        return "" in aboves or mutant.above in aboves
+        return not self._known.isdisjoint(entries_for(mutant))
 
     def without(self, mutants):
-        """What is listed and not among these, as lines before and after."""
-        return sorted(self._known.keys() - {(mutant.old, mutant.new) for mutant in mutants if mutant in self})
+        """What is listed and not among these, as the lines before, after and above."""
+        return sorted(self._known.difference(*map(entries_for, mutants)))
+
+
+def entries_for(mutant):
+    """The entries that would list it."""
+    return {(mutant.old, mutant.new, above) for above in ("", mutant.above)}
 
 
 class Tree:

@@ -89,7 +89,8 @@ class ListOfEquivalents(unittest.TestCase):
                                  (self.mutant("if (x)", "return;", ";"), True), (wrong, False),
                                  (self.mutant("any", "a", "d"), False), (self.mutant("if (x)", "c", "b"), False)):
             self.assertEqual(mutant in known, is_known, mutant)
-        self.assertEqual(known.without([self.mutant("", "a", "b"), wrong]), [("a", "c"), ("return;", ";")])
+        self.assertEqual(known.without([self.mutant("", "a", "b"), wrong]),
+                         [("a", "c", ""), ("return;", ";", "if (x)")])
 
 
 class Tokens(unittest.TestCase):
