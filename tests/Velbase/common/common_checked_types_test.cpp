@@ -22,17 +22,6 @@ TEST(CheckedUint, NumberIsGivenWithItsValue)
     }
 }
 
-TEST(CheckedUint, CopyAndAssignmentTakeBothValueAndFlag)
-{
-    const checked_uint given = 7u;
-    checked_uint other(given);
-    EXPECT_TRUE(other.valid());
-    EXPECT_EQ(other.value(), 7u);
-    other = checked_uint();
-    EXPECT_FALSE(other.valid());
-    EXPECT_EQ(other.value(), 0u);
-}
-
 TEST(CheckedUint, IsTwoWordsTheValueAndTheFlag)
 {
     const checked_uint none;

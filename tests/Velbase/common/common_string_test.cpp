@@ -9,7 +9,6 @@
 
 namespace {
 
-static_assert(sizeof(String) == 2 * sizeof(void*), "a string is its owner of the text");
 static_assert(!std::is_convertible<String, const char*>::value, "a string is no pointer");
 static_assert(std::is_nothrow_copy_constructible<String>::value, "a copy only counts");
 static_assert(std::is_nothrow_copy_assignable<String>::value, "an assignment only counts");
