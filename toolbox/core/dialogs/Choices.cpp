@@ -118,6 +118,8 @@ std::optional<std::size_t> Choices::find(const QString& typed, QString* problem)
         names.append(m_choices[index].name);
     if (!names.isEmpty())
         *problem = QStringLiteral("\"%1\" could be %2.").arg(repeated(typed), names.join(QStringLiteral(" or ")));
+    else if (isReturnAlone(typed))
+        *problem = QStringLiteral("Return alone means nothing here. Choices: %1.").arg(inShort());
     else if (hasKeysThatAreNoText(typed))
         *problem = QStringLiteral("Arrows and such keys do nothing here. Choices: %1.").arg(inShort());
     else
@@ -141,15 +143,12 @@ std::vector<std::size_t> Choices::beginningLike(const QString& typed) const
 
 std::vector<std::size_t> Choices::meant(const QString& typed) const
 {
-    static const QRegularExpression region(
-        QStringLiteral("(?<=^\\p{L}{2}|^\\p{L}{3})[-_.@].*$"));  // and whatever follows it
-    const QString whole = oneSpelling(typed);
-    for (const QString& wanted : {whole, QString(whole).remove(region)})
-        for (const Test fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
-            const std::vector<std::size_t> found = allThat(fits, wanted);
-            if (!wanted.isEmpty() && !found.empty())
-                return found;
-        }
+    const QString wanted = oneSpelling(typed);
+    for (const Test fits : {&Choice::hasNumber, &Choice::isNamed, &Choice::hasWord, &Choice::beginsLike}) {
+        const std::vector<std::size_t> found = allThat(fits, wanted);
+        if (!wanted.isEmpty() && !found.empty())
+            return found;
+    }
     return {};
 }
 
@@ -167,7 +166,11 @@ std::vector<std::size_t> ChoicesMeant(const std::vector<NamedChoice>& choices, c
     Choices all;
     for (const NamedChoice& each : choices)
         all.add(QString::fromStdString(each.name), std::nullopt, QString::fromStdString(each.word));
-    return all.meant(QString::fromStdString(typed));
+    static const QRegularExpression region(
+        QStringLiteral("(?<=^\\p{L}{2}|^\\p{L}{3})[-_.@].*$"));  // and whatever follows it
+    const QString text = QString::fromStdString(typed).trimmed();
+    const std::vector<std::size_t> meant = all.meant(text);
+    return meant.empty() ? all.meant(QString(text).remove(region)) : meant;
 }
 
 }  // namespace Toolbox

@@ -88,7 +88,7 @@ UInt32 buttonOf(const Alert& alert, const Answer& answer)
 {
     if (answer.kind == Answer::Kind::Button)
         return answer.value;
-    return answer.value == kHICommandOK ? UInt32{kAlertStdAlertOKButton} : static_cast<UInt16>(alert.cancelButton);
+    return static_cast<UInt16>(answer.value == kHICommandOK ? alert.buttons.front().number : alert.cancelButton);
 }
 
 }  // namespace

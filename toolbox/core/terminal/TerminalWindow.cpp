@@ -137,12 +137,9 @@ void TerminalWindow::describeTitle(const Control& control)
 
 void TerminalWindow::answer(const QString& typed)
 {
-    if (isReturnAlone(typed)) {
-        Control* const confirming = confirmingControl(m_window);
-        if (confirming != nullptr)
-            pressControl(*confirming);
-        else
-            m_terminal.writeLines(QStringLiteral("Return alone means nothing here."));
+    Control* const confirming = confirmingControl(m_window);
+    if (isReturnAlone(typed) && confirming != nullptr) {
+        pressControl(*confirming);
         return;
     }
     const std::vector<Offer> all = offers();

@@ -290,6 +290,15 @@ TEST_F(UnattendedWindow, LeavesToAlertsWhatIsMeantForThem)
     }
 }
 
+TEST_F(UnattendedWindow, PressesTheFirstButtonOfAnAlertForOKWhateverItsNumber)
+{
+    Alert alert;
+    alert.buttons = {{2, QStringLiteral("OK"), true, {}}, {3, QStringLiteral("Stop"), true, {}}};
+    alert.defaultButton = 3;
+    UseUnattendedDisplay({command(kHICommandOK)});
+    EXPECT_EQ(Toolbox::currentDisplay()->runAlert(alert), 2);
+}
+
 Alert twoButtons()
 {
     Alert alert;

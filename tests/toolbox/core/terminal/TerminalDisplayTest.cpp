@@ -157,7 +157,8 @@ TEST(TerminalWindow, SaysThatReturnMeansNothingWithoutADefaultButton)
 {
     PseudoTerminal terminal("C.UTF-8", runChanged([](Dialog& dialog) { dialog.ok.enabled = false; }));
     terminal.readUntil("Line or name: ");
-    EXPECT_EQ(terminal.readAfter("\n", "Line or name: "), "\nReturn alone means nothing here.\nLine or name: ");
+    EXPECT_EQ(terminal.readAfter("\n", "Line or name: "),
+        "\nReturn alone means nothing here. Choices: 1 Small, 2 日本 (Medium), 3 Large,\nCancel.\nLine or name: ");
 }
 
 TEST(TerminalWindow, ShowsEveryKindOfControl)
@@ -300,6 +301,14 @@ const std::tuple<const char*, Alert, const char*, const char*> ALERT_CASES[] = {
     {"EndOfInputTakesTheFirstThatCanBePressed", withoutKeys(), "\x04", "2"},
     {"ReturnWithoutADefault", withoutKeys(), "\n3\n", "3"},
 };
+
+TEST(TerminalAlert, SaysThatReturnMeansNothingWithoutADefaultButton)
+{
+    PseudoTerminal terminal("C.UTF-8", runAlertOf(withoutKeys()));
+    terminal.readUntil("Line or name: ");
+    EXPECT_EQ(terminal.readAfter("\n", "Line or name: "),
+        "\nReturn alone means nothing here. Choices: 2 Cancel, 3 Don't Save.\nLine or name: ");
+}
 
 TEST(TerminalAlert, TakesAButton)
 {
