@@ -179,7 +179,7 @@ struct Option {
 };
 
 const Option OPTIONS[] = {
-    {"--message", "N", "Message in the record [1000]", takeMessage},
+    {"--message", "N", "Message in the record [that of --record, else 1000]", takeMessage},
     {"--current", "LANG", "Current language: name, tag or Mac OS code [the user's]", takeCurrent},
     {"--display", "KIND", "window, terminal or unattended [the first available]", takeDisplay},
     {"--answer", "ANSWER", "ok, cancel, LANG or button:N, unattended; repeatable", takeAnswer},
@@ -240,8 +240,9 @@ void takeFound(Options& options, int found, const std::string& word)
     if (found == '?')
         throw wrongUsage(std::string(option.name) + " takes no value");
     const std::string value = optarg == nullptr ? "" : optarg;
-    if (option.value != nullptr && value.empty())
-        throw wrongUsage(std::string(option.name) + " needs a value");
+    const bool isForgotten = word == option.name && value.rfind("--", 0) == 0;
+    if (option.value != nullptr && (value.empty() || isForgotten))
+        throw wrongUsage(option.name + (isForgotten ? " needs a value before '" + value + "'" : " needs a value"));
     option.take(options, value);
 }
 

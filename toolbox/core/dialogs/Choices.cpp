@@ -67,7 +67,7 @@ Request requestIn(const QString& typed)
     return quits ? Request::Quit : Request::None;
 }
 
-QString readableName(const QString& name, const std::function<QString(const QString&)>& show)
+QString readableName(const QString& name, const Show& show)
 {
     static const QRegularExpression twoParts(QStringLiteral("^(.+)\\((.+)\\)$"));
     const QRegularExpressionMatch parts = twoParts.match(name.simplified());
@@ -107,7 +107,7 @@ void Choices::add(const QString& name, std::optional<int> number, const QString&
     m_choices.push_back({name.simplified(), keysOf(name) + keysOf(title), digits, word});
 }
 
-std::optional<std::size_t> Choices::find(const QString& typed, QString* problem) const
+std::optional<std::size_t> Choices::find(const QString& typed, QString* problem, const Show& show) const
 {
     const std::vector<std::size_t> found = meant(typed);
     if (found.size() == 1)
@@ -122,6 +122,8 @@ std::optional<std::size_t> Choices::find(const QString& typed, QString* problem)
         *problem = QStringLiteral("Return alone means nothing here. Choices: %1.").arg(inShort());
     else if (hasKeysThatAreNoText(typed))
         *problem = QStringLiteral("Arrows and such keys do nothing here. Choices: %1.").arg(inShort());
+    else if (show && show(typed) != typed)
+        *problem = QStringLiteral("There is no such choice here. Choices: %1.").arg(inShort());
     else
         *problem = QStringLiteral("There is no \"%1\" here. Choices: %2.").arg(repeated(typed), inShort());
     return std::nullopt;

@@ -21,9 +21,12 @@ enum class Request { None, Help, Quit };
 /// Which of them `typed` is, where no choice is meant by it.
 Request requestIn(const QString& typed);
 
+/// A text as it is shown somewhere, with question marks or the like for what cannot be.
+using Show = std::function<QString(const QString&)>;
+
 /// The part of `name` that can be read where `show` shows what cannot as question marks: "日本語 (Japanese)" is
 /// "Japanese" in ASCII. The whole name, as it is shown, where both parts can be read or neither can.
-QString readableName(const QString& name, const std::function<QString(const QString&)>& show);
+QString readableName(const QString& name, const Show& show);
 
 /// A choice is known by its number, alone or before its name, by its name and by each part of that: "日本語 (Japanese)"
 /// answers to the whole, to "日本語" and to "Japanese". A name may be cut short where no other begins alike; neither
@@ -36,8 +39,9 @@ public:
         const QString& title = QString());
 
     /// The index, in the order of adding, of the choice that `typed` means; else nothing, with the reason in
-    /// `*problem`: what it could be, or the choices in short.
-    std::optional<std::size_t> find(const QString& typed, QString* problem) const;
+    /// `*problem`: what it could be, or the choices in short. That does not repeat `typed` if `show`, where
+    /// there is one, shows something else.
+    std::optional<std::size_t> find(const QString& typed, QString* problem, const Show& show = nullptr) const;
 
     /// The indexes, in the order of adding, of all choices that `typed` may mean: those that fit its surest reading.
     std::vector<std::size_t> meant(const QString& typed) const;

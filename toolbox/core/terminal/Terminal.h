@@ -4,6 +4,7 @@
 #ifndef TOOLBOX_CORE_TERMINAL_TERMINAL_H
 #define TOOLBOX_CORE_TERMINAL_TERMINAL_H
 
+#include "toolbox/core/dialogs/Choices.h"
 #include "toolbox/core/terminal/TerminalEncoding.h"
 
 #include <QByteArray>
@@ -25,8 +26,11 @@ public:
     /// not.
     bool answers() const;
 
-    /// `text` as it is shown here.
-    QString showable(const QString& text) const { return m_encoding.showable(text); }
+    /// What makes of a text what is shown of it here, for as long as this lives.
+    Show show() const
+    {
+        return [this](const QString& text) { return m_encoding.showable(text); };
+    }
 
     /// Writes the lines of `text`, broken at the width of the terminal, which counts as 20 columns at least.
     void writeLines(const QString& text);

@@ -58,7 +58,7 @@ SInt16 askAlert(Terminal& terminal, const Alert& alert)
         if (isReturnAlone(*typed) && alert.defaultButton != 0)
             return alert.defaultButton;
         QString problem;
-        const std::optional<std::size_t> chosen = choices.find(*typed, &problem);
+        const std::optional<std::size_t> chosen = choices.find(*typed, &problem, terminal.show());
         if (chosen)
             return buttons[*chosen].number;
         if (requestIn(*typed) == Request::Quit && alert.closingButton() != 0)

@@ -77,14 +77,13 @@ std::vector<TerminalWindow::Offer> TerminalWindow::offers() const
 
 void TerminalWindow::appendOffers(Control& control, std::vector<Offer>& all) const
 {
-    const auto show = [this](const QString& text) { return m_terminal.showable(text); };
     switch (control.kind) {
     case ControlKind::PopupButton:
         for (std::size_t index = 0; index < control.items.size(); ++index) {
             const SInt32 item = static_cast<SInt32>(index + 1);
             const QString title = control.items[index].title.simplified();
             if (control.offers(item))
-                all.push_back({&control, item, readableName(title, show), std::nullopt, QString(), title});
+                all.push_back({&control, item, readableName(title, m_terminal.show()), std::nullopt, QString(), title});
         }
         break;
     case ControlKind::Button:
@@ -147,7 +146,7 @@ void TerminalWindow::answer(const QString& typed)
     for (const Offer& each : all)
         choices.add(each.name, each.number, each.word, each.title);
     QString problem;
-    const std::optional<std::size_t> chosen = choices.find(typed, &problem);
+    const std::optional<std::size_t> chosen = choices.find(typed, &problem, m_terminal.show());
     if (chosen)
         take(all[*chosen]);
     else if (requestIn(typed) == Request::Help)
