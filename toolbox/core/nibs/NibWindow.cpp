@@ -17,106 +17,46 @@ constexpr int DEEPEST = 100;
 // The numbers that the Menu Manager counts items with have 16 bits and a sign.
 constexpr std::size_t MOST_MENU_ITEMS = 0x7FFF;
 
-// What a class of controls has beyond what every control has.
-using Details = void (*)(const NibObject& object, Control& control);
-
-void setRange(Control& control, SInt32 minimum, SInt32 maximum, SInt32 value)
-{
-    control.minimum = minimum;
-    control.maximum = maximum;
-    control.setValue(value);
-}
-
-void readNothingMore(const NibObject&, Control&) { }
-
-void readButton(const NibObject& object, Control& control)
-{
-    const SInt32 type = object.number("buttonType", 0);
-    control.role = type == 1 ? ButtonRole::Default : type == 2 ? ButtonRole::Cancel : ButtonRole::Plain;
-}
-
-void readStaticText(const NibObject& object, Control& control)
-{
-    switch (object.number("justification", 0)) {
-    case 1:
-        control.justification = Justification::Center;
-        break;
-    case -1:
-        control.justification = Justification::Right;
-        break;
-    case -2:
-        control.justification = Justification::Left;
-        break;
-    }
-}
-
-void readToggle(const NibObject& object, Control& control)
-{
-    setRange(control, 0, 2, object.number("initialState", 0));  // off, on, mixed
-}
-
-// Its value is the number of the chosen button, counted by rows.
-void readRadioGroup(const NibObject& object, Control& control)
-{
-    long long buttons = 0;
-    for (const NibValue& row : object.array("radioTitles"))
-        if (const NibArray* const titles = row.as<NibArray>())
-            buttons += static_cast<long long>(titles->size());
-    const long long chosen =
-        (object.number("selectedRow", 1) - 1LL) * object.number("numCols", 1) + object.number("selectedCol", 1);
-    setRange(control, 0, static_cast<SInt32>(buttons), static_cast<SInt32>(std::clamp<long long>(chosen, 0, buttons)));
-}
-
-void readRange(const NibObject& object, Control& control)
-{
-    setRange(control, object.number("minimumValue", 0), object.number("maximumValue", 100),
-        object.number("initialValue", 0));
-}
-
-void readTab(const NibObject& object, Control& control)
-{
-    const SInt32 tabs = static_cast<SInt32>(object.array("tabItems").size());
-    setRange(control, std::min(tabs, 1), tabs, object.number("tabSelection", 1));
-}
-
-void readTriangle(const NibObject& object, Control& control)
-{
-    setRange(control, 0, 1, object.flag("collapsed", true) ? 0 : 1);
-}
-
 struct ControlClass {
     const char* name;
     ControlKind kind;
-    Details readDetails;
 };
 
-// The classes that have something of their own here. Any other is Other, with what every control has.
+// The classes that have a kind of their own. Any other is Other, with what every control has.
 constexpr ControlClass CONTROL_CLASSES[] = {
-    {"IBCarbonRootControl", ControlKind::Root, readNothingMore},
-    {"IBCarbonButton", ControlKind::Button, readButton},
-    {"IBCarbonPopupButton", ControlKind::PopupButton, readNothingMore},
-    {"IBCarbonStaticText", ControlKind::StaticText, readStaticText},
-    {"IBCarbonGroupBox", ControlKind::GroupBox, readNothingMore},
-    {"IBCarbonSeparator", ControlKind::Separator, readNothingMore},
-    {"IBCarbonCheckBox", ControlKind::Other, readToggle},
-    {"IBCarbonRadioButton", ControlKind::Other, readToggle},
-    {"IBCarbonRadioGroup", ControlKind::Other, readRadioGroup},
-    {"IBCarbonProgressBar", ControlKind::Other, readRange},
-    {"IBCarbonSlider", ControlKind::Other, readRange},
-    {"IBCarbonScrollBar", ControlKind::Other, readRange},
-    {"IBCarbonLittleArrows", ControlKind::Other, readRange},
-    {"IBCarbonTab", ControlKind::Other, readTab},
-    {"IBCarbonTriangle", ControlKind::Other, readTriangle},
+    {"IBCarbonRootControl", ControlKind::Root},
+    {"IBCarbonButton", ControlKind::Button},
+    {"IBCarbonPopupButton", ControlKind::PopupButton},
+    {"IBCarbonStaticText", ControlKind::StaticText},
+    {"IBCarbonGroupBox", ControlKind::GroupBox},
+    {"IBCarbonSeparator", ControlKind::Separator},
 };
 
-constexpr ControlClass OTHER_CLASS = {nullptr, ControlKind::Other, readNothingMore};
-
-const ControlClass& classOf(const NibObject& object)
+ControlKind kindOf(const NibObject& object)
 {
     for (const ControlClass& each : CONTROL_CLASSES)
         if (object.className == QLatin1String(each.name))
-            return each;
-    return OTHER_CLASS;
+            return each.kind;
+    return ControlKind::Other;
+}
+
+ButtonRole roleOf(const NibObject& object)
+{
+    const SInt32 type = object.number("buttonType", 0);
+    return type == 1 ? ButtonRole::Default : type == 2 ? ButtonRole::Cancel : ButtonRole::Plain;
+}
+
+Justification justificationOf(const NibObject& object)
+{
+    switch (object.number("justification", 0)) {
+    case 1:
+        return Justification::Center;
+    case -1:
+        return Justification::Right;
+    case -2:
+        return Justification::Left;
+    }
+    return Justification::Natural;
 }
 
 // Makes one window. Where the archive cannot be followed it goes on with what there is, and gives no window in the end.
@@ -149,8 +89,7 @@ private:
     {
         if (!require(depth < DEEPEST, "controls are nested too deeply") || !claim(object))
             return nullptr;
-        const ControlClass& controlClass = classOf(object);
-        auto control = std::make_unique<Control>(window, controlClass.kind, container);
+        auto control = std::make_unique<Control>(window, kindOf(object), container);
         control->bounds = rectangle(object, "bounds");
         control->title = object.text("title");
         control->id = {object.code("controlSignature"), object.number("controlID", 0)};
@@ -160,7 +99,8 @@ private:
         control->label = m_lastText;
         if (control->kind == ControlKind::StaticText && control->shown())
             m_lastText = control.get();
-        controlClass.readDetails(object, *control);
+        control->role = roleOf(object);
+        control->justification = justificationOf(object);
         if (control->kind == ControlKind::Other && !control->hidden)
             remarkNotDrawn(object.className, control->id);
         if (const auto menu = object.reference("menu"))
@@ -185,7 +125,9 @@ private:
         for (const NibValue& item : menu.array("items"))
             control.items.push_back(makeItem(follow(item.as<NibReference>())));
         const SInt32 items = static_cast<SInt32>(control.items.size());
-        setRange(control, std::min(items, 1), items, selectedItem);
+        control.minimum = std::min(items, 1);
+        control.maximum = items;
+        control.setValue(selectedItem);
     }
 
     MenuItem makeItem(const NibObject& object)

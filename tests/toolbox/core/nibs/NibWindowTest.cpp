@@ -167,18 +167,6 @@ TEST_F(NibWindow, GivesControlsOfAnyClassWhatEveryControlHas)
 }
 
 const std::string TWO_ITEMS = menuOf("<object class='IBCarbonMenuItem'/><object class='IBCarbonMenuItem'/>");
-const std::string FIVE_RADIO_BUTTONS = "<array name='radioTitles'>"
-                                       "<array><string>A</string><string>B</string></array>"
-                                       "<array><string>C</string><string>D</string></array>"
-                                       "<array><string>E</string></array></array><int name='numCols'>2</int>";
-const std::string TWO_RADIO_BUTTONS = "<array name='radioTitles'>"
-                                      "<array><string>A</string></array><array><string>B</string></array></array>";
-const std::string TWO_TABS = "<array name='tabItems'><dictionary/><dictionary/></array>";
-
-std::string range(int minimum, int maximum, int value)
-{
-    return number("minimumValue", minimum) + number("maximumValue", maximum) + number("initialValue", value);
-}
 
 // clang-format off
 const struct {
@@ -197,28 +185,10 @@ const struct {
     {"PopUpWithoutMenu",  "IBCarbonPopupButton",   "",                                      ControlKind::PopupButton, 0,   0, 0},
     {"StaticText",        "IBCarbonStaticText",    "",                                      ControlKind::StaticText,  0,   0, 0},
     {"EditText",          "IBCarbonEditText",      "",                                      ControlKind::Other,       0,   0, 0},
-    {"CheckBox",          "IBCarbonCheckBox",      "",                                      ControlKind::Other,       0,   2, 0},
-    {"CheckBoxOn",        "IBCarbonCheckBox",      number("initialState", 1),               ControlKind::Other,       0,   2, 1},
-    {"CheckBoxTooFar",    "IBCarbonCheckBox",      number("initialState", 9),               ControlKind::Other,       0,   2, 2},
-    {"RadioButton",       "IBCarbonRadioButton",   number("initialState", 1),               ControlKind::Other,       0,   2, 1},
+    {"CheckBox",          "IBCarbonCheckBox",      "",                                      ControlKind::Other,       0,   0, 0},
     {"GroupBox",          "IBCarbonGroupBox",      "",                                      ControlKind::GroupBox,    0,   0, 0},
     {"GroupBoxPopUp",     "IBCarbonGroupBox",      TWO_ITEMS + number("selectedItem", 2),   ControlKind::GroupBox,    1,   2, 2},
     {"Separator",         "IBCarbonSeparator",     "",                                      ControlKind::Separator,   0,   0, 0},
-    {"RadioGroup",        "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS,                      ControlKind::Other,       0,   5, 1},
-    {"RadioGroupFourth",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", 2) + number("selectedCol", 2), ControlKind::Other, 0, 5, 4},
-    {"RadioGroupTooFar",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", 0x7FFFFFFF) + number("selectedCol", 0x7FFFFFFF), ControlKind::Other, 0, 5, 5},
-    {"RadioGroupBefore",  "IBCarbonRadioGroup",    FIVE_RADIO_BUTTONS + number("selectedRow", -0x7FFFFFFF), ControlKind::Other, 0, 5, 0},
-    {"RadioGroupOneColumn", "IBCarbonRadioGroup",  TWO_RADIO_BUTTONS + number("selectedRow", 2), ControlKind::Other,  0,   2, 2},
-    {"RadioGroupEmpty",   "IBCarbonRadioGroup",    "",                                      ControlKind::Other,       0,   0, 0},
-    {"ProgressBar",       "IBCarbonProgressBar",   "",                                      ControlKind::Other,       0, 100, 0},
-    {"Slider",            "IBCarbonSlider",        range(-5, 5, 3),                         ControlKind::Other,      -5,   5, 3},
-    {"ScrollBar",         "IBCarbonScrollBar",     range(-5, 5, 6),                         ControlKind::Other,      -5,   5, 5},
-    {"LittleArrows",      "IBCarbonLittleArrows",  range(5, -5, 3),                         ControlKind::Other,       5,  -5, 5},
-    {"Tab",               "IBCarbonTab",           TWO_TABS,                                ControlKind::Other,       1,   2, 1},
-    {"TabSecond",         "IBCarbonTab",           TWO_TABS + number("tabSelection", 2),    ControlKind::Other,       1,   2, 2},
-    {"TabWithoutTabs",    "IBCarbonTab",           "",                                      ControlKind::Other,       0,   0, 0},
-    {"Triangle",          "IBCarbonTriangle",      "",                                      ControlKind::Other,       0,   1, 0},
-    {"TriangleOpen",      "IBCarbonTriangle",      "<boolean name='collapsed'>FALSE</boolean>", ControlKind::Other,   0,   1, 1},
     {"BevelButtonMenu",   "IBCarbonBevelButton",   TWO_ITEMS,                               ControlKind::Other,       1,   2, 1},
     {"UserPane",          "IBCarbonUserPane",      "",                                      ControlKind::Other,       0,   0, 0},
     {"WithoutItsPrefix",  "Button",                "",                                      ControlKind::Other,       0,   0, 0},
