@@ -13,19 +13,28 @@
 #include <cerrno>
 #include <cstdint>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace Host {
 
 namespace {
 
+Problem notLoaded(const std::filesystem::path& folder, const std::string& reason)
+{
+    return Problem(ExitStatus::ExternalNotLoaded, "cannot load the external '" + folder.string() + "': " + reason);
+}
+
 CFPlugInRef createPlugIn(const std::filesystem::path& folder)
 {
+    std::error_code missing;
+    if (!std::filesystem::is_directory(folder, missing))
+        throw notLoaded(folder, "there is no such folder (a bundle is a folder)");
     const CFOwner<CFURLRef> url(createURL(folder));
     return CFPlugInCreate(kCFAllocatorDefault, url.get());
 }
 
-// Takes the toolbox's report, whose last remark says why it refused something; `otherwise` if there is none.
+// Takes the toolbox's report of a call, whose last remark says why it failed; `otherwise` if there is none.
 std::string takeReason(const char* otherwise)
 {
     const std::vector<std::string> remarks = Toolbox::TakeReport().remarks;
@@ -70,25 +79,20 @@ External::External(const std::filesystem::path& folder)
 
 void External::load(const std::filesystem::path& folder)
 {
-    const auto notLoaded = [&folder](const std::string& reason) {
-        return Problem(ExitStatus::ExternalNotLoaded, "cannot load the external '" + folder.string() + "': " + reason);
-    };
-    if (m_bundle.get() == nullptr)
-        throw notLoaded("there is no such folder (a bundle is a folder)");
-
     const CFOwner<CFArrayRef> factories(CFPlugInFindFactoriesForPlugInTypeInPlugIn(factoryType(), m_bundle.get()));
     if (CFArrayGetCount(factories.get()) == 0)
-        throw notLoaded("it has no Info.plist that registers a factory for externals of this installer");
+        throw notLoaded(folder, "it has no usable Info.plist that registers a factory for externals of this installer");
 
+    tellRemarks();  // none of them is the reason for what fails below
     if (!CFBundleLoadExecutable(m_bundle.get()))
-        throw notLoaded(takeReason("its executable cannot be loaded"));
+        throw notLoaded(folder, takeReason("its executable cannot be loaded"));
 
     const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories.get(), 0));
     void* const made = CFPlugInInstanceCreate(kCFAllocatorDefault, factory, factoryType());
     if (made == nullptr)
-        throw notLoaded(takeReason("its factory gives no instance"));
+        throw notLoaded(folder, takeReason("its factory gives no instance"));
     if (!isInstance(static_cast<XcodInstance*>(made)))
-        throw notLoaded("what its factory gives is not an instance of an external");
+        throw notLoaded(folder, "what its factory gives is not an instance of an external");
     m_instance = static_cast<XcodInstance*>(made);
 }
 

@@ -156,10 +156,15 @@ std::string inJson(const Report& report)
     return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
+void tellRemarks(const std::vector<std::string>& remarks)
+{
+    for (const std::string& remark : remarks)
+        complain(remark);
+}
+
 void tellCallProblems(const Options& options, const Toolbox::CallReport& report)
 {
-    for (const std::string& remark : report.remarks)
-        complain(remark);
+    tellRemarks(report.remarks);
     if (!report.displayProblem.empty())
         complain("the dialog could not go on: " + report.displayProblem);
     tellOfAnswers(options, report);

@@ -37,6 +37,9 @@ std::string inWords(const Report& report);
 /// The report as one JSON object, over several lines.
 std::string inJson(const Report& report);
 
+/// Says these on standard error, a line each; if none are given, those that the toolbox has made since its last report.
+void tellRemarks(const std::vector<std::string>& remarks = Toolbox::TakeReport().remarks);
+
 /// Says on standard error, a line each, what went wrong around the call with these options, or was met with on the way,
 /// without making its answer worthless.
 void tellCallProblems(const Options& options, const Toolbox::CallReport& report);

@@ -92,8 +92,7 @@ ExitStatus callWith(Options options)
         installer.requireAdministrator();
     External external(options.external ? std::filesystem::path(*options.external) : installer.builtInExternal());
     const DisplayKind display = chooseDisplay(options);
-    for (const std::string& remark : Toolbox::TakeReport().remarks)
-        complain(remark);  // before anybody is asked: why there is no window, for one
+    tellRemarks();  // before anybody is asked: why there is no window, for one
     if (options.picture)
         Toolbox::WantPicture();
 
@@ -127,6 +126,7 @@ ExitStatus runAndTell(const std::vector<std::string>& arguments)
     try {
         return run(arguments);
     } catch (const Problem& problem) {
+        tellRemarks();
         complain(problem.what());
         return problem.status;
     } catch (const std::bad_alloc&) {

@@ -123,8 +123,22 @@ class Applications(HostTest):
             outcome = unattended("--app", app)
             self.assertRegex(outcome.errors, r'\Avisex-host: the Info.plist of the bundle "DemoInstaller.app" was refused: .+\n\Z')
             self.assert_chose(outcome._replace(errors=""))
+        # What is remarked on is told before what then fails, and as itself.
+        remark = outcome.errors.removeprefix("visex-host: ").removesuffix("\n")
+        missing = self.folder / "missing"
+        for status, arguments, line in (
+            (NOT_DONE, ["--resources", missing], f"cannot open the resource file '{missing}': there is no such file"),
+            (NOT_LOADED, [missing], f"cannot load the external '{missing}': there is no such folder (a bundle is a folder)"),
+            (NOT_DONE, ["--display", "terminal"],
+             "cannot ask on the terminal: the process has none, or is in the background"),
+        ):
+            self.assert_fails(unattended("--app", app, *arguments), status, remark, line)
+        external = next(app.glob("Contents/PlugIns/*"))
+        shutil.copy(BUILD / "tests/end_to_end/libending_external.so", next(external.glob("Contents/*/LanguageSelector")))
+        self.assert_fails(unattended("--app", app, variables={"GIVES": "nothing"}), NOT_LOADED, remark,
+                          f"cannot load the external '{external}': its factory gives no instance")
         plist.unlink()
-        self.assert_chose(unattended("--app", app))
+        self.assert_chose(unattended("--app", app), GERMAN)
 
 
 class PathsThatAreNotUtf8(HostTest):
@@ -273,8 +287,8 @@ class Bundles(HostTest):
         self.plist = self.bundle / "Contents/Info.plist"
         self.executable = next(self.bundle.glob("Contents/*/LanguageSelector"))
 
-    def assert_not_loaded(self, reason, **variables):
-        self.assert_fails(unattended(self.bundle, variables=variables), NOT_LOADED,
+    def assert_not_loaded(self, reason, *remarks, **variables):
+        self.assert_fails(unattended(self.bundle, variables=variables), NOT_LOADED, *remarks,
                           f"cannot load the external '{self.bundle}': {reason}")
 
     def test_a_missing_one_and_a_file_in_its_place(self):
@@ -284,9 +298,12 @@ class Bundles(HostTest):
         self.assert_not_loaded("there is no such folder (a bundle is a folder)")
 
     def test_property_lists_without_a_factory(self):
-        no_factory = "it has no Info.plist that registers a factory for externals of this installer"
+        no_factory = "it has no usable Info.plist that registers a factory for externals of this installer"
         self.plist.write_bytes(self.plist.read_bytes().replace(b"5CD9484B", b"6CD9484B"))
         self.assert_not_loaded(no_factory)
+        self.plist.write_bytes(b"<plist")
+        self.assert_not_loaded(no_factory, 'the Info.plist of the bundle "a bundle" was refused: line 1 is not correct XML: '
+                                           "Premature end of document.")
         self.plist.unlink()
         self.assert_not_loaded(no_factory)
 
