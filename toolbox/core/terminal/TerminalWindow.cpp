@@ -70,8 +70,10 @@ std::vector<TerminalWindow::Offer> TerminalWindow::offers() const
         else if (each.control == cancelling)
             each.word = QStringLiteral("cancel");
     }
-    if (cancelling == nullptr)
-        all.push_back({nullptr, 0, QStringLiteral("cancel"), std::nullopt, QStringLiteral("cancel"), QString()});
+    if (cancelling == nullptr) {
+        all.emplace_back();
+        all.back().name = all.back().word = QStringLiteral("cancel");
+    }
     return all;
 }
 
@@ -83,11 +85,11 @@ void TerminalWindow::appendOffers(Control& control, std::vector<Offer>& all) con
             const SInt32 item = static_cast<SInt32>(index + 1);
             const QString title = control.items[index].title.simplified();
             if (control.offers(item))
-                all.push_back({&control, item, readableName(title, m_terminal.show()), std::nullopt, QString(), title});
+                all.push_back({&control, item, readableName(title, m_terminal.show()), title});
         }
         break;
     case ControlKind::Button:
-        all.push_back({&control, 0, labelOf(control), std::nullopt, QString(), QString()});
+        all.push_back({&control, 0, labelOf(control)});
         break;
     default:
         break;

@@ -17,12 +17,12 @@ public:
     // One thing that somebody can do in the window. Handlers may dispose of controls, so offers are made anew for
     // each answer.
     struct Offer {
-        Control* control;  // null for cancelling a window without a cancel button
-        SInt32 item;       // of a pop-up
-        QString name;
-        std::optional<int> number;
-        QString word;   // stands for it beside its name: "ok", "cancel"
-        QString title;  // of an item, of which the name is what can be read here
+        Control* control = nullptr;  // null for cancelling a window without a cancel button
+        SInt32 item = 0;             // of a pop-up
+        QString name = QString();
+        QString title = QString();  // of an item, of which the name is what can be read here
+        std::optional<int> number = std::nullopt;
+        QString word = QString();  // stands for it beside its name: "ok", "cancel"
     };
 
     TerminalWindow(Terminal& terminal, Window& window);
