@@ -1,5 +1,5 @@
-// The resource-file reader: a file's bytes, read as its data fork (resources or AppleDouble) and as the AppleDouble
-// file beside it. Every resource is loaded, and every alert drawn on the unattended display.
+// The resource-file reader: a file's bytes, which are resources, AppleDouble or AppleSingle. Every resource is loaded,
+// and every alert drawn on the unattended display.
 
 #include "fuzz/must_hold.h"
 #include "fuzz/nothing_left.h"
@@ -26,29 +26,6 @@ bool isZero(char byte)
     return byte == 0;
 }
 
-// The file "file", whose "._file" is the same file.
-class TwoForks {
-public:
-    TwoForks()
-        : m_path(m_folder / "file")
-        , m_file(m_path)
-    {
-        std::filesystem::create_hard_link(m_path, m_folder / "._file");
-        mustHold(makeFileReference(m_path, &m_reference) == noErr, "the file is there");
-    }
-
-    void hold(const std::uint8_t* data, std::size_t size) { m_file.hold(data, size); }
-
-    const std::string& path() const { return m_path; }
-    const FSRef& reference() const { return m_reference; }
-
-private:
-    const TemporaryFolder m_folder;
-    const std::string m_path;
-    ScratchFile m_file;
-    FSRef m_reference;
-};
-
 void checkResource(const std::vector<UInt8>& bytes, const ResourceKey& key, const ResourcePlace& place)
 {
     const Handle handle = GetResource(key.first, key.second);
@@ -70,17 +47,16 @@ void drawAlert(SInt16 id)
     TakeReport();
 }
 
-void checkFork(const TwoForks& file, Fork fork)
+void checkFile(const std::string& path)
 {
-    static const std::u16string RESOURCE_FORK = u"RESOURCE_FORK";
-    const auto* const name = reinterpret_cast<const UniChar*>(RESOURCE_FORK.data());
-    const auto nameLength = static_cast<UniCharCount>(fork == Fork::Data ? 0 : RESOURCE_FORK.size());
+    FSRef reference;
+    mustHold(makeFileReference(path, &reference) == noErr, "the file is there");
     SInt16 refNum = 0;
-    const OSErr opened = FSOpenResourceFile(&file.reference(), nameLength, name, fsRdPerm, &refNum);
+    const OSErr opened = FSOpenResourceFile(&reference, 0, nullptr, fsRdPerm, &refNum);
 
     std::vector<UInt8> bytes;
     ResourceMap resources;
-    OSErr expected = readFork(file.path(), fork, &bytes);
+    OSErr expected = readFork(path, &bytes);
     if (expected == noErr)
         expected = readResourceMap(BigEndianBytes(bytes.data(), bytes.size()), &resources);
     mustHold(opened == expected, "a file opens exactly if its resources can be read");
@@ -97,10 +73,11 @@ void checkFork(const TwoForks& file, Fork fork)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static TwoForks file;
+    static const TemporaryFolder folder;
+    static const std::string path = folder / "file";
+    static ScratchFile file(path);
     const NothingLeft check;
     file.hold(data, size);
-    checkFork(file, Fork::Data);
-    checkFork(file, Fork::Resource);
+    checkFile(path);
     return 0;
 }

@@ -4,8 +4,6 @@
 #include "toolbox/base/resources/AppleDouble.h"
 #include "toolbox/base/resources/ResourceMap.h"
 
-#include <filesystem>
-
 namespace Toolbox {
 
 namespace {
@@ -33,8 +31,14 @@ OSErr readResourceForkIn(const InputFile& file, const BigEndianBytes& header, st
     return noFork != noErr ? noFork : readPart(file, place.offset, place.length, bytes);
 }
 
-OSErr readDataFork(const InputFile& file, std::vector<UInt8>* bytes)
+}  // namespace
+
+OSErr readFork(const std::string& path, std::vector<UInt8>* bytes)
 {
+    InputFile file;
+    const OSErr unopened = file.open(path);
+    if (unopened != noErr)
+        return unopened;
     std::vector<UInt8> start;
     const OSErr unreadable = file.read(0, APPLE_DOUBLE_HEADER_LENGTH, &start);
     if (unreadable != noErr)
@@ -42,41 +46,6 @@ OSErr readDataFork(const InputFile& file, std::vector<UInt8>* bytes)
     if (isAppleDouble(view(start)))
         return readResourceForkIn(file, view(start), bytes);
     return readPart(file, 0, file.length(), bytes);
-}
-
-OSErr readAppleDouble(const std::string& path, std::vector<UInt8>* bytes)
-{
-    InputFile file;
-    const OSErr unopened = file.open(path);
-    if (unopened == fnfErr)
-        return errFSForkNotFound;
-    if (unopened != noErr)
-        return unopened;
-    std::vector<UInt8> header;
-    const OSErr unreadable = file.read(0, APPLE_DOUBLE_HEADER_LENGTH, &header);
-    if (unreadable != noErr)
-        return unreadable;
-    if (header.size() < APPLE_DOUBLE_HEADER_LENGTH)
-        return eofErr;
-    if (!isAppleDouble(view(header)))
-        return mapReadErr;
-    return readResourceForkIn(file, view(header), bytes);
-}
-
-std::string appleDoubleBeside(const std::filesystem::path& path)
-{
-    return (path.parent_path() / ("._" + path.filename().string())).string();
-}
-
-}  // namespace
-
-OSErr readFork(const std::string& path, Fork fork, std::vector<UInt8>* bytes)
-{
-    InputFile file;
-    const OSErr unopened = file.open(path);
-    if (unopened != noErr)
-        return unopened;
-    return fork == Fork::Data ? readDataFork(file, bytes) : readAppleDouble(appleDoubleBeside(path), bytes);
 }
 
 }  // namespace Toolbox

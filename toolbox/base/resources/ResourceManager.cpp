@@ -14,7 +14,6 @@
 #include <limits>
 #include <memory>
 #include <optional>
-#include <string_view>
 
 namespace Toolbox {
 
@@ -45,9 +44,9 @@ public:
     ResourceFile(const ResourceFile&) = delete;
     ResourceFile& operator=(const ResourceFile&) = delete;
 
-    OSErr read(const std::string& path, Fork fork)
+    OSErr read(const std::string& path)
     {
-        const OSErr unread = readFork(path, fork, &m_fork);
+        const OSErr unread = readFork(path, &m_fork);
         return unread != noErr ? unread : readResourceMap(BigEndianBytes(m_fork.data(), m_fork.size()), &m_map);
     }
 
@@ -129,18 +128,7 @@ SInt16 nextRefNum()
     return last;
 }
 
-std::optional<Fork> forkNamed(UniCharCount length, const UniChar* name)
-{
-    if (length == 0)
-        return Fork::Data;
-    constexpr std::string_view RESOURCE_FORK = "RESOURCE_FORK";
-    const bool isResourceFork = name != nullptr && length == RESOURCE_FORK.size()
-        && std::equal(RESOURCE_FORK.begin(), RESOURCE_FORK.end(), name);
-    return isResourceFork ? std::optional(Fork::Resource) : std::nullopt;
-}
-
-OSErr openFile(
-    const FSRef* reference, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum)
+OSErr openFile(const FSRef* reference, UniCharCount forkNameLength, SInt8 permissions, SInt16* refNum)
 {
     if (refNum != nullptr)
         *refNum = kResFileNotOpened;
@@ -149,8 +137,7 @@ OSErr openFile(
     const std::optional<std::string> path = pathOf(reference);
     if (!path)
         return errFSBadFSRef;
-    const std::optional<Fork> fork = forkNamed(forkNameLength, forkName);
-    if (!fork)
+    if (forkNameLength != 0)
         return errFSBadForkName;
     if (permissions != fsCurPerm && permissions != fsRdPerm)
         return permErr;
@@ -158,7 +145,7 @@ OSErr openFile(
         return tmfoErr;
 
     auto file = std::make_unique<ResourceFile>(nextRefNum());
-    const OSErr unread = file->read(*path, *fork);
+    const OSErr unread = file->read(*path);
     if (unread != noErr)
         return unread;
     chain().push_back(std::move(file));
@@ -188,7 +175,7 @@ OSErr FSOpenResourceFile(
     const FSRef* file, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum)
 {
     TracedCall call("FSOpenResourceFile", file, forkNameLength, forkName, permissions, refNum);
-    return call.gives(orMemFull([=] { return openFile(file, forkNameLength, forkName, permissions, refNum); }));
+    return call.gives(orMemFull([=] { return openFile(file, forkNameLength, permissions, refNum); }));
 }
 
 void CloseResFile(SInt16 refNum)

@@ -16,15 +16,16 @@ enum {
     kResFileNotOpened = -1,  // the reference number of no file
 };
 
-/// Opens a fork of `file` as a resource file, puts it at the top of the chain and makes it current.
-/// `forkNameLength` 0 and a null `forkName` name the data fork, "RESOURCE_FORK" the resource fork, which is read from
-/// the AppleDouble file beside it ("._NAME"). A data fork that is itself AppleDouble or AppleSingle is read as such.
-/// Files are only ever read, so `permissions` is fsRdPerm or fsCurPerm. Each opening of a file is one of its own.
+/// Opens the data fork of `file` as a resource file, puts it at the top of the chain and makes it current. Its name is
+/// empty: `forkNameLength` is 0, and `forkName` not looked at. A file here has no other fork, but one that is
+/// AppleDouble or AppleSingle is read as such. Files are only ever read, so `permissions` is fsRdPerm or fsCurPerm.
+/// Each opening of a file is one of its own.
 /// `*refNum` is then the caller's, to be given to CloseResFile; it is kResFileNotOpened after a failure.
-/// Returns noErr; paramErr for a null `file` or `refNum`; errFSBadFSRef; errFSBadForkName; permErr when the file may
-/// not be read or other permissions are asked for; tmfoErr when 256 files are open; fnfErr; ioErr, also for what is no
-/// regular file; errFSForkNotFound when there is no resource fork or it is empty; eofErr when the fork is shorter than
-/// a header; mapReadErr for a corrupt fork, and for one larger than the format can be, which is not read; memFullErr.
+/// Returns noErr; paramErr for a null `file` or `refNum`; errFSBadFSRef; errFSBadForkName for a name that is not empty;
+/// permErr when the file may not be read or other permissions are asked for; tmfoErr when 256 files are open; fnfErr;
+/// ioErr, also for what is no regular file; errFSForkNotFound for AppleDouble without a resource fork;
+/// eofErr when the fork is shorter than a header; mapReadErr for a corrupt fork, and for one larger than the format can
+/// be, which is not read; memFullErr.
 OSErr FSOpenResourceFile(
     const FSRef* file, UniCharCount forkNameLength, const UniChar* forkName, SInt8 permissions, SInt16* refNum);
 

@@ -16,7 +16,6 @@
 
 namespace {
 
-using Toolbox::Fork;
 using Toolbox::readFork;
 
 const Bytes THE_FORK = {'t', 'h', 'e', ' ', 'f', 'o', 'r', 'k'};
@@ -24,20 +23,13 @@ const Bytes THE_FORK = {'t', 'h', 'e', ' ', 'f', 'o', 'r', 'k'};
 class Forks : public testing::Test {
 protected:
     // Writes a file "file" with these bytes and reads the resources in it.
-    OSErr readData(const Bytes& bytes) { return readFork(m_folder.write("file", bytes), Fork::Data, &m_bytes); }
-
-    // Writes "file" and "._file", the latter with these bytes, and reads the resource fork.
-    OSErr readBeside(const Bytes& bytes)
-    {
-        m_folder.write("._file", bytes);
-        return readFork(m_folder.write("file", "data"), Fork::Resource, &m_bytes);
-    }
+    OSErr read(const Bytes& bytes) { return readFork(m_folder.write("file", bytes), &m_bytes); }
 
     const TemporaryFolder m_folder;
     Bytes m_bytes;
 };
 
-TEST_F(Forks, DataForkIsTheFileItself)
+TEST_F(Forks, AreTheFileItself)
 {
     const Bytes appleDouble = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}});
     Bytes otherMagic = appleDouble;
@@ -47,52 +39,36 @@ TEST_F(Forks, DataForkIsTheFileItself)
     const Bytes cut(appleDouble.begin(), appleDouble.begin() + 25);
     for (const Bytes& bytes :
         {Bytes(), Bytes{'x'}, Bytes(26, 'z'), Bytes(100000, 'a'), otherMagic, otherVersion, cut}) {
-        EXPECT_EQ(readData(bytes), noErr);
+        EXPECT_EQ(read(bytes), noErr);
         EXPECT_EQ(m_bytes, bytes);
     }
 }
 
-TEST_F(Forks, DataForkMayBeAppleDoubleOrAppleSingle)
+TEST_F(Forks, AreTheFirstOfTheirKindInAppleDoubleAndAppleSingle)
 {
     for (const unsigned magic : {APPLE_SINGLE, APPLE_DOUBLE}) {
-        const Bytes info(32, 'i');
-        EXPECT_EQ(
-            readData(makeAppleDouble(magic, {{FINDER_INFO_ENTRY, info}, {RESOURCE_FORK_ENTRY, THE_FORK}})), noErr);
+        const TestEntry info = {FINDER_INFO_ENTRY, Bytes(32, 'i')};
+        const TestEntry fork = {RESOURCE_FORK_ENTRY, THE_FORK};
+        const TestEntry other = {RESOURCE_FORK_ENTRY, {'o', 't', 'h', 'e', 'r'}};
+        EXPECT_EQ(read(makeAppleDouble(magic, {info, fork, other})), noErr);
         EXPECT_EQ(m_bytes, THE_FORK);
     }
 }
 
-TEST_F(Forks, ResourceForkIsTheFirstInTheAppleDoubleFileBeside)
+TEST_F(Forks, MayBeMissing)
 {
-    const TestEntry fork = {RESOURCE_FORK_ENTRY, THE_FORK};
-    const TestEntry other = {RESOURCE_FORK_ENTRY, {'o', 't', 'h', 'e', 'r'}};
-    EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, fork, other})), noErr);
-    EXPECT_EQ(m_bytes, THE_FORK);
-}
-
-TEST_F(Forks, ResourceForkMayBeMissing)
-{
-    EXPECT_EQ(readFork(m_folder.write("file", THE_FORK), Fork::Resource, &m_bytes), errFSForkNotFound);
-    EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {})), errFSForkNotFound);
-    EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}})), errFSForkNotFound);
-    EXPECT_EQ(readBeside(makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, {}}})), errFSForkNotFound) << "empty";
-    EXPECT_EQ(readData(makeAppleDouble(APPLE_SINGLE, {{DATA_FORK_ENTRY, THE_FORK}})), errFSForkNotFound);
-}
-
-TEST_F(Forks, FileBesideMustBeAppleDoubleAndIsNothingWithoutTheFile)
-{
-    EXPECT_EQ(readBeside(Bytes(26)), mapReadErr);
-    EXPECT_EQ(readBeside(makeFork({{'CALL', 1, "x"}}).bytes()), mapReadErr);
-    m_folder.write("._other", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}}));
-    EXPECT_EQ(readFork(m_folder / "other", Fork::Resource, &m_bytes), fnfErr);
+    EXPECT_EQ(read(makeAppleDouble(APPLE_DOUBLE, {})), errFSForkNotFound);
+    EXPECT_EQ(read(makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}})), errFSForkNotFound);
+    EXPECT_EQ(read(makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, {}}})), errFSForkNotFound) << "empty";
+    EXPECT_EQ(read(makeAppleDouble(APPLE_SINGLE, {{DATA_FORK_ENTRY, THE_FORK}})), errFSForkNotFound);
 }
 
 TEST_F(Forks, AppleDoubleIsRefusedWhereverItIsCut)
 {
     const Bytes good = makeAppleDouble(APPLE_DOUBLE, {{FINDER_INFO_ENTRY, Bytes(32)}, {RESOURCE_FORK_ENTRY, THE_FORK}});
-    for (std::size_t length = 0; length < good.size(); ++length) {
+    for (std::size_t length = 26; length < good.size(); ++length) {
         const Bytes cut(good.begin(), good.begin() + std::ptrdiff_t(length));
-        EXPECT_EQ(readBeside(cut), length < 26 ? int(eofErr) : int(mapReadErr)) << length;
+        EXPECT_EQ(read(cut), mapReadErr) << length;
     }
 }
 
@@ -119,8 +95,7 @@ TEST_F(Forks, EntryMustLieInTheFile)
     for (const auto& [name, position, width, value, result] : ENTRY_CASES) {
         Bytes file = makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}});
         setNumber(file, position, width, value);
-        EXPECT_EQ(readBeside(file), result) << name;
-        EXPECT_EQ(readData(file), result) << name;
+        EXPECT_EQ(read(file), result) << name;
     }
 }
 
@@ -135,12 +110,12 @@ std::string writeHole(const TemporaryFolder& folder, std::uintmax_t length)
 TEST_F(Forks, ForkMayBeAsLargeAsTheFormatCanBeAndIsElseRefusedUnread)
 {
     EXPECT_EQ(Toolbox::MAX_FORK_LENGTH, 0x100u + 0x1000000u + 0x100000u);
-    EXPECT_EQ(readFork(writeHole(m_folder, Toolbox::MAX_FORK_LENGTH), Fork::Data, &m_bytes), noErr);
+    EXPECT_EQ(readFork(writeHole(m_folder, Toolbox::MAX_FORK_LENGTH), &m_bytes), noErr);
     EXPECT_EQ(m_bytes.size(), Toolbox::MAX_FORK_LENGTH);
     for (const std::uintmax_t length : {std::uintmax_t(Toolbox::MAX_FORK_LENGTH) + 1, std::uintmax_t(1) << 31,
              std::uintmax_t(1) << 32, std::uintmax_t(1) << 40}) {
         m_bytes.clear();
-        EXPECT_EQ(readFork(writeHole(m_folder, length), Fork::Data, &m_bytes), mapReadErr) << length;
+        EXPECT_EQ(readFork(writeHole(m_folder, length), &m_bytes), mapReadErr) << length;
         EXPECT_TRUE(m_bytes.empty()) << length;
     }
 }
@@ -154,7 +129,7 @@ TEST_F(Forks, ForkInALargeFileMayNotBeLargerThanTheFormatCanBe)
         setNumber(file, 34, 4, length);
         const std::string path = m_folder.write("large", file);
         std::filesystem::resize_file(path, std::uintmax_t(1) << 33);
-        ASSERT_EQ(readFork(path, Fork::Data, &m_bytes), result) << length;
+        ASSERT_EQ(readFork(path, &m_bytes), result) << length;
         EXPECT_TRUE(result != noErr || m_bytes.size() == length) << length;
         EXPECT_TRUE(result != noErr || std::equal(THE_FORK.begin(), THE_FORK.end(), m_bytes.begin())) << length;
     }
@@ -165,16 +140,10 @@ TEST_F(Forks, OnlyRegularFilesThatCanBeReadHaveForks)
     const std::string folder = m_folder.makeFolder("folder");
     const std::string pipe = m_folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    const std::string file = m_folder.write("file", THE_FORK);
     const std::string unreadable = "/proc/self/mem";  // looks like a regular file and cannot be read at 0
-    for (const std::string& wrong : {folder, pipe, std::string("/dev/zero"), unreadable}) {
-        EXPECT_EQ(readFork(wrong, Fork::Data, &m_bytes), ioErr);
-        EXPECT_EQ(readFork(wrong, Fork::Resource, &m_bytes), wrong == unreadable ? int(errFSForkNotFound) : int(ioErr));
-        std::filesystem::create_symlink(wrong, m_folder / "._file");
-        EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), ioErr);
-        std::filesystem::remove(m_folder / "._file");
-    }
-    EXPECT_EQ(readFork(m_folder / "missing", Fork::Data, &m_bytes), fnfErr);
+    for (const std::string& wrong : {folder, pipe, std::string("/dev/zero"), unreadable})
+        EXPECT_EQ(readFork(wrong, &m_bytes), ioErr);
+    EXPECT_EQ(readFork(m_folder / "missing", &m_bytes), fnfErr);
 }
 
 // The superuser may read everything, so that the process becomes nobody while this lives.
@@ -198,15 +167,11 @@ TEST_F(Forks, UnreadableFileIsNotPermitted)
 {
     const std::string secret = m_folder.write("secret", THE_FORK);
     const std::string file = m_folder.write("file", THE_FORK);
-    m_folder.write("._file", makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, THE_FORK}}));
     std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0755));
     std::filesystem::permissions(secret, std::filesystem::perms::none);
-    std::filesystem::permissions(m_folder / "._file", std::filesystem::perms::none);
     const OrdinaryUser user;
-    EXPECT_EQ(readFork(file, Fork::Data, &m_bytes), noErr);
-    EXPECT_EQ(readFork(secret, Fork::Data, &m_bytes), permErr);
-    EXPECT_EQ(readFork(secret, Fork::Resource, &m_bytes), permErr);
-    EXPECT_EQ(readFork(file, Fork::Resource, &m_bytes), permErr);
+    EXPECT_EQ(readFork(file, &m_bytes), noErr);
+    EXPECT_EQ(readFork(secret, &m_bytes), permErr);
 }
 
 }  // namespace

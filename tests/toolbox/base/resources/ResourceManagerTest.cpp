@@ -36,14 +36,11 @@ protected:
 
     FSRef write(const std::vector<TestResource>& resources) { return write(makeFork(resources).bytes()); }
 
-    // Whether the fork of this name can be opened; it must have a number then.
-    OSErr tryToOpen(const FSRef* file, const std::string& fork = "", int permissions = fsRdPerm)
+    // Whether the file can be opened; it must have a number then.
+    OSErr tryToOpen(const FSRef* file, int permissions = fsRdPerm)
     {
-        std::vector<UniChar> name(fork.begin(), fork.end());
-        name.push_back(0);
         m_last = 0;
-        const OSErr result =
-            FSOpenResourceFile(file, UniCharCount(fork.size()), name.data(), SInt8(permissions), &m_last);
+        const OSErr result = FSOpenResourceFile(file, 0, nullptr, SInt8(permissions), &m_last);
         EXPECT_EQ(m_last == kResFileNotOpened, result != noErr);
         if (result == noErr)
             m_open.insert(m_last);
@@ -218,18 +215,13 @@ TEST_F(ResourceManager, OpensNoMoreThan256Files)
     EXPECT_EQ(tryToOpen(&file), tmfoErr);
 }
 
-TEST_F(ResourceManager, OpensTheResourceForkByItsNameAndKnowsNoOther)
+TEST_F(ResourceManager, KnowsNoForkByName)
 {
-    const FSRef file = write({{'CALL', 1, "data fork"}});
-    m_folder.write("._file0",
-        makeAppleDouble(APPLE_DOUBLE, {{RESOURCE_FORK_ENTRY, makeFork({{'CALL', 1, "resource fork"}}).bytes()}}));
-    EXPECT_EQ(tryToOpen(&file, "RESOURCE_FORK"), noErr);
-    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "resource fork");
-    EXPECT_EQ(tryToOpen(&file, ""), noErr);
-    EXPECT_EQ(dataOf(GetResource('CALL', 1)), "data fork");
-    for (const char* const name : {"R", "RESOURCE_FOR", "RESOURCE_FORKS", "resource_fork", "DATA_FORK"})
-        EXPECT_EQ(tryToOpen(&file, name), errFSBadForkName) << name;
+    const FSRef file = write({{'CALL', 1, "one"}});
+    const std::u16string name = u"RESOURCE_FORK";
     SInt16 refNum = 0;
+    EXPECT_EQ(FSOpenResourceFile(&file, 1, reinterpret_cast<const UniChar*>(name.data()), fsRdPerm, &refNum),
+        errFSBadForkName);
     EXPECT_EQ(FSOpenResourceFile(&file, 13, nullptr, fsRdPerm, &refNum), errFSBadForkName);
     EXPECT_EQ(refNum, kResFileNotOpened);
 }
@@ -239,7 +231,7 @@ TEST_F(ResourceManager, OpensFilesForReadingOnly)
     const FSRef file = write({{'CALL', 1, "one"}});
     for (int permissions = -128; permissions <= 127; ++permissions) {
         const bool isReading = permissions == fsCurPerm || permissions == fsRdPerm;
-        EXPECT_EQ(tryToOpen(&file, "", permissions), isReading ? int(noErr) : int(permErr)) << permissions;
+        EXPECT_EQ(tryToOpen(&file, permissions), isReading ? int(noErr) : int(permErr)) << permissions;
     }
 }
 
