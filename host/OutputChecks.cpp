@@ -74,17 +74,18 @@ void checkThatNothingIsSpoiled(const Options& options)
         if (!file)
             continue;
         checkThatStreamsStay(written.option, *file);
-        const auto refuse = [&](const std::string& where) {
+        const auto refuse = [&](const std::string& which) {
             throw Problem(ExitStatus::NotDone,
-                std::string(written.option) + " names a file inside " + where + ", '" + *file
-                    + "'; nothing is written there");
+                std::string(written.option) + " names a file " + which + ", '" + *file + "'; nothing is written there");
         };
         for (const NamedFile& bundle : {APPLICATION, EXTERNAL}) {
             if (const auto& folder = options.*bundle.name; folder && holds(*folder, *file))
-                refuse(bundle.option);
+                refuse(std::string("inside ") + bundle.option);
         }
-        if (holds(supportFolder(), *file) || isLoaded(*file))
-            refuse("the host's own folders");
+        if (holds(supportFolder(), *file))
+            refuse("inside the host's own folders");
+        if (isLoaded(*file))
+            refuse("that the host has loaded");
     }
 }
 
