@@ -5,6 +5,8 @@
 #include "host/Record.h"
 #include "host/WrittenFiles.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <utility>
 
@@ -106,6 +108,8 @@ void settleOutputs(Options& options)
         if (file)
             file = fs::absolute(*file).string();
     }
+    if (options.traceFile && access((fs::path(*options.traceFile).parent_path() / "").c_str(), X_OK) != 0)
+        throw Problem(ExitStatus::NotDone, notWritten("trace", *options.traceFile, lastError()));
 }
 
 }  // namespace Host

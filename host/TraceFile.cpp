@@ -1,6 +1,7 @@
 #include "host/TraceFile.h"
 
 #include "host/Messages.h"
+#include "host/WrittenFiles.h"
 
 #include <fcntl.h>
 
@@ -15,8 +16,7 @@ namespace fs = std::filesystem;
 
 Problem traceFailure(const fs::path& file, int error)
 {
-    return Problem(ExitStatus::NotDone,
-        "cannot write the trace into '" + file.string() + "': " + std::generic_category().message(error));
+    return Problem(ExitStatus::NotDone, notWritten("trace", file, std::generic_category().message(error)));
 }
 
 // Null, with the reason in errno, also for a pipe that nobody reads: opening that would wait for a reader.

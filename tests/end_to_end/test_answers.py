@@ -121,13 +121,13 @@ class Defaults(HostTest):
 
     def test_a_trace_that_cannot_be_written_is_told_and_the_answer_stands(self):
         outcome = unattended("--trace-file", "/dev/full", answers=["ok", "cancel"])
-        self.assert_answers(outcome, NOT_DONE, "cannot write the trace into '/dev/full': No space left on device",
+        self.assert_answers(outcome, NOT_DONE, "cannot save the trace in '/dev/full': No space left on device",
                             "the answer 'cancel' was not needed")
         self.assertIn("English (0) was written to the record.", outcome.output)
 
     def test_without_its_trace_file_no_call_is_made(self):
         outcome = unattended("--trace-file", self.folder, "--write-record", self.folder / "record")
-        self.assert_fails(outcome, NOT_DONE, f"cannot write the trace into '{self.folder}': Is a directory")
+        self.assert_fails(outcome, NOT_DONE, f"cannot save the trace in '{self.folder}': Is a directory")
         self.assertFalse((self.folder / "record").exists())
 
 

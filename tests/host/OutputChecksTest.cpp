@@ -87,6 +87,9 @@ TEST(Outputs, AreNamedFromTheRootAndMayWriteTheRecordOver)
     EXPECT_EQ(options.picture, folder / "a picture");
     EXPECT_EQ(options.traceFile, folder / "a trace");
     EXPECT_EQ(options.record, "a record") << "it is read before the call";
+    options.traceFile = "missing/trace";
+    EXPECT_EQ(problemWith(options),
+        "cannot save the trace in '" + (folder / *options.traceFile).string() + "': No such file or directory");
 }
 
 TEST(Outputs, ReplaceNothingByARecordThatCanBeNone)
