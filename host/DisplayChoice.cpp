@@ -11,52 +11,38 @@ namespace Host {
 
 namespace {
 
-DisplayKind displayHere()
-{
-    if (Toolbox::ScreenAnswers())
-        return DisplayKind::Window;
-    return Toolbox::TerminalAnswers() ? DisplayKind::Terminal : DisplayKind::Unattended;
-}
-
-DisplayKind displayFor(const Options& options)
-{
-    if (options.display)
-        return *options.display;
-    return options.answers.empty() ? displayHere() : DisplayKind::Unattended;
-}
-
-void useWindow()
-{
-    std::string reason;
-    if (!Toolbox::UseScreenDisplay(&reason))
-        throw Problem(ExitStatus::NotDone, "cannot open a window: " + reason);
-}
-
-void useTerminal()
+bool useTerminalIfAny()
 {
     if (!Toolbox::TerminalAnswers())
-        throw Problem(ExitStatus::NotDone, "cannot ask on the terminal: the process has none, or is in the background");
+        return false;
     // A terminal that goes away while it asks is noticed by what it answers, and then said.
     std::signal(SIGHUP, SIG_IGN);
     Toolbox::UseTerminalDisplay();
+    return true;
+}
+
+void useDisplay(DisplayKind kind, const Options& options)
+{
+    std::string reason;
+    if (kind == DisplayKind::Window && !Toolbox::UseScreenDisplay(&reason))
+        throw Problem(ExitStatus::NotDone, "cannot open a window: " + reason);
+    if (kind == DisplayKind::Terminal && !useTerminalIfAny())
+        throw Problem(ExitStatus::NotDone, "cannot ask on the terminal: the process has none, or is in the background");
+    if (kind == DisplayKind::Unattended)
+        Toolbox::UseUnattendedDisplay(stepsOf(options.answers));
 }
 
 }  // namespace
 
 DisplayKind chooseDisplay(const Options& options)
 {
-    const DisplayKind kind = displayFor(options);
-    switch (kind) {
-    case DisplayKind::Window:
-        useWindow();
-        break;
-    case DisplayKind::Terminal:
-        useTerminal();
-        break;
-    case DisplayKind::Unattended:
-        Toolbox::UseUnattendedDisplay(stepsOf(options.answers));
-        break;
-    }
+    const bool anyWillDo = !options.display && options.answers.empty();
+    if (anyWillDo && Toolbox::UseScreenDisplayIfAny())
+        return DisplayKind::Window;
+    if (anyWillDo && useTerminalIfAny())
+        return DisplayKind::Terminal;
+    const DisplayKind kind = options.display.value_or(DisplayKind::Unattended);
+    useDisplay(kind, options);
     return kind;
 }
 

@@ -69,11 +69,11 @@ class ScreenThatNoticesOnly:
 class XServer:
     """An X server without a screen to look at."""
 
-    def __init__(self, *options):
+    def __init__(self, *options, stderr=subprocess.DEVNULL):
         reader, writer = os.pipe()
         self.process = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24", "-nolisten", "tcp", *options],
-            pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=stderr)
         os.close(writer)
         with os.fdopen(reader) as number:  # which the server writes when it is ready
             self.display = ":" + number.readline().strip()

@@ -160,6 +160,15 @@ class InAWindow(HostTest):
         outcome = run("--display", "window", variables={"DISPLAY": refusing.display, "XAUTHORITY": "/dev/null"})
         self.assert_fails(outcome, NOT_DONE, f"cannot open a window: no screen answers at DISPLAY={refusing.display}")
 
+    def test_it_is_tried_once(self):
+        log = self.folder / "log"
+        with log.open("w") as file:
+            server = XServer("-audit", "4", stderr=file)
+        self.addCleanup(server.close)
+        with started(DISPLAY=server.display) as process:
+            self.assertTrue(comes_true(lambda: "pid=" in log.read_text() and f"pid={caller_in(process)} " in log.read_text()))
+        self.assertEqual(log.read_text().count(" connected"), 2, "to try it, and for the window")
+
     def test_nothing_is_remembered(self):
         folders = {name: str(self.folder) for name in
                    ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR")}

@@ -17,8 +17,7 @@ void ToolboxSetFrameworksFolder(const char* folder)
 
 Boolean ToolboxAskTheUser()
 {
-    std::string problem;
-    if (Toolbox::ScreenAnswers() && Toolbox::UseScreenDisplay(&problem))
+    if (Toolbox::UseScreenDisplayIfAny())
         return true;
     if (!Toolbox::TerminalAnswers())
         return false;

@@ -19,16 +19,17 @@
 #include <cerrno>
 #include <csignal>
 #include <ctime>
+#include <optional>
 #include <utility>
 
 namespace Toolbox {
 
 namespace {
 
-// In looks, of which there are eight in a second.
-constexpr int LOOK = 125;  // milliseconds
-constexpr int LONGEST_SILENCE = 2 * 8;
-constexpr int LONGEST_TRIAL = 60 * 8;
+// Whether a trial has answered is looked at every LOOK milliseconds. These limits are numbers of such looks.
+constexpr int LOOK = 125;
+constexpr int LONGEST_SILENCE = 2'000 / LOOK;
+constexpr int LONGEST_TRIAL = 60'000 / LOOK;
 
 // In a process of its own: writes one byte to `answer` when Qt could start. Says nothing, leaves no core file, and does
 // not outlive its parent.
@@ -102,6 +103,21 @@ QString whatIsMissing()
         + (lacksPlugIn ? QStringLiteral("; for Wayland, Qt needs the package qt6-wayland") : QString());
 }
 
+// The platform on which windows can be shown: the one that the user's QT_QPA_PLATFORM names, else Wayland where there
+// is a session of it, else X. Nothing, with the reason in `*problem`, when none answers.
+std::optional<QByteArray> answeringPlatform(QString* problem)
+{
+    if (QCoreApplication::instance() != nullptr) {  // there can only be one, and this one is somebody else's
+        *problem = QStringLiteral("the process has an application without a screen");
+        return QCoreApplication::instance()->inherits("QGuiApplication") ? std::optional(QByteArray()) : std::nullopt;
+    }
+    for (const QByteArray& each : namedPlatforms())
+        if (platformAnswers(each))
+            return each;
+    *problem = whatIsMissing();
+    return std::nullopt;
+}
+
 }  // namespace
 
 bool platformAnswers(const QByteArray& platform)
@@ -124,28 +140,6 @@ bool platformAnswers(const QByteArray& platform)
     return answered;
 }
 
-std::optional<QByteArray> answeringPlatform(QString* problem)
-{
-    if (QCoreApplication::instance() != nullptr) {  // there can only be one, and this one is somebody else's
-        *problem = QStringLiteral("the process has an application without a screen");
-        return QCoreApplication::instance()->inherits("QGuiApplication") ? std::optional(QByteArray()) : std::nullopt;
-    }
-    for (const QByteArray& each : namedPlatforms())
-        if (platformAnswers(each))
-            return each;
-    *problem = whatIsMissing();
-    return std::nullopt;
-}
-
-bool ScreenAnswers()
-{
-    QString problem;
-    const bool answers = answeringPlatform(&problem).has_value();
-    if (!answers && !namedPlatforms().isEmpty())  // or nobody has spoken of a screen
-        remark(problem.toStdString());
-    return answers;
-}
-
 bool UseScreenDisplay(std::string* problem)
 {
     QString reason;
@@ -157,6 +151,15 @@ bool UseScreenDisplay(std::string* problem)
     }
     setCurrentDisplay(library->makeDisplay(*platform));
     return true;
+}
+
+bool UseScreenDisplayIfAny()
+{
+    std::string problem;
+    const bool isUsed = UseScreenDisplay(&problem);
+    if (!isUsed && !namedPlatforms().isEmpty())  // or nobody has spoken of a screen
+        remark(problem);
+    return isUsed;
 }
 
 }  // namespace Toolbox

@@ -20,19 +20,18 @@ struct Answer {
     UInt32 value;
 };
 
-/// Whether there is a screen that is seen and answers: the platform that QT_QPA_PLATFORM names, else a Wayland or an X
-/// display. A screen is tried in a process of its own, so that nothing that is wrong with it ends this one. A display
-/// that lets it wait for two seconds, or that refuses this user, does not answer. One that is named and does not answer
-/// is remarked upon in the report.
-bool ScreenAnswers();
-
 /// Whether there is a terminal to ask on: the process has one, whatever its standard streams are, and is not in the
 /// background, where it could not read from it.
 bool TerminalAnswers();
 
-/// Shows everything on the screen from now on. False when there is no screen, or no library for it, with the reason in
-/// `*problem`.
+/// Shows everything on the screen from now on: the platform that QT_QPA_PLATFORM names, else a Wayland or an X display.
+/// False when there is none that is seen and answers, or no library for it, with the reason in `*problem`. A screen is
+/// tried in a process of its own, so that nothing that is wrong with it ends this one. A display that lets it wait for
+/// two seconds, or that refuses this user, does not answer.
 bool UseScreenDisplay(std::string* problem);
+
+/// The same where any display will do: why one that is named cannot be used is remarked upon in the report.
+bool UseScreenDisplayIfAny();
 
 /// Asks on the terminal from now on. Return confirms a window as it stands; a number or a name chooses; "cancel", the
 /// end of input and a terminal that closes cancel it. Alerts are answered in the same way.

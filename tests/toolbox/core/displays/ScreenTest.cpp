@@ -60,7 +60,7 @@ TEST_F(Screen, DoesNotAnswerWhereTheOneThatIsNamedDoesNot)
         for (const auto& [variable, value] : variables)
             setenv(variable, value, 1);
         testing::internal::CaptureStderr();
-        EXPECT_FALSE(Toolbox::ScreenAnswers());
+        EXPECT_FALSE(Toolbox::UseScreenDisplayIfAny());
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
         EXPECT_EQ(nextDescriptor(), nextBefore) << "a file is left open";
         nameNoScreen();
@@ -91,15 +91,13 @@ TEST_F(Screen, IsThatOfTheApplicationThatTheProcessHasIfItHasOne)
     char* arguments[] = {name, nullptr};
     {
         const QCoreApplication withoutScreen(count, arguments);
-        EXPECT_FALSE(Toolbox::ScreenAnswers());
+        EXPECT_FALSE(Toolbox::UseScreenDisplayIfAny());
     }
     const Person person({press(Qt::Key_Return)});
     const QApplication application(count, arguments);
     unsetenv("QT_QPA_PLATFORM");
-    EXPECT_TRUE(Toolbox::ScreenAnswers());
+    EXPECT_TRUE(Toolbox::UseScreenDisplayIfAny());
     EXPECT_TRUE(ToolboxAskTheUser());
-    std::string problem;
-    ASSERT_TRUE(Toolbox::UseScreenDisplay(&problem)) << problem;
     EXPECT_EQ(Dialog().run(), "ended: ok");
     EXPECT_EQ(QCoreApplication::instance(), &application);
 }
