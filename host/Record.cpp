@@ -67,15 +67,6 @@ std::vector<std::uint8_t> read(const fs::path& file)
     return bytes;
 }
 
-bool isRecord(const fs::path& file)
-{
-    try {
-        return isLanguageCode(Record::load(file).block().currentLanguage);
-    } catch (const Problem&) {
-        return false;
-    }
-}
-
 }  // namespace
 
 Record::Record()
@@ -102,7 +93,9 @@ void Record::checkThatItReplaces(const std::filesystem::path& file)
 {
     std::error_code isNone;
     const std::uintmax_t size = std::filesystem::file_size(file, isNone);
-    if (!isNone && size != 0 && !isRecord(file))
+    if (isNone || size == 0)
+        return;
+    if (size < sizeof(ExternParmBlock) || size > LARGEST || !isLanguageCode(load(file).block().currentLanguage))
         throw Problem(ExitStatus::NotDone,
             notWritten("record", file, "what is there is no record; name another file, or remove this one"));
 }

@@ -23,7 +23,7 @@ public:
     static Record load(const std::filesystem::path& file);
 
     /// Throws Problem when `file` is there and neither empty nor a record, as far as its size and its current
-    /// language tell.
+    /// language tell, or cannot be read.
     static void checkThatItReplaces(const std::filesystem::path& file);
 
     /// Saves the record and its tail in `file`, whole or not at all: what was there before stays until all is written.

@@ -92,6 +92,10 @@ class RecordFiles(HostTest):
                                       f"cannot save the {name} in '{target}': {reason}")
                     self.assertEqual(target.read_bytes(), record())
                 target.rename(file)
+        os.chmod(self.folder, 0o777)
+        os.chmod(file, 0o222)
+        self.assert_fails(self.as_nobody(host, "--write-record", file), NOT_DONE,
+                          f"cannot read the record '{file}': Permission denied")
 
 
 class Applications(HostTest):
