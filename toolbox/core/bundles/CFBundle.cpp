@@ -43,9 +43,7 @@ CFURLRef copyResourceURL(const Bundle* bundle, CFStringRef name, CFStringRef typ
 {
     if (bundle == nullptr || !isOptionalString(type) || !isOptionalString(subfolder))
         return nullptr;
-    const fs::path path = bundle->findResource(textOf(name), textOf(type), textOf(subfolder), resourceLanguages());
-    std::error_code missing;
-    return createURL(path, fs::is_directory(path, missing));
+    return createURL(bundle->findResource(textOf(name), textOf(type), textOf(subfolder), resourceLanguages()));
 }
 
 }  // namespace
@@ -129,5 +127,5 @@ CFURLRef CFBundleCopyBuiltInPlugInsURL(CFBundleRef bundle)
 {
     TracedCall call("CFBundleCopyBuiltInPlugInsURL", bundle);
     const auto* const found = findObject<Bundle>(bundle);
-    return call.gives(found == nullptr ? nullptr : createURL(found->builtInPlugIns(), true));
+    return call.gives(found == nullptr ? nullptr : createURL(found->builtInPlugIns()));
 }

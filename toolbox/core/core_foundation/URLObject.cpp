@@ -24,16 +24,15 @@ std::filesystem::path withoutSlashAtEnd(const std::filesystem::path& path)
 
 }  // namespace
 
-URLObject::URLObject(const std::filesystem::path& path, bool isFolder)
+URLObject::URLObject(const std::filesystem::path& path)
     : m_path(withoutSlashAtEnd(path))
-    , m_isFolder(isFolder)
 {
 }
 
 bool URLObject::equals(const CFObject& other) const
 {
     const auto* const url = dynamic_cast<const URLObject*>(&other);
-    return url != nullptr && url->m_path.native() == m_path.native() && url->m_isFolder == m_isFolder;
+    return url != nullptr && url->m_path.native() == m_path.native();
 }
 
 std::string URLObject::traceName() const
@@ -41,9 +40,9 @@ std::string URLObject::traceName() const
     return quoted(QString::fromStdString(m_path.native()));
 }
 
-CFURLRef createURL(const std::filesystem::path& path, bool isFolder)
+CFURLRef createURL(const std::filesystem::path& path)
 {
-    return path.empty() ? nullptr : referenceTo<CFURLRef>(*new URLObject(path, isFolder));
+    return path.empty() ? nullptr : referenceTo<CFURLRef>(*new URLObject(path));
 }
 
 namespace {
@@ -51,17 +50,16 @@ namespace {
 CFURLRef createFromReference(const FSRef* file)
 {
     const std::optional<std::string> path = pathOf(file);
-    std::error_code unreachable;
-    return path.has_value() ? createURL(*path, fs::is_directory(*path, unreachable)) : nullptr;
+    return path.has_value() ? createURL(*path) : nullptr;
 }
 
-CFURLRef createFromPath(const std::string& path, bool isFolder)
+CFURLRef createFromPath(const std::string& path)
 {
     if (path.find('\0') != std::string::npos)
         return nullptr;
     std::error_code noWorkingDirectory;
     const fs::path absolute = fs::absolute(path, noWorkingDirectory);
-    return noWorkingDirectory ? nullptr : createURL(absolute, isFolder);
+    return noWorkingDirectory ? nullptr : createURL(absolute);
 }
 
 // As texts: a path object would take a component that begins with a slash for another absolute path.
@@ -71,13 +69,13 @@ std::string joined(const std::string& folder, const std::string& name)
     return (folder == "/" ? "" : folder) + (needsSlash ? "/" : "") + name;
 }
 
-CFURLRef createWithComponent(const URLObject* url, CFStringRef component, bool isFolder)
+CFURLRef createWithComponent(const URLObject* url, CFStringRef component)
 {
     const auto* const string = findObject<StringObject>(component);
     if (url == nullptr || string == nullptr)
         return nullptr;
     const std::optional<std::string> name = fileName(string->text());
-    return name.has_value() ? createURL(joined(url->path(), *name), isFolder) : nullptr;
+    return name.has_value() ? createURL(joined(url->path(), *name)) : nullptr;
 }
 
 Boolean copyPath(const URLObject* url, UInt8* path, CFIndex size)
@@ -119,14 +117,14 @@ CFURLRef CFURLCreateFromFileSystemRepresentation(
     if (path == nullptr || length <= 0)
         return call.gives<CFURLRef>(nullptr);
     const std::string text(reinterpret_cast<const char*>(path), static_cast<std::size_t>(length));
-    return call.gives(createFromPath(text, isFolder != 0));
+    return call.gives(createFromPath(text));
 }
 
 CFURLRef CFURLCreateCopyAppendingPathComponent(
     CFAllocatorRef allocator, CFURLRef url, CFStringRef component, Boolean isFolder)
 {
     TracedCall call("CFURLCreateCopyAppendingPathComponent", allocator, url, component, isFolder);
-    return call.gives(createWithComponent(findObject<URLObject>(url), component, isFolder != 0));
+    return call.gives(createWithComponent(findObject<URLObject>(url), component));
 }
 
 Boolean CFURLGetFileSystemRepresentation(CFURLRef url, Boolean resolve, UInt8* path, CFIndex size)

@@ -13,13 +13,13 @@ namespace Toolbox {
 
 class URLObject : public CFObject {
 public:
-    /// The URL of `path`, which is absolute; of a folder if `isFolder`. Nobody looks whether it is there.
-    URLObject(const std::filesystem::path& path, bool isFolder);
+    /// The URL of `path`, which is absolute. Nobody looks whether it is there.
+    explicit URLObject(const std::filesystem::path& path);
 
     /// The path, without a slash at its end (but for the root's).
     const std::filesystem::path& path() const { return m_path; }
 
-    /// Whether `other` names the same path as the same kind of thing.
+    /// Whether `other` names the same path.
     bool equals(const CFObject& other) const override;
 
     /// The path, quoted.
@@ -27,11 +27,10 @@ public:
 
 private:
     const std::filesystem::path m_path;
-    const bool m_isFolder;
 };
 
 /// A new URL, the caller's, of `path`; null for an empty path.
-CFURLRef createURL(const std::filesystem::path& path, bool isFolder);
+CFURLRef createURL(const std::filesystem::path& path);
 
 }  // namespace Toolbox
 

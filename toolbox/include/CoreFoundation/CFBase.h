@@ -22,7 +22,8 @@ extern const CFAllocatorRef kCFAllocatorSystemDefault;
 /// The platform ends the process for null; here null and wrong references are left as they are.
 void CFRelease(CFTypeRef object);
 
-/// Whether two objects are the same or, of one type, hold the same. False for null and wrong references.
+/// Whether two objects are the same, or are strings of one text or URLs of one path. False for null and wrong
+/// references.
 Boolean CFEqual(CFTypeRef first, CFTypeRef second);
 CARBON_FUNCTIONS_END
 

@@ -16,8 +16,8 @@ CFURLRef CFURLCreateFromFSRef(CFAllocatorRef allocator, const FSRef* file);
 /// A reference to what is at `url` in `*file`. False when nothing is there, for a wrong URL and for null.
 Boolean CFURLGetFSRef(CFURLRef url, FSRef* file);
 
-/// The URL of the path in the `length` bytes at `path`, UTF-8. The disk is not looked at, so `isFolder` says what it
-/// is, and ".." stays; slashes at the end are dropped. A path that is not absolute is taken from the working directory
+/// The URL of the path in the `length` bytes at `path`, UTF-8. The disk is not looked at, so ".." stays; slashes at the
+/// end are dropped, so `isFolder` makes no difference. A path that is not absolute is taken from the working directory
 /// of this moment. Null for null, an empty path, or one that holds a zero byte. The caller's.
 CFURLRef CFURLCreateFromFileSystemRepresentation(
     CFAllocatorRef allocator, const UInt8* path, CFIndex length, Boolean isFolder);

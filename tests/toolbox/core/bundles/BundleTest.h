@@ -48,7 +48,7 @@ inline void makeBundle(const fs::path& folder, const std::string& entries)
 /// The bundle in `folder`, the caller's.
 inline CFBundleRef createBundle(const fs::path& folder)
 {
-    return CFBundleCreate(nullptr, Owned(makeURL(folder, true)));
+    return CFBundleCreate(nullptr, Owned(makeURL(folder)));
 }
 
 /// A test with a folder of its own.

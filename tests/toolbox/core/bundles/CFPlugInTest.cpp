@@ -83,7 +83,7 @@ std::vector<std::string> factoriesOf(const std::string& type, CFPlugInRef plugIn
 
 CFPlugInRef createPlugIn(const fs::path& folder)
 {
-    return CFPlugInCreate(nullptr, Owned(makeURL(folder, true)));
+    return CFPlugInCreate(nullptr, Owned(makeURL(folder)));
 }
 
 // The datum `name` of the plug-in's code.

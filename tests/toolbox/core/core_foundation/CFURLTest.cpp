@@ -82,7 +82,7 @@ const std::tuple<const char*, const char*, const char*, const char*> COMPONENT_C
 TEST_F(CFURL, TakesAComponentWithASlashWhereOneIsNeeded)
 {
     for (const auto& [name, base, component, path] : COMPONENT_CASES) {
-        const Owned url = makeURL(base, true);
+        const Owned url = makeURL(base);
         const Owned string = makeString(component);
         EXPECT_EQ(takePath(CFURLCreateCopyAppendingPathComponent(nullptr, url, string, false)), path) << name;
     }
@@ -124,25 +124,23 @@ TEST_F(CFURL, GivesItsPathOnlyIntoABufferThatHoldsAllOfIt)
     EXPECT_EQ(path[5], 'x');
 }
 
-TEST_F(CFURL, IsEqualToAnotherOfTheSamePathAndKind)
+TEST_F(CFURL, IsEqualToAnotherOfTheSamePath)
 {
     const Owned url = makeURL("/a");
     const Owned same = makeURL("/a/");
-    const Owned folder = makeURL("/a", true);
     const Owned other = makeURL("/b");
     EXPECT_TRUE(CFEqual(url, same));
-    EXPECT_FALSE(CFEqual(url, folder));
     EXPECT_FALSE(CFEqual(url, other));
 }
 
 TEST_F(CFURL, ComesFromAReferenceToAFileOrFolderAndGoesBackToOne)
 {
     std::ofstream(m_folder / "file") << "content";
-    for (const auto& [path, isFolder] : {std::pair(m_folder / "file", false), {m_folder.path(), true}}) {
+    for (const fs::path& path : {m_folder / "file", m_folder.path()}) {
         FSRef reference;
         ASSERT_EQ(Toolbox::makeFileReference(path, &reference), noErr);
         const Owned url = CFURLCreateFromFSRef(kCFAllocatorSystemDefault, &reference);
-        EXPECT_TRUE(CFEqual(url, Owned(makeURL(path, isFolder)))) << path;
+        EXPECT_TRUE(CFEqual(url, Owned(makeURL(path)))) << path;
         FSRef again;
         ASSERT_TRUE(CFURLGetFSRef(url, &again));
         EXPECT_EQ(Toolbox::pathOf(&again), path.string());

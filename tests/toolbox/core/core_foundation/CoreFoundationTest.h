@@ -46,10 +46,10 @@ inline CFStringRef makeString(const char* text)
 }
 
 /// The URL of `path`, the caller's.
-inline CFURLRef makeURL(const std::string& path, bool isFolder = false)
+inline CFURLRef makeURL(const std::string& path)
 {
     return CFURLCreateFromFileSystemRepresentation(
-        nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), isFolder);
+        nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true);
 }
 
 /// The path of `url`, which is released; empty for null.

@@ -31,7 +31,7 @@ TEST(TraceNames, AreTextsAndPaths)
     auto* const string = new Toolbox::StringObject(QStringLiteral("text"));
     EXPECT_EQ(string->traceName(), "\"text\"");
     string->release();
-    auto* const url = new Toolbox::URLObject("/a folder/file\n", false);
+    auto* const url = new Toolbox::URLObject("/a folder/file\n");
     EXPECT_EQ(url->traceName(), "\"/a folder/file\\u000a\"");
     url->release();
 }
