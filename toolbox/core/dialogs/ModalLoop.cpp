@@ -44,7 +44,7 @@ OSStatus runModalLoop(WindowRef ref)
     if (findLoop(ref) != nullptr)
         return windowAppModalStateAlreadyExistsErr;
 
-    window->wasRun = window->visible;
+    window->wasRun = window->wasRun || window->visible;
     const InnermostLoop loop(ref);
     currentReport().windowShown = currentReport().windowShown || window->visible;
     QString problem = QStringLiteral("the window is not shown");

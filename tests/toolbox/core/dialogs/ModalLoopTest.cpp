@@ -120,6 +120,7 @@ TEST_F(ModalLoop, FailsForAWindowThatIsNotShown)
     HideWindow(made.ref);
     RunAppModalLoopForWindow(made.ref);
     EXPECT_TRUE(Toolbox::TakeReport().windowShown) << "another was";
+    EXPECT_TRUE(made.window().wasRun) << "before it was hidden";
 }
 
 // What is left when the process ends is dropped, and no handler hears of it.
