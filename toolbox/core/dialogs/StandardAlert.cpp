@@ -86,16 +86,21 @@ OSErr standardAlert(AlertType type, ConstStr255Param error, ConstStr255Param exp
     return noErr;
 }
 
-// Whether `text` is a reference to nothing; null and the system's word are not.
+// Whether `text` is a reference to nothing; null is not.
 bool isWrong(CFStringRef text)
 {
-    return text != nullptr && !meansSystemWord(text) && textOf(text).isNull();
+    return text != nullptr && textOf(text).isNull();
+}
+
+bool isWrongTitle(CFStringRef title)
+{
+    return !meansSystemWord(title) && isWrong(title);
 }
 
 bool isWrong(const AlertStdCFStringAlertParamRec& parameters)
 {
-    return parameters.version != kStdCFStringAlertVersionOne || isWrong(parameters.defaultText)
-        || isWrong(parameters.cancelText) || isWrong(parameters.otherText);
+    return parameters.version != kStdCFStringAlertVersionOne || isWrongTitle(parameters.defaultText)
+        || isWrongTitle(parameters.cancelText) || isWrongTitle(parameters.otherText);
 }
 
 OSStatus createStandardAlert(AlertType type, CFStringRef error, CFStringRef explanation,

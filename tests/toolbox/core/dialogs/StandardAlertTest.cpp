@@ -213,6 +213,11 @@ TEST_F(CreatedAlert, IsNotMadeOfWrongParametersOrWithoutAPlaceForIt)
         EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, &parameters, &alert), paramErr);
         EXPECT_EQ(alert, nullptr);
     }
+    DialogRef alert = nullptr;
+    for (const CFStringRef wrong : {DEAD_STRING, SYSTEM_STRING}) {
+        EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, wrong, nullptr, nullptr, &alert), paramErr);
+        EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, wrong, nullptr, &alert), paramErr);
+    }
     EXPECT_EQ(CreateStandardAlert(kAlertNoteAlert, nullptr, nullptr, nullptr, nullptr), paramErr);
     EXPECT_EQ(waiting(), 0u);
 }
