@@ -31,7 +31,7 @@ class Host:
         self.displays = re.findall(r"\w+", re.search(r"takes (.*), not", call(path, "--display", "nothing"))[1])
         self.displays.remove("or")
         # What is offered after an option; button:1 and button:2 stand for all buttons.
-        self.offers = {"--message": {self.defaults["--message"]}, "--display": set(self.displays),
+        self.offers = {"--message": {self.defaults["--message"].split()[-1]}, "--display": set(self.displays),
                        "--current": set(self.codes), "--answer": {"ok", "cancel", "button:1", "button:2", *self.codes}}
 
 
@@ -108,7 +108,8 @@ def differences(host):
             if option in options and options[option][0] != value:
                 yield f"{place} names the value of {option} '{options[option][0]}', and --help '{value}'"
         for option, wanted in host.defaults.items():
-            words = {"zeros": ["zeros"], "the first available": ["first of them"], "the user's": ["user's own"]}.get(wanted, [wanted])
+            words = {"the first available": ["first of them"], "the user's": ["user's own"],
+                     "that of --record, else 1000": ["--record", "else 1000"]}.get(wanted, [wanted])
             text = re.sub(r"\s+", " ", re.sub(r"\n\.\w+ ", " ", options.get(option, ("", ""))[1]))
             for word in words:
                 if word.replace("the application's", "application's") not in text:
