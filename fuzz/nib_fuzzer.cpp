@@ -48,7 +48,7 @@ void runWindow(WindowRef window)
         checkControl(window, *control);
     endAtAnyCommand(window);
     ShowWindow(window);
-    Toolbox::UseUnattendedDisplay({{Answer::Kind::Item, 2}, {Answer::Kind::Command, kHICommandOK}});
+    Toolbox::UseUnattendedDisplay({{Answer::Kind::Item, 2}});
     RunAppModalLoopForWindow(window);
     DisposeWindow(window);
 }

@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <string>
+#include <vector>
 
 namespace Host {
 
@@ -21,6 +22,14 @@ bool useTerminalIfAny()
     return true;
 }
 
+void useAnswers(const std::vector<GivenAnswer>& given)
+{
+    std::vector<Toolbox::Answer> answers;
+    for (const GivenAnswer& each : given)
+        answers.push_back(each.meaning);
+    Toolbox::UseUnattendedDisplay(answers);
+}
+
 void useDisplay(DisplayKind kind, const Options& options)
 {
     std::string reason;
@@ -29,7 +38,7 @@ void useDisplay(DisplayKind kind, const Options& options)
     if (kind == DisplayKind::Terminal && !useTerminalIfAny())
         throw Problem(ExitStatus::NotDone, "cannot ask on the terminal: the process has none, or is in the background");
     if (kind == DisplayKind::Unattended)
-        Toolbox::UseUnattendedDisplay(stepsOf(options.answers));
+        useAnswers(options.answers);
 }
 
 }  // namespace

@@ -109,15 +109,6 @@ std::optional<SInt16> buttonNumber(std::string_view text)
     return number.value_or(0) > 0 ? number : std::nullopt;
 }
 
-// How many answers at the end lie whole within the last `unusedSteps`.
-std::ptrdiff_t countUnused(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps)
-{
-    auto each = answers.rbegin();
-    for (; each != answers.rend() && unusedSteps >= each->steps.size(); ++each)
-        unusedSteps -= each->steps.size();
-    return each - answers.rbegin();
-}
-
 // Each of these puts the value of one option, which is empty only if it takes none, into the options.
 
 void takeMessage(Options& options, const std::string& text)
@@ -150,7 +141,7 @@ void takeDisplay(Options& options, const std::string& text)
 
 void takeAnswer(Options& options, const std::string& text)
 {
-    options.answers.push_back(parseAnswer(text));
+    options.answers.push_back({text, parseAnswer(text)});
 }
 
 template <std::optional<std::string> Options::*PATH> void takePath(Options& options, const std::string& text)
@@ -297,42 +288,20 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
     return options;
 }
 
-GivenAnswer parseAnswer(const std::string& text)
+Answer parseAnswer(const std::string& text)
 {
     const std::string answer = inSmallLetters(text);
     if (answer == "ok")
-        return {text, {{Answer::Kind::Command, kHICommandOK}}};
+        return {Answer::Kind::Command, kHICommandOK};
     if (answer == "cancel")
-        return {text, {{Answer::Kind::Command, kHICommandCancel}}};
+        return {Answer::Kind::Command, kHICommandCancel};
     if (const std::optional<SInt16> button = buttonNumber(answer))
-        return {text, {{Answer::Kind::Button, static_cast<UInt32>(*button)}}};
+        return {Answer::Kind::Button, static_cast<UInt32>(*button)};
     std::string hint;
     if (const Language* const language = parseLanguage(text, &hint))
-        return {text, {{Answer::Kind::Item, popUpItem(*language)}, {Answer::Kind::Command, kHICommandOK}}};
+        return {Answer::Kind::Item, popUpItem(*language)};
     throw Problem(ExitStatus::NotDone,
         "'" + text + "' is not an answer" + hint + ": give ok, cancel, button:N, or a language: " + listLanguages());
-}
-
-std::vector<Answer> stepsOf(const std::vector<GivenAnswer>& answers)
-{
-    std::vector<Answer> steps;
-    for (const GivenAnswer& each : answers)
-        steps.insert(steps.end(), each.steps.begin(), each.steps.end());
-    return steps;
-}
-
-std::string lastUsedAnswer(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps)
-{
-    const auto used = answers.rbegin() + countUnused(answers, unusedSteps);
-    return used == answers.rend() ? std::string() : used->text;
-}
-
-std::vector<std::string> unusedAnswers(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps)
-{
-    std::vector<std::string> unused;
-    for (auto each = answers.end() - countUnused(answers, unusedSteps); each != answers.end(); ++each)
-        unused.push_back(each->text);
-    return unused;
 }
 
 const char* nameOf(DisplayKind kind)

@@ -5,7 +5,6 @@
 
 #include <Toolbox/Displays.h>
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -14,10 +13,10 @@
 
 namespace Host {
 
-/// One answer: as it was typed, and the steps that it comes to.
+/// One answer: as it was typed, and what it means.
 struct GivenAnswer {
     std::string text;
-    std::vector<Toolbox::Answer> steps;
+    Toolbox::Answer meaning;
 };
 
 enum class DisplayKind { Window, Terminal, Unattended };  // Window is the toolbox's screen display
@@ -52,16 +51,7 @@ std::variant<Options, std::string> parseOptions(const std::vector<std::string>& 
 /// Understands "ok", "cancel" and "button:N", in any case, and a language, which means choosing it and then OK: its
 /// name in English or in the language itself, a unique beginning of one, its tag or its code. Throws Problem for
 /// anything else.
-GivenAnswer parseAnswer(const std::string& text);
-
-/// The steps of all `answers`, one after the other.
-std::vector<Toolbox::Answer> stepsOf(const std::vector<GivenAnswer>& answers);
-
-/// The answer that was taken last when the last `unusedSteps` of stepsOf were not, as it was typed; empty for none.
-std::string lastUsedAnswer(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps);
-
-/// The answers of which nothing was taken when the last `unusedSteps` of stepsOf were not, as they were typed.
-std::vector<std::string> unusedAnswers(const std::vector<GivenAnswer>& answers, std::size_t unusedSteps);
+Toolbox::Answer parseAnswer(const std::string& text);
 
 }  // namespace Host
 

@@ -104,15 +104,14 @@ const char* resultInJson(const Report& report)
 
 void tellOfAnswers(const Options& options, const Toolbox::CallReport& report)
 {
-    const std::size_t unused = stepsOf(options.answers).size() - report.answersTaken;
     const bool wantedNone = !options.display && options.answers.empty();
     if (wantedNone && report.answersRanOut)
         complain("no screen here and no terminal to ask on in the foreground: nobody was asked, and the default button "
                  "was pressed");
     if (report.answerWasUnfit)
-        complain("the answer '" + lastUsedAnswer(options.answers, unused) + "' fits nothing that was shown");
-    for (const std::string& answer : unusedAnswers(options.answers, unused))
-        complain("the answer '" + answer + "' was not needed");
+        complain("the answer '" + options.answers.at(report.answersTaken - 1).text + "' fits nothing that was shown");
+    for (std::size_t i = report.answersTaken; i < options.answers.size(); ++i)
+        complain("the answer '" + options.answers[i].text + "' was not needed");
 }
 
 }  // namespace

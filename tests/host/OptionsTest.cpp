@@ -153,27 +153,24 @@ TEST(WrongOptions, AreRefusedInOneLine)
 
 using Kind = Toolbox::Answer::Kind;
 
-using Steps = std::vector<std::pair<Kind, UInt32>>;
-
-Steps steps(const std::vector<GivenAnswer>& answers)
-{
-    Steps all;
-    for (const Toolbox::Answer& each : stepsOf(answers))
-        all.emplace_back(each.kind, each.value);
-    return all;
-}
-
 TEST(ParseAnswer, UnderstandsCommandsButtonsAndLanguages)
 {
-    for (const char* const ok : {"ok", "OK"})
-        EXPECT_EQ(steps({parseAnswer(ok)}), (Steps{{Kind::Command, kHICommandOK}}));
-    EXPECT_EQ(steps({parseAnswer("Cancel")}), (Steps{{Kind::Command, kHICommandCancel}}));
-    for (const char* const second : {"button:2", "Button:2"})
-        EXPECT_EQ(steps({parseAnswer(second)}), (Steps{{Kind::Button, 2}}));
-    EXPECT_EQ(steps({parseAnswer("button:32767")}), (Steps{{Kind::Button, 32767}}));
-    for (const char* const japanese : {"Japanese", "japanese", "11", "ja", "JAP", "日本語"}) {
-        EXPECT_EQ(parseAnswer(japanese).text, japanese);
-        EXPECT_EQ(steps({parseAnswer(japanese)}), (Steps{{Kind::Item, 2}, {Kind::Command, kHICommandOK}}));
+    const struct {
+        std::vector<const char*> texts;
+        Kind kind;
+        UInt32 value;
+    } answers[] = {
+        {{"ok", "OK"}, Kind::Command, kHICommandOK},
+        {{"cancel", "Cancel"}, Kind::Command, kHICommandCancel},
+        {{"button:2", "Button:2"}, Kind::Button, 2},
+        {{"button:32767"}, Kind::Button, 32767},
+        {{"Japanese", "japanese", "11", "ja", "JAP", "日本語"}, Kind::Item, 2},
+    };
+    for (const auto& [texts, kind, value] : answers) {
+        for (const char* const text : texts) {
+            EXPECT_EQ(parseAnswer(text).kind, kind) << text;
+            EXPECT_EQ(parseAnswer(text).value, value) << text;
+        }
     }
 }
 
@@ -186,34 +183,6 @@ TEST(ParseAnswer, RefusesAnythingElseWithAWordOnIt)
         const std::string refusal = problemOf([&] { parseAnswer(text); });
         EXPECT_NE(refusal.find("'" + std::string(text) + "'"), std::string::npos) << refusal;
     }
-}
-
-const std::vector<GivenAnswer> THREE_ANSWERS{parseAnswer("button:1"), parseAnswer("german"), parseAnswer("cancel")};
-
-TEST(StepsOf, KeepsTheOrder)
-{
-    EXPECT_EQ(steps(THREE_ANSWERS),
-        (Steps{{Kind::Button, 1}, {Kind::Item, 3}, {Kind::Command, kHICommandOK}, {Kind::Command, kHICommandCancel}}));
-}
-
-TEST(UsedAnswers, AreThoseOfWhichAStepWasTaken)
-{
-    const struct {
-        const char* lastUsed;
-        std::vector<std::string> unused;
-    } byUnusedSteps[] = {
-        {"cancel", {}},
-        {"german", {"cancel"}},
-        {"german", {"cancel"}},  // the language was chosen, but OK not pressed
-        {"button:1", {"german", "cancel"}},
-        {"", {"button:1", "german", "cancel"}},
-    };
-    for (std::size_t unusedSteps = 0; unusedSteps < std::size(byUnusedSteps); ++unusedSteps) {
-        EXPECT_EQ(lastUsedAnswer(THREE_ANSWERS, unusedSteps), byUnusedSteps[unusedSteps].lastUsed) << unusedSteps;
-        EXPECT_EQ(unusedAnswers(THREE_ANSWERS, unusedSteps), byUnusedSteps[unusedSteps].unused) << unusedSteps;
-    }
-    EXPECT_EQ(lastUsedAnswer({}, 0), "");
-    EXPECT_TRUE(unusedAnswers({}, 0).empty());
 }
 
 }  // namespace

@@ -56,11 +56,12 @@ bool chooseItem(const Window& window, UInt32 item)
 
 bool give(const Answer& answer, const Window& window)
 {
+    const WindowRef ref = window.ref();
     switch (answer.kind) {
     case Answer::Kind::Command:
         return press(controlFor(window, answer.value));
     case Answer::Kind::Item:
-        return chooseItem(window, answer.value);
+        return chooseItem(window, answer.value) && (modalLoopEnded(ref) || press(controlFor(window, kHICommandOK)));
     case Answer::Kind::Button:
         break;  // for an alert, and there is none
     }

@@ -12,8 +12,9 @@
 
 namespace Toolbox {
 
-/// One answer for the unattended display: a command for a window, the number from 1 of an item of its pop-up, or the
-/// number of an alert's button. The commands kHICommandOK and kHICommandCancel answer an alert too.
+/// One answer for the unattended display: a command for a window, the number from 1 of an item of its pop-up, to be
+/// chosen and confirmed, or the number of an alert's button. The commands kHICommandOK and kHICommandCancel answer an
+/// alert too.
 struct Answer {
     enum class Kind { Command, Item, Button };
     Kind kind;
@@ -40,9 +41,10 @@ void UseTerminalDisplay();
 /// Takes `answers`, in order, from now on, and shows nothing.
 ///
 /// In a window a command presses the first control, of those that can be used, that carries it; for OK and Cancel,
-/// where none does, the default or cancel button. An item is chosen in the first pop-up that can be used. Then the next
-/// answer is taken, until one ends the window. When the list has run out, the window is confirmed as it stands. An
-/// answer that fits nothing there cancels it. A loop that neither of these ends fails.
+/// where none does, the default or cancel button. An item is chosen in the first pop-up that can be used; then, if that
+/// has not ended the window, comes the command OK. Then the next answer is taken, until one ends the window. When the
+/// list has run out, the window is confirmed as it stands. An answer that fits nothing there cancels it. A loop that
+/// neither of these ends fails.
 ///
 /// In an alert a button's number presses that button, OK the first and Cancel the cancel button; where that is not
 /// there or disabled, the default button is pressed. So it is, too, when the list has run out, and when the next answer

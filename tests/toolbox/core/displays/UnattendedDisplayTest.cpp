@@ -78,9 +78,13 @@ const struct {
     {"NoneConfirms",               {},                               {kHICommandOK},               1,    false},
     {"OKConfirms",                 {command(kHICommandOK)},          {kHICommandOK},               1,    false},
     {"CancelCancels",              {command(kHICommandCancel)},      {kHICommandCancel},           1,    false},
-    {"ItemThenConfirms",           {item(2)},                        {0, kHICommandOK},            2,    false},
-    {"ItemsInOrder",               {item(5), item(2)},               {0, 0, kHICommandOK},         2,    false},
-    {"ItemThenCancel",             {item(2), command(kHICommandCancel)}, {0, kHICommandCancel},    2,    false},
+    {"ItemThenOK",                 {item(2)},                        {0, kHICommandOK},            2,    false},
+    {"ItemsInOrder",               {item(5), item(2), command('more')}, {0, kHICommandOK, 0, kHICommandOK, 'more'}, 2,
+        false, [](SampleWindow& w) { w.endAt({'more'}); }},
+    {"ItemThatEndsIt",             {item(2)},                        {0},                          2,    false,
+        [](SampleWindow& w) { w.endAt({0}); }},
+    {"ItemWithoutAnOKIsUnfit",     {item(2)},                        {0, kHICommandCancel},        2,    true,
+        [](SampleWindow& w) { w.ok.enabled = false; }},
     {"PressThatDoesNotEndIt",      {command('more'), item(2)},       {'more', 0, kHICommandOK},    2,    false},
     {"AnswersAfterTheEndAreLeft",  {command(kHICommandOK), item(9)}, {kHICommandOK},               1,    false},
     {"ItemZeroIsUnfit",            {item(0)},                        {kHICommandCancel},           1,    true},
@@ -88,7 +92,7 @@ const struct {
     {"UnknownCommandIsUnfit",      {command('what')},                {kHICommandCancel},           1,    true},
     {"CommandZeroIsUnfit",         {command(0)},                     {kHICommandCancel},           1,    true},
     {"ButtonOfAnAlertIsUnfit",     {button(1)},                      {kHICommandCancel},           1,    true},
-    {"UnfitAfterAnItem",           {item(2), item(9)},               {0, kHICommandCancel},        2,    true},
+    {"UnfitAfterAPress",           {command('more'), item(9)},       {'more', kHICommandCancel},   1,    true},
     {"NothingAfterAnUnfitOne",     {item(9), command(kHICommandOK)}, {kHICommandCancel},           1,    true},
     {"ItemThatAHandlerTakes",      {item(2)},                        {0, kHICommandOK},            1,    false,
         [](SampleWindow& w) { w.recorder.answer = noErr; }},
@@ -126,16 +130,16 @@ TEST_F(UnattendedWindow, IsGivenItsAnswersInOrderUntilItEnds)
 
 TEST_F(UnattendedWindow, GoesOnToTheNextWindowWithTheAnswersThatAreLeft)
 {
-    EXPECT_EQ(run({command(kHICommandCancel), item(2), command(kHICommandOK)}), noErr);
+    EXPECT_EQ(run({command(kHICommandCancel), item(2)}), noErr);
     EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
     EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{kHICommandCancel, 0, kHICommandOK}));
 }
 
 TEST_F(UnattendedWindow, SaysWhetherTheAnswersRanOut)
 {
-    EXPECT_EQ(run({item(2)}), noErr);
+    EXPECT_EQ(run({command('more')}), noErr);
     EXPECT_TRUE(currentReport().answersRanOut);
-    EXPECT_EQ(run({item(2), command(kHICommandOK)}), noErr);
+    EXPECT_EQ(run({item(2)}), noErr);
     EXPECT_FALSE(currentReport().answersRanOut);
     EXPECT_EQ(run({item(9)}), noErr);
     EXPECT_FALSE(currentReport().answersRanOut) << "an unfit answer cancels";
@@ -173,7 +177,7 @@ TEST_F(UnattendedWindow, FailsWhenConfirmingDoesNotEndItAlsoInWordsForInstallers
 {
     recorder.action = nullptr;
     EXPECT_EQ(run({item(2), command('more')}), eventInternalErr);
-    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, 'more', kHICommandOK}));
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, kHICommandOK, 'more', kHICommandOK}));
     EXPECT_FALSE(currentReport().answerWasUnfit);
     Toolbox::remark("a remark");
     static std::vector<std::string> lines;
@@ -219,7 +223,7 @@ TEST_F(UnattendedWindow, SharesItsAnswersWithAWindowThatItsHandlerRuns)
 
 TEST_F(UnattendedWindow, CountsTheAnswersThatItTakes)
 {
-    EXPECT_EQ(run({item(2), command(kHICommandOK), item(1), button(1)}), noErr);
+    EXPECT_EQ(run({command('more'), item(2), item(1), button(1)}), noErr);
     EXPECT_EQ(currentReport().answersTaken, 2u);
     EXPECT_EQ(Toolbox::currentDisplay()->runAlert({}), 0) << "the next one is for a window";
     EXPECT_EQ(currentReport().answersTaken, 2u);
@@ -320,7 +324,7 @@ TEST_F(UnattendedWindow, KeepsWhatIsMeantForAWindowWhenAnAlertComesFirstAndGives
     };
     EXPECT_EQ(RunAppModalLoopForWindow(made.ref), noErr);
     EXPECT_EQ(popUp.value, 5);
-    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, 'more'}));
+    EXPECT_EQ(recorder.ids(), (std::vector<MenuCommand>{0, kHICommandOK, 'more'}));
     EXPECT_FALSE(currentReport().answerWasUnfit);
 }
 
