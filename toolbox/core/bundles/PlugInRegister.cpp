@@ -1,5 +1,7 @@
 #include "toolbox/core/bundles/PlugInRegister.h"
 
+#include "toolbox/base/NeverDestroyed.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -18,11 +20,10 @@ struct Register {
     std::vector<TypeAndFactory> types;  // in the order in which they were registered
 };
 
-// Never destroyed: bundles that live until the process ends stay in it.
+// Bundles that live until the process ends stay in it.
 Register& plugIns()
 {
-    static auto* const all = new Register;
-    return *all;
+    return neverDestroyed<struct PlugIns, Register>();
 }
 
 // What project templates leave in an Info.plist. Many bundles have it, and none has such a factory.
