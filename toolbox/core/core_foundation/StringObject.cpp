@@ -68,6 +68,14 @@ QString textOf(CFStringRef string)
     return found == nullptr ? QString() : found->text();
 }
 
+QString fromMacRoman(const QByteArray& bytes)
+{
+    QString text(bytes.size(), Qt::Uninitialized);
+    macRomanToUnicode(reinterpret_cast<const UInt8*>(bytes.constData()), static_cast<std::size_t>(bytes.size()),
+        reinterpret_cast<UniChar*>(text.data()));
+    return text;
+}
+
 std::string quoted(const QString& text)
 {
     constexpr qsizetype LONGEST = 80;
@@ -93,21 +101,11 @@ std::optional<std::string> fileName(const QString& text)
 
 namespace {
 
-// Never null: every byte is a character of Mac OS Roman.
-StringObject* makeFromMacRoman(const QByteArray& bytes)
-{
-    QString text(bytes.size(), Qt::Uninitialized);
-    macRomanToUnicode(reinterpret_cast<const UInt8*>(bytes.constData()), static_cast<std::size_t>(bytes.size()),
-        reinterpret_cast<UniChar*>(text.data()));
-    return new StringObject(text, bytes);
-}
-
 // Null when a byte is not ASCII.
 StringObject* makeFromASCII(const QByteArray& bytes)
 {
-    const bool isASCII =
-        std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<UInt8>(byte) < 0x80; });
-    return isASCII ? new StringObject(QString::fromLatin1(bytes)) : nullptr;
+    const QString text = QString::fromLatin1(bytes);
+    return isASCII(text) ? new StringObject(text) : nullptr;
 }
 
 // Null when `bytes` is not UTF-8. A byte order mark is a character like any other: the text is taken as it is.
@@ -123,7 +121,7 @@ StringObject* makeString(const QByteArray& bytes, CFStringEncoding encoding)
 {
     switch (encoding) {
     case kCFStringEncodingMacRoman:
-        return makeFromMacRoman(bytes);
+        return new StringObject(fromMacRoman(bytes), bytes);
     case kCFStringEncodingASCII:
         return makeFromASCII(bytes);
     case kCFStringEncodingUTF8:

@@ -44,6 +44,9 @@ private:
 /// The text of `string`; a null QString for a null, dead or foreign reference. The empty string's is empty, not null.
 QString textOf(CFStringRef string);
 
+/// The text of these Mac OS Roman bytes.
+QString fromMacRoman(const QByteArray& bytes);
+
 /// `text` in quotes and in UTF-8, on one line, as the trace shows it: what does not print is escaped as \uXXXX, and of
 /// a long text there is only the beginning.
 std::string quoted(const QString& text);

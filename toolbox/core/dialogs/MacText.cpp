@@ -1,18 +1,8 @@
 #include "toolbox/core/dialogs/MacText.h"
 
-#include "toolbox/base/text_encoding/MacRoman.h"
-
-#include <vector>
+#include "toolbox/core/core_foundation/StringObject.h"
 
 namespace Toolbox {
-
-QString fromMacRoman(const QByteArray& bytes)
-{
-    const std::size_t count = static_cast<std::size_t>(bytes.size());
-    std::vector<UniChar> units(count);
-    macRomanToUnicode(reinterpret_cast<const UInt8*>(bytes.constData()), count, units.data());
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(units.data()), bytes.size());
-}
 
 QString fromPascalString(ConstStringPtr text)
 {

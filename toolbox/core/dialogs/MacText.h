@@ -5,13 +5,9 @@
 
 #include <Carbon/MacTypes.h>
 
-#include <QByteArray>
 #include <QString>
 
 namespace Toolbox {
-
-/// The text of these Mac OS Roman bytes.
-QString fromMacRoman(const QByteArray& bytes);
 
 /// The text of a Pascal string in Mac OS Roman; empty for null.
 QString fromPascalString(ConstStringPtr text);

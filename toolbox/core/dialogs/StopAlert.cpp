@@ -1,5 +1,6 @@
 #include "toolbox/base/CurrentReport.h"
 #include "toolbox/base/TracedCall.h"
+#include "toolbox/core/core_foundation/StringObject.h"
 #include "toolbox/core/dialogs/Alert.h"
 #include "toolbox/core/dialogs/AlertResources.h"
 #include "toolbox/core/dialogs/MacText.h"
