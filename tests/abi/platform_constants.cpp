@@ -9,22 +9,20 @@ static_assert(kHICommandOK == 0x6F6B2020 && kHICommandCancel == 0x6E6F7421);
 static_assert(kHICommandFromMenu == 1 && kHICommandFromControl == 2 && kHICommandFromWindow == 4);
 
 static_assert(kAlertStopAlert == 0 && kAlertNoteAlert == 1 && kAlertCautionAlert == 2 && kAlertPlainAlert == 3);
-static_assert(kAlertDefaultOKText == -1 && kAlertDefaultCancelText == -1 && kAlertDefaultOtherText == -1);
+static_assert(kAlertDefaultOKText == -1 && kAlertDefaultCancelText == -1);
 static_assert(kAlertStdAlertOKButton == 1 && kAlertStdAlertCancelButton == 2);
 static_assert(kAlertStdAlertOtherButton == 3 && kAlertStdAlertHelpButton == 4);
 static_assert(kWindowDefaultPosition == 0 && kStdCFStringAlertVersionOne == 1);
 
 static_assert(kOnAppropriateDisk == -32767 && kSystemDomain == -32766);
-static_assert(kFrameworksFolderType == 0x6672616D);
-static_assert(kCreateFolder == 1 && kDontCreateFolder == 0);
+static_assert(kFrameworksFolderType == 0x6672616D && kCreateFolder == 1);
 
 static_assert(kTextEncodingMacRoman == 0 && kTextEncodingDefaultVariant == 0 && kTextEncodingDefaultFormat == 0);
 static_assert(kCFStringEncodingMacRoman == 0 && kCFStringEncodingASCII == 0x0600);
 static_assert(kCFStringEncodingUTF8 == 0x08000100);
 static_assert(fsCurPerm == 0 && fsRdPerm == 1);
 
-static_assert(noErr == 0 && paramErr == -50);
-static_assert(memFullErr == -108 && nilHandleErr == -109 && memWZErr == -111);
+static_assert(noErr == 0 && paramErr == -50 && memFullErr == -108);
 static_assert(resNotFound == -192 && mapReadErr == -199);
 static_assert(nsvErr == -35 && ioErr == -36 && eofErr == -39 && fnfErr == -43 && permErr == -54);
 static_assert(errFSBadFSRef == -1401 && errFSBadForkName == -1402 && errFSForkNotFound == -1409);

@@ -14,15 +14,12 @@ template <typename Type, typename Declared> constexpr bool is = std::is_same_v<T
 static_assert(is<UInt8, unsigned char> && is<SInt8, signed char>);
 static_assert(is<UInt16, unsigned short> && is<SInt16, short>);
 static_assert(is<UInt32, unsigned long> && is<SInt32, long>);
-static_assert(is<UInt64, unsigned long long> && is<SInt64, long long>);
 static_assert(is<Boolean, unsigned char>);
 static_assert(is<OSErr, SInt16> && is<OSStatus, SInt32>);
 static_assert(is<FourCharCode, UInt32> && is<OSType, UInt32> && is<ResType, UInt32>);
 static_assert(is<EventParamName, UInt32> && is<EventParamType, UInt32>);
 static_assert(is<Size, long> && is<Ptr, char*> && is<Handle, char**>);
-static_assert(is<Str255, unsigned char[256]>);
-static_assert(is<StringPtr, unsigned char*> && is<ConstStringPtr, const unsigned char*>);
-static_assert(is<ConstStr255Param, const unsigned char*>);
+static_assert(is<ConstStringPtr, const unsigned char*> && is<ConstStr255Param, const unsigned char*>);
 static_assert(is<ItemCount, UInt32> && is<ByteCount, UInt32> && is<ByteOffset, UInt32>);
 static_assert(is<OptionBits, UInt32> && is<UniCharCount, UInt32> && is<UniChar, UInt16>);
 static_assert(is<LogicalAddress, void*> && is<ConstLogicalAddress, const void*> && is<LPVOID, void*>);
@@ -31,8 +28,7 @@ static_assert(is<TextEncodingVariant, UInt32> && is<TextEncodingFormat, UInt32>)
 static_assert(is<MenuCommand, UInt32> && is<MenuItemIndex, UInt16>);
 static_assert(is<DialogItemIndex, SInt16> && is<AlertType, SInt16>);
 static_assert(is<HRESULT, SInt32> && is<ULONG, UInt32> && is<REFIID, CFUUIDBytes>);
-static_assert(is<CFIndex, SInt32> && is<CFTypeID, UInt32> && is<CFOptionFlags, UInt32> && is<CFHashCode, UInt32>);
-static_assert(is<CFStringEncoding, UInt32> && is<AuthorizationFlags, UInt32>);
+static_assert(is<CFIndex, SInt32> && is<CFStringEncoding, UInt32> && is<AuthorizationFlags, UInt32>);
 static_assert(is<CFTypeRef, const void*> && is<AuthorizationString, const char*>);
 
 static_assert(is<CFAllocatorRef, const __CFAllocator*> && is<CFStringRef, const __CFString*>);

@@ -88,15 +88,15 @@ std::vector<Failure> makeFailures()
     // The instance.
     {"QueriedUUID", SERVED, "CFUUIDCreateFromUUIDBytes", 1, {0}, "CFUUID.h: null without memory",
         "", GOES_ON, "nothing", ITALIAN, GATE},
-    {"InstancesBlock", SERVED, "DisposePtr", 1, {memWZErr}, "MacMemory.h",
+    {"InstancesBlock", SERVED, "DisposePtr", 1, {-111}, "MacMemory.h; -111 is memWZErr",
         "", GOES_ON, "nothing", ITALIAN, "block1\n" + GATE},
 
     // The administrator's right: a failure stops in silence, unless it only means that the right is not demanded.
     {"Flag", SERVED, "GetResource", 1, {0}, "Resources.h: null when it is not found",
         "CreateNibReference(", GOES_ON, "nothing", ITALIAN, ""},
-    {"FlagsLock", SERVED, "HLock", 1, {nilHandleErr, memWZErr}, "MacMemory.h",
+    {"FlagsLock", SERVED, "HLock", 1, {-109, -111}, "MacMemory.h; -109 is nilHandleErr, -111 memWZErr",
         "", GOES_ON, "nothing", ITALIAN, GATE},
-    {"FlagsUnlock", SERVED, "HUnlock", 1, {nilHandleErr, memWZErr}, "MacMemory.h",
+    {"FlagsUnlock", SERVED, "HUnlock", 1, {-109, -111}, "MacMemory.h; -109 is nilHandleErr, -111 memWZErr",
         "ReleaseResource(handle1)\n", GOES_ON, "nothing", ITALIAN, GATE},
     {"FlagsRelease", SERVED, "ReleaseResource", 1, {resNotFound}, "Resources.h",
         "FSFindFolder(", GOES_ON, "nothing", ITALIAN, "handle1\n" + GATE},

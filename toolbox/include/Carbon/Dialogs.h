@@ -27,7 +27,6 @@ enum {
 enum {
     kAlertDefaultOKText = -1,
     kAlertDefaultCancelText = -1,
-    kAlertDefaultOtherText = -1,
 };
 
 enum {

@@ -13,7 +13,6 @@ enum {
 };
 
 enum {
-    kDontCreateFolder = 0,
     kCreateFolder = 1,
 };
 

@@ -7,11 +7,8 @@
 
 CARBON_FUNCTIONS_BEGIN
 
-// What the Memory Manager can find wrong. Only memFullErr is ever returned here, by other managers.
 enum {
-    memFullErr = -108,    // no memory, or a negative size
-    nilHandleErr = -109,  // the handle is null
-    memWZErr = -111,      // the handle or pointer is dead or was never the Memory Manager's
+    memFullErr = -108,  // no memory, as other managers say it
 };
 
 /// A new block of `size` bytes, to be given to DisposePtr; a size of 0 is valid.

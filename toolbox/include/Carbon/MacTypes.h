@@ -13,18 +13,12 @@
 typedef unsigned int UInt32;
 typedef int SInt32;
 typedef long CFIndex;
-typedef unsigned long CFTypeID;
-typedef unsigned long CFOptionFlags;
-typedef unsigned long CFHashCode;
 #define CARBON_STRUCTURES_BEGIN
 #define CARBON_STRUCTURES_END
 #else
 typedef unsigned long UInt32;
 typedef long SInt32;
 typedef SInt32 CFIndex;
-typedef UInt32 CFTypeID;
-typedef UInt32 CFOptionFlags;
-typedef UInt32 CFHashCode;
 #define CARBON_STRUCTURES_BEGIN _Pragma("pack(push, 2)")
 #define CARBON_STRUCTURES_END _Pragma("pack(pop)")
 #endif
@@ -41,8 +35,6 @@ typedef unsigned char UInt8;
 typedef signed char SInt8;
 typedef unsigned short UInt16;
 typedef signed short SInt16;
-typedef unsigned long long UInt64;
-typedef signed long long SInt64;
 
 typedef unsigned char Boolean;  // 0 or 1; never bool, whose width differs between the machines
 
@@ -64,9 +56,7 @@ typedef Ptr* Handle;  // to a master pointer, which the Memory Manager owns
 typedef void* LogicalAddress;
 typedef const void* ConstLogicalAddress;
 
-typedef unsigned char Str255[256];  // byte 0 is the length
-typedef unsigned char* StringPtr;
-typedef const unsigned char* ConstStringPtr;
+typedef const unsigned char* ConstStringPtr;  // byte 0 is the length
 typedef const unsigned char* ConstStr255Param;
 
 CARBON_STRUCTURES_BEGIN

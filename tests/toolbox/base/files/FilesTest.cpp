@@ -179,7 +179,7 @@ protected:
     ~FindFolder() override { Toolbox::SetFrameworksFolder(""); }
 
     // What FSFindFolder says, and the path of the folder that it gives; if none, it must give zeros.
-    static Found find(int domain = kSystemDomain, OSType type = kFrameworksFolderType, bool create = kDontCreateFolder)
+    static Found find(int domain = kSystemDomain, OSType type = kFrameworksFolderType, bool create = false)
     {
         FSRef folder = garbage();
         const OSErr result = FSFindFolder(SInt16(domain), type, create, &folder);
