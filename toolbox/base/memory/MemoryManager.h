@@ -20,7 +20,8 @@ Handle makeHandle(const void* data, std::size_t size);
 /// Frees the block of `handle` and forgets the handle, which is then dead. A wrong handle is ignored.
 void freeHandle(Handle handle);
 
-/// What `action` returns, an OSErr; memFullErr when it runs out of memory. No exception may leave a platform function.
+/// What `action` returns, an OSErr; memFullErr when it runs out of memory. The managers of toolbox_base answer so; out
+/// of the functions of toolbox_core std::bad_alloc leaves.
 template <typename Action> OSErr orMemFull(Action action)
 {
     try {

@@ -19,8 +19,8 @@ struct BundleLayout {
 /// the top. In a framework "Resources" comes first.
 const BundleLayout& layoutOf(const std::filesystem::path& root);
 
-/// The real path of the file `name`, if it is the bundle's executable: in the platform's folder in "Contents", else in
-/// "Contents", else at the top. Empty when there is none.
+/// The real path of the file `name`, if it is the bundle's executable: in "Contents/Linux", else in "Contents", else at
+/// the top. Empty when there is none.
 std::filesystem::path findExecutable(const std::filesystem::path& root, const std::string& name);
 
 /// The real path of `relative` in the folder `root`, which must be a real path itself: absolute, without symbolic

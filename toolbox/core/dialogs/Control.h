@@ -71,8 +71,8 @@ public:
     const Control* const container;  // the control that it lies in; null for the root
     Rect bounds{};                   // in the coordinates of the window's content, also when it lies in another control
     QString title;                   // of a pop-up: the label at its left
-    const Control* label =
-        nullptr;  // the last static text shown before it, which labels it if it has no title; or null
+    // The last static text shown before it, which labels it if it has no title; or null.
+    const Control* label = nullptr;
     ControlID id{};
     MenuCommand command = 0;
     bool enabled = true;

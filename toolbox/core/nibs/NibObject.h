@@ -46,8 +46,8 @@ public:
     std::map<QString, NibValue> properties;
 
     QString text(const char* name) const;
-    SInt32 number(
-        const char* name, SInt32 otherwise) const;  // the nearer end of its range for one of more than 32 bits
+    // The nearer end of its range for one of more than 32 bits.
+    SInt32 number(const char* name, SInt32 otherwise) const;
     bool flag(const char* name, bool otherwise) const;
     OSType code(const char* name) const;  // 0 where there is none
     std::optional<NibReference> reference(const char* name) const;

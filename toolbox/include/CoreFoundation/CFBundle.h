@@ -23,10 +23,10 @@ CFBundleRef CFBundleGetMainBundle(void);
 CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url);
 
 /// Loads the bundle's executable: the file that Info.plist calls CFBundleExecutable, else NSExecutable, else the one
-/// called as the bundle without its extension. It is looked for in the platform's folder in "Contents" ("Linux"; on
-/// other systems as Core Foundation calls them), then in "Contents", then at the top. True when it is loaded, then or
-/// before. False when there is none, when its path leaves the bundle, when it is not all there, or when the system
-/// cannot load it. What was loaded stays so until the process ends, also when the bundle ends.
+/// called as the bundle without its extension. It is looked for in "Contents/Linux", then in "Contents", then at the
+/// top. True when it is loaded, then or before. False when there is none, when its path leaves the bundle, when it is
+/// not all there, or when the system cannot load it. What was loaded stays so until the process ends, also when the
+/// bundle ends.
 Boolean CFBundleLoadExecutable(CFBundleRef bundle);
 
 /// The function, or datum, that the bundle's executable itself exports as `name`; the executable is loaded if need be.

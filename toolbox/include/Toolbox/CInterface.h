@@ -1,5 +1,5 @@
 // What an installer written in C tells the toolbox and asks of it. For C++ there is more, in Application.h, Displays.h
-// and CallReport.h. Texts are UTF-8.
+// and CallReport.h. Texts are UTF-8. No argument may be null.
 
 #ifndef TOOLBOX_CINTERFACE_H
 #define TOOLBOX_CINTERFACE_H
