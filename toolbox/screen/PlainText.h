@@ -20,9 +20,6 @@ QString plainTitle(const QString& text);
 /// The same on one line for a window, which would take "[*]" for the place of the mark of a change.
 QString plainWindowTitle(const QString& text);
 
-/// More than every screen has. Nothing is made larger: Qt's styles paint whole controls, however large.
-constexpr int MOST_PIXELS = 3000;
-
 /// A button that shows `title`, no wider than that needs: Qt's own is a wide one even for "OK".
 QPushButton* makePushButton(const QString& title, QWidget* parent);
 

@@ -16,6 +16,10 @@ constexpr int DRAWN_FONT = 13;
 /// The border of what can be scrolled, which shows whether it has the focus.
 constexpr int SCROLLED_BORDER = 2;
 
+/// More than every screen has in either direction. Nothing is made larger, whatever its bounds or its title ask for:
+/// Qt's styles draw whole controls in memory, however little of them is seen.
+constexpr int MOST_PIXELS = 8192;
+
 /// `length`, drawn for that font, as the font of `widget` needs it.
 int scaled(int length, const QWidget& widget);
 
