@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <iterator>
 #include <new>
 #include <string>
 #include <typeinfo>
@@ -37,6 +38,7 @@ constexpr Words WORDS[] = {
     {"the external ", " while it was released", ExitStatus::NotReturned},
     {"the external ", " after its call", ExitStatus::NotReturned},
 };
+static_assert(std::size(WORDS) == static_cast<std::size_t>(Running::End) + 1, "there are words for all that may run");
 
 // What the child lets its watcher know, in memory that both have.
 struct Progress {

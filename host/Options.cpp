@@ -129,6 +129,7 @@ void takeCurrent(Options& options, const std::string& text)
 }
 
 constexpr const char* DISPLAYS[] = {"window", "terminal", "unattended"};
+static_assert(std::size(DISPLAYS) == static_cast<std::size_t>(DisplayKind::Unattended) + 1, "each kind has a name");
 
 void takeDisplay(Options& options, const std::string& text)
 {
