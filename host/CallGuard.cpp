@@ -53,7 +53,7 @@ volatile Progress* progress = &unwatched;
 ExitStatus say(const char* whatHappened)
 {
     const Words& around = WORDS[static_cast<std::size_t>(progress->running)];
-    tell({"visex-host: ", around.before, whatHappened, around.after, "\n"});
+    writeToStandardError({"visex-host: ", around.before, whatHappened, around.after, "\n"});
     return around.status;
 }
 
@@ -125,7 +125,7 @@ ExitStatus watch()
     int end = 0;
     while (waitpid(child, &end, 0) < 0 && errno == EINTR) { }
     const std::string left(unsaid, strnlen(unsaid, UNSAID_SIZE));  // as when the external has closed standard error
-    tell({left.c_str()});
+    writeToStandardError({left.c_str()});
     return judge(end);
 }
 

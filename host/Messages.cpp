@@ -14,10 +14,10 @@ char* unsaid = nullptr;
 
 void complain(const std::string& line)
 {
-    tell({"visex-host: ", oneLine(line).c_str(), "\n"});
+    writeToStandardError({"visex-host: ", oneLine(line).c_str(), "\n"});
 }
 
-void tell(std::initializer_list<const char*> texts)
+void writeToStandardError(std::initializer_list<const char*> texts)
 {
     iovec pieces[8];
     int count = 0;

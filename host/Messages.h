@@ -44,9 +44,9 @@ using Toolbox::oneLine;
 void complain(const std::string& line);
 
 /// Writes these, up to eight, to standard error in one go, and allocates nothing.
-void tell(std::initializer_list<const char*> texts);
+void writeToStandardError(std::initializer_list<const char*> texts);
 
-/// Where tell() puts what standard error does not take, so that somebody else can say it: zeros at first. Null for
+/// Where that puts what standard error does not take, so that somebody else can say it: zeros at first. Null for
 /// nowhere, as it is until this is set.
 constexpr std::size_t UNSAID_SIZE = 16384;
 extern char* unsaid;

@@ -68,8 +68,8 @@ void savePicture(const std::string& file, const Toolbox::CallReport& report)
     writeFile("picture", file, report.picture);
 }
 
-// Does `work`. What becomes of the rest does not depend on it: where it fails, a line says so, and this is false.
-bool isDone(const std::function<void()>& work)
+// Does `work`, or says in a line why not, and then gives false. What becomes of the rest does not depend on it.
+bool doOrTell(const std::function<void()>& work)
 {
     try {
         work();
@@ -100,14 +100,14 @@ ExitStatus callWith(Options options)
     if (options.traceFile)
         traceFile.emplace(*options.traceFile);
     const Report report = external.call(record, display, traceSink(options, traceFile));
-    const bool traced = !traceFile || isDone([&] { traceFile->finish(); });
+    const bool traced = !traceFile || doOrTell([&] { traceFile->finish(); });
     tellCallProblems(options, report.toolbox);
     // The answer is printed when the record is stored, so that it is true; and both before the external is released,
     // because its code may end the process.
     if (options.writeRecord)
         record.save(*options.writeRecord);
-    const bool pictured = !options.picture || isDone([&] { savePicture(*options.picture, report.toolbox); });
-    const bool printed = isDone([&] { print(options.json ? inJson(report) : inWords(report)); });
+    const bool pictured = !options.picture || doOrTell([&] { savePicture(*options.picture, report.toolbox); });
+    const bool printed = doOrTell([&] { print(options.json ? inJson(report) : inWords(report)); });
     external.release();
     return traced && pictured && printed ? statusOf(report) : ExitStatus::NotDone;
 }
