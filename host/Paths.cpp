@@ -3,7 +3,6 @@
 #include <link.h>
 
 #include <algorithm>
-#include <system_error>
 
 namespace Host {
 
@@ -16,16 +15,15 @@ fs::path supportFolder()
     return fs::read_symlink("/proc/self/exe", ignored).parent_path();
 }
 
-fs::path placeOf(const fs::path& name)
+fs::path placeOf(const fs::path& name, std::error_code& error)
 {
-    std::error_code error;
     return fs::weakly_canonical(fs::absolute(name, error), error);
 }
 
 bool areOne(const fs::path& one, const fs::path& other)
 {
     std::error_code error;
-    return fs::equivalent(one, other, error) || placeOf(one) == placeOf(other);
+    return fs::equivalent(one, other, error) || placeOf(one, error) == placeOf(other, error);
 }
 
 bool isInside(const fs::path& folder, const fs::path& path)
@@ -38,9 +36,9 @@ bool isInside(const fs::path& folder, const fs::path& path)
 
 bool holds(const fs::path& folder, const fs::path& file)
 {
-    if (isInside(folder, placeOf(file).parent_path()))
-        return true;
     std::error_code error;
+    if (isInside(folder, placeOf(file, error).parent_path()))
+        return true;
     if (!fs::exists(file, error))
         return false;
     for (fs::recursive_directory_iterator each(folder, fs::directory_options::skip_permission_denied, error), end;

@@ -4,6 +4,7 @@
 #define HOST_PATHS_H
 
 #include <filesystem>
+#include <system_error>
 
 namespace Host {
 
@@ -11,8 +12,8 @@ namespace Host {
 /// executable lies in, not a link to it, so that the build tree and an installation are alike and both can be moved.
 std::filesystem::path supportFolder();
 
-/// Where `name` leads, whether anything is there or not; empty when that cannot be told.
-std::filesystem::path placeOf(const std::filesystem::path& name);
+/// Where `name` leads, whether anything is there or not; empty, with the reason in `error`, when that cannot be told.
+std::filesystem::path placeOf(const std::filesystem::path& name, std::error_code& error);
 
 /// Whether both names lead to one file, whether it is there or not.
 bool areOne(const std::filesystem::path& one, const std::filesystem::path& other);

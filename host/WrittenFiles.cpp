@@ -1,6 +1,7 @@
 #include "host/WrittenFiles.h"
 
 #include "host/Messages.h"
+#include "host/Paths.h"
 #include "host/Process.h"
 
 #include <fcntl.h>
@@ -34,7 +35,7 @@ Problem saveFailure(const std::string& name, const fs::path& file, const std::st
 fs::path targetOf(const std::string& name, const fs::path& file)
 {
     std::error_code error;
-    const fs::path target = fs::weakly_canonical(fs::absolute(file, error), error);
+    const fs::path target = placeOf(file, error);
     if (error)
         throw saveFailure(name, file, error.message());
     if (fs::is_symlink(target, error))  // the others were followed
