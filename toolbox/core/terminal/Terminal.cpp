@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 namespace Toolbox {
 
@@ -26,40 +27,44 @@ QString withoutBlanksAtTheEnd(QString line)
     return line;
 }
 
-// `line` broken at a blank, or in the middle of a word that is longer than a line, wherever it would go past the
-// `columns`, but at no no-break space, of which a blank is made. What follows a break begins below `hanging` columns.
-QString breakLine(const QString& line, int hanging, int columns, const TerminalEncoding& encoding)
-{
-    const QString indentation(hanging, QLatin1Char(' '));
-    QString broken;
-    QString last;  // the line that is being filled
+// A part of a line, and how many columns it takes.
+struct Piece {
+    QString text;
     int width = 0;
-    qsizetype wordBegin = 0;  // of its last word, if that is not its only one
-    int widthBeforeWord = 0;
-    for (const uint character : line.toUcs4()) {
-        const char32_t shown = character == QChar::Nbsp ? U' ' : character;
-        const QString next = QString::fromUcs4(&shown, 1);
-        const int nextWidth = encoding.columns(shown);
-        const bool isBlank = character == U' ';
-        if (width + nextWidth > columns) {
-            const int wordWidth = width - widthBeforeWord;
-            const bool movesOn = !isBlank && wordBegin > 0 && hanging + wordWidth + nextWidth <= columns;
-            const QString word = movesOn ? last.mid(wordBegin) : QString();
-            broken += withoutBlanksAtTheEnd(last.chopped(word.size())) + QLatin1Char('\n');
-            last = indentation + word;
-            width = hanging + (movesOn ? wordWidth : 0);
-            wordBegin = 0;
-            if (isBlank)
-                continue;
-        }
-        last += next;
-        width += nextWidth;
-        if (isBlank && !withoutBlanksAtTheEnd(last).isEmpty()) {
-            wordBegin = last.size();
-            widthBeforeWord = width;
-        }
+
+    // Takes all of `other`.
+    void take(Piece& other)
+    {
+        text += std::exchange(other.text, QString());
+        width += std::exchange(other.width, 0);
     }
-    return broken + last;
+};
+
+// `text` broken at a blank, or in the middle of a word that is longer than a line, wherever it would go past the
+// `columns`, but at no no-break space, of which a blank is made. What follows a break begins below `hanging` columns.
+QString breakLine(const QString& text, int hanging, int columns, const TerminalEncoding& encoding)
+{
+    QString ended;  // lines
+    Piece line;     // the one that is being filled, up to its last word
+    Piece word;
+    for (const uint character : text.toUcs4()) {
+        const char32_t shown = character == QChar::Nbsp ? U' ' : character;
+        Piece next{QString::fromUcs4(&shown, 1), encoding.columns(shown)};
+        const bool isBlank = character == U' ';
+        const bool fits = line.width + word.width + next.width <= columns;
+        const bool fitsBelow = hanging + word.width + next.width <= columns;
+        if (isBlank || (!fits && (!fitsBelow || withoutBlanksAtTheEnd(line.text).isEmpty())))
+            line.take(word);  // else it moves to the next line, if this one ends here
+        if (!fits) {
+            ended += withoutBlanksAtTheEnd(line.text) + QLatin1Char('\n');
+            line = {QString(hanging, QLatin1Char(' ')), hanging};
+        }
+        if (!isBlank)
+            word.take(next);
+        else if (fits)
+            line.take(next);
+    }
+    return ended + line.text + word.text;
 }
 
 // The question that stands on a terminal now.
@@ -69,7 +74,7 @@ struct {
     std::size_t size;
 } asked;
 
-// By the handler itself: a reading that it were to end may not have begun.
+// Written here and not by readLine(): the signal may come before that blocks in read(), and would interrupt nothing.
 void askAgain(int)
 {
     const int error = errno;
