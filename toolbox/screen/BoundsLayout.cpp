@@ -26,7 +26,7 @@ void fitLabel(QLabel& label, const QRect& area)
 }
 
 // In one direction: the lines of the grid, and the columns or rows between them.
-class Lines {
+class GridLines {
 public:
     // The columns from the first on that something lies across.
     struct Span {
@@ -34,7 +34,7 @@ public:
         int count;
     };
 
-    void add(int begin, int end) { m_edges.insert(m_edges.end(), {begin, end}); }
+    void add(int begin, int length) { m_edges.insert(m_edges.end(), {begin, begin + length}); }
 
     // When all are added.
     void sort()
@@ -47,17 +47,14 @@ public:
     int count() const { return static_cast<int>(m_edges.size()) - 1; }
     int length(int index) const { return m_edges[at(index + 1)] - m_edges[at(index)]; }
 
-    Span span(int begin, int end) const
+    // Notes, for growing(), that something lies across the columns that it returns.
+    Span cover(int begin, int length)
     {
         const int first = indexOf(begin);
-        return {first, std::max(1, indexOf(end) - first)};
-    }
-
-    // Notes what lies across `span`, for growing().
-    void cover(const Span& span, int length)
-    {
+        const Span span{first, std::max(1, indexOf(begin + length) - first)};
         for (int index = span.first; index < span.first + span.count; ++index)
             m_narrowest[at(index)] = std::min(m_narrowest[at(index)], length);
+        return span;
     }
 
     // Which of `span` grows when what lies across it needs more: where nothing narrower would be stretched along with
@@ -83,6 +80,26 @@ private:
     std::vector<int> m_narrowest;
 };
 
+// A widget and what it lies across.
+struct Placed {
+    QWidget* widget;
+    QRect area;
+    GridLines::Span across;
+    GridLines::Span down;
+};
+
+QGridLayout* makeGrid(const GridLines& columns, const GridLines& rows, QWidget* content)
+{
+    auto* const grid = new QGridLayout(content);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    for (int column = 0; column < columns.count(); ++column)
+        grid->setColumnMinimumWidth(column, columns.length(column));
+    for (int row = 0; row < rows.count(); ++row)
+        grid->setRowMinimumHeight(row, rows.length(row));
+    return grid;
+}
+
 }  // namespace
 
 QRect areaOf(const Rect& bounds)
@@ -94,33 +111,24 @@ QRect areaOf(const Rect& bounds)
 
 void layOutByBounds(QWidget* content, const QSize& size, const std::vector<PlacedWidget>& widgets)
 {
-    Lines columns;
-    Lines rows;
+    GridLines columns;
+    GridLines rows;
     columns.add(0, size.width());
     rows.add(0, size.height());
     for (const auto& [widget, area] : widgets) {
-        columns.add(area.x(), area.x() + area.width());
-        rows.add(area.y(), area.y() + area.height());
+        columns.add(area.x(), area.width());
+        rows.add(area.y(), area.height());
     }
     columns.sort();
     rows.sort();
+    std::vector<Placed> places;
+    for (const auto& [widget, area] : widgets)
+        places.push_back({widget, area, columns.cover(area.x(), area.width()), rows.cover(area.y(), area.height())});
 
-    auto* const grid = new QGridLayout(content);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(0);
-    for (int column = 0; column < columns.count(); ++column)
-        grid->setColumnMinimumWidth(column, columns.length(column));
-    for (int row = 0; row < rows.count(); ++row)
-        grid->setRowMinimumHeight(row, rows.length(row));
-    for (const auto& [widget, area] : widgets) {
-        columns.cover(columns.span(area.x(), area.x() + area.width()), area.width());
-        rows.cover(rows.span(area.y(), area.y() + area.height()), area.height());
-    }
-    for (const auto& [widget, area] : widgets) {
+    QGridLayout* const grid = makeGrid(columns, rows, content);
+    for (const auto& [widget, area, across, down] : places) {
         if (auto* const label = qobject_cast<QLabel*>(widget); label != nullptr && label->pixmap().isNull())
             fitLabel(*label, area);
-        const Lines::Span across = columns.span(area.x(), area.x() + area.width());
-        const Lines::Span down = rows.span(area.y(), area.y() + area.height());
         grid->addWidget(widget, down.first, across.first, down.count, across.count);
         if (across.count > 1)
             grid->setColumnStretch(columns.growing(across), 1);
