@@ -118,6 +118,16 @@ void AlertDialog::arrangeByLayout(QWidget* content)
 
 void AlertDialog::arrangeAsStandardAlert(QWidget* content)
 {
+    auto* const layout = new QVBoxLayout(content);
+    layout->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
+    layout->setSpacing(GAP);
+    layout->addLayout(makeUpperPart(content));
+    layout->addLayout(makeButtonRow(content));
+}
+
+// The icon and the texts.
+QLayout* AlertDialog::makeUpperPart(QWidget* content)
+{
     auto* const upper = new QHBoxLayout;
     upper->setSpacing(GAP);
     int mostForTexts = largestSize().width() - 2 * MARGIN - 2 * SCROLLED_BORDER
@@ -133,10 +143,14 @@ void AlertDialog::arrangeAsStandardAlert(QWidget* content)
     upper->addWidget(
         makeScrollArea(texts, QSize(largestSize().width(), largestSize().height() / 2), content), 0, Qt::AlignVCenter);
     upper->addStretch();
+    return upper;
+}
 
+// From left to right: the highest number first, and the room between those at the left and those at the right.
+QLayout* AlertDialog::makeButtonRow(QWidget* content)
+{
     auto* const lower = new QHBoxLayout;
     lower->setSpacing(BUTTON_GAP);
-    // From left to right: the highest number first, and the room between those at the left and those at the right.
     bool isLeft = true;
     for (auto each = m_alert.buttons.rbegin(); each != m_alert.buttons.rend(); ++each) {
         if (isLeft && each->number < kAlertStdAlertOtherButton)
@@ -146,12 +160,7 @@ void AlertDialog::arrangeAsStandardAlert(QWidget* content)
         button->setMinimumWidth(std::max(button->minimumWidth(), scaled(LEAST_BUTTON_WIDTH, *this)));
         lower->addWidget(button);
     }
-
-    auto* const layout = new QVBoxLayout(content);
-    layout->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
-    layout->setSpacing(GAP);
-    layout->addLayout(upper);
-    layout->addLayout(lower);
+    return lower;
 }
 
 // The text and the explanation, one below the other, as wide as is good to read and as high as they need.

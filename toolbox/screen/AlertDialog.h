@@ -27,6 +27,8 @@ private:
     bool layoutIsUsable() const;
     void arrangeByLayout(QWidget* content);
     void arrangeAsStandardAlert(QWidget* content);
+    QLayout* makeUpperPart(QWidget* content);
+    QLayout* makeButtonRow(QWidget* content);
     QWidget* makeTexts(int most, QWidget* parent) const;
     QPushButton* makeButton(const AlertButton& button, QWidget* parent);
     void press(SInt16 number);
