@@ -87,9 +87,9 @@ void PopUpButton::addItem(const Control& control, int row)
     qobject_cast<QListView*>(view())->setRowHidden(row, item.hidden);
 }
 
-// The keys of the open menu arrive at its view. Beside a screen reader Return closes the menu before the keys have
-// arrived that were pressed ahead of it: they go on from the chosen item, and end with Return's own arrival. Without
-// them nothing is left to do for a key that closes the menu, only for one that moves in it.
+// The keys of the open menu arrive at its view. With a screen reader Return may close the menu before keys that were
+// typed earlier have arrived. Letters among those go on from the chosen item; of the rest, Return's own arrival among
+// them, only keys that move in the menu have an effect.
 bool PopUpButton::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {

@@ -42,7 +42,8 @@ QFont dialogFont()
     return font;
 }
 
-// Where nobody sees it, there is always the same room: a picture shows the same in any number of pixels.
+// Offscreen, Qt makes the screen smaller by the scale of what is drawn. That is undone, so that a picture has the same
+// layout at any scale.
 QSize availableSize(const QScreen& screen)
 {
     const bool isSeen = QGuiApplication::platformName() != QLatin1String("offscreen");
