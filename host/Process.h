@@ -6,7 +6,6 @@
 #include <sys/types.h>
 
 #include <csignal>
-#include <vector>
 
 namespace Host {
 
@@ -17,7 +16,33 @@ void holdStandardStreams();
 
 /// The variables by which foreign code could get into the process: those of the libraries that it loads, not those of
 /// the loader itself, which has read its own before any code runs.
-const std::vector<const char*>& plugInVariables();
+constexpr const char* PLUG_IN_VARIABLES[] = {
+    // Qt
+    "QT_PLUGIN_PATH",
+    "QT_QPA_PLATFORM_PLUGIN_PATH",
+    "QT_LOAD_TESTABILITY",
+    "QT_VULKAN_LIB",
+    // the C library: converters between encodings
+    "GCONV_PATH",
+    // GTK and what lies under it, with which Qt dresses itself on some desktops
+    "GTK_MODULES",
+    "GTK3_MODULES",
+    "GTK_PATH",
+    "GTK_EXE_PREFIX",
+    "GTK_IM_MODULE_FILE",
+    "GDK_PIXBUF_MODULE_FILE",
+    "GDK_PIXBUF_MODULEDIR",
+    "GIO_EXTRA_MODULES",
+    "GIO_MODULE_DIR",
+    // drivers of the graphics card
+    "LIBGL_DRIVERS_PATH",
+    "GBM_BACKENDS_PATH",
+    "__EGL_VENDOR_LIBRARY_DIRS",
+    "__EGL_VENDOR_LIBRARY_FILENAMES",
+    "VK_DRIVER_FILES",
+    "VK_ICD_FILENAMES",
+    "VK_LAYER_PATH",
+};
 
 /// Takes these variables out of the environment. To be called before anything of the toolbox.
 void clearPlugInPaths();

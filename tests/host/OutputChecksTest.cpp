@@ -7,8 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <dlfcn.h>
+#include <gnu/libc-version.h>
 
-#include <cstdio>
 #include <tuple>
 #include <utility>
 
@@ -28,7 +28,7 @@ const std::string RECORD(614, '\0');
 const char* loadedLibrary()
 {
     Dl_info info{};
-    return dladdr(reinterpret_cast<const void*>(&std::puts), &info) == 0 ? "" : info.dli_fname;
+    return dladdr(reinterpret_cast<const void*>(&gnu_get_libc_version), &info) == 0 ? "" : info.dli_fname;
 }
 
 using Option = std::optional<std::string> Options::*;

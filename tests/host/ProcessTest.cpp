@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -12,15 +13,15 @@ using namespace Host;
 
 bool isCleared(const std::string& variable)
 {
-    return std::count(plugInVariables().begin(), plugInVariables().end(), variable) == 1;
+    return std::count(std::begin(PLUG_IN_VARIABLES), std::end(PLUG_IN_VARIABLES), variable) == 1;
 }
 
 TEST(ClearPlugInPaths, TakesOutEveryVariableThatNamesCode)
 {
-    for (const char* const variable : plugInVariables())
+    for (const char* const variable : PLUG_IN_VARIABLES)
         setenv(variable, "/foreign", 1);
     clearPlugInPaths();
-    for (const char* const variable : plugInVariables())
+    for (const char* const variable : PLUG_IN_VARIABLES)
         EXPECT_EQ(std::getenv(variable), nullptr) << variable;
     for (const char* const variable : {"QT_PLUGIN_PATH", "QT_QPA_PLATFORM_PLUGIN_PATH", "QT_VULKAN_LIB",
              "QT_LOAD_TESTABILITY", "GCONV_PATH", "GTK_MODULES", "GTK3_MODULES", "GTK_PATH", "GTK_EXE_PREFIX",
