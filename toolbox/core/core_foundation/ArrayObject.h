@@ -20,6 +20,9 @@ public:
 
     const std::vector<CFTypeRef>& elements() const { return m_elements; }
 
+    /// Whether `other` is an array of equal elements in the same order.
+    bool equals(const CFObject& other) const override;
+
 private:
     const std::vector<CFTypeRef> m_elements;
 };

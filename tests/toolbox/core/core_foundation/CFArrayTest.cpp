@@ -39,4 +39,16 @@ TEST_F(CFArray, OwnsItsElementsAndBearsOneThatWasReleasedTooOften)
     EXPECT_FALSE(CFEqual(string, string));
 }
 
+TEST_F(CFArray, IsEqualToAnotherOfEqualElements)
+{
+    const Owned array = makeArray({makeString("a"), makeString("b")});
+    const Owned same = makeArray({makeString("a"), makeString("b")});
+    const Owned turned = makeArray({makeString("b"), makeString("a")});
+    const Owned shorter = makeArray({makeString("a")});
+    EXPECT_TRUE(CFEqual(array, same));
+    EXPECT_FALSE(CFEqual(array, turned));
+    EXPECT_FALSE(CFEqual(array, shorter));
+    EXPECT_FALSE(CFEqual(shorter, array));
+}
+
 }  // namespace
