@@ -22,8 +22,8 @@ extern const CFAllocatorRef kCFAllocatorSystemDefault;
 /// The platform ends the process for null; here null and wrong references are left as they are.
 void CFRelease(CFTypeRef object);
 
-/// Whether two objects are the same, or are strings of one text, URLs of one path or arrays of equal elements. False for
-/// null and wrong references.
+/// Whether two objects are the same, or are strings of one text, URLs of one path or arrays of equal elements. False
+/// for null and wrong references.
 Boolean CFEqual(CFTypeRef first, CFTypeRef second);
 CARBON_FUNCTIONS_END
 
