@@ -122,7 +122,7 @@ std::optional<std::size_t> Choices::find(const QString& typed, QString* problem,
         *problem = QStringLiteral("Return alone means nothing here. Choices: %1.").arg(inShort());
     else if (hasKeysThatAreNoText(typed))
         *problem = QStringLiteral("Arrows and such keys do nothing here. Choices: %1.").arg(inShort());
-    else if (show && show(typed) != typed)
+    else if (show && show(repeated(typed)) != repeated(typed))
         *problem = QStringLiteral("There is no such choice here. Choices: %1.").arg(inShort());
     else
         *problem = QStringLiteral("There is no \"%1\" here. Choices: %2.").arg(repeated(typed), inShort());

@@ -66,6 +66,7 @@ TEST(TerminalWindow, StaysReadableInASCII)
     EXPECT_EQ(terminal.readAfter("medium\n", QUESTION), "medium\nMedium is chosen.\n" + QUESTION);
     EXPECT_NE(terminal.readAfter("日本\n", QUESTION).find("\nMedium is chosen.\n"), std::string::npos);
     EXPECT_NE(terminal.readAfter("ñ\n", QUESTION).find("\nThere is no such choice here. "), std::string::npos);
+    EXPECT_NE(terminal.readAfter("x\t\n", QUESTION).find("\nThere is no \"x\" here. "), std::string::npos);
     EXPECT_EQ(terminal.report("\n"), "ended: item 2 item 2 ok");
 }
 
