@@ -10,7 +10,6 @@
 #include <initializer_list>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 
 namespace Host {
 

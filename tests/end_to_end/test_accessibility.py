@@ -151,7 +151,9 @@ class Accessibility(HostTest):
             wait_for(lambda: [each.get_name() for each in (pop_up, told[-1])] == [ITEMS[item]] * 2)
             self.assertNotIn(told[-1], [before, pop_up, *items], "Orca says what is new, and not that a list is open")
             self.assertEqual(told[-1].get_index_in_parent(), item, "which Orca says, and -1 is gone to it")
-            self.assertEqual(told[-1].get_parent().get_child_count(), len(ITEMS))
+            self.assertEqual(told[-1].get_role(), Atspi.Role.MENU_ITEM, "of which Orca says where it is, when asked")
+            values = told[-1].get_parent()
+            self.assertEqual([values.get_parent(), values.get_child_count()], [pop_up, len(ITEMS)])
         told.clear()
         cancel = host.of_role(Atspi.Role.PUSH_BUTTON)[0]
         for key, there in (("space", menu), ("Escape", pop_up), ("space", menu), ("Return", pop_up),

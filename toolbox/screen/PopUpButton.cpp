@@ -36,7 +36,8 @@ QString withoutBoxes(const QString& text, const QFontMetrics& metrics)
     return shown;
 }
 
-// What a closed pop-up shows, to assistive technology an item in no list.
+// What a closed pop-up shows, to assistive technology an item of a menu, though in no list: of such a one screen readers
+// say, when asked, in which pop-up it is.
 class Value : public QWidget {
     using QWidget::QWidget;
 };
@@ -44,7 +45,7 @@ class Value : public QWidget {
 QAccessibleInterface* makeAccessibleValue(const QString&, QObject* object)
 {
     auto* const value = dynamic_cast<Value*>(object);
-    return value == nullptr ? nullptr : new QAccessibleWidget(value, QAccessible::ListItem);
+    return value == nullptr ? nullptr : new QAccessibleWidget(value, QAccessible::MenuItem);
 }
 
 bool isOneLetterOnly(const QString& text)
