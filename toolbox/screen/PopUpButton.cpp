@@ -36,8 +36,8 @@ QString withoutBoxes(const QString& text, const QFontMetrics& metrics)
     return shown;
 }
 
-// What a closed pop-up shows, to assistive technology an item of a menu, though in no list: of such a one screen readers
-// say, when asked, in which pop-up it is.
+// What a closed pop-up shows, to assistive technology an item of a menu, though in no list: of such a one screen
+// readers say, when asked, in which pop-up it is.
 class Value : public QWidget {
     using QWidget::QWidget;
 };
@@ -208,9 +208,12 @@ void PopUpButton::chooseSelected()
     if (selected.isEmpty() || selected.front().row() == presentRow())
         return;
     const int row = selected.front().row();
-    if (view()->isVisible())
+    const bool wasOpen = view()->isVisible();
+    if (wasOpen)
         hidePopup();
     goTo(row);
+    if (!wasOpen && hasFocus())
+        tellOfValue();
 }
 
 // In the open menu nothing is chosen yet.
